@@ -1,0 +1,89 @@
+// The program-wide variables: plain fields without accessors; a test resets them by assignment.
+#pragma once
+
+#include "common/FixedArray.h"
+#include "common/Style12Record.h"
+
+#include <cstdint>
+#include <string>
+
+// Colours are 0xBBGGRR. One instance, `modChess`; everything runs on the one thread of the message loop.
+struct ModChess {
+    // The stream
+    std::string gPrompt; // the learnt prompt, trailing blank included; empty until learnt
+    FixedArray<std::int32_t, 2>
+        Deadlines{}; // 0 tmrArrival, 1 tmrState, 2 seek timer: due time in ms since midnight, < 1 idle
+
+    // Captures: which answer of the server is being collected
+    bool gVarsCapture = false;
+    bool MovesCapture = false;
+    bool gSoughtCapture = false;
+    bool gNotesCapture = false;
+    bool gHelpCapture = false;
+    bool HistoryCapture = false;
+    bool NewGameFlag = false;     // the latest Style 12 line opened a game on its board
+    std::int16_t HistoryKind = 0; // 0 history, 1 journal, anything else stored games
+    std::int16_t MovesTarget = 0; // game number, -1 a PGN file, -2 the review board
+    bool ExamineNoMoves = false;  // no move list could be asked for an examined game
+
+    // Tells
+    std::int16_t TellType = 0;
+    std::string TellTarget;    // handle, or channel number in digits, of the latest tell
+    std::string ChannelSender; // handle in the latest channel tell
+    std::string LastBuddy;     // to whom the latest chat-box tell was sent
+    std::string NewBuddy;      // the suggestion for the next chat box
+
+    // The session
+    std::string MyHandle;   // handle of the running session; empty when not connected
+    std::string gLastCmd;   // last line sent, by any route
+    std::string gLastTyped; // last line sent by the typed route
+    std::string gHelpTopic;
+    std::int32_t LinesSent = 0;
+    bool AppClosing = false; // the client window is taking the program down
+    bool gTestOpen = false;  // the diagnostics panel is up
+
+    // The console
+    std::string BlockedText;    // console text held back in Block Mode
+    bool gConsoleQuiet = false; // no output to the console at all
+    bool gSeekOn = false;       // the seek graph is in use
+
+    // Games
+    Style12Record Record;     // the shared record: always the line just read
+    bool GameRunning = false; // a live game has its clock going
+    bool SelfCheckOK = true;
+
+    // Options, filled from the settings store
+    std::string RegistryState = "No";
+    std::int32_t ColorMain = 0;
+    std::int32_t ColorBackground = 0xC0FFFF;
+    std::int32_t ColorBar = 0xC0FFFF;
+    std::int32_t ColorTell = 255;
+    std::int32_t ColorCopy = 0xFF0000;
+    std::int32_t ColorType = 0;
+    std::int32_t ColorShout = 0x800080;
+    std::int32_t ColorWhite = 13495025;
+    std::int32_t ColorBlack = 3048380;
+    std::int32_t ColorMove = 255;
+    std::int32_t ColorPreMove = 65280;
+    std::string MainFont;
+    std::int16_t SoundOn = 1;
+    std::int16_t SoundMove = 3;
+    std::int16_t SoundArrive = 1;
+    std::int16_t SoundStart = 3;
+    std::int16_t SoundTell = 3;
+    std::string ServerIP; // start-up fills in the FICS host's numeric address
+    std::int32_t ServerPort = 5000;
+    std::int16_t PreMoveOK = 0;
+    std::int16_t AutoQueen = 0;
+    std::int16_t ConfirmResign = 1;
+    std::int16_t ChessSet = 0;
+    std::int16_t MouseSlip = 0;
+    std::int16_t SeekWhite = 0;
+    std::int16_t DragMode = 1;
+    std::int16_t SeekOff = 1;
+    std::string PGNPath;
+    std::string GamePath;
+    std::int16_t WarnTime = 10; // seconds below which a clock warns
+};
+
+inline ModChess modChess;

@@ -1,0 +1,36 @@
+// The one list of loaded windows, in order of creation.
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct Game;
+
+// One loaded window. `window` is its identity only and is never dereferenced here.
+struct OpenWindow {
+    std::string className; // "frmChessClient", "frmChessBoard", "frmChat", ...
+    const void* window = nullptr;
+    Game* game = nullptr;         // of a "frmChessBoard", null for all others
+    std::function<void()> unload; // asks the window to close; it may refuse
+};
+
+// A window number is a position in `windows` and is good only until a window opens or closes.
+struct OpenWindows {
+    std::vector<OpenWindow> windows;
+
+    void add(OpenWindow window) { windows.push_back(std::move(window)); }
+
+    void remove(const void* window) {
+        std::erase_if(windows, [window](const OpenWindow& open) { return open.window == window; });
+    }
+
+    // How many windows of the class are loaded.
+    int count(std::string_view className) const {
+        return static_cast<int>(std::ranges::count(windows, className, &OpenWindow::className));
+    }
+};
+
+inline OpenWindows openWindows;

@@ -1,0 +1,48 @@
+// Lenient and strict conversions.
+#include "common/Numbers.h"
+
+#include "common/Fault.h"
+
+#include <gtest/gtest.h>
+
+TEST(Numbers, LenientReadsTheLeadingNumberAndGivesZeroWithoutOne) {
+    EXPECT_EQ(leadingNumber("12abc"), 12);
+    EXPECT_EQ(leadingNumber("  -7.5 x"), -7.5);
+    EXPECT_EQ(leadingNumber("+3"), 3);
+    EXPECT_EQ(leadingNumber(".5"), 0.5);
+    EXPECT_EQ(leadingNumber("abc"), 0);
+    EXPECT_EQ(leadingNumber(""), 0);
+    EXPECT_EQ(leadingNumber("-"), 0);
+    EXPECT_EQ(leadingNumber("nan"), 0);
+    EXPECT_EQ(leadingNumber("inf"), 0);
+}
+
+TEST(Numbers, StrictFaultsOnTextThatIsNoNumber) {
+    EXPECT_EQ(strictInt16(" 42 "), 42);
+    EXPECT_EQ(strictInt32("-70000"), -70000);
+    for (const char* text : {"", "x", "1x", "1 2", "--1"}) {
+        EXPECT_THROW(strictInt16(text), Fault) << text;
+    }
+}
+
+TEST(Numbers, StrictFaultsOnOverflowOfTheField) {
+    EXPECT_EQ(strictInt16("32767"), 32767);
+    EXPECT_EQ(strictInt16("-32768"), -32768);
+    EXPECT_THROW(strictInt16("32768"), Fault);
+    EXPECT_THROW(strictInt32("2147483648"), Fault);
+    EXPECT_THROW(strictInt32("1e999"), Fault);
+}
+
+TEST(Numbers, AHalfRoundsToTheEvenNeighbour) {
+    EXPECT_EQ(strictInt16("0.5"), 0);
+    EXPECT_EQ(strictInt16("1.5"), 2);
+    EXPECT_EQ(toInt16(-2.5), -2);
+}
+
+TEST(Numbers, BooleanTakesTheWordsInAnyCaseAndNumbers) {
+    EXPECT_TRUE(strictBool("True"));
+    EXPECT_FALSE(strictBool("FALSE"));
+    EXPECT_TRUE(strictBool("-1"));
+    EXPECT_FALSE(strictBool("0"));
+    EXPECT_THROW(strictBool("yes"), Fault);
+}
