@@ -1,0 +1,26 @@
+// Menu entries by their prescribed names.
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+
+// Adds an entry with `caption` to `menu`; `name` becomes its object name, so that tests and signals find it.
+inline QAction* addEntry(QMenu* menu, const char* name, const char* caption) {
+    QAction* entry = menu->addAction(QString::fromLatin1(caption));
+    entry->setObjectName(QString::fromLatin1(name));
+    return entry;
+}
+
+// The same with a check mark.
+inline QAction* addTick(QMenu* menu, const char* name, const char* caption) {
+    QAction* entry = addEntry(menu, name, caption);
+    entry->setCheckable(true);
+    return entry;
+}
+
+// An entry whose window is not built yet: it is there and cannot be chosen.
+inline QAction* addUnbuilt(QMenu* menu, const char* name, const char* caption) {
+    QAction* entry = addEntry(menu, name, caption);
+    entry->setEnabled(false);
+    return entry;
+}

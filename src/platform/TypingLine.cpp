@@ -1,0 +1,53 @@
+// A line to type commands in, whose window answers the keys.
+#include "platform/TypingLine.h"
+
+#include "platform/Colors.h"
+
+#include <QKeyEvent>
+
+namespace {
+
+// The prescribed codes of the keys a command line knows; 0 for all others.
+int keyCode(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Up:
+        return 38;
+    case Qt::Key_Down:
+        return 40;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return 13;
+    default:
+        return event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F12 ? 112 + event.key() - Qt::Key_F1 : 0;
+    }
+}
+
+} // namespace
+
+TypingLine::TypingLine(QWidget* parent) : QLineEdit(parent) {
+    setObjectName(QStringLiteral("txtSend"));
+    setAccessibleName(tr("Command line"));
+}
+
+std::string TypingLine::line() const { return text().toLatin1().toStdString(); }
+
+void TypingLine::setLine(const std::string& text) {
+    setText(QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+    end(false);
+}
+
+void TypingLine::setColors(std::int32_t background, std::int32_t text) {
+    QPalette look = palette();
+    look.setColor(QPalette::Base, colorOf(background));
+    look.setColor(QPalette::Text, colorOf(text));
+    setPalette(look);
+}
+
+void TypingLine::keyPressEvent(QKeyEvent* event) {
+    const int code = keyCode(*event);
+    if (code != 0 && keyDown(code, event->modifiers().testFlag(Qt::ShiftModifier))) {
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}

@@ -1,0 +1,27 @@
+// A line to type commands in, whose window answers the keys.
+#pragma once
+
+#include <QLineEdit>
+
+#include <functional>
+#include <string>
+
+// `txtSend`. Its window fills in what Enter and the special keys do; characters are Latin-1, as the stream's are.
+class TypingLine : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit TypingLine(QWidget* parent = nullptr);
+
+    // The text, one character a byte; what Latin-1 does not hold becomes "?".
+    std::string line() const;
+    // Replaces the text; the insertion point goes to its end.
+    void setLine(const std::string& text);
+    // Background and text colour, 0xBBGGRR.
+    void setColors(std::int32_t background, std::int32_t text);
+
+    // A key went down: the prescribed code (38 Up, 40 Down, 13 Enter, 116 F5 ...) and Shift; true takes the key.
+    std::function<bool(int code, bool shift)> keyDown = [](int, bool) { return false; };
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};

@@ -1,0 +1,60 @@
+// The console's text surface: coloured text that goes in at the insertion point.
+#pragma once
+
+#include <QPlainTextEdit>
+#include <QTimer>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+// `txtOutput`. Only grows; nothing is ever cut off its front. Text waits for at most one frame (16 ms) and then goes in
+// together, so a flood is laid out and painted at the screen's pace; everything that looks at the text or moves the
+// insertion point lets the waiting text in first, so nobody can see the difference.
+class Console : public QPlainTextEdit {
+    Q_OBJECT
+public:
+    explicit Console(QWidget* parent = nullptr);
+
+    // Colour (0xBBGGRR) of what is inserted from now on.
+    void setColor(std::int32_t color);
+    // Switches bold on for what is inserted from now on; it is never switched off again.
+    void setEmphasis();
+    // Puts `text` (one character a byte) at the insertion point. A selection of the user's stays as it is.
+    void insert(const std::string& text);
+    // The insertion point goes to the end of the text, and the view follows.
+    void moveToEnd();
+    // The whole text, a line feed between lines.
+    std::string text();
+    // Empties the console.
+    void clearScreen();
+    // Lets the waiting text in now.
+    void flush();
+    // Colour (0xBBGGRR) of the paper.
+    void setPaper(std::int32_t color);
+
+    // Up was pressed; true takes the key, false lets it scroll.
+    std::function<bool()> upKey = [] { return false; };
+    // A character was typed that belongs to the command line.
+    std::function<void(const QString& text)> typed = [](const QString&) {};
+    std::function<void()> beep = [] {};
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    struct Run {
+        QTextCharFormat format;
+        QString text;
+    };
+
+    void insertWaiting(QTextCursor point);
+    void keepSelection(int anchor, int position);
+
+    std::vector<Run> waiting_;
+    QTextCharFormat format_;
+    QTimer frame_;
+};
