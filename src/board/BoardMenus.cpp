@@ -1,0 +1,57 @@
+// The menus of a board window.
+#include "board/BoardMenus.h"
+
+#include "platform/MenuEntry.h"
+
+#include <QMenuBar>
+
+void BoardMenus::build(QMenuBar& bar) {
+    QMenu* file = bar.addMenu(QStringLiteral("F&ile"));
+    mnuNew = addEntry(file, "mnuNew", "&New Game");
+    addUnbuilt(file, "mnuPGN", "&Read PGN");
+    mnuSavePGN = addUnbuilt(file, "mnuSavePGN", "Store &PGN");
+    file->addSeparator();
+    mnuExit = addEntry(file, "mnuExit", "&Exit");
+
+    QMenu* board = bar.addMenu(QStringLiteral("&Board"));
+    mnuInvert = addEntry(board, "mnuInvert", "&Flip");
+    mnuInvert->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
+    mnuClean = addEntry(board, "mnuClean", "C&lean");
+    addUnbuilt(board, "mnuColors", "&Colors");
+    board->addSeparator();
+    mnuBookup = addTick(board, "mnuBookup", "Bookup");
+    mnuQuorl = addTick(board, "mnuQuorl", "Quorl");
+    mnuGNU = addTick(board, "mnuGNU", "GNU");
+
+    QMenu* actions = bar.addMenu(QStringLiteral("&Actions"));
+    addUnbuilt(actions, "mnuSeek", "&Seek");
+    addUnbuilt(actions, "mnuMatch", "&Match");
+    actions->addSeparator();
+    addUnbuilt(actions, "mnuDraw", "&Draw");
+    addUnbuilt(actions, "mnuRes", "&Resign");
+    addUnbuilt(actions, "mnuExamine", "&Eval Player");
+    mnuSelfCheck = addUnbuilt(actions, "mnuSelfCheck", "Self &Check");
+    mnuSelfCheck->setVisible(false);
+
+    QMenu* panels = bar.addMenu(QStringLiteral("I&nterface"));
+    addUnbuilt(panels, "mnuSeekGrf", "&Seek Graph");
+    addUnbuilt(panels, "mnuVars", "&Variables");
+    addUnbuilt(panels, "mnuNotes", "&Notes");
+    addUnbuilt(panels, "mnuOptions", "&Options");
+
+    QMenu* help = bar.addMenu(QStringLiteral("&Help"));
+    addUnbuilt(help, "mnuBRHelp", "&Brightrank Help");
+    addUnbuilt(help, "mnuHelp", "&FICS Help Panel");
+    help->addSeparator();
+    mnuAbout = addEntry(help, "mnuAbout", "&About");
+    mnuExit1 = addEntry(help, "mnuExit1", "&Exit");
+}
+
+void BoardMenus::zUnCheckPieces() {
+    for (QAction* entry : {mnuBookup, mnuQuorl, mnuGNU}) entry->setChecked(false);
+}
+
+void BoardMenus::checkPieces(int set) {
+    zUnCheckPieces();
+    (set == 0 ? mnuBookup : set == 1 ? mnuQuorl : mnuGNU)->setChecked(true);
+}

@@ -1,0 +1,26 @@
+// The menus of a board window.
+#pragma once
+
+class QAction;
+class QMenuBar;
+
+// Made once by `build`; every entry lives as long as the window.
+struct BoardMenus {
+    QAction* mnuNew = nullptr;
+    QAction* mnuSavePGN = nullptr;
+    QAction* mnuExit = nullptr;
+    QAction* mnuInvert = nullptr;
+    QAction* mnuClean = nullptr;
+    QAction* mnuBookup = nullptr;
+    QAction* mnuQuorl = nullptr;
+    QAction* mnuGNU = nullptr;
+    QAction* mnuSelfCheck = nullptr; // not shown but with a command line that holds "est"
+    QAction* mnuAbout = nullptr;
+    QAction* mnuExit1 = nullptr;
+
+    // Fills `bar`; entries whose windows are not built yet are there and cannot be chosen.
+    void build(QMenuBar& bar);
+    // Check marks of the piece sets: 0 Bookup, 1 Quorl, any other GNU.
+    void checkPieces(int set);
+    void zUnCheckPieces();
+};

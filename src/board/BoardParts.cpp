@@ -1,0 +1,111 @@
+// The parts of a board window and where they stand.
+#include "board/BoardParts.h"
+
+#include <QStatusBar>
+
+namespace {
+
+constexpr int BugHeight = 16;   // pixels, a line of holdings
+constexpr int ClockHeight = 24;
+constexpr int ButtonHeight = 21;
+constexpr int TellWidth = 17;
+constexpr int Gap = 2;
+constexpr int BugWidth = 130;
+constexpr int RowsAtLeast = 40; // pixels of the grid, whatever the window
+
+QFont smaller(const QWidget* widget) {
+    QFont font = widget->font();
+    font.setPointSizeF(font.pointSizeF() * 0.9);
+    return font;
+}
+
+template <typename Button>
+Button* button(QWidget* parent, const QString& name, const QString& caption) {
+    auto* made = new Button(parent);
+    made->setObjectName(name);
+    made->setText(caption);
+    made->setFocusPolicy(Qt::NoFocus);
+    made->setFont(smaller(parent));
+    return made;
+}
+
+QString tellCaption(std::size_t index) { return QString::number((index + 1) % 10); }
+
+} // namespace
+
+void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves) {
+    picChess = new BoardView(inner);
+    picChess->setObjectName(QStringLiteral("picChess"));
+    grdMoves = new MoveGrid(moves, inner);
+    for (int side = 0; side < 2; ++side) {
+        const auto at = static_cast<std::size_t>(side);
+        lblTime[at] = new ClockFace(side, inner);
+        lblBug[at] = new QLabel(inner);
+        lblBug[at]->setObjectName(QStringLiteral("lblBug(%1)").arg(side));
+        lblBug[at]->setTextFormat(Qt::PlainText);
+        lblBug[at]->hide();
+    }
+    lblMove = new QLabel(inner);
+    lblMove->setObjectName(QStringLiteral("lblMove"));
+    lblMove->setTextFormat(Qt::PlainText);
+    cmdUn = button<QPushButton>(inner, QStringLiteral("cmdUn"), QStringLiteral("Unobserve"));
+    cmdUn->hide();
+    cmdDraw = button<QPushButton>(inner, QStringLiteral("cmdDraw"), QStringLiteral("Draw"));
+    cmdRes = button<QPushButton>(inner, QStringLiteral("cmdRes"), QStringLiteral("Resign"));
+    static const std::array<QString, 5> Arrows{QStringLiteral("\u23EE"), QStringLiteral("\u25C0"), QString(),
+                                               QStringLiteral("\u25B6"), QStringLiteral("\u23ED")};
+    for (std::size_t index = 0; index < cmdScroll.size(); ++index) {
+        cmdScroll[index] = button<QToolButton>(inner, QStringLiteral("cmdScroll(%1)").arg(index), Arrows[index]);
+    }
+    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
+        cmdTell[index] = button<QToolButton>(inner, QStringLiteral("cmdTell(%1)").arg(index), tellCaption(index));
+    }
+    txtSend = new TypingLine(inner);
+    for (std::size_t panel = 0; panel < panels.size(); ++panel) {
+        panels[panel] = new QLabel(stbGame);
+        panels[panel]->setObjectName(QStringLiteral("stbGame(%1)").arg(panel + 1));
+        panels[panel]->setTextFormat(Qt::PlainText);
+        stbGame->addWidget(panels[panel], panel == 1 ? 1 : 0);
+    }
+}
+
+void BoardParts::place(QSize inner, int square, bool flipped) {
+    const int board = 8 * square + 4;
+    const int top = BugHeight + Gap;
+    const int panel = inner.width() - PanelWidth;
+    const int grid = std::max(RowsAtLeast, inner.height() - PanelHeight);
+    picChess->setGeometry(0, top, board, board);
+
+    const int foot = top + board + Gap;
+    lblBug[flipped ? 0 : 1]->setGeometry(0, 0, board, BugHeight);
+    lblBug[flipped ? 1 : 0]->setGeometry(0, foot, BugWidth, ButtonHeight);
+    cmdUn->setGeometry(BugWidth, foot, 76, ButtonHeight);
+    const int typing = std::max(BugWidth, inner.width() * 42 / 100);
+    txtSend->setGeometry(typing, foot, inner.width() - typing, ButtonHeight);
+
+    const int tell = (board - 9 * Gap) / 10;
+    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
+        const int y = top + static_cast<int>(index) * (board - tell) / 9;
+        cmdTell[index]->setGeometry(board + Gap, y, TellWidth - Gap, tell);
+    }
+
+    lblMove->setGeometry(panel, 0, PanelWidth, BugHeight);
+    const int half = PanelWidth / 2;
+    lblTime[0]->setGeometry(panel, top, half - 1, ClockHeight);
+    lblTime[1]->setGeometry(panel + half + 1, top, PanelWidth - half - 1, ClockHeight);
+    grdMoves->setGeometry(panel, top + ClockHeight + Gap, PanelWidth, grid);
+
+    const int row = top + ClockHeight + Gap + grid + Gap;
+    constexpr int Arrow = 17;
+    for (std::size_t index = 0; index < cmdScroll.size(); ++index) {
+        cmdScroll[index]->setGeometry(panel + static_cast<int>(index) * Arrow, row, Arrow, ButtonHeight);
+    }
+    const int rest = panel + 5 * Arrow + Gap;
+    cmdDraw->setGeometry(rest, row, 33, ButtonHeight);
+    cmdRes->setGeometry(rest + 33 + Gap, row, inner.width() - rest - 33 - Gap, ButtonHeight);
+}
+
+void BoardParts::zSolveConflict(QWidget* control) const {
+    constexpr int Clearance = 4;
+    control->setVisible(control->x() + control->width() + Clearance < txtSend->x());
+}

@@ -1,0 +1,46 @@
+// The parts of a board window and where they stand.
+#pragma once
+
+#include "board/ClockFace.h"
+#include "board/MoveGrid.h"
+#include "platform/TypingLine.h"
+#include "view/BoardView.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+
+#include <array>
+
+class QStatusBar;
+
+// Everything between the menus and the window's edge, except the status bar. The window's height decides the size of a
+// square; all else follows from it.
+struct BoardParts {
+    // Design figures in pixels: what the parts need beside 8 squares, and the move panel.
+    static constexpr int MinHeight = 68;
+    static constexpr int MinWidth = 186;
+    static constexpr int PanelHeight = 109;
+    static constexpr int PanelWidth = 162;
+    static constexpr int StatusHeight = 22;
+
+    BoardView* picChess = nullptr;
+    MoveGrid* grdMoves = nullptr;
+    std::array<ClockFace*, 2> lblTime{};
+    std::array<QLabel*, 2> lblBug{};      // holdings: 0 white's, 1 black's
+    QLabel* lblMove = nullptr;
+    QPushButton* cmdUn = nullptr;
+    QPushButton* cmdDraw = nullptr;
+    QPushButton* cmdRes = nullptr;
+    std::array<QToolButton*, 5> cmdScroll{};
+    std::array<QToolButton*, 10> cmdTell{};
+    TypingLine* txtSend = nullptr;
+    std::array<QLabel*, 3> panels{};      // of stbGame: own handle, players, game
+
+    // Makes all parts as children of `inner`, the panels as parts of `stbGame`.
+    void build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves);
+    // Places them for a square of `square` pixels in an inner window of this size, status bar included.
+    void place(QSize inner, int square, bool flipped);
+    // Shows `control` only if it clears the command line.
+    void zSolveConflict(QWidget* control) const;
+};

@@ -1,0 +1,121 @@
+// A board window: what its game shows where, and what its menus and keys do.
+#include "board/frmChessBoard.h"
+
+#include "common/modChess.h"
+#include "platform/Boxes.h"
+#include "platform/Clock.h"
+#include "platform/MessageLoop.h"
+
+#include <QApplication>
+#include <QStatusBar>
+
+void frmChessBoard::fillSurface() {
+    GameSurface& surface = game.surface;
+    surface.zDrawSquare = [this](int square, int mode) { parts_.picChess->zDrawSquare(square, mode); };
+    surface.zMovePiece = [this](float x, float y, int alpha) { parts_.picChess->zMovePiece(x, y, alpha); };
+    surface.paintBoard = [this] { paintBoard(); };
+    surface.pump = pumpMessages;
+    surface.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
+    surface.zSendMsg = [this](const std::string& text) { roads_.zSendMsg(text); };
+    fillLabels();
+    fillTimers();
+}
+
+void frmChessBoard::fillLabels() {
+    GameSurface& surface = game.surface;
+    surface.setLastMove = [this](const std::string& text) { parts_.lblMove->setText(QString::fromStdString(text)); };
+    surface.setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); };
+    surface.setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); };
+    surface.showHoldings = [this](const std::string& white, const std::string& black) {
+        parts_.lblBug[0]->setText(QString::fromLatin1(white.c_str()));
+        parts_.lblBug[1]->setText(QString::fromLatin1(black.c_str()));
+        for (QLabel* label : parts_.lblBug) label->show();
+    };
+    surface.hideHoldings = [this] {
+        for (QLabel* label : parts_.lblBug) label->hide();
+    };
+    surface.setPanel = [this](int panel, const std::string& text) {
+        parts_.panels[panel - 1]->setText(QString::fromLatin1(text.c_str()));
+    };
+    surface.setTitle = [this](const std::string& text) { setWindowTitle(QString::fromLatin1(text.c_str())); };
+    surface.showUn = [this](bool shown) {
+        if (shown) {
+            parts_.zSolveConflict(parts_.cmdUn);
+        } else {
+            parts_.cmdUn->hide();
+        }
+    };
+    surface.enableSavePGN = [](bool) {}; // the PGN writer is not built yet
+    surface.bringToFront = [this] {
+        show();
+        raise();
+        activateWindow();
+    };
+}
+
+void frmChessBoard::fillTimers() {
+    GameSurface& surface = game.surface;
+    tmrClock_.setInterval(100);
+    tmrNoPlay_.setInterval(4000);
+    tmrResize_.setInterval(1000);
+    surface.startClock = [this] { tmrClock_.start(); };
+    surface.stopClock = [this] { tmrClock_.stop(); };
+    surface.startNoPlay = [this] { tmrNoPlay_.start(); };
+    surface.stopNoPlay = [this] { tmrNoPlay_.stop(); };
+    surface.secondsOfDay = [] { return wallClock.secondsOfDay(); };
+    connect(&tmrClock_, &QTimer::timeout, this, [this] { game.tmrClock(); });
+    connect(&tmrNoPlay_, &QTimer::timeout, this, [this] { game.tmrNoPlay(); });
+    connect(&tmrResize_, &QTimer::timeout, this, [this] {
+        tmrResize_.stop();
+        const bool fit = firstResizeDone_ && resized_; // the first firing only says that the window has settled
+        firstResizeDone_ = true;
+        if (!fit) return;
+        resized_ = false;
+        game.zBoardSetup(false);
+    });
+}
+
+void frmChessBoard::connectMenus() {
+    const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
+    on(menus_.mnuNew, [this] { game.mnuNew(); });
+    on(menus_.mnuInvert, [this] { game.mnuInvert(); });
+    on(menus_.mnuClean, [this] { game.mnuClean(); });
+    on(menus_.mnuBookup, [this] { setPieceSet(0); });
+    on(menus_.mnuQuorl, [this] { setPieceSet(1); });
+    on(menus_.mnuGNU, [this] { setPieceSet(2); });
+    on(menus_.mnuAbout, [this] {
+        boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString());
+    });
+    on(menus_.mnuExit, [this] { close(); });
+    on(menus_.mnuExit1, [this] { close(); });
+}
+
+void frmChessBoard::connectTyping() {
+    parts_.txtSend->keyDown = [this](int code, bool) { return answerTypingKey(code); };
+    connect(parts_.cmdUn, &QPushButton::clicked, this, [this] { game.cmdUn(); });
+    for (QToolButton* button : parts_.cmdTell) {
+        connect(button, &QToolButton::clicked, this, [this, button] {
+            const std::string text = button->toolTip().toLatin1().toStdString();
+            if (!text.empty()) roads_.zSend(text);
+            parts_.txtSend->setFocus();
+        });
+    }
+    for (QWidget* unbuilt : {static_cast<QWidget*>(parts_.cmdDraw), static_cast<QWidget*>(parts_.cmdRes)}) {
+        unbuilt->setEnabled(false);
+    }
+    for (QToolButton* button : parts_.cmdScroll) button->setEnabled(false);
+}
+
+// The history is the console's own; Enter sends only while connected, and the text stays otherwise.
+bool frmChessBoard::answerTypingKey(int code) {
+    constexpr int Enter = 13;
+    constexpr int Up = 38;
+    constexpr int Down = 40;
+    if (code == Enter && roads_.zSend(parts_.txtSend->line())) parts_.txtSend->clear();
+    const bool walk = (code == Up || code == Down) && roads_.history != nullptr;
+    if (walk) {
+        const auto line = code == Up ? roads_.history->up(parts_.txtSend->line()) : roads_.history->down();
+        if (line) parts_.txtSend->setLine(*line);
+    }
+    return code == Enter || walk;
+}

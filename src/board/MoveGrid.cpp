@@ -1,0 +1,105 @@
+// The move list of a board on the screen.
+#include "board/MoveGrid.h"
+
+#include "platform/Colors.h"
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QScrollBar>
+
+namespace {
+constexpr int RowHeight = 18; // pixels
+} // namespace
+
+// Row 0 of the state is the heading, so row n of the state is row n - 1 here.
+class MoveGrid::Model : public QAbstractTableModel {
+public:
+    Model(const MoveGridState& state, QObject* parent) : QAbstractTableModel(parent), state_(state) {}
+
+    int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : MoveGridState::LastRow; }
+    int columnCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : MoveGridState::LastCol + 1;
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override {
+        const GridCell& cell = state_.cells[index.row() + 1][index.column()];
+        if (role == Qt::DisplayRole) return QString::fromLatin1(cell.text.data(), qsizetype(cell.text.size()));
+        if (role == Qt::BackgroundRole && cell.tint != GridTint::Plain) return colorOf(cell.tint);
+        if (role == Qt::ForegroundRole && cell.tint != GridTint::Plain) return QColor(Qt::black);
+        if (role == Qt::TextAlignmentRole && index.column() == 0) return int(Qt::AlignRight | Qt::AlignVCenter);
+        return {};
+    }
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+        return QString::fromStdString(state_.cells[0][section].text);
+    }
+
+    void cellChanged(int row, int col) {
+        if (row == 0) {
+            Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
+        } else {
+            const QModelIndex cell = index(row - 1, col);
+            Q_EMIT dataChanged(cell, cell);
+        }
+    }
+
+    void allChanged() {
+        Q_EMIT headerDataChanged(Qt::Horizontal, 0, MoveGridState::LastCol);
+        Q_EMIT dataChanged(index(0, 0), index(MoveGridState::LastRow - 1, MoveGridState::LastCol));
+    }
+
+private:
+    const MoveGridState& state_;
+};
+
+MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
+    : QTableView(parent), state_(state), model_(new Model(state, this)) {
+    setObjectName(QStringLiteral("grdMoves"));
+    setAccessibleName(tr("Moves"));
+    setModel(model_);
+    verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(RowHeight);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(RowHeight);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setMinimumSectionSize(10);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setFixedHeight(RowHeight + 2);
+    setVerticalScrollMode(ScrollPerItem);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSelectionMode(NoSelection);
+    setEditTriggers(NoEditTriggers);
+    setFocusPolicy(Qt::NoFocus);
+    setShowGrid(false);
+    setWordWrap(false);
+
+    state_.surface.showCell = [this](int row, int col) { model_->cellChanged(row, col); };
+    state_.surface.scrollTo = [this](int row) { verticalScrollBar()->setValue(row - 1); };
+    state_.surface.setUp = [this] {
+        model_->allChanged();
+        fitColumns();
+    };
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) { state_.topRow = value + 1; });
+}
+
+// The prescribed widths at the least; what the grid has beyond them goes to the two move columns.
+void MoveGrid::fitColumns() {
+    const int number = MoveGridState::NumberWidth + 8;
+    const int move = std::max(MoveGridState::MoveWidth, (viewport()->width() - number) / 2);
+    setColumnWidth(0, number);
+    setColumnWidth(1, move);
+    setColumnWidth(2, move);
+}
+
+void MoveGrid::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    fitColumns();
+}
+
+void MoveGrid::zFindBottomRow() {
+    const int fitting = viewport()->height() / RowHeight; // rows wholly visible
+    if (fitting >= MoveGridState::LastRow) return;
+    state_.VisibleRows = static_cast<std::int16_t>(std::max(0, fitting - 1));
+}

@@ -1,0 +1,133 @@
+// A board window: its life from load to closing.
+#include "board/frmChessBoard.h"
+
+#include "board/BoardClosing.h"
+#include "board/Style12Line.h"
+#include "common/CommandHistory.h"
+#include "common/modChess.h"
+#include "platform/Boxes.h"
+#include "platform/OpenWindows.h"
+#include "settings/WindowSettings.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+
+namespace {
+
+constexpr int TwipsPerPixel = 15;
+constexpr int DesignSquare = 54; // pixels
+constexpr int Margin = 6;        // pixels round the parts, part of the window's frame
+
+} // namespace
+
+frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
+    setObjectName(QStringLiteral("frmChessBoard"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(QStringLiteral("Brightrank - Board"));
+    menus_.build(*menuBar());
+    auto* inner = new QWidget(this);
+    setCentralWidget(inner);
+    statusBar()->setSizeGripEnabled(false);
+    parts_.build(inner, statusBar(), game.grdMoves);
+    parts_.picChess->pieceAt = [this](int square) { return game.Board[square]; };
+    fillSurface();
+    connectMenus();
+    connectTyping();
+    openWindows.add({"frmChessBoard", this, &game, [this] {
+                         askedByUser_ = false;
+                         close();
+                     }});
+}
+
+frmChessBoard::~frmChessBoard() {
+    game.windowClosed();
+    openWindows.remove(this);
+}
+
+void frmChessBoard::load() {
+    game.beginLoad();
+    menus_.mnuSelfCheck->setVisible(QApplication::arguments().mid(1).join(u' ').contains(QStringLiteral("est")));
+    menus_.checkPieces(modChess.ChessSet);
+    const int least = frame().width() + 8 * 24 + BoardParts::MinWidth;
+    setMinimumSize(least, frame().height() + 8 * 24 + BoardParts::MinHeight);
+    resize(frame().width() + 8 * DesignSquare + BoardParts::MinWidth,
+           frame().height() + 8 * DesignSquare + BoardParts::MinHeight);
+    loadPlace();
+    takeColors();
+    parts_.panels[0]->setText(QString::fromStdString(modChess.MyHandle));
+    for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
+        const QString text = QString::fromStdString(roads_.tellText(static_cast<int>(index)));
+        parts_.cmdTell[index]->setToolTip(text);
+        parts_.cmdTell[index]->setEnabled(!text.isEmpty());
+    }
+    paintBoard();
+    show();
+    if (!game.finishLoad()) return;
+    parts_.txtSend->setFocus();
+    resizeMuted_ = false;
+}
+
+void frmChessBoard::loadPlace() {
+    const QSize screenSize = screen()->geometry().size() * TwipsPerPixel;
+    const WindowPlace designed = place();
+    WindowPlace read = designed;
+    readBoard(roads_.store, read);
+    std::vector<float> lefts;
+    for (const OpenWindow& open : openWindows.windows) {
+        if (open.className != "frmChessBoard") continue;
+        lefts.push_back(static_cast<const frmChessBoard*>(open.window)->place().Left);
+    }
+    cascade(read, lefts);
+    const WindowPlace at = placedBoard(read, designed, {float(screenSize.width()), float(screenSize.height())});
+    move(int(at.Left) / TwipsPerPixel, int(at.Top) / TwipsPerPixel);
+    resize(int(at.Width) / TwipsPerPixel, int(at.Height) / TwipsPerPixel);
+}
+
+void frmChessBoard::takeColors() {
+    parts_.txtSend->setColors(modChess.ColorBar, modChess.ColorType);
+    if (!modChess.MainFont.empty()) parts_.txtSend->setFont(QFont(QString::fromStdString(modChess.MainFont)));
+}
+
+WindowPlace frmChessBoard::place() const {
+    const QRect shown = isMaximized() ? normalGeometry() : QRect(pos(), size());
+    return {float(shown.x() * TwipsPerPixel), float(shown.y() * TwipsPerPixel), float(shown.width() * TwipsPerPixel),
+            float(shown.height() * TwipsPerPixel)};
+}
+
+// What the window has round the inner surface: the menus and the margins. The status bar belongs to the inner size.
+QSize frmChessBoard::frame() const { return {2 * Margin, menuBar()->sizeHint().height() + Margin}; }
+
+QSize frmChessBoard::innerSize() const { return size() - frame(); }
+
+// A resize by hand is answered once, a second after its last step.
+void frmChessBoard::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (isMinimized() || resizeMuted_) return;
+    resized_ = true;
+    tmrResize_.start();
+}
+
+void frmChessBoard::closeEvent(QCloseEvent* event) {
+    if (isMinimized()) showNormal();
+    if (!mayClose()) {
+        askedByUser_ = true;
+        event->ignore();
+        return;
+    }
+    game.windowClosed();
+    zSaveReg(roads_.store, BoardSection, place());
+    openWindows.remove(this);
+    event->accept();
+}
+
+bool frmChessBoard::mayClose() {
+    const CloseFacts facts{openWindows.count("frmChessBoard"), !askedByUser_, false, modChess.AppClosing};
+    const CloseDecision decision = queryUnload(game, facts);
+    if (decision.enableBoardMenu) roads_.enableBoardMenu();
+    if (decision.refused) return false;
+    if (!decision.send.empty()) roads_.zSendMsg(decision.send);
+    return !decision.ask || boxes.okCancel(this, std::string(CloseBoxTitle), std::string(CloseBoxText));
+}

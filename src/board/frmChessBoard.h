@@ -1,0 +1,58 @@
+// A board window: one game, or the memory of one, on the screen.
+#pragma once
+
+#include "board/BoardMenus.h"
+#include "board/BoardParts.h"
+#include "board/BoardRoads.h"
+#include "board/Game.h"
+#include "settings/Placement.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+// Owns its Game and shows what the game says. It is in openWindows from its construction until it closes, and deletes
+// itself after closing, which may happen whenever the message loop is pumped.
+class frmChessBoard : public QMainWindow {
+    Q_OBJECT
+public:
+    // `roads` must outlive the window.
+    explicit frmChessBoard(const BoardRoads& roads);
+    ~frmChessBoard() override;
+
+    // Places and shows the window with the start position; pumps.
+    void load();
+    // Takes colours and fonts of the typing line from the settings.
+    void takeColors();
+
+    Game game;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void connectMenus();
+    void connectTyping();
+    void fillSurface();
+    void fillLabels();
+    void fillTimers();
+    void loadPlace();
+    void paintBoard();
+    void setPieceSet(std::int16_t set);
+    bool mayClose();
+    bool answerTypingKey(int code);
+    WindowPlace place() const;
+    QSize frame() const;
+    QSize innerSize() const;
+
+    const BoardRoads& roads_;
+    BoardMenus menus_;
+    BoardParts parts_;
+    QTimer tmrClock_;
+    QTimer tmrNoPlay_;
+    QTimer tmrResize_;
+    bool resizeMuted_ = true;
+    bool resized_ = false;
+    bool firstResizeDone_ = false;
+    bool askedByUser_ = true;
+};

@@ -1,0 +1,99 @@
+// The console window: its keys, buttons and menu entries.
+#include "session/frmChessClient.h"
+
+#include "common/modChess.h"
+#include "platform/Boxes.h"
+#include "platform/OpenWindows.h"
+#include "settings/RegDump.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QUrl>
+
+void frmChessClient::wireKeys() {
+    TypingHooks& hooks = typingKeys.hooks;
+    hooks.text = [this] { return txtSend->line(); };
+    hooks.setText = [this](const std::string& text) { txtSend->setLine(text); };
+    hooks.caretToEnd = [this] { txtSend->end(false); };
+    hooks.focus = [this] { txtSend->setFocus(); };
+    txtSend->keyDown = [this](int code, bool shift) {
+        constexpr int Enter = 13;
+        return code == Enter ? typingKeys.zTxtSend(code) : typingKeys.typingKeyDown(code, shift);
+    };
+    txtOutput->upKey = [this] { return typingKeys.consoleKeyDown(KeyUp); };
+    txtOutput->beep = [] { QApplication::beep(); };
+    txtOutput->typed = [this](const QString& text) {
+        for (const char c : text.toLatin1()) {
+            if (static_cast<unsigned char>(c) >= ' ' && c != 127) typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
+        }
+        txtSend->setFocus();
+    };
+    for (QToolButton* button : cmdTell) {
+        connect(button, &QToolButton::clicked, this,
+                [this, button] { typingKeys.pressButton(button->toolTip().toLatin1().toStdString()); });
+    }
+    connect(cmdAcc, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Accept"); });
+    connect(cmdDec, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Decline"); });
+}
+
+void frmChessClient::wireMenus() {
+    const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
+    for (QAction* profile : menus.mnuConnect) {
+        on(profile, [this, profile] { connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
+    }
+    on(menus.mnuUseTS, [this] { connection.mnuUseTSClick(); });
+    on(menus.mnuAutoCon, [this] { connection.mnuAutoConClick(); });
+    on(menus.mnuAutoLogon, [this] { connection.mnuAutoLogonClick(); });
+    on(menus.mnuClose, [this] { connection.mnuCloseClick(); });
+    on(menus.mnuExit, [this] { close(); });
+    wireConsoleMenu();
+    on(menus.mnuBoard, [this] { routing.zNewBoard(); });
+    on(menus.mnuTest, [this] { dumpRegistry(); });
+    on(menus.mnuAbout, [this] {
+        boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString());
+    });
+}
+
+void frmChessClient::wireConsoleMenu() {
+    blockMode.hooks.caption = [this] { return windowTitle().toLatin1().toStdString(); };
+    blockMode.hooks.setCaption = [this](const std::string& caption) {
+        setWindowTitle(QString::fromLatin1(caption.data(), static_cast<qsizetype>(caption.size())));
+    };
+    blockMode.hooks.insertAtEnd = [this](const std::string& text) {
+        txtOutput->moveToEnd();
+        txtOutput->insert(text);
+    };
+    const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
+    on(menus.mnuBlocked, [this] {
+        blockMode.toggle(classifier.menu.mnuBlocked);
+        menus.mnuBlocked->setChecked(classifier.menu.mnuBlocked);
+    });
+    on(menus.mnuStupid, [this] { serverLines.verbose = menus.mnuStupid->isChecked(); });
+    on(menus.mnuClear, [this] { txtOutput->clearScreen(); });
+    on(menus.mnuXP, [this] {
+        resize(width() + 1, height()); // lets the new look take
+        resize(width() - 1, height());
+    });
+}
+
+// The ticks that the connection and the classifier keep.
+void frmChessClient::takeMenuTicks() {
+    menus.mnuUseTS->setChecked(connection.mnuUseTS);
+    menus.mnuAutoCon->setChecked(connection.mnuAutoCon);
+    menus.mnuAutoLogon->setChecked(connection.mnuAutoLogon);
+    classifier.menu.mnuAutoLogon = connection.mnuAutoLogon;
+    classifier.menu.mnuSeekGrf = menus.mnuSeekGrf->isChecked();
+}
+
+void frmChessClient::dumpRegistry() {
+    collectSettings();
+    RunningWindows windows;
+    windows.place = [](const WindowSection&) { return WindowPlace{}; };
+    windows.match = [] { return MatchSettings{}; };
+    const QDir startDirectory(QString::fromLocal8Bit(connection.StartDirectory.c_str()));
+    const QString file = startDirectory.filePath(QString::fromLatin1(RegDumpFile));
+    if (writeRegDump(zDumpReg(roads_.store, settings, windows), file.toLocal8Bit().toStdString())) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    }
+}

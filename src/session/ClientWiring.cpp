@@ -1,0 +1,158 @@
+// The console window: how its parts reach each other, the socket, the boards and the screen.
+#include "session/frmChessClient.h"
+
+#include "common/modChess.h"
+#include "platform/Boxes.h"
+#include "platform/Clock.h"
+#include "platform/MessageLoop.h"
+#include "platform/OpenWindows.h"
+
+#include <QApplication>
+
+namespace {
+
+QString shownText(const std::string& text) {
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+void frmChessClient::wirePipeline() {
+    PipelineHooks& hooks = pipeline.hooks;
+    const auto timer = [this](SessionTimer which) -> QTimer& {
+        return which == SessionTimer::tmrArrival ? tmrArrival_ : which == SessionTimer::tmrPrompt ? tmrPrompt_ : tmrState_;
+    };
+    hooks.getData = [this] { return tcpClient_.GetData(); };
+    hooks.startTimer = [timer](SessionTimer which, int milliseconds) { timer(which).start(milliseconds); };
+    hooks.stopTimer = [timer](SessionTimer which) { timer(which).stop(); };
+    hooks.millisecondsOfDay = [] { return wallClock.msOfDay(); };
+    hooks.clearMask = [this] { txtSend->setEchoMode(QLineEdit::Normal); };
+    hooks.connectionLabel = [this] { return connection.ConnectionLabel; };
+    hooks.bridgeAnswered = [this] { connection.textArrived(); };
+    hooks.showHandle = [this](const std::string& handle) { roads_.showHandle(handle); };
+    hooks.promptCaption = [this] { return lblPrompt->text().toLatin1().toStdString(); };
+    hooks.setPromptCaption = [this](const std::string& caption) { lblPrompt->setText(shownText(caption)); };
+    hooks.dataParse = [this](const std::string& batch) { classifier.zDataParse(batch); };
+}
+
+void frmChessClient::wireClassifier() {
+    ClassifierHooks& hooks = classifier.hooks;
+    hooks.zStyle12Line = [this](const std::string& line) { return routing.zStyle12Line(line, true); };
+    hooks.zFindBoard = [](std::int16_t game) { return zFindBoard(game); };
+    hooks.zSetBughouse = [](int board, const std::string& line) { boardAt(board).zSetBughouse(line); };
+    hooks.zSetPosition = [](int board) { boardAt(board).zSetPosition(false); };
+    hooks.zExitMove = [](int board) { boardAt(board).zExitMove(); };
+    hooks.showBoard = [](int board) { boardAt(board).surface.bringToFront(); };
+    hooks.zEndGame = [this](const std::string& line) { routing.zEndGame(line); };
+    hooks.setEmphasis = [this] { txtOutput->setEmphasis(); };
+    hooks.setColor = [this](std::int32_t color) { txtOutput->setColor(color); };
+    hooks.insert = [this](const std::string& text) { txtOutput->insert(text); };
+    hooks.setLogin = [this](std::int16_t login) { pipeline.login = login; };
+    hooks.maskTyping = [this] { txtSend->setEchoMode(QLineEdit::Password); };
+    hooks.autoLogonKey = [this] {
+        QTimer::singleShot(0, this, [this] {
+            txtSend->setFocus();
+            if (pipeline.login != 0) typingKeys.typingKeyDown(KeyUp, false);
+        });
+    };
+    hooks.playSound = [this](const char* name, std::int16_t mode) { roads_.playSound(name, mode); };
+    hooks.beep = [] { QApplication::beep(); };
+    hooks.zSendMsg = [this](const std::string& text) { road.zSendMsg(text); };
+}
+
+void frmChessClient::wireBoards() {
+    routing.hooks.openBoard = [this] {
+        menus.mnuBoard->setEnabled(false);
+        return roads_.openBoard();
+    };
+    routing.hooks.pump = pumpMessages;
+    routing.hooks.beep = [] { QApplication::beep(); };
+    routing.hooks.playSound = [this](std::string_view name, std::int16_t mode) {
+        roads_.playSound(std::string(name), mode);
+    };
+    routing.hooks.seekGraphChecked = [this] { return menus.mnuSeekGrf->isChecked(); };
+}
+
+void frmChessClient::wireRoad() {
+    RoadHooks& hooks = road.hooks;
+    hooks.sendData = [this](const std::string& bytes) { tcpClient_.SendData(bytes); };
+    hooks.socketState = [this] { return static_cast<std::int16_t>(tcpClient_.State()); };
+    hooks.login = [this] { return pipeline.login; };
+    hooks.handle = [this] { return logOn.handle; };
+    hooks.echo = [this](const std::string& text) {
+        txtOutput->moveToEnd();
+        txtOutput->setColor(modChess.ColorCopy);
+        txtOutput->insert(text);
+        txtOutput->moveToEnd();
+        txtOutput->setColor(modChess.ColorMain);
+    };
+    hooks.showHelp = [this] { panelNotBuilt("help"); };
+    hooks.showHistory = [this] { panelNotBuilt("history"); };
+}
+
+void frmChessClient::panelNotBuilt(const char* panel) {
+    txtOutput->moveToEnd();
+    txtOutput->setColor(modChess.ColorMain);
+    txtOutput->insert(std::string("The ") + panel + " panel is not built yet.\r\n");
+}
+
+void frmChessClient::wireSocket() {
+    tcpClient_.onClose = [this] { connection.socketClosed(); };
+    tcpClient_.onError = [this](const std::string& description) { connection.socketError(description); };
+    tcpClient_.onDataArrival = [this](std::int32_t) {
+        pipeline.zDataArrival();
+        tcpClient_.resume();
+    };
+    tcpClient_.backlog = [this] { return pipeline.PendingText.size(); };
+    tcpClient_.prompt = [] { return modChess.gPrompt; };
+}
+
+void frmChessClient::wireConnection() {
+    ConnectionHooks& hooks = connection.hooks;
+    hooks.connectTo = [this](const std::string& host, std::int32_t port) {
+        tcpClient_.RemoteHost = host;
+        tcpClient_.RemotePort = port;
+        tcpClient_.Connect();
+    };
+    hooks.closeSocket = [this] { tcpClient_.Close(); };
+    hooks.socketState = [this] { return tcpClient_.State(); };
+    hooks.setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); };
+    hooks.checksChanged = [this] { takeMenuTicks(); };
+    hooks.setTickInterval = [this](int milliseconds) { tmrTCP_.start(milliseconds); };
+    hooks.enableCloseTimer = [this](bool on) { on ? tmrClose_.start() : tmrClose_.stop(); };
+    hooks.beep = [] { QApplication::beep(); };
+    hooks.message = [this](const std::string& text) { boxes.message(this, "Brightrank", text); };
+    hooks.yesNo = [this](const std::string& text) { return boxes.yesNo(this, "Brightrank", text); };
+    hooks.input = [this](const std::string& prompt, const std::string& title) {
+        return boxes.input(this, prompt, title, std::string()).value_or(std::string());
+    };
+    hooks.endAllGames = [this] { routing.zEndAllGames(); };
+    hooks.clearBoards = [this] { clearBoards(); };
+    hooks.wait = [](double seconds) { zWait(seconds); };
+}
+
+void frmChessClient::clearBoards() {
+    for (const OpenWindow& open : openWindows.windows) {
+        if (open.game == nullptr) continue;
+        for (int panel = 1; panel <= 3; ++panel) open.game->surface.setPanel(panel, std::string());
+        open.game->surface.setTitle("Brightrank - Board");
+        open.game->currentGame.clear();
+    }
+}
+
+void frmChessClient::wireTimers() {
+    for (QTimer* once : {&tmrArrival_, &tmrPrompt_, &tmrState_}) once->setSingleShot(true);
+    tmrArrival_.setInterval(2000);
+    tmrPrompt_.setInterval(1000);
+    tmrState_.setInterval(3000);
+    tmrTCP_.setInterval(1000);
+    tmrClose_.setInterval(550);
+    connect(&tmrArrival_, &QTimer::timeout, this, [this] {
+        pipeline.tmrArrival();
+        tcpClient_.resume();
+    });
+    connect(&tmrPrompt_, &QTimer::timeout, this, [this] { pipeline.tmrPrompt(); });
+    connect(&tmrState_, &QTimer::timeout, this, [this] { pipeline.tmrState(); });
+    connect(&tmrTCP_, &QTimer::timeout, this, [this] { connection.tmrTCPTimer(); });
+    connect(&tmrClose_, &QTimer::timeout, this, [this] { connection.tmrCloseTimer(); });
+}

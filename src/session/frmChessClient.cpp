@@ -1,0 +1,218 @@
+// The console window: its build, its load and its close-down.
+#include "session/frmChessClient.h"
+
+#include "common/modChess.h"
+#include "platform/Colors.h"
+#include "platform/OpenWindows.h"
+#include "settings/Settings.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int TwipsPerPixel = 15;
+constexpr QSize DesignedSize(760, 560); // pixels
+constexpr int ConsolePointSize = 10;
+
+QPushButton* commandButton(QWidget* parent, const char* name, const char* caption) {
+    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setFocusPolicy(Qt::NoFocus);
+    return button;
+}
+
+// The prescribed font is a bitmap font of old; where it is missing the system's fixed font stands in.
+QFont consoleFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setFamilies({QStringLiteral("fixedsys"), font.family(), QStringLiteral("monospace")});
+    font.setStyleHint(QFont::TypeWriter);
+    font.setPointSize(ConsolePointSize);
+    return font;
+}
+
+} // namespace
+
+frmChessClient::frmChessClient(const ClientRoads& roads) : roads_(roads) {
+    setObjectName(QStringLiteral("frmChessClient"));
+    setWindowTitle(QStringLiteral("Brightrank - Client"));
+    menus.build(*menuBar());
+    setCentralWidget(buildInner());
+    resize(DesignedSize);
+    wirePipeline();
+    wireClassifier();
+    wireBoards();
+    wireRoad();
+    wireSocket();
+    wireConnection();
+    wireTimers();
+    wireKeys();
+    wireMenus();
+    openWindows.add({"frmChessClient", this, nullptr, [this] { close(); }});
+}
+
+frmChessClient::~frmChessClient() { openWindows.remove(this); }
+
+QWidget* frmChessClient::buildInner() {
+    auto* inner = new QWidget(this);
+    auto* column = new QVBoxLayout(inner);
+    column->setContentsMargins(6, 4, 6, 6);
+    column->setSpacing(5);
+    txtOutput = new Console(inner);
+    column->addWidget(txtOutput, 1);
+    column->addWidget(buildButtons());
+    column->addWidget(buildTyping());
+    return inner;
+}
+
+QWidget* frmChessClient::buildButtons() {
+    auto* bar = new QWidget(this);
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(4);
+    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
+        cmdTell[index] = new QToolButton(bar);
+        cmdTell[index]->setObjectName(QStringLiteral("cmdTell(%1)").arg(index));
+        cmdTell[index]->setText(QString::number((index + 1) % 10));
+        cmdTell[index]->setAccessibleName(tr("Button command %1").arg(index + 1));
+        cmdTell[index]->setFocusPolicy(Qt::NoFocus);
+        cmdTell[index]->setFixedWidth(28);
+        row->addWidget(cmdTell[index]);
+    }
+    row->addStretch(1);
+    cmdAcc = commandButton(bar, "cmdAcc", "Accept");
+    cmdDec = commandButton(bar, "cmdDec", "Decline");
+    QPushButton* cmdChat = commandButton(bar, "cmdChat", "Chat");
+    cmdChat->setEnabled(false); // chat boxes are not built yet
+    for (QPushButton* button : {cmdAcc, cmdDec, cmdChat}) row->addWidget(button);
+    return bar;
+}
+
+QWidget* frmChessClient::buildTyping() {
+    auto* bar = new QWidget(this);
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(6);
+    lblPrompt = new QLabel(bar);
+    lblPrompt->setObjectName(QStringLiteral("lblPrompt"));
+    lblPrompt->setTextFormat(Qt::PlainText);
+    lblPrompt->setMinimumWidth(46);
+    lblPrompt->setMaximumWidth(140);
+    txtSend = new TypingLine(bar);
+    row->addWidget(lblPrompt);
+    row->addWidget(txtSend, 1);
+    return bar;
+}
+
+void frmChessClient::load() {
+    zStartValues();
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (arguments.join(u' ') == QStringLiteral("test")) QDir::setCurrent(QDir::tempPath());
+    connection.StartDirectory = QDir::currentPath().toLocal8Bit().toStdString();
+    settings.Width = float(DesignedSize.width() * TwipsPerPixel);
+    settings.Height = float(DesignedSize.height() * TwipsPerPixel);
+    zGetReg(roads_.store, settings);
+    applySettings();
+    loadPlace();
+    takeLook();
+    classifier.LineColor = modChess.ColorMain;
+    connection.ClosedByUser = true;
+    show();
+    txtSend->setFocus();
+    routing.zNewBoard();
+    tmrTCP_.start();
+}
+
+void frmChessClient::loadPlace() {
+    const QSize pixels = screen()->geometry().size() * TwipsPerPixel;
+    const Extent screenSize{float(pixels.width()), float(pixels.height())};
+    const Extent designed{float(DesignedSize.width() * TwipsPerPixel), float(DesignedSize.height() * TwipsPerPixel)};
+    if (!registryWritten()) {
+        const WindowPlace middle = centred(designed, screenSize); // the rule below moves it again
+        move(int(middle.Left) / TwipsPerPixel, int(middle.Top) / TwipsPerPixel);
+    }
+    const WindowPlace read{settings.Left, settings.Top, settings.Width, settings.Height};
+    const WindowPlace at = placed(read, designed, screenSize, ClientLimit);
+    move(int(at.Left) / TwipsPerPixel, int(at.Top) / TwipsPerPixel);
+    resize(int(at.Width) / TwipsPerPixel, int(at.Height) / TwipsPerPixel);
+}
+
+void frmChessClient::takeLook() {
+    QFont font = consoleFont();
+    txtOutput->setColor(modChess.ColorMain);
+    txtOutput->setPaper(modChess.ColorBackground);
+    txtSend->setColors(modChess.ColorBar, modChess.ColorType);
+    if (!modChess.MainFont.empty()) font.setFamilies({QString::fromLatin1(modChess.MainFont.c_str())});
+    txtOutput->setFont(font);
+    txtSend->setFont(font);
+}
+
+WindowPlace frmChessClient::place() const {
+    const QRect shown = isMaximized() ? normalGeometry() : QRect(pos(), size());
+    return {float(shown.x() * TwipsPerPixel), float(shown.y() * TwipsPerPixel), float(shown.width() * TwipsPerPixel),
+            float(shown.height() * TwipsPerPixel)};
+}
+
+void frmChessClient::closeEvent(QCloseEvent* event) {
+    queryUnload();
+    event->accept();
+}
+
+void frmChessClient::queryUnload() {
+    if (std::exchange(unloaded_, true)) return;
+    modChess.AppClosing = true;
+    const auto another = [this] { return openWindows.windows.front().window == this ? 1U : 0U; };
+    while (openWindows.windows.size() > 1) {
+        const OpenWindow next = openWindows.windows[another()];
+        next.unload();
+        openWindows.remove(next.window); // one that refused is taken down with the program
+    }
+    if (isMinimized()) showNormal();
+    tcpClient_.Close();
+    collectSettings();
+    zSaveReg(roads_.store, settings);
+    connection.hooks.terminateTimeSeal();
+    stopEverything();
+    Q_EMIT closed();
+}
+
+void frmChessClient::stopEverything() {
+    tcpClient_.Close();
+    for (QTimer* timer : {&tmrArrival_, &tmrPrompt_, &tmrState_, &tmrTCP_, &tmrClose_}) timer->stop();
+}
+
+void frmChessClient::applySettings() {
+    connection.LastServer = settings.LastServer;
+    connection.mnuUseTS = settings.mnuUseTS;
+    connection.mnuAutoCon = settings.mnuAutoCon;
+    connection.mnuAutoLogon = settings.mnuAutoLogon;
+    logOn.handle = settings.Handle;
+    logOn.password = settings.Password;
+    menus.mnuSeekGrf->setChecked(settings.mnuSeekGrf);
+    menus.mnuXP->setChecked(settings.mnuXP);
+    takeMenuTicks();
+    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
+        cmdTell[index]->setToolTip(QString::fromLatin1(settings.Tell[long(index)].c_str()));
+    }
+}
+
+void frmChessClient::collectSettings() {
+    const WindowPlace at = place();
+    settings.Left = at.Left;
+    settings.Top = at.Top;
+    settings.Width = at.Width;
+    settings.Height = at.Height;
+    settings.mnuUseTS = connection.mnuUseTS;
+    settings.mnuAutoCon = connection.mnuAutoCon;
+    settings.mnuAutoLogon = connection.mnuAutoLogon;
+    settings.mnuSeekGrf = menus.mnuSeekGrf->isChecked();
+    settings.mnuXP = menus.mnuXP->isChecked();
+    settings.LastServer = connection.LastServer;
+    settings.Handle = logOn.handle;
+    settings.Password = logOn.password;
+}

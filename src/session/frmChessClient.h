@@ -1,0 +1,115 @@
+// The console: the main window, which owns the conversation with the server.
+#pragma once
+
+#include "board/GameRouting.h"
+#include "common/ServerRoad.h"
+#include "platform/TypingLine.h"
+#include "platform/tcpClient.h"
+#include "session/BlockMode.h"
+#include "session/Captures.h"
+#include "session/ClientMenus.h"
+#include "session/Connection.h"
+#include "session/Console.h"
+#include "session/LineClassifier.h"
+#include "session/LogOn.h"
+#include "session/ServerLines.h"
+#include "session/TextPipeline.h"
+#include "session/TypingKeys.h"
+#include "settings/ClientSettings.h"
+#include "settings/Placement.h"
+#include "settings/SettingsStore.h"
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+
+#include <array>
+#include <functional>
+
+// What the console needs of the rest of the program; outlives the window. What is not filled in does nothing.
+struct ClientRoads {
+    SettingsStore store;
+    std::function<void(const std::string& name, std::int16_t mode)> playSound = [](const std::string&, std::int16_t) {};
+    // Creates, shows and loads a board window; gives its identity in openWindows.
+    std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
+    // Colours or fonts of the settings have changed or were read: every board takes them.
+    std::function<void(const std::string& handle)> showHandle = [](const std::string&) {};
+};
+
+// Lives as long as the program. Its parts are window-free; the window carries events to them and their results to the
+// screen. In openWindows from its construction on.
+class frmChessClient : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit frmChessClient(const ClientRoads& roads);
+    ~frmChessClient() override;
+
+    // Start-up in its order: settings, place, look, the first board. Connecting is left to the first tick of tmrTCP.
+    void load();
+    // Close-down in its order; also what the desktop's request to end leads to. Nothing is written without it.
+    void queryUnload();
+    // Stops the socket and all timers; what remains of the program cannot be reached by events any more.
+    void stopEverything();
+
+    ServerLines serverLines;
+    TextPipeline pipeline{serverLines};
+    Captures captures;
+    LineClassifier classifier{serverLines, captures};
+    ServerRoad road;
+    LogOn logOn{pipeline, road};
+    TypingKeys typingKeys{road, logOn};
+    BlockMode blockMode;
+    Connection connection;
+    GameRouting routing;
+    ClientSettings settings;
+    ClientMenus menus;
+
+Q_SIGNALS:
+    // The close-down has run; nothing of the session is left.
+    void closed();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* buildInner();
+    QWidget* buildButtons();
+    QWidget* buildTyping();
+    void applySettings();
+    void collectSettings();
+    void loadPlace();
+    void takeLook();
+    WindowPlace place() const;
+
+    void wirePipeline();
+    void wireClassifier();
+    void wireBoards();
+    void wireRoad();
+    void wireSocket();
+    void wireConnection();
+    void wireTimers();
+    void wireKeys();
+    void wireMenus();
+    void wireConsoleMenu();
+    void takeMenuTicks();
+    void panelNotBuilt(const char* panel);
+    void clearBoards();
+    void dumpRegistry();
+
+    const ClientRoads& roads_;
+    tcpClient tcpClient_;
+    Console* txtOutput = nullptr;
+    TypingLine* txtSend = nullptr;
+    QLabel* lblPrompt = nullptr;
+    std::array<QToolButton*, 10> cmdTell{};
+    QPushButton* cmdAcc = nullptr;
+    QPushButton* cmdDec = nullptr;
+    QTimer tmrArrival_;
+    QTimer tmrPrompt_;
+    QTimer tmrState_;
+    QTimer tmrTCP_;
+    QTimer tmrClose_;
+    bool unloaded_ = false;
+};
