@@ -27,6 +27,15 @@ def disc(x, y, radius):
     )
 
 
+def half_disc(y, radius):
+    """Right-hand half outline of a circle on the axis x = 50, for turned()."""
+    k = radius * 0.5523
+    return (
+        f"M50 {y - radius:g}C{50 + k:g} {y - radius:g} {50 + radius:g} {y - k:g} {50 + radius:g} {y:g}"
+        f"C{50 + radius:g} {y + k:g} {50 + k:g} {y + radius:g} 50 {y + radius:g}"
+    )
+
+
 def slab(left, right, top, bottom, r):
     """Path of a bar with rounded corners of radius r."""
     return (
