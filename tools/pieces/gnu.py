@@ -13,7 +13,9 @@ CARVED = {
     "w": ((0, "#fffdf0"), (0.45, "#f6e3b4"), (1, "#c0954f")),
     "b": ((0, "#85746a"), (0.4, "#463730"), (1, "#1d1511")),
 }
-GROOVE = {"w": "#7d5a28", "b": "#0f0a08"}
+# Lines cut into the wood, and the shadow round each part that keeps the parts distinct.
+GROOVE = {"w": "#6b4a1f", "b": "#b3a296"}
+SEAM = {"w": "#553a18", "b": "#0b0807"}
 
 
 def _stops(table):
@@ -52,29 +54,29 @@ def _column(top, waist, bottom=73, flare=19):
 
 
 def king():
-    parts = _pedestal(28) + [(_column(48, 10), "t"), (_ring(16, 43, 49.5), "t")]
-    parts += [(turned("M50 24C60 24 66 25 68 27L61 43L50 43"), "t")]
-    parts += [(turned("M50 10.5L54 10.5L53 15L58.5 14L58.5 21L53 20L54 26L50 26"), "t")]
+    parts = _pedestal(28) + [(_column(50, 10), "t")]
+    parts += [(turned("M50 9.5L55 9.5L53.8 14.8L60.5 13.5L60.5 21.5L53.8 20.2L55 29L50 29"), "t")]
+    parts += [(turned("M50 29C53 26.5 58 25.5 63 26.5C67 27.2 71 29 72 31L62 46L50 46"), "t"), (_ring(17, 45, 52), "t")]
     return parts, []
 
 
 def queen():
-    parts = _pedestal(28) + [(_column(50, 9.5), "t"), (_ring(15, 45, 51), "t")]
-    parts += [(turned("M50 25C53 25 54 27 55 28C58 25 61 24 63 26C66 23 69 22 71 23L60 45L50 45"), "t")]
-    parts += [(disc(50, 18, 6), "s")]
-    return parts, []
+    crown = "M50 27C52 27 54 29 56 33C57.5 28 60 24.5 63 24C65 25 66.5 28 67.5 31C69.5 27 72 24.5 75 24.5L61 48L50 48"
+    parts = _pedestal(28) + [(_column(52, 9.5), "t"), (turned(crown), "t"), (_ring(16, 47, 53.5), "t")]
+    return parts + [(disc(50, 18, 6.6), "s")], []
 
 
 def rook():
-    parts = _pedestal(28) + [(_column(42, 12), "t"), (_ring(18, 38, 44), "t")]
-    parts += [(turned("M50 23L56 23L56 28L63 28L63 22L70 22L68 38L50 38"), "t")]
+    parts = _pedestal(28) + [(_column(43, 12.5), "t")]
+    parts += [(turned("M50 21.5L56 21.5L56 27.5L63.5 27.5L63.5 21.5L72 21.5L70 40L50 40"), "t"), (_ring(18.5, 39, 45.5), "t")]
     return parts, []
 
 
 def bishop():
-    parts = _pedestal(26) + [(_column(52, 8.5), "t"), (_ring(15, 48, 54), "t")]
-    parts += [(turned("M50 20C57 25 65 33 65 40C65 44 62 47 60 48L50 48"), "t"), (disc(50, 16, 5), "s")]
-    return parts, ["M59.5 31L53 41"]
+    parts = _pedestal(26) + [(_column(53, 9), "t")]
+    parts += [(turned("M50 19C57 24 66.5 32 66.5 41C66.5 45 64 48 61 50L50 50"), "t")]
+    parts += [(_ring(16.5, 48.5, 55), "t"), (disc(50, 15, 5.2), "s")]
+    return parts, ["M60.5 31L54 41"]
 
 
 def knight():
@@ -82,11 +84,13 @@ def knight():
         "M30 73C30 64 44 58 48 49C44 53 38 54 34 54C31 58 28 61 24 60.5C18 60 15 56 16 51C17 46 22 42 24 37"
         "C26 31 30 26 36 23L37 12C42 14 46 17 48 21C66 22 78 40 72 73Z"
     )
-    return _pedestal(28) + [(head, "c")], ["M51 28C61 34 65 48 63 66", "M33 36L36 34.5"]
+    grooves = ["M50 27C61 33 66 47 64 66", "M32.5 37L36 35.2", "M21 54L21.6 53.4"]
+    return [(head, "c")] + _pedestal(28)[::-1], grooves
 
 
 def pawn():
-    return _pedestal(24.5) + [(_column(52, 7, flare=16), "t"), (_ring(13.5, 50, 56), "t"), (disc(50, 40, 12), "s")], []
+    parts = _pedestal(24.5) + [(_column(53, 7, flare=16), "t"), (disc(50, 40, 12.5), "s")]
+    return parts + [(_ring(14.5, 50.5, 57), "t")], []
 
 
 PIECES = {"k": king, "q": queen, "r": rook, "b": bishop, "n": knight, "p": pawn}
@@ -96,6 +100,7 @@ def draw(side, kind):
     """The SVG text of one piece: a dark rim below, the parts from the foot up, then carved grooves."""
     parts, grooves = PIECES[kind]()
     marks = [shape(path, EDGE[side], EDGE[side], RIM) for path, _ in parts]
-    marks += [shape(path, f"url(#{paint})") for path, paint in parts]
+    for path, paint in parts:
+        marks += [shape(path, SEAM[side], SEAM[side], 4), shape(path, f"url(#{paint})")]
     marks += [shape(path, "none", GROOVE[side], 3.2) for path in grooves]
     return document(marks, _defs(side))
