@@ -1,0 +1,73 @@
+// The piece images: 26 image lists drawn from our vector artwork when a board first asks for them.
+#include "view/PieceSets.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <cmath>
+
+// Must stand outside any namespace: without it the linker drops the artwork of a static library.
+static void loadArtwork() { Q_INIT_RESOURCE(assets); }
+
+namespace {
+
+QString artworkPath(int list, int image) {
+    const std::string_view family = familyOfList(list).name;
+    const int kind = (image - 1) % 6;
+    return QStringLiteral(":/pieces/%1/%2%3.svg")
+        .arg(QString::fromLatin1(family.data(), static_cast<qsizetype>(family.size())))
+        .arg(QLatin1Char(image <= 6 ? 'w' : 'b'))
+        .arg(QLatin1Char("kqrbnp"[kind]));
+}
+
+QImage drawImage(int list, int image, int side) {
+    QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QSvgRenderer artwork(artworkPath(list, image));
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    artwork.render(&painter, QRectF(0, 0, side, side));
+    return picture;
+}
+
+} // namespace
+
+const PieceImages& PieceSets::images(int list, double ratio) {
+    const int side = static_cast<int>(std::lround(pieceListSize(list) * ratio));
+    const auto known = drawn_.find({list, side});
+    if (known != drawn_.end()) return known->second;
+    loadArtwork();
+    PieceImages drawn;
+    for (int image = 1; image <= PiecesInAList; ++image) {
+        drawn[static_cast<std::size_t>(image)] = drawImage(list, image, side);
+    }
+    return drawn_.emplace(std::pair{list, side}, std::move(drawn)).first->second;
+}
+
+std::int32_t PieceSets::backgroundColor(int list) {
+    QImage corner(1, 1, QImage::Format_RGB32);
+    corner.fill(QColor(MaskColor & 255, MaskColor >> 8 & 255, MaskColor >> 16 & 255));
+    QPainter(&corner).drawImage(QPoint(-1, -1), images(list, 1)[1]);
+    const QRgb color = corner.pixel(0, 0);
+    return qBlue(color) << 16 | qGreen(color) << 8 | qRed(color);
+}
+
+int PieceSets::count(int list) const {
+    const auto added = added_.find(list);
+    return PiecesInAList + (added == added_.end() ? 0 : static_cast<int>(added->second.size()));
+}
+
+void PieceSets::add(int list, const QString& key, const QImage& image) {
+    pieceListSize(list); // faults on a list that is not there
+    added_[list].push_back({key, image});
+}
+
+void PieceSets::removeAdded(int list) { added_.erase(list); }
+
+const QImage* PieceSets::find(int list, const QString& key) const {
+    const auto added = added_.find(list);
+    if (added == added_.end()) return nullptr;
+    const auto found = std::ranges::find(added->second, key, &KeyedImage::key);
+    return found == added->second.end() ? nullptr : &found->image;
+}
