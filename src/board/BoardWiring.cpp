@@ -57,7 +57,7 @@ void frmChessBoard::fillTimers() {
     GameSurface& surface = game.surface;
     tmrClock_.setInterval(100);
     tmrNoPlay_.setInterval(4000);
-    tmrResize_.setInterval(1000);
+    tmrResize_.setInterval(ResizeWatch::IntervalMs);
     surface.startClock = [this] { tmrClock_.start(); };
     surface.stopClock = [this] { tmrClock_.stop(); };
     surface.startNoPlay = [this] { tmrNoPlay_.start(); };
@@ -67,11 +67,7 @@ void frmChessBoard::fillTimers() {
     connect(&tmrNoPlay_, &QTimer::timeout, this, [this] { game.tmrNoPlay(); });
     connect(&tmrResize_, &QTimer::timeout, this, [this] {
         tmrResize_.stop();
-        const bool fit = firstResizeDone_ && resized_; // the first firing only says that the window has settled
-        firstResizeDone_ = true;
-        if (!fit) return;
-        resized_ = false;
-        game.zBoardSetup(false);
+        if (resizeWatch_.timerFired()) game.zBoardSetup(false);
     });
 }
 

@@ -2,6 +2,7 @@
 #include "board/MoveGrid.h"
 
 #include "platform/Colors.h"
+#include "view/BoardGeometry.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
@@ -98,8 +99,7 @@ void MoveGrid::resizeEvent(QResizeEvent* event) {
     fitColumns();
 }
 
-void MoveGrid::zFindBottomRow() {
-    const int fitting = viewport()->height() / RowHeight; // rows wholly visible
-    if (fitting >= MoveGridState::LastRow) return;
-    state_.VisibleRows = static_cast<std::int16_t>(std::max(0, fitting - 1));
+void MoveGrid::countVisibleRows() {
+    const int fitting = viewport()->height() / RowHeight; // rows wholly visible from the first on
+    zFindBottomRow([fitting](int row) { return row <= fitting; }, state_.VisibleRows);
 }

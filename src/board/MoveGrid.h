@@ -12,7 +12,7 @@ public:
     MoveGrid(MoveGridState& state, QWidget* parent);
 
     // Counts the rows that fit into the state's `VisibleRows`; left alone when all 200 are visible.
-    void zFindBottomRow();
+    void countVisibleRows();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

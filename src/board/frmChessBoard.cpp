@@ -1,9 +1,7 @@
 // A board window: its life from load to closing.
 #include "board/frmChessBoard.h"
 
-#include "board/BoardClosing.h"
-#include "board/Style12Line.h"
-#include "common/CommandHistory.h"
+#include "board/CloseRules.h"
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
@@ -17,7 +15,7 @@
 
 namespace {
 
-constexpr int TwipsPerPixel = 15;
+constexpr int TwipsPerPixel = TwipsPerPixelX;
 constexpr int DesignSquare = 54; // pixels
 constexpr int Margin = 6;        // pixels round the parts, part of the window's frame
 
@@ -28,10 +26,11 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Brightrank - Board"));
     menus_.build(*menuBar());
-    auto* inner = new QWidget(this);
-    setCentralWidget(inner);
+    setCentralWidget(new QWidget(this));
+    inner_ = new QWidget(centralWidget());
     statusBar()->setSizeGripEnabled(false);
-    parts_.build(inner, statusBar(), game.grdMoves);
+    statusBar()->setFixedHeight(BoardParts::StatusHeight);
+    parts_.build(inner_, statusBar(), game.grdMoves);
     parts_.picChess->pieceAt = [this](int square) { return game.Board[square]; };
     fillSurface();
     connectMenus();
@@ -49,6 +48,7 @@ frmChessBoard::~frmChessBoard() {
 
 void frmChessBoard::load() {
     game.beginLoad();
+    resizeWatch_.Muted = true;
     menus_.mnuSelfCheck->setVisible(QApplication::arguments().mid(1).join(u' ').contains(QStringLiteral("est")));
     menus_.checkPieces(modChess.ChessSet);
     const int least = frame().width() + 8 * 24 + BoardParts::MinWidth;
@@ -67,7 +67,7 @@ void frmChessBoard::load() {
     show();
     if (!game.finishLoad()) return;
     parts_.txtSend->setFocus();
-    resizeMuted_ = false;
+    resizeWatch_.Muted = false;
 }
 
 void frmChessBoard::loadPlace() {
@@ -100,14 +100,36 @@ WindowPlace frmChessBoard::place() const {
 // What the window has round the inner surface: the menus and the margins. The status bar belongs to the inner size.
 QSize frmChessBoard::frame() const { return {2 * Margin, menuBar()->sizeHint().height() + Margin}; }
 
-QSize frmChessBoard::innerSize() const { return size() - frame(); }
+// Fits the board to the window, paints it whole, and gives the window its size: the height decides.
+void frmChessBoard::paintBoard() {
+    BoardGeometry geometry = parts_.picChess->geometry();
+    geometry.Flipped = game.Flipped;
+    geometry.zBoardSetup({height() * TwipsPerPixel, frame().width() * TwipsPerPixel, frame().height() * TwipsPerPixel},
+                         modChess.ChessSet);
+    fitWindow(geometry);
+    parts_.picChess->zBoardSetup(geometry);
+    parts_.grdMoves->countVisibleRows();
+}
+
+void frmChessBoard::fitWindow(const BoardGeometry& geometry) {
+    const QSize fitted(geometry.FormWidth / TwipsPerPixelX, geometry.FormHeight / TwipsPerPixelY);
+    const bool free = !isMaximized() && !isFullScreen();
+    if (free && fitted != size()) resize(fitted);
+    const QSize inner = (free ? fitted : size()) - frame();
+    inner_->setGeometry(Margin, Margin, inner.width(), inner.height() - BoardParts::StatusHeight);
+    parts_.place(inner, geometry.SquarePixels, game.Flipped);
+}
+
+void frmChessBoard::setPieceSet(std::int16_t set) {
+    modChess.ChessSet = set;
+    menus_.checkPieces(set);
+    game.zBoardSetup(false);
+}
 
 // A resize by hand is answered once, a second after its last step.
 void frmChessBoard::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    if (isMinimized() || resizeMuted_) return;
-    resized_ = true;
-    tmrResize_.start();
+    if (resizeWatch_.formResized(isMinimized())) tmrResize_.start();
 }
 
 void frmChessBoard::closeEvent(QCloseEvent* event) {

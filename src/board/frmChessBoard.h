@@ -6,6 +6,7 @@
 #include "board/BoardRoads.h"
 #include "board/Game.h"
 #include "settings/Placement.h"
+#include "view/ResizeWatch.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -43,16 +44,15 @@ private:
     bool answerTypingKey(int code);
     WindowPlace place() const;
     QSize frame() const;
-    QSize innerSize() const;
+    void fitWindow(const BoardGeometry& geometry);
 
     const BoardRoads& roads_;
+    QWidget* inner_ = nullptr; // the parts, inside the margins
     BoardMenus menus_;
     BoardParts parts_;
     QTimer tmrClock_;
     QTimer tmrNoPlay_;
     QTimer tmrResize_;
-    bool resizeMuted_ = true;
-    bool resized_ = false;
-    bool firstResizeDone_ = false;
+    ResizeWatch resizeWatch_;
     bool askedByUser_ = true;
 };

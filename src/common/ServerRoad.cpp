@@ -1,0 +1,47 @@
+// The one road to the server: every line that goes out passes here.
+#include "common/ServerRoad.h"
+
+#include "common/Abbrev.h"
+#include "common/Fault.h"
+#include "common/modChess.h"
+
+void ServerRoad::zSendRaw(const std::string& text) {
+    hooks.sendData(text + '\n');
+    ++modChess.LinesSent;
+}
+
+void ServerRoad::zSendMsg(const std::string& text) {
+    if (hooks.socketState() != Connected) return;
+    passOver([&] { zSendRaw(text); });
+    idleSeconds = 0;
+    modChess.gLastCmd = text;
+    txtOld = text;
+}
+
+void ServerRoad::zSend(const std::string& text) {
+    if (!localCommand(text)) {
+        zSendRaw(text);
+        idleSeconds = 0;
+    }
+    modChess.gLastCmd = text;
+    modChess.gLastTyped = text;
+    if (hooks.login() != 0) return; // what keeps a typed password off the console and out of the history
+    history.zPushCommand(text);
+    hooks.echo(text + "\r\n");
+    txtOld = text;
+}
+
+bool ServerRoad::localCommand(const std::string& text) {
+    std::string rest = text;
+    if (zAbbrev(rest, "help", 2)) {
+        modChess.gHelpTopic = rest;
+        hooks.showHelp();
+        return true;
+    }
+    if (zAbbrev(rest, "history", 2)) {
+        modChess.gHelpTopic = rest.empty() ? hooks.handle() : rest;
+        hooks.showHistory();
+        return true;
+    }
+    return false;
+}

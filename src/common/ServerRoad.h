@@ -1,0 +1,48 @@
+// The one road to the server: every line that goes out passes here.
+#pragma once
+
+#include "common/CommandHistory.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+// What the road reaches out to. Unset members do nothing; an unset socket counts as closed.
+struct RoadHooks {
+    // Writes bytes to the socket; a closed socket faults.
+    std::function<void(const std::string& bytes)> sendData = [](const std::string&) {};
+    // The socket's state, 7 for connected.
+    std::function<std::int16_t()> socketState = [] { return std::int16_t{0}; };
+    // The pending log-on prompt: 0 none, 1 "login:", 2 "password:".
+    std::function<std::int16_t()> login = [] { return std::int16_t{0}; };
+    // The setting Handle.
+    std::function<std::string()> handle = [] { return std::string(); };
+    // Prints `text`, which ends in CR LF, at the end of the console in Color_Copy, and goes back to Color_Main.
+    std::function<void(const std::string& text)> echo = [](const std::string&) {};
+    // Opens the help or the history panel, or starts it anew if it is open, with modChess.gHelpTopic.
+    std::function<void()> showHelp = [] {};
+    std::function<void()> showHistory = [] {};
+};
+
+struct ServerRoad {
+    static constexpr std::int16_t Connected = 7;
+
+    RoadHooks hooks;
+    CommandHistory history;        // of the typing line
+    std::string txtOld;            // the last line through zSendMsg, zSend or a chat box
+    std::int32_t idleSeconds = -1; // since the latest line sent; -1 while not connected
+
+    // Writes `text` and one LF and counts it in modChess.LinesSent. Does not test the socket, so a closed one faults.
+    void zSendRaw(const std::string& text);
+
+    // The road of commands that the program makes up: no echo, no history, and nothing at all while not connected.
+    // Passes over faults.
+    void zSendMsg(const std::string& text);
+
+    // The road of typed commands. "help" and "history", abbreviated to two letters or more, open panels; all else goes
+    // to the server. Echoed and kept in the history unless a log-on prompt is pending. A closed socket faults.
+    void zSend(const std::string& text);
+
+private:
+    bool localCommand(const std::string& text);
+};

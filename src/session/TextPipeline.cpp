@@ -1,0 +1,151 @@
+// Holds the stream back until the server's prompt shows or the line goes quiet, and hands it on in batches.
+#include "session/TextPipeline.h"
+
+#include "common/Text.h"
+#include "common/modChess.h"
+
+#include <utility>
+
+namespace {
+
+constexpr int SilenceMs = 3000;
+constexpr int LoneTailMs = 1000;
+constexpr int CaptureMs = 5000;
+
+// Cleared also when a fault leaves the drain.
+struct BusyMark {
+    bool& busy;
+    explicit BusyMark(bool& flag) : busy(flag) { busy = true; }
+    ~BusyMark() { busy = false; }
+    BusyMark(const BusyMark&) = delete;
+    BusyMark& operator=(const BusyMark&) = delete;
+};
+
+// The prompt nearly always ends the text. An empty prompt counts as found.
+bool holdsPrompt(const std::string& text) {
+    return text.ends_with(modChess.gPrompt) || contains(text, modChess.gPrompt);
+}
+
+// Looks for the colon first: it is rarer than the letters in front of it.
+bool holdsWord(std::string_view text, std::string_view wordWithColon) {
+    for (auto colon = text.find(':'); colon != text.npos; colon = text.find(':', colon + 1)) {
+        if (text.substr(0, colon + 1).ends_with(wordWithColon)) return true;
+    }
+    return false;
+}
+
+bool* captureFlag(std::int16_t state) {
+    switch (state) {
+    case 3:
+        return &modChess.gVarsCapture;
+    case 4:
+        return &modChess.MovesCapture;
+    case 6:
+        return &modChess.gSoughtCapture;
+    case 7:
+        return &modChess.gNotesCapture;
+    case 8:
+        return &modChess.gHelpCapture;
+    case 9:
+        return &modChess.HistoryCapture;
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace
+
+TextPipeline::TextPipeline(ServerLines& serverLines) : lines(serverLines) {
+    lines.tailSeen = [this] { hooks.startTimer(SessionTimer::tmrPrompt, LoneTailMs); };
+}
+
+void TextPipeline::zDataArrival() {
+    PendingText += hooks.getData();
+    if (ParseBusy) return;
+    const BusyMark busy(ParseBusy);
+    disarm();
+    if (hooks.connectionLabel() == "Timeseal") hooks.bridgeAnswered();
+    takeArrival();
+}
+
+void TextPipeline::disarm() {
+    hooks.stopTimer(SessionTimer::tmrPrompt);
+    login = 0;
+    hooks.clearMask();
+    hooks.stopTimer(SessionTimer::tmrArrival);
+    modChess.Deadlines[0] = 0;
+}
+
+void TextPipeline::takeArrival() {
+    if (PassThroughCount != 0) {
+        drain();
+        --PassThroughCount;
+    } else if (holdsWord(PendingText, "login:")) {
+        drain();
+    } else if (holdsWord(PendingText, "password:")) {
+        learnHandle();
+        drain();
+        PassThroughCount = 5;
+    } else if (holdsPrompt(PendingText)) {
+        drain();
+    } else {
+        hold();
+    }
+}
+
+// The classifier may pump the message loop, and text that arrives there lands in PendingText.
+void TextPipeline::drain() {
+    do {
+        const std::string batch = std::exchange(PendingText, {});
+        hooks.dataParse(batch);
+    } while (!PendingText.empty());
+}
+
+// What was sent last at this moment is the answer to "login:".
+void TextPipeline::learnHandle() {
+    modChess.MyHandle = modChess.gLastCmd;
+    hooks.showHandle(modChess.MyHandle);
+}
+
+void TextPipeline::hold() {
+    modChess.Deadlines[0] = hooks.millisecondsOfDay() + SilenceMs;
+    hooks.startTimer(SessionTimer::tmrArrival, SilenceMs);
+}
+
+void TextPipeline::tmrArrival() {
+    hooks.stopTimer(SessionTimer::tmrArrival);
+    modChess.Deadlines[0] = -1;
+    drain();
+}
+
+void TextPipeline::tmrPrompt() {
+    hooks.stopTimer(SessionTimer::tmrPrompt);
+    if (lines.PartialLine.size() < 2 || !lines.PartialLine.ends_with(' ')) return;
+    modChess.gPrompt = lines.PartialLine;
+    // The flip to stars and back is the visible beat of a session that repeats its prompt.
+    hooks.setPromptCaption(hooks.promptCaption() != modChess.gPrompt ? modChess.gPrompt : "***");
+}
+
+void TextPipeline::zSetstate(std::int16_t state) {
+    if (bool* const flag = captureFlag(state)) *flag = true;
+    hooks.stopTimer(SessionTimer::tmrState);
+    hooks.startTimer(SessionTimer::tmrState, CaptureMs);
+    modChess.Deadlines[1] = hooks.millisecondsOfDay() + CaptureMs;
+}
+
+// HistoryCapture stays on purpose: a history that never finishes is armed until its own end line.
+void TextPipeline::tmrState() {
+    modChess.gHelpCapture = false;
+    modChess.MovesCapture = false;
+    modChess.gSoughtCapture = false;
+    modChess.NewGameFlag = false;
+    modChess.gVarsCapture = false;
+    modChess.gNotesCapture = false;
+    hooks.stopTimer(SessionTimer::tmrState);
+    modChess.Deadlines[1] = -1;
+}
+
+bool TextPipeline::BusyTest() {
+    return modChess.gNotesCapture || modChess.gVarsCapture || modChess.gHelpCapture || modChess.gSoughtCapture ||
+           modChess.MovesCapture || modChess.NewGameFlag;
+}

@@ -1,0 +1,75 @@
+// Holds the stream back until the server's prompt shows or the line goes quiet, and hands it on in batches.
+#pragma once
+
+#include "session/ServerLines.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+// The one-shot timers of the pipeline; each runs its routine of the same name below.
+enum class SessionTimer { tmrArrival, tmrPrompt, tmrState };
+
+// What the pipeline reaches out to. Unset members do nothing.
+struct PipelineHooks {
+    // All data that waits in the socket, one character a byte.
+    std::function<std::string()> getData = [] { return std::string(); };
+    // Starts a timer anew with an interval in milliseconds, or stops it.
+    std::function<void(SessionTimer timer, int milliseconds)> startTimer = [](SessionTimer, int) {};
+    std::function<void(SessionTimer timer)> stopTimer = [](SessionTimer) {};
+    std::function<std::int32_t()> millisecondsOfDay = [] { return 0; };
+    // Shows the typing line's text unmasked.
+    std::function<void()> clearMask = [] {};
+    // ConnectionLabel of the window.
+    std::function<std::string()> connectionLabel = [] { return std::string(); };
+    // The first text came through the bridge: takes LabelAfterBridge and sets the window caption.
+    std::function<void()> bridgeAnswered = [] {};
+    // Writes the learnt handle on every open board.
+    std::function<void(const std::string& handle)> showHandle = [](const std::string&) {};
+    // The caption of lblPrompt.
+    std::function<std::string()> promptCaption = [] { return std::string(); };
+    std::function<void(const std::string& caption)> setPromptCaption = [](const std::string&) {};
+    // zDataParse: takes one batch. Its faults pass through the pipeline.
+    std::function<void(const std::string& batch)> dataParse = [](const std::string&) {};
+};
+
+// PendingText is either empty or held with tmrArrival running. Nothing here depends on the connection: text held while
+// the socket closes is released by tmrArrival.
+struct TextPipeline {
+    ServerLines& lines;
+    PipelineHooks hooks;
+
+    std::string PendingText;           // received, not yet classified
+    bool ParseBusy = false;            // zDataArrival is draining; further text waits in PendingText
+    std::int16_t PassThroughCount = 0; // arrivals that still pass at once, set to 5 behind "password:"
+    std::int16_t login = 0;            // 0 no prompt pending, 1 "login:" seen, 2 "password:" seen
+
+    // Lets each unterminated tail of `serverLines` start tmrPrompt.
+    explicit TextPipeline(ServerLines& serverLines);
+    TextPipeline(const TextPipeline&) = delete;
+    TextPipeline& operator=(const TextPipeline&) = delete;
+
+    // Takes all waiting data and drains it, or holds it for three seconds counted from the latest arrival.
+    void zDataArrival();
+
+    // The timers' routines. tmrArrival drains whatever is held, partial text included, without testing ParseBusy.
+    void tmrArrival();
+    // Learns a tail that stood alone for a second and ends in a blank as modChess.gPrompt.
+    void tmrPrompt();
+    // Gives up every running capture but the history's.
+    void tmrState();
+
+    // Sets the capture flag of `state` (3 vars, 4 moves, 6 sought, 7 notes, 8 help, 9 history, others none) and starts
+    // the state time-out of 5000 ms anew.
+    void zSetstate(std::int16_t state);
+
+    // True while a capture other than the history's runs, or a new game is being set up.
+    static bool BusyTest();
+
+private:
+    void disarm();
+    void takeArrival();
+    void drain();
+    void learnHandle();
+    void hold();
+};
