@@ -1,0 +1,78 @@
+// The older settings files, extension .def.
+#include "settings/DefFile.h"
+
+#include "common/Fault.h"
+#include "common/Numbers.h"
+#include "common/Text.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+constexpr std::size_t MaxBytes = 65536;
+
+bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
+
+bool endsValue(char c) { return c == ',' || isLineEnd(c); }
+
+// Reads the value at `place` and leaves `place` at the character that ended it.
+std::string valueAt(std::string_view bytes, std::size_t& place) {
+    while (place < bytes.size() && bytes[place] == ' ') ++place;
+    std::string quoted;
+    const bool hasQuotes = place < bytes.size() && bytes[place] == '"';
+    if (hasQuotes) {
+        for (++place; place < bytes.size() && bytes[place] != '"' && !isLineEnd(bytes[place]); ++place) {
+            quoted += bytes[place];
+        }
+    }
+    const std::size_t start = place;
+    while (place < bytes.size() && !endsValue(bytes[place])) ++place;
+    return hasQuotes ? quoted : std::string(trim(bytes.substr(start, place - start)));
+}
+
+} // namespace
+
+DefValues::DefValues(std::string_view bytes) {
+    std::size_t place = 0;
+    while (place < bytes.size() && values_.size() < MaxValues) {
+        values_.push_back(valueAt(bytes, place));
+        if (bytes.substr(place, 2) == "\r\n") ++place;
+        ++place;
+    }
+}
+
+const std::string* DefValues::next() { return taken_ < values_.size() ? &values_[taken_++] : nullptr; }
+
+void DefValues::take(float& field) {
+    std::int16_t whole = 0;
+    if (const std::string* value = next(); value && passOver([&] { whole = strictInt16(*value); })) field = whole;
+}
+
+void DefValues::take(std::int16_t& field) {
+    const std::string* value = next();
+    passOver([&] {
+        if (value) field = strictInt16(*value);
+    });
+}
+
+void DefValues::take(std::string& field) {
+    if (const std::string* value = next()) field = *value;
+}
+
+std::optional<DefValues> readDefFile(const std::string& path) {
+    std::error_code ignored;
+    // A pipe or a device of that name would keep the window from opening.
+    if (!std::filesystem::is_regular_file(path, ignored)) return std::nullopt;
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return std::nullopt;
+    std::string bytes(MaxBytes, '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return DefValues(bytes);
+}
+
+std::string boardDefFile() {
+    std::error_code ignored;
+    return (std::filesystem::current_path(ignored) / "peistenam.def").string();
+}

@@ -1,0 +1,97 @@
+// The settings store on disk.
+#include "settings/IniStore.h"
+
+#include "settings/IniText.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <memory>
+
+namespace {
+
+constexpr qint64 MaxBytes = 8 * 1024 * 1024; // no file of ours comes near it
+constexpr int LockWait = 2000;               // ms
+constexpr QFile::Permissions OwnerOnly = QFile::ReadOwner | QFile::WriteOwner;
+
+// One open store: the file as read, this process's writes laid over it, and those not yet on disk.
+struct IniState {
+    QString application;
+    IniText text;
+    std::vector<IniEntry> pending;
+};
+
+void narrowMode(const QString& path) {
+    constexpr QFile::Permissions Others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    if (QFile::permissions(path) & Others) QFile::setPermissions(path, OwnerOnly);
+}
+
+IniText readIni(const QString& path) {
+    if (!QFileInfo(path).isFile()) return {};
+    narrowMode(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    return IniText(file.read(MaxBytes).toStdString());
+}
+
+// The mode is set while the new file is still empty, so the password is never readable by others.
+bool replaceFile(const QString& path, const std::string& bytes) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) return false;
+    if (!file.setPermissions(OwnerOnly)) return false;
+    const auto size = static_cast<qint64>(bytes.size());
+    return file.write(bytes.data(), size) == size && file.commit();
+}
+
+void sync(IniState& state) {
+    if (state.pending.empty()) return;
+    const QString path = iniPath(state.application);
+    QDir().mkpath(QFileInfo(path).path());
+    // A lock that cannot be had delays the save but does not stop it: the replacement is one step either way.
+    QLockFile lock(path + QStringLiteral(".lock"));
+    lock.tryLock(LockWait);
+    IniText merged = readIni(path);
+    for (const IniEntry& entry : state.pending) merged.set(entry.section, entry.key, entry.text);
+    if (!replaceFile(path, merged.bytes())) return;
+    state.text = std::move(merged);
+    state.pending.clear();
+}
+
+void removeApplication(IniState& state, const QString& application) {
+    if (application.isEmpty() || application.contains(u'/')) return;
+    QFile::remove(iniPath(application));
+    if (application != state.application) return;
+    state.text = {};
+    state.pending.clear();
+}
+
+} // namespace
+
+QString iniPath(const QString& application) {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return folder + QStringLiteral("/Brightrank/") + application + QStringLiteral(".ini");
+}
+
+SettingsStore openIniStore(const QString& application) {
+    using Text = SettingsStore::Text;
+    const auto state = std::make_shared<IniState>();
+    state->application = application;
+    state->text = readIni(iniPath(application));
+    SettingsStore store;
+    store.read = [state](Text section, Text key, Text fallback) {
+        const std::string* found = state->text.find(section, key);
+        return found ? *found : fallback;
+    };
+    store.write = [state](Text section, Text key, Text text) {
+        state->text.set(section, key, text);
+        state->pending.push_back({section, key, text});
+    };
+    store.remove = [state](Text name) { removeApplication(*state, QString::fromStdString(name)); };
+    store.sync = [state] { sync(*state); };
+    return store;
+}

@@ -1,0 +1,19 @@
+// A settings store that lives in memory.
+#include "settings/MemoryStore.h"
+
+SettingsStore memoryStore(std::shared_ptr<MemoryValues> values) {
+    using Text = SettingsStore::Text;
+    SettingsStore store;
+    store.read = [values](Text section, Text key, Text fallback) {
+        values->keysRead.push_back(key);
+        const auto found = values->texts.find({section, key});
+        return found == values->texts.end() ? fallback : found->second;
+    };
+    store.write = [values](Text section, Text key, Text text) {
+        values->keysWritten.push_back(key);
+        values->texts[{section, key}] = text;
+    };
+    store.remove = [values](Text application) { values->removed.push_back(application); };
+    store.sync = [values] { ++values->syncs; };
+    return store;
+}

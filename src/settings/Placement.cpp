@@ -1,0 +1,28 @@
+// Where a window opens.
+#include "settings/Placement.h"
+
+WindowPlace placed(const WindowPlace& read, Extent designed, Extent screen, std::optional<int> limit) {
+    const bool beyond = read.Left >= screen.Width || read.Top >= screen.Height;
+    const bool below = limit && (read.Left < static_cast<float>(*limit) || read.Top < static_cast<float>(*limit));
+    if (beyond || below) return {0, 0, designed.Width, designed.Height};
+    return read;
+}
+
+WindowPlace centred(Extent size, Extent screen) {
+    return {(screen.Width - size.Width) / 2, (screen.Height - size.Height) / 2, size.Width, size.Height};
+}
+
+void cascade(WindowPlace& read, const std::vector<float>& openLefts) {
+    float step = 300;
+    for (const float left : openLefts) {
+        if (left == step) step += 300;
+    }
+    if (openLefts.size() <= 1) return;
+    read.Left = step;
+    read.Top = step;
+}
+
+WindowPlace placedBoard(const WindowPlace& read, const WindowPlace& designed, Extent screen) {
+    const bool fits = read.Left + read.Width <= screen.Width && read.Top + read.Height <= screen.Height;
+    return read.Left >= 1 && read.Top >= 1 && fits ? read : designed;
+}

@@ -1,0 +1,50 @@
+// The sound routine.
+#include "settings/Sounds.h"
+
+#include "common/modChess.h"
+#include "settings/SoundChoice.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+// Where the program's own sounds are: beside an installed program, else in the source tree it was built from.
+QStringList soundFolders() {
+    return {QDir::currentPath(), QCoreApplication::applicationDirPath() + QStringLiteral("/../share/brightrank/sounds"),
+            QStringLiteral(BRIGHTRANK_SOUNDS)};
+}
+
+} // namespace
+
+QString waveFile(const std::string& name) {
+    for (const QString& folder : soundFolders()) {
+        const QFileInfo file(folder + u'/' + QString::fromStdString(name));
+        if (file.isFile()) return file.absoluteFilePath();
+    }
+    return {};
+}
+
+Sounds::Sounds()
+    : wave([this](const QString& path) { speaker_->playWave(path); }), beep([this] { speaker_->beep(); }),
+      speaker_(std::make_unique<Speaker>()) {}
+
+void Sounds::zPlaySound(const std::string& name, int soundSwitch) {
+    switch (soundChoice(modChess.SoundOn, soundSwitch)) {
+    case SoundKind::Wave:
+        testWave(name);
+        break;
+    case SoundKind::Beep:
+        beep();
+        break;
+    case SoundKind::Silence:
+        break;
+    }
+}
+
+void Sounds::testWave(const std::string& name) {
+    if (const QString path = waveFile(name); !path.isEmpty()) wave(path);
+}
+
+void Sounds::testBeep() { beep(); }

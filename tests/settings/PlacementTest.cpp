@@ -1,0 +1,83 @@
+// The placement rule, the centring of the first start, and the cascade of new boards.
+#include "settings/Placement.h"
+
+#include "settings/WindowSettings.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr Extent Designed{5000, 4000};
+constexpr Extent Screen{15000, 12000};
+constexpr WindowPlace AtOrigin{0, 0, 5000, 4000};
+
+} // namespace
+
+TEST(Placement, APositionWithinTheScreenAppliesWithItsSize) {
+    const WindowPlace read{150, 300, 7000, 6000};
+    EXPECT_EQ(placed(read, Designed, Screen, 1), read);
+}
+
+TEST(Placement, APositionBeyondTheScreenGoesToTheOriginWithTheDesignedSize) {
+    EXPECT_EQ(placed({30000, 300, 7000, 6000}, Designed, Screen, ClientLimit), AtOrigin);
+    EXPECT_EQ(placed({300, 12000, 7000, 6000}, Designed, Screen, ClientLimit), AtOrigin);
+}
+
+TEST(Placement, TheScreenEdgeItselfIsBeyondAndOneTwipBeforeItIsNot) {
+    EXPECT_EQ(placed({15000, 1, 1, 1}, Designed, Screen, 1), AtOrigin);
+    EXPECT_EQ(placed({14999, 11999, 7, 8}, Designed, Screen, 1), (WindowPlace{14999, 11999, 7, 8}));
+}
+
+TEST(Placement, ZeroDropsTheSizeOfSeekButKeepsThatOfTheClient) {
+    const WindowPlace read{0, 300, 7000, 6000};
+    EXPECT_EQ(placed(read, Designed, Screen, SeekSection.limit), AtOrigin);
+    EXPECT_EQ(placed(read, Designed, Screen, ClientLimit), read);
+    EXPECT_EQ(placed({300, 0, 7, 8}, Designed, Screen, SeekSection.limit), AtOrigin);
+}
+
+TEST(Placement, ANegativePositionSendsTheClientToTheOrigin) {
+    EXPECT_EQ(placed({-1, 300, 7000, 6000}, Designed, Screen, ClientLimit), AtOrigin);
+    EXPECT_EQ(placed({300, -1, 7000, 6000}, Designed, Screen, ClientLimit), AtOrigin);
+}
+
+TEST(Placement, HistoryHasNoLimit) {
+    EXPECT_FALSE(HistorySection.limit.has_value());
+    EXPECT_EQ(placed({-500, 0, 5000, 4000}, Designed, Screen, HistorySection.limit),
+              (WindowPlace{-500, 0, 5000, 4000}));
+    EXPECT_EQ(placed({15000, 0, 5000, 4000}, Designed, Screen, HistorySection.limit), AtOrigin);
+}
+
+TEST(Placement, TheOtherWindowsHaveTheLimitOne) {
+    for (const auto& section :
+         {OptionsSection, SeekSection, HelpSection, NotesSection, VarsSection, MatchSection, ChatSection}) {
+        EXPECT_EQ(section.limit, 1) << section.name;
+    }
+}
+
+TEST(Placement, TheCentringOfTheFirstStartHasNoLastingEffect) {
+    EXPECT_EQ(centred(Designed, Screen), (WindowPlace{5000, 4000, 5000, 4000}));
+    EXPECT_EQ(placed({0, 0, 5000, 4000}, Designed, Screen, ClientLimit), AtOrigin);
+}
+
+TEST(Placement, ANewBoardTakesTheNextStepOf300) {
+    WindowPlace read{1000, 1000, 1, 1};
+    cascade(read, {300, 300, 600});
+    EXPECT_EQ(read.Left, 900);
+    EXPECT_EQ(read.Top, 900);
+}
+
+TEST(Placement, TheOnlyBoardKeepsWhatItRead) {
+    WindowPlace read{1000, 1100, 1, 1};
+    cascade(read, {300});
+    EXPECT_EQ(read, (WindowPlace{1000, 1100, 1, 1}));
+}
+
+TEST(Placement, ABoardIsPlacedOnlyWhereItFitsInsideTheScreen) {
+    const WindowPlace designed{2000, 2000, 5000, 4000};
+    const WindowPlace fits{1, 1, 14999, 11999};
+    EXPECT_EQ(placedBoard(fits, designed, Screen), fits);
+    EXPECT_EQ(placedBoard({2, 1, 14999, 11999}, designed, Screen), designed);
+    EXPECT_EQ(placedBoard({1, 2, 14999, 11999}, designed, Screen), designed);
+    EXPECT_EQ(placedBoard({0, 1, 100, 100}, designed, Screen), designed);
+    EXPECT_EQ(placedBoard({1, 0, 100, 100}, designed, Screen), designed);
+}

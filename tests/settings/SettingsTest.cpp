@@ -1,0 +1,188 @@
+// Start values, the failure rule, and the writing of the section Client.
+#include "SettingsFixture.h"
+
+namespace {
+class Settings : public SettingsFixture {};
+} // namespace
+
+TEST_F(Settings, StartValuesPutThePastelSetIntoTheConsoleColours) {
+    modChess.ColorBackground = modChess.ColorBar = modChess.ColorMain = modChess.ColorTell = modChess.ColorCopy =
+        modChess.ColorType = modChess.ColorShout = 1;
+    zStartValues();
+    EXPECT_EQ(modChess.ColorBackground, 0xC0FFFF);
+    EXPECT_EQ(modChess.ColorBar, 0xC0FFFF);
+    EXPECT_EQ(modChess.ColorMain, 0);
+    EXPECT_EQ(modChess.ColorTell, 255);
+    EXPECT_EQ(modChess.ColorCopy, 0xFF0000);
+    EXPECT_EQ(modChess.ColorType, 0);
+    EXPECT_EQ(modChess.ColorShout, 0x800080);
+}
+
+TEST_F(Settings, StartValuesGiveTheBoardColoursAndSoundsTheirDefaults) {
+    modChess.ColorBlack = modChess.ColorWhite = modChess.ColorMove = modChess.ColorPreMove = 1;
+    modChess.SoundMove = modChess.SoundArrive = modChess.SoundStart = modChess.SoundTell = modChess.SoundOn = 9;
+    zStartValues();
+    EXPECT_EQ(modChess.ColorBlack, 0x2E83BC);
+    EXPECT_EQ(modChess.ColorWhite, 0xCDEAF1);
+    EXPECT_EQ(modChess.ColorMove, 255);
+    EXPECT_EQ(modChess.ColorPreMove, 0x00FF00);
+    EXPECT_EQ(modChess.SoundMove, 3);
+    EXPECT_EQ(modChess.SoundArrive, 1);
+    EXPECT_EQ(modChess.SoundStart, 3);
+    EXPECT_EQ(modChess.SoundTell, 3);
+    EXPECT_EQ(modChess.SoundOn, 1);
+}
+
+TEST_F(Settings, StartValuesGiveTheOptionsTheirBuiltInValues) {
+    modChess.ServerPort = 1;
+    modChess.PreMoveOK = modChess.AutoQueen = modChess.ConfirmResign = modChess.MouseSlip = modChess.DragMode =
+        modChess.SeekOff = modChess.SeekWhite = 9;
+    zStartValues();
+    EXPECT_EQ(modChess.ServerIP, "167.114.65.195");
+    EXPECT_EQ(modChess.ServerPort, 5000);
+    EXPECT_EQ(modChess.PreMoveOK, 0);
+    EXPECT_EQ(modChess.AutoQueen, 0);
+    EXPECT_EQ(modChess.ConfirmResign, 1);
+    EXPECT_EQ(modChess.MouseSlip, 0);
+    EXPECT_EQ(modChess.DragMode, 1);
+    EXPECT_EQ(modChess.SeekOff, 1);
+    EXPECT_EQ(modChess.SeekWhite, 0);
+}
+
+TEST_F(Settings, MainFontHasNoStartValueAndStaysEmptyWithoutTheKey) {
+    zStartValues();
+    zGetReg(store, client);
+    EXPECT_EQ(modChess.MainFont, "");
+}
+
+TEST_F(Settings, AFreshInstallationHasTheWhiteGraphAndDragModeOn) {
+    zStartValues();
+    zGetReg(store, client);
+    EXPECT_EQ(modChess.SeekWhite, -1);
+    EXPECT_EQ(modChess.DragMode, 1);
+}
+
+TEST_F(Settings, DragModeZeroAndSeekColorOneGiveConsoleColoursWithDragModeOn) {
+    stored("Drag_Mode", "0");
+    stored("Seek_Color", "1");
+    zGetReg(store, client);
+    EXPECT_EQ(modChess.SeekWhite, 0);
+    EXPECT_EQ(modChess.DragMode, 1);
+}
+
+TEST_F(Settings, TheCrossedPairIsWrittenCrossed) {
+    modChess.SeekWhite = -1;
+    modChess.DragMode = 0;
+    zSaveReg(store, client);
+    EXPECT_EQ(written("Drag_Mode"), "-1");
+    EXPECT_EQ(written("Seek_Color"), "0");
+}
+
+TEST_F(Settings, RegistryOkIsWrittenFirstAndAlwaysYes) {
+    modChess.RegistryState = "No";
+    zSaveReg(store, client);
+    EXPECT_EQ(values->keysWritten.front(), "Registry_OK");
+    EXPECT_EQ(written("Registry_OK"), "Yes");
+    EXPECT_EQ(values->syncs, 1);
+}
+
+TEST_F(Settings, OnlyTheExactWordYesCountsAsWritten) {
+    for (const char* text : {"No", "yes", "YES", "Yes ", ""}) {
+        modChess.RegistryState = text;
+        EXPECT_FALSE(registryWritten()) << text;
+    }
+    modChess.RegistryState = "Yes";
+    EXPECT_TRUE(registryWritten());
+}
+
+TEST_F(Settings, TheFirstFailureStopsTheReadingAndTheRestKeepsItsValue) {
+    zStartValues();
+    stored("Handle", "fred");
+    stored("Color_Background", "black");
+    stored("Color_Bar_Backgnd", "5");
+    stored("Warn_Time", "99");
+    zGetReg(store, client);
+    EXPECT_EQ(client.Handle, "fred");
+    EXPECT_EQ(modChess.ColorMain, 33023);
+    EXPECT_EQ(modChess.ColorBackground, 0xC0FFFF);
+    EXPECT_EQ(modChess.ColorBar, 0xC0FFFF);
+    EXPECT_EQ(modChess.WarnTime, 10);
+    EXPECT_EQ(values->keysRead.back(), "Color_Background");
+}
+
+TEST_F(Settings, AnEmptyTextReadAsANumberStopsTheReading) {
+    stored("Sound_On", "");
+    stored("Warn_Time", "99");
+    zGetReg(store, client);
+    EXPECT_EQ(values->keysRead.back(), "Sound_On");
+    EXPECT_EQ(modChess.WarnTime, 10);
+}
+
+TEST_F(Settings, ATickThatIsNeitherWordNorNumberStopsTheReading) {
+    stored("Seek_Graph", "-1");
+    stored("Auto_Connect", "perhaps");
+    zGetReg(store, client);
+    EXPECT_TRUE(client.mnuSeekGrf);
+    EXPECT_EQ(values->keysRead.back(), "Auto_Connect");
+}
+
+TEST_F(Settings, ACoordinateBeyond32767StopsTheReading) {
+    stored("Registry_OK", "Yes");
+    stored("Left", "99999");
+    stored("Top", "150");
+    stored("Handle", "fred");
+    zGetReg(store, client);
+    EXPECT_EQ(modChess.RegistryState, "Yes");
+    EXPECT_EQ(client.Left, 0);
+    EXPECT_EQ(client.Top, 0);
+    EXPECT_EQ(client.Handle, "");
+    EXPECT_EQ(values->keysRead.back(), "Left");
+}
+
+TEST_F(Settings, ACoordinateThatIsNoNumberStopsTheReading) {
+    stored("Left", "150");
+    stored("Top", "abc");
+    zGetReg(store, client);
+    EXPECT_EQ(client.Left, 150);
+    EXPECT_EQ(values->keysRead.back(), "Top");
+}
+
+TEST_F(Settings, ANumberBeyondItsFieldStopsTheReading) {
+    stored("Sound_Move", "40000");
+    stored("Warn_Time", "99");
+    zGetReg(store, client);
+    EXPECT_EQ(modChess.SoundMove, 3);
+    EXPECT_EQ(modChess.WarnTime, 10);
+}
+
+TEST_F(Settings, CoordinatesAreRoundedHalfToEven) {
+    stored("Left", "12.5");
+    stored("Top", "13.5");
+    zGetReg(store, client);
+    EXPECT_EQ(client.Left, 12);
+    EXPECT_EQ(client.Top, 14);
+}
+
+TEST_F(Settings, CoordinatesAreWrittenAsTextOfASinglePrecisionNumber) {
+    client.Left = 12.5F;
+    client.Top = -30;
+    client.Width = 38400;
+    zSaveReg(store, client);
+    EXPECT_EQ(written("Left"), "12.5");
+    EXPECT_EQ(written("Top"), "-30");
+    EXPECT_EQ(written("Width"), "38400");
+}
+
+TEST_F(Settings, AnAbsentSizeIsTheDesignedSize) {
+    stored("Width", "7000");
+    zGetReg(store, client);
+    EXPECT_EQ(client.Width, 7000);
+    EXPECT_EQ(client.Height, 6000);
+}
+
+TEST_F(Settings, AnEmptyButWrittenTextIsNotAbsent) {
+    modChess.ServerIP = "1.2.3.4";
+    stored("IP", "");
+    zGetReg(store, client);
+    EXPECT_EQ(modChess.ServerIP, "");
+}
