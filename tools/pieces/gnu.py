@@ -55,7 +55,7 @@ def _column(top, waist, bottom=73, flare=19):
 
 def king():
     parts = _pedestal(28) + [(_column(50, 10), "t")]
-    parts += [(turned("M50 9.5L55 9.5L53.8 14.8L60.5 13.5L60.5 21.5L53.8 20.2L55 29L50 29"), "t")]
+    parts += [(turned("M50 9.8L55.6 9.8L54.4 14.6L61.5 13.2L61.5 21.8L54.4 20.4L55.6 29L50 29"), "t")]
     parts += [(turned("M50 29C53 26.5 58 25.5 63 26.5C67 27.2 71 29 72 31L62 46L50 46"), "t"), (_ring(17, 45, 52), "t")]
     return parts, []
 
