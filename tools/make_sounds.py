@@ -62,7 +62,8 @@ def castle():
 
 def fitebell():
     """A ring-side bell: inharmonic partials, the high ones dying first, each a slightly beating pair."""
-    partials = ((1.0, 0.7, 0.34), (1.51, 0.5, 0.28), (2.03, 1.0, 0.24), (2.74, 0.6, 0.17), (3.92, 0.45, 0.11), (5.61, 0.3, 0.06))
+    partials = ((1.0, 0.7, 0.34), (1.51, 0.5, 0.28), (2.03, 1.0, 0.24), (2.74, 0.6, 0.17))
+    partials += ((3.92, 0.45, 0.11), (5.61, 0.3, 0.06))
     layers = []
     for ratio, gain, decay in partials:
         layers.append((0, gain, decaying(640 * ratio, decay, 0.9)))
