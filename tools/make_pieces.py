@@ -5,8 +5,10 @@ import argparse
 import pathlib
 import sys
 
-from pieces import bookup, gnu, quorl
-from pieces.svg import KINDS, SIDES
+sys.dont_write_bytecode = True  # keeps the tree clean when the check runs from it
+
+from pieces import bookup, gnu, quorl  # noqa: E402
+from pieces.svg import KINDS, SIDES  # noqa: E402
 
 FAMILIES = {"bookup": bookup, "quorl": quorl, "gnu": gnu}
 

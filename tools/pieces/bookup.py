@@ -1,6 +1,6 @@
 """Family "bookup": the look of printed diagrams, outlines with a few inner lines."""
 
-from .svg import disc, document, mirrored, shape, slab, turned
+from .svg import KNIGHT_NUDGE, disc, document, mirrored, shape, slab, turned
 
 OUTLINE = 3.8
 INNER = 3.4
@@ -22,7 +22,7 @@ def king():
         turned("M50 66C59 66 67 68 74 72L73 80L50 80"),
         _foot(29),
     ]
-    cross = ["M50 7.8L50 22", "M43.5 13L56.5 13"]
+    cross = ["M50 8.9L50 22", "M43.5 13.8L56.5 13.8"]
     lobe = "M58 58C60 46 65 39.5 71 39.5C78 39.5 82 45 79 50C77 54 73 57 70 61"
     inner = ["M29.5 70.8C36 67.5 43 66 50 66C57 66 64 67.5 70.5 70.8", "M30 80L70 80", lobe, mirrored(lobe)]
     return body, cross, inner
@@ -54,8 +54,8 @@ def rook():
 
 def bishop():
     body = [
-        disc(50, 14, 5.4),
-        turned("M50 20C61 27 72 39 70 51C69 57 66 60 63 64L50 64"),
+        disc(50, 16, 5.4),
+        turned("M50 22C61 27 72 39 70 51C69 57 66 60 63 64L50 64"),
         turned("M50 63L63 63C64 71 69 77 74 80L50 80"),
         _foot(29),
     ]
@@ -65,7 +65,8 @@ def bishop():
 
 def knight():
     head = (
-        "M25 80C25 70 43 66 46 54C42 59 37 60 32.5 61C30 66 27 70 21.5 70C15.5 70 11.5 66 11.5 60C11.5 54 17.5 50 19.5 43"
+        "M25 80C25 70 43 66 46 54C42 59 37 60 32.5 61C30 66 27 70 21.5 70C15.5 70 11.5 66 11.5 60"
+        "C11.5 54 17.5 50 19.5 43"
         "C21.5 36 26 30 32 25.5L31.5 11C38 13 42.5 16.5 45.5 20.5C47.5 16 50 13.5 54 11.5C55.5 15 56 17.5 56 20.5"
         "C75 25 84 44 79 80Z"
     )
@@ -92,4 +93,4 @@ def draw(side, kind):
     marks += [shape(path, "none", EDGE[side], 5) for path in solid]
     marks += [shape(path, "none", DETAIL[side], INNER) for path in inner]
     marks += [shape(path, DETAIL[side]) for path in (filled[0] if filled else [])]
-    return document(marks)
+    return document(marks, nudge=KNIGHT_NUDGE if kind == "n" else 0)

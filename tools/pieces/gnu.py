@@ -1,6 +1,6 @@
 """Family "gnu": lathe-turned pieces of ivory and ebony with rounded shading and highlights."""
 
-from .svg import disc, document, half_disc, shape, turned
+from .svg import KNIGHT_NUDGE, disc, document, half_disc, shape, turned
 
 RIM = 6.4
 EDGE = {"w": "#4a3216", "b": "#0b0807"}
@@ -55,7 +55,7 @@ def _column(top, waist, bottom=73, flare=19):
 
 def king():
     parts = _pedestal(28) + [(_column(50, 10), "t")]
-    parts += [(turned("M50 9.5L55 9.5L53.8 14.8L60.5 13.5L60.5 21.5L53.8 20.2L55 29L50 29"), "t")]
+    parts += [(turned("M50 9.8L55.6 9.8L54.4 14.6L61.5 13.2L61.5 21.8L54.4 20.4L55.6 29L50 29"), "t")]
     parts += [(turned("M50 29C53 26.5 58 25.5 63 26.5C67 27.2 71 29 72 31L62 46L50 46"), "t"), (_ring(17, 45, 52), "t")]
     return parts, []
 
@@ -68,14 +68,15 @@ def queen():
 
 def rook():
     parts = _pedestal(28) + [(_column(43, 12.5), "t")]
-    parts += [(turned("M50 21.5L56 21.5L56 27.5L63.5 27.5L63.5 21.5L72 21.5L70 40L50 40"), "t"), (_ring(18.5, 39, 45.5), "t")]
+    parts += [(turned("M50 21.5L56 21.5L56 27.5L63.5 27.5L63.5 21.5L72 21.5L70 40L50 40"), "t")]
+    parts += [(_ring(18.5, 39, 45.5), "t")]
     return parts, []
 
 
 def bishop():
     parts = _pedestal(26) + [(_column(53, 9), "t")]
-    parts += [(turned("M50 19C57 24 66.5 32 66.5 41C66.5 45 64 48 61 50L50 50"), "t")]
-    parts += [(_ring(16.5, 48.5, 55), "t"), (disc(50, 15, 5.2), "s")]
+    parts += [(turned("M50 22C57 26 66.5 32 66.5 41C66.5 45 64 48 61 50L50 50"), "t")]
+    parts += [(_ring(16.5, 48.5, 55), "t"), (disc(50, 18, 5.2), "s")]
     return parts, ["M60.5 31L54 41"]
 
 
@@ -103,4 +104,4 @@ def draw(side, kind):
     for path, paint in parts:
         marks += [shape(path, SEAM[side], SEAM[side], 4), shape(path, f"url(#{paint})")]
     marks += [shape(path, "none", GROOVE[side], 3.2) for path in grooves]
-    return document(marks, _defs(side))
+    return document(marks, _defs(side), KNIGHT_NUDGE if kind == "n" else 0)

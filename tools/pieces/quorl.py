@@ -1,6 +1,6 @@
 """Family "quorl": flat geometric silhouettes in two tones, lit from the left."""
 
-from .svg import document, half_disc, shape, slab, turned
+from .svg import KNIGHT_NUDGE, document, half_disc, shape, slab, turned
 
 RIM = 7.0
 LIGHT = {"w": "#ffffff", "b": "#4a5266"}
@@ -32,7 +32,7 @@ def rook():
 
 
 def bishop():
-    bodies, shaded = _on_axis([half_disc(16, 5), "M50 22C58 29 71 39 70 52C69 59 64 62 60 65L70 76L50 76"])
+    bodies, shaded = _on_axis([half_disc(18, 5), "M50 24C58 29 71 39 70 52C69 59 64 62 60 65L70 76L50 76"])
     return bodies, shaded, [("M61.3 37.3L55 46.3", 4.2)]
 
 
@@ -60,4 +60,4 @@ def draw(side, kind):
     marks += [shape(path, LIGHT[side]) for path in bodies]
     marks += [shape(path, SHADE[side]) for path in shaded]
     marks += [shape(path, "none", MARK[side], width) for path, width in (cuts[0] if cuts else [])]
-    return document(marks)
+    return document(marks, nudge=KNIGHT_NUDGE if kind == "n" else 0)

@@ -4,6 +4,8 @@ import re
 
 SIDES = "wb"
 KINDS = "kqrbnp"
+# The knights look to the left; this much to the right centres the whole drawing in its square.
+KNIGHT_NUDGE = 3
 
 
 def shape(path, fill, stroke="none", width=0.0):
@@ -74,10 +76,12 @@ def mirrored(path):
     )
 
 
-def document(body, defs=""):
-    """The complete file for a list of elements."""
+def document(body, defs="", nudge=0):
+    """The complete file for a list of elements, moved to the right by `nudge` units."""
     head = '<svg xmlns="http://www.w3.org/2000/svg" version="1.1" viewBox="0 0 100 100" width="100" height="100">'
     lines = [head]
     if defs:
         lines.append(f"<defs>{defs}</defs>")
+    if nudge:
+        body = [f'<g transform="translate({nudge:g} 0)">', *body, "</g>"]
     return "\n".join(lines + list(body) + ["</svg>"]) + "\n"
