@@ -240,6 +240,23 @@ TEST(SetPosition, TheFirstFlipTurnsTheBoardAndLaterOnesDoNot) {
     EXPECT_TRUE(rig.game.Flipped);
 }
 
+TEST(SetPosition, AFirstPositionWithoutFlipTurnsAFlippedBoardBack) {
+    BoardRig rig;
+    rig.game.Flipped = true;
+    modChess.NewGameFlag = true;
+    rig.receive({.flip = 0});
+    EXPECT_FALSE(rig.game.Flipped);
+}
+
+TEST(SetPosition, AFirstPositionWithTheBoardsOwnFlipLeavesIt) {
+    BoardRig rig;
+    rig.game.Flipped = true;
+    modChess.NewGameFlag = true;
+    rig.receive({.flip = 1});
+    EXPECT_TRUE(rig.game.Flipped);
+    EXPECT_TRUE(rig.all("paint").empty());
+}
+
 TEST(SetPosition, SoundsByTheMoveText) {
     EXPECT_EQ(soundOf("none"), "sound fitebell.wav 2");
     EXPECT_EQ(soundOf("NONE"), "sound fitebell.wav 2");
@@ -269,6 +286,8 @@ TEST(SetPosition, AGameAlreadyRunningRingsNoBellAndKeepsTheHoldings) {
     modChess.NewGameFlag = true;
     rig.receive(BlackPlaysE5);
     EXPECT_TRUE(rig.saw("sound move.wav 3"));
+    EXPECT_TRUE(rig.game.icsMode);
+    EXPECT_TRUE(rig.saw("startClock"));
     EXPECT_TRUE(rig.game.HoldingsShown);
     EXPECT_FALSE(rig.saw("hideHoldings"));
 }
