@@ -1,0 +1,181 @@
+// The state of one board and the rules of how positions, clocks and endings reach it.
+#pragma once
+
+#include "board/BoardClock.h"
+#include "board/GameSurface.h"
+#include "board/Holdings.h"
+#include "board/MoveGridState.h"
+#include "board/PositionStore.h"
+#include "common/Style12Record.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+// One game, owned by its frmChessBoard. Invariants:
+// 1. idle: gameIndex 0, Relation -100, icsMode false; running: gameIndex and Relation as the server sent them.
+// 2. a board that is up to date has ShownPly == NextPly - 2 and Turn == 1 - 2 * SideToMove.
+// 3. the window may close whenever the message loop is pumped. It calls `windowClosed` (or destroys the game); a
+//    routine here that pumped then ends at once. Routines that may pump give false in that case: the caller too must
+//    not touch the game any more. Callers that keep a window number look the board up again.
+// Nothing grows: arrays are fixed, and a subscript past 200 moves or 400 plies faults.
+struct Game {
+    Game() = default;
+    Game(const Game&) = delete;
+    Game& operator=(const Game&) = delete;
+    ~Game() { windowClosed(); }
+
+    GameSurface surface;
+    MoveGridState grdMoves;
+
+    // The position
+    struct Style12Record Style12Record; // the last position given to this board; its clocks are counted down here
+    BoardSquares Board{};
+    struct PositionStore PositionStore;
+    MoveTexts MoveText;
+    MoveUndos MoveUndo{};
+    FixedArray<bool, 2> KingMoved{}; // by Turn + 1
+    HoldingCounts Holdings{};
+    bool HoldingsShown = false;
+
+    // Which game
+    std::int32_t id = 0;        // unique per board, from `beginLoad` on
+    std::int16_t gameIndex = 0; // game number the board answers to; 0 idle
+    bool icsMode = false;       // a server game is on this board
+    bool GameLoaded = false;    // the moves came from a stored or reviewed game
+    std::string currentGame;    // text of panel 2 while a game is on
+    std::string InitialLine;    // the Style 12 line the game started from
+
+    // Where in the game
+    std::int16_t MoveRow = 1; // row of MoveText the board stands at
+    std::int16_t Turn = 1;    // 1 white, -1 black
+    std::int32_t NextPly = 0; // 2 * MoveNumber + SideToMove of the newest position
+    std::int32_t ShownPly = 0;
+    std::int16_t LastRow = 0; // last move of the game held
+    std::int16_t LastCol = 0; // 0 white, 1 black
+    std::int16_t CurRow = 0;  // cell of an examined game: row, and column 1 white, 2 black
+    std::int16_t CurCol = 0;
+    std::int16_t Deviated = 0; // ply at which the user left the loaded game; 0 while on it
+    bool CanForward = false;
+    bool GridLightOn = false;
+    bool Flipped = false;
+
+    // The move in hand
+    std::int16_t FromSq = 0;
+    std::int16_t ToSq = 0;
+    std::int16_t FromSet = 0;  // 1 while a from-square has been chosen
+    std::int16_t MoveMode = 0; // -1 may move now, 1 may pre-move, 0 neither
+    bool PreMoveSet = false;
+    std::int16_t PreFrom = 0;
+    std::int16_t PreTo = 0;
+    std::int16_t DragFrom = 0;
+    bool Dragging = false;
+    std::uint8_t DragAlpha = 0; // 128 while dragging, 255 at the drop, 0 erases
+    float MouseX = 0;           // pixels of picChess
+    float MouseY = 0;
+    std::int16_t HiFrom = 0; // squares painted as the last move; outside 0..63 for none
+    std::int16_t HiTo = 0;
+    bool noPlay = false; // no piece can be lifted
+
+    // The clock
+    float LastSecond = 0; // whole second of the day at which the clock last counted
+    FixedArray<std::uint32_t, 1> ClockBackground{};
+
+    // Load, end and closing of the window
+
+    // First step of the window's load: no game, and an `id` of its own.
+    void beginLoad();
+    // Last step: the start position, an empty grid at cell (1, 1), white to move. False: the window closed meanwhile.
+    bool finishLoad();
+    // The window has closed: every routine that is pumping ends when its pump returns.
+    void windowClosed() { *alive_ = false; }
+    bool isOpen() const { return *alive_; }
+    // The game is over; squares, positions and move texts stay for review.
+    void zEndParms();
+    // Click of cmdUn: leaves an observed ("unob") or examined ("unex") game.
+    void cmdUn();
+
+    // Positions from the server
+
+    // Takes over the shared record (modChess.Record).
+    void zGS();
+    // Shows the record's position. `init` only changes squares, paints and runs the tail; `noShow` leaves out the
+    // painting of each square. Faults (subscript) past row 200 or ply 400. False: the window closed meanwhile.
+    bool zSetPosition(bool init, bool noShow = false);
+    // The same as zSetPosition(false); `x` is ignored.
+    bool zReceiveMove(std::int16_t x);
+    // Marks the move of a text such as "P/e2-e4"; never faults.
+    void zHighlightMove(std::string_view verbose);
+    // Both holdings of a "<b1>" line.
+    void zSetBughouse(std::string_view line);
+    // A new game has opened here: the move in hand is given up and no piece can be lifted for four seconds.
+    bool zExitMove();
+    // The timer of those four seconds.
+    bool tmrNoPlay();
+
+    // Positions from a line or from the store
+
+    // Parse into the board's own record, all fields when `icsMode`, else as zStyle12. False and nothing changed
+    // without "<12> " or without a blank behind the flip token; faults on text that is no number.
+    bool zParseStyle12(std::string_view line);
+    // Parse of Position, SideToMove and Flip alone; false as above.
+    bool zStyle12(std::string_view line);
+    // Shows `line` as a fresh start, ply 0. False: the window closed meanwhile.
+    bool zLoadPosition(std::string_view line, bool noShow);
+    // Squares 0 to 63 to the store; faults (subscript) outside 0..400.
+    void zStorePos(std::int32_t ply);
+    // Squares from the store: all when `thorough`, else those that differ; painted when `animate`. Faults (subscript).
+    void zGetPos(std::int32_t ply, bool thorough, bool animate);
+
+    // Asked from outside
+
+    std::string xGame(); // sets panels 2 and 3 and the title; gives the text of panel 2
+    std::int16_t xGameNum() const { return Style12Record.GameNumber; }
+    std::string xMyRel() const { return std::to_string(Style12Record.Relation); }
+
+    // The view and the grid
+
+    void zFor(bool flag) { CanForward = flag; }
+    void zGridSetup(); // grdMoves anew, MoveRow 1
+    void zSetTop() { grdMoves.zSetTop(MoveRow); }
+    void zGridLight(std::string_view text) { grdMoves.zGridLight(text); }
+    // These three pump. False: the window closed meanwhile.
+    bool zUpdate();
+    bool zBoardSetup(bool fresh); // `fresh` also clears GridLightOn
+    bool mnuInvert();
+    bool mnuClean();
+    bool mnuNew();
+
+    // The clock
+
+    // Every 100 ms: counts one second when the second of the day has changed. An overflow ends this event only.
+    void tmrClock();
+    // One second off the clock of the side to move; faults (overflow) below -32768.
+    void countSecond();
+
+private:
+    void putPosition(bool init, bool noShow);
+    void listMove();
+    void blankMoveAhead();
+    void enterMove();
+    void showLastMove();
+    bool beginGame();
+    void soundMove();
+    void showClocks();
+    bool finishMoveInHand();
+    void setClockColor(int side, std::uint32_t background);
+    void paintMark(std::int16_t square, int mode);
+
+    // Runs a hook that may pump, on a copy since the game may be gone before it returns; gives whether the window is
+    // still open.
+    template <typename Hook, typename... Arguments>
+    bool pumping(const Hook& hook, Arguments... arguments) {
+        const std::shared_ptr<bool> token = alive_;
+        const Hook copy = hook;
+        copy(arguments...);
+        return *token;
+    }
+
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+};

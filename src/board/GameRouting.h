@@ -1,0 +1,62 @@
+// Which board a game belongs to: the finders over the open windows, new boards, and the end of games.
+#pragma once
+
+#include "board/Game.h"
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+
+// A window number is a position in openWindows; it is good until the message loop is pumped. The older board wins.
+
+// First board whose gameIndex is `game`, or the first of all boards if `game` is negative; -1 if there is none.
+int zFindBoard(std::int16_t game);
+
+// zFindBoard; if that fails the first idle board or -1, and `game` becomes 0 whatever was found.
+int zFindBoardOrFree(std::int16_t& game);
+
+// First board with this `id`; -1 if there is none.
+int zFindBoardById(std::int32_t id);
+
+// The game on the board with this window number; faults (subscript) if there is no such board, -1 included.
+Game& boardAt(int windowNumber);
+
+// The game with this number on a board for a "<b1>" line; faults (subscript) if no board has it.
+inline Game& boardOfGame(std::int16_t game) { return boardAt(zFindBoard(game)); }
+
+// What routing needs of the windows. Every member does nothing until it is filled in.
+struct GameRoutingHooks {
+    // Creates and shows a frmChessBoard that is in openWindows before this returns; gives its identity there
+    // (OpenWindow::window), null if none was made.
+    std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
+    std::function<void()> pump = [] {}; // lets pending window events run once
+    std::function<void()> beep = [] {};
+    std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
+    std::function<bool()> seekGraphChecked = [] { return false; }; // mnuSeekGrf of the console
+    std::function<void()> showSeek = [] {};                        // frmSeek
+};
+
+// The routing of lines to boards; one instance, owned by whoever owns the console.
+struct GameRouting {
+    GameRoutingHooks hooks;
+
+    // First board with relation -100; opens one board if there is none, and gives -1 if that did not help.
+    int zFindReviewBoard();
+
+    // Opens one more board and returns when its load is finished (or when it was closed meanwhile). No time limit.
+    void zNewBoard();
+
+    // Reads a Style 12 line into the shared record and hands it to its board: the board that has the game, else an
+    // idle one, else a new one; sets NewGameFlag. `full` false takes only Position, SideToMove and Flip. False when
+    // it is no such line or no board can be had. Passes over faults.
+    bool zStyle12Line(std::string_view line, bool full);
+
+    // `free` becomes true when no board has the game of the shared record.
+    void zGameParms(bool& free) const;
+
+    // The end of one game, from a line such as "{Game 12 (a vs b) a resigns} 1-0".
+    void zEndGame(std::string_view line);
+
+    // The end of every game: the connection is lost.
+    void zEndAllGames();
+};

@@ -1,0 +1,74 @@
+// The move list of a board, grdMoves, as text and tints; the window only shows it.
+#pragma once
+
+#include "common/FixedArray.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+// Where the grid shows itself. Every member may stay as it is: it then does nothing.
+struct MoveGridSurface {
+    std::function<void(int row, int col)> showCell = [](int, int) {}; // its text or tint has changed
+    std::function<void(int row, int col)> moveTo = [](int, int) {};   // the current cell has moved there
+    std::function<void(int row)> scrollTo = [](int) {};               // the top row below the heading
+    std::function<void()> setUp = [] {};                              // all cells have changed; set the widths anew
+};
+
+// 0xBBGGRR.
+namespace GridTint {
+inline constexpr std::int32_t Plain = 0xFFFFFF;
+inline constexpr std::int32_t OnLine = 0xC0C0FF;  // the current move on the stored line
+inline constexpr std::int32_t OffLine = 0x80FFFF; // the current cell off the stored line
+inline constexpr std::int32_t Left = 0xC0FFFF;    // a cell left behind
+} // namespace GridTint
+
+struct GridCell {
+    std::string text;
+    std::int32_t tint = GridTint::Plain;
+};
+
+// Rows 0 to 200, row 0 the heading; columns 0 number, 1 white, 2 black. Every row and column past these faults
+// (subscript).
+struct MoveGridState {
+    static constexpr int LastRow = 200;
+    static constexpr int LastCol = 2;
+
+    // Widths of the grid and its columns in pixels.
+    static constexpr int Width = 133;
+    static constexpr int NumberWidth = 20;
+    static constexpr int MoveWidth = 47;
+
+    MoveGridSurface surface;
+    FixedArray<FixedArray<GridCell, LastCol>, LastRow> cells;
+    int row = 0; // the current cell; set through goTo
+    int col = 0;
+    int topRow = 1;               // first row on view below the heading; a window that is scrolled by hand writes it
+    std::int16_t VisibleRows = 0; // how many rows fit, minus one; the window counts them
+    int tintedRow = 0;            // the cell tinted last; row 0 means none
+    int tintedCol = 0;
+
+    void setCell(int cellRow, int cellCol, std::string_view text);
+    const std::string& text(int cellRow, int cellCol) const { return cells[cellRow][cellCol].text; }
+    const std::string& currentText() const { return text(row, col); }
+
+    // Makes a cell the current one.
+    void goTo(int cellRow, int cellCol);
+
+    // Clears all cells and sets the heading "White", "Black".
+    void zGridSetup();
+
+    // Blanks all cells of rows 1 to 200.
+    void blankMoves();
+
+    // Scrolls so that `moveRow` stays in view.
+    void zSetTop(int moveRow);
+
+    // Tints the current cell: as the move on the stored line if its text equals `text`, as a cell off the line if
+    // `text` is "No"; the cell tinted before is let go.
+    void zGridLight(std::string_view text);
+
+private:
+    void setTint(int cellRow, int cellCol, std::int32_t tint);
+};

@@ -1,0 +1,27 @@
+// Piece codes: king 1, queen 2, rook 3, bishop 4, knight 5, pawn 6; positive white, negative black, 0 empty.
+#pragma once
+
+#include <cstdint>
+
+// The code of one character of a position text. Lower-cased it is compared with k, q, r, b, n, p; anything else is an
+// empty square. A character that sorts above "Z" is black, whatever its case.
+constexpr std::int16_t pieceCode(char letter) {
+    const auto byte = static_cast<unsigned char>(letter);
+    const auto signedCode = [byte](int code) { return static_cast<std::int16_t>(byte > 'Z' ? -code : code); };
+    switch (byte >= 'A' && byte <= 'Z' ? byte + ('a' - 'A') : byte) {
+    case 'k':
+        return signedCode(1);
+    case 'q':
+        return signedCode(2);
+    case 'r':
+        return signedCode(3);
+    case 'b':
+        return signedCode(4);
+    case 'n':
+        return signedCode(5);
+    case 'p':
+        return signedCode(6);
+    default:
+        return 0;
+    }
+}

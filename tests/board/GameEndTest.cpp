@@ -1,0 +1,92 @@
+// The end of games.
+#include "board/RoutingRig.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Asked = std::vector<std::string>;
+
+// Two boards: an idle one and game 12 with the given relation.
+struct EndRig : RoutingRig {
+    Game& idle = addIdle();
+    Game& board;
+    explicit EndRig(std::int16_t relation) : board(addGame(12, relation)) { modChess.GameRunning = true; }
+};
+
+} // namespace
+
+TEST(EndGame, APlayedGameEndsWithTheFightBell) {
+    EndRig rig(1);
+    modChess.SoundMove = 2;
+    rig.routing.zEndGame("{Game 12 (a vs b) a resigns} 1-0\r\n");
+    EXPECT_EQ(rig.asked, Asked{"sound fitebell.wav 2"});
+    EXPECT_EQ(rig.board.xMyRel(), "-100");
+    EXPECT_EQ(rig.board.gameIndex, 0);
+    EXPECT_FALSE(modChess.GameRunning);
+}
+
+TEST(EndGame, TheSeekGraphComesBackWhenItsMenuIsChecked) {
+    for (const std::int16_t relation : std::initializer_list<std::int16_t>{1, -1, 2, -2, -3}) {
+        EndRig rig(relation);
+        rig.routing.hooks.seekGraphChecked = [] { return true; };
+        rig.routing.zEndGame("{Game 12 (a vs b) a resigns} 1-0\r\n");
+        EXPECT_EQ(rig.asked, (Asked{"sound fitebell.wav 3", "seek"})) << relation;
+    }
+}
+
+TEST(EndGame, AnObservedGameEndsWithABeep) {
+    EndRig rig(0);
+    rig.routing.hooks.seekGraphChecked = [] { return true; };
+    rig.routing.zEndGame("Removing game 12 from observation list.\r\n");
+    EXPECT_EQ(rig.asked, Asked{"beep"});
+    EXPECT_EQ(rig.board.gameIndex, 0);
+}
+
+TEST(EndGame, TheNumberIsReadBehindGameOfEitherCase) {
+    for (const char* line :
+         {"{Game 12 (a vs b) b forfeits on time} 1-0\r\n", "You are no longer examining game 12.\r\n"}) {
+        EndRig rig(1);
+        rig.routing.zEndGame(line);
+        EXPECT_EQ(rig.board.gameIndex, 0) << line;
+    }
+}
+
+TEST(EndGame, ANumberOnNoBoardOnlyClearsGameRunning) {
+    for (const char* line : {"{Game 99 (c vs d) c resigns} 1-0\r\n", "Game aborted.\r\n", "} 1-0\r\n",
+                             "{Game 99999 (c vs d) c resigns} 1-0\r\n", "game"}) {
+        EndRig rig(1);
+        rig.routing.zEndGame(line);
+        EXPECT_EQ(rig.board.gameIndex, 12) << line;
+        EXPECT_TRUE(rig.asked.empty()) << line;
+        EXPECT_FALSE(modChess.GameRunning) << line;
+    }
+}
+
+TEST(EndGame, WithoutAnyBoardThatFitsGameRunningStays) {
+    RoutingRig rig;
+    rig.addGame(12, 1);
+    modChess.GameRunning = true;
+    rig.routing.zEndGame("Game aborted.\r\n");
+    EXPECT_TRUE(modChess.GameRunning);
+    EXPECT_EQ(rig.boards[0]->gameIndex, 12);
+}
+
+TEST(EndGame, TheLossOfTheConnectionEndsEveryGame) {
+    EndRig rig(1);
+    openWindows.add({"frmChat", &rig, nullptr, {}});
+    Game& observed = rig.addGame(14, 0);
+    rig.routing.zEndAllGames();
+    EXPECT_EQ(rig.board.gameIndex, 0);
+    EXPECT_EQ(observed.gameIndex, 0);
+    EXPECT_EQ(observed.xMyRel(), "-100");
+    EXPECT_FALSE(modChess.GameRunning);
+    EXPECT_TRUE(rig.asked.empty());
+}
+
+TEST(EndGame, WithoutABoardTheLossOfTheConnectionLeavesGameRunning) {
+    RoutingRig rig;
+    modChess.GameRunning = true;
+    rig.routing.zEndAllGames();
+    EXPECT_TRUE(modChess.GameRunning);
+}
