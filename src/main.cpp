@@ -30,7 +30,9 @@ BoardRoads boardRoads(frmChessClient& client, Sounds& sounds, const SettingsStor
         client.road.zSend(text);
         return true;
     };
-    roads.playSound = [&sounds](std::string_view name, std::int16_t mode) { sounds.zPlaySound(std::string(name), mode); };
+    roads.playSound = [&sounds](std::string_view name, std::int16_t mode) {
+        sounds.zPlaySound(std::string(name), mode);
+    };
     roads.tellText = [&client](int index) { return client.settings.Tell[index]; };
     roads.enableBoardMenu = [&client] { client.menus.mnuBoard->setEnabled(true); };
     return roads;

@@ -2,13 +2,15 @@
 #include "board/BoardParts.h"
 
 #include <QStatusBar>
+#include <QStyle>
 
 namespace {
 
-constexpr int BugHeight = 16;   // pixels, a line of holdings
+constexpr int BugHeight = 16; // pixels, a line of holdings
 constexpr int ClockHeight = 24;
 constexpr int ButtonHeight = 21;
 constexpr int TellWidth = 17;
+constexpr int TellHeight = 22;
 constexpr int Gap = 2;
 constexpr int BugWidth = 130;
 constexpr int RowsAtLeast = 40; // pixels of the grid, whatever the window
@@ -38,12 +40,11 @@ void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves
     picChess->setObjectName(QStringLiteral("picChess"));
     grdMoves = new MoveGrid(moves, inner);
     for (int side = 0; side < 2; ++side) {
-        const auto at = static_cast<std::size_t>(side);
-        lblTime[at] = new ClockFace(side, inner);
-        lblBug[at] = new QLabel(inner);
-        lblBug[at]->setObjectName(QStringLiteral("lblBug(%1)").arg(side));
-        lblBug[at]->setTextFormat(Qt::PlainText);
-        lblBug[at]->hide();
+        lblTime[side] = new ClockFace(side, inner);
+        lblBug[side] = new QLabel(inner);
+        lblBug[side]->setObjectName(QStringLiteral("lblBug(%1)").arg(side));
+        lblBug[side]->setTextFormat(Qt::PlainText);
+        lblBug[side]->hide();
     }
     lblMove = new QLabel(inner);
     lblMove->setObjectName(QStringLiteral("lblMove"));
@@ -52,16 +53,21 @@ void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves
     cmdUn->hide();
     cmdDraw = button<QPushButton>(inner, QStringLiteral("cmdDraw"), QStringLiteral("Draw"));
     cmdRes = button<QPushButton>(inner, QStringLiteral("cmdRes"), QStringLiteral("Resign"));
-    static const std::array<QString, 5> Arrows{QStringLiteral("\u23EE"), QStringLiteral("\u25C0"), QString(),
-                                               QStringLiteral("\u25B6"), QStringLiteral("\u23ED")};
+    static constexpr std::array Pictures{QStyle::SP_MediaSkipBackward, QStyle::SP_MediaSeekBackward,
+                                         QStyle::SP_MediaStop, QStyle::SP_MediaSeekForward,
+                                         QStyle::SP_MediaSkipForward};
+    static constexpr std::array Names{"First position", "Back", "", "Forward", "Last position"};
     for (std::size_t index = 0; index < cmdScroll.size(); ++index) {
-        cmdScroll[index] = button<QToolButton>(inner, QStringLiteral("cmdScroll(%1)").arg(index), Arrows[index]);
+        cmdScroll[index] = button<QToolButton>(inner, QStringLiteral("cmdScroll(%1)").arg(index), QString());
+        cmdScroll[index]->setAccessibleName(QString::fromLatin1(Names[index]));
+        cmdScroll[index]->setAutoRaise(true);
+        if (index != 2) cmdScroll[index]->setIcon(inner->style()->standardIcon(Pictures[index]));
     }
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
         cmdTell[index] = button<QToolButton>(inner, QStringLiteral("cmdTell(%1)").arg(index), tellCaption(index));
     }
     txtSend = new TypingLine(inner);
-    for (std::size_t panel = 0; panel < panels.size(); ++panel) {
+    for (int panel = 0; panel <= panels.last; ++panel) {
         panels[panel] = new QLabel(stbGame);
         panels[panel]->setObjectName(QStringLiteral("stbGame(%1)").arg(panel + 1));
         panels[panel]->setTextFormat(Qt::PlainText);
@@ -83,10 +89,9 @@ void BoardParts::place(QSize inner, int square, bool flipped) {
     const int typing = std::max(BugWidth, inner.width() * 42 / 100);
     txtSend->setGeometry(typing, foot, inner.width() - typing, ButtonHeight);
 
-    const int tell = (board - 9 * Gap) / 10;
+    const int tell = std::min(TellHeight, (board - 9 * Gap) / 10);
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        const int y = top + static_cast<int>(index) * (board - tell) / 9;
-        cmdTell[index]->setGeometry(board + Gap, y, TellWidth - Gap, tell);
+        cmdTell[index]->setGeometry(board + Gap, top + static_cast<int>(index) * (tell + Gap), TellWidth - Gap, tell);
     }
 
     lblMove->setGeometry(panel, 0, PanelWidth, BugHeight);

@@ -3,6 +3,7 @@
 
 #include "board/ClockFace.h"
 #include "board/MoveGrid.h"
+#include "common/FixedArray.h"
 #include "platform/TypingLine.h"
 #include "view/BoardView.h"
 
@@ -26,8 +27,8 @@ struct BoardParts {
 
     BoardView* picChess = nullptr;
     MoveGrid* grdMoves = nullptr;
-    std::array<ClockFace*, 2> lblTime{};
-    std::array<QLabel*, 2> lblBug{};      // holdings: 0 white's, 1 black's
+    FixedArray<ClockFace*, 1> lblTime;
+    FixedArray<QLabel*, 1> lblBug; // holdings: 0 white's, 1 black's
     QLabel* lblMove = nullptr;
     QPushButton* cmdUn = nullptr;
     QPushButton* cmdDraw = nullptr;
@@ -35,7 +36,7 @@ struct BoardParts {
     std::array<QToolButton*, 5> cmdScroll{};
     std::array<QToolButton*, 10> cmdTell{};
     TypingLine* txtSend = nullptr;
-    std::array<QLabel*, 3> panels{};      // of stbGame: own handle, players, game
+    FixedArray<QLabel*, 2> panels; // of stbGame: own handle, players, game
 
     // Makes all parts as children of `inner`, the panels as parts of `stbGame`.
     void build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves);

@@ -11,8 +11,13 @@
 
 void frmChessBoard::fillSurface() {
     GameSurface& surface = game.surface;
-    surface.zDrawSquare = [this](int square, int mode) { parts_.picChess->zDrawSquare(square, mode); };
-    surface.zMovePiece = [this](float x, float y, int alpha) { parts_.picChess->zMovePiece(x, y, alpha); };
+    surface.zDrawSquare = [this](int square, int mode) {
+        parts_.picChess->zDrawSquare(static_cast<std::int16_t>(square), static_cast<std::int16_t>(mode));
+    };
+    surface.zMovePiece = [this](float x, float y, int alpha) {
+        parts_.picChess->zMovePiece(x, y, static_cast<std::uint8_t>(alpha));
+    };
+    surface.keepPicture = [this] { parts_.picChess->persist(); };
     surface.paintBoard = [this] { paintBoard(); };
     surface.pump = pumpMessages;
     surface.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
@@ -79,9 +84,8 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuBookup, [this] { setPieceSet(0); });
     on(menus_.mnuQuorl, [this] { setPieceSet(1); });
     on(menus_.mnuGNU, [this] { setPieceSet(2); });
-    on(menus_.mnuAbout, [this] {
-        boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString());
-    });
+    on(menus_.mnuAbout,
+       [this] { boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString()); });
     on(menus_.mnuExit, [this] { close(); });
     on(menus_.mnuExit1, [this] { close(); });
 }

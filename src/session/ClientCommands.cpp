@@ -25,7 +25,8 @@ void frmChessClient::wireKeys() {
     txtOutput->beep = [] { QApplication::beep(); };
     txtOutput->typed = [this](const QString& text) {
         for (const char c : text.toLatin1()) {
-            if (static_cast<unsigned char>(c) >= ' ' && c != 127) typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
+            if (static_cast<unsigned char>(c) >= ' ' && c != 127)
+                typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
         }
         txtSend->setFocus();
     };
@@ -40,7 +41,8 @@ void frmChessClient::wireKeys() {
 void frmChessClient::wireMenus() {
     const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
     for (QAction* profile : menus.mnuConnect) {
-        on(profile, [this, profile] { connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
+        on(profile,
+           [this, profile] { connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
     }
     on(menus.mnuUseTS, [this] { connection.mnuUseTSClick(); });
     on(menus.mnuAutoCon, [this] { connection.mnuAutoConClick(); });
@@ -50,9 +52,8 @@ void frmChessClient::wireMenus() {
     wireConsoleMenu();
     on(menus.mnuBoard, [this] { routing.zNewBoard(); });
     on(menus.mnuTest, [this] { dumpRegistry(); });
-    on(menus.mnuAbout, [this] {
-        boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString());
-    });
+    on(menus.mnuAbout,
+       [this] { boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString()); });
 }
 
 void frmChessClient::wireConsoleMenu() {

@@ -20,7 +20,9 @@ QString shownText(const std::string& text) {
 void frmChessClient::wirePipeline() {
     PipelineHooks& hooks = pipeline.hooks;
     const auto timer = [this](SessionTimer which) -> QTimer& {
-        return which == SessionTimer::tmrArrival ? tmrArrival_ : which == SessionTimer::tmrPrompt ? tmrPrompt_ : tmrState_;
+        return which == SessionTimer::tmrArrival  ? tmrArrival_
+               : which == SessionTimer::tmrPrompt ? tmrPrompt_
+                                                  : tmrState_;
     };
     hooks.getData = [this] { return tcpClient_.GetData(); };
     hooks.startTimer = [timer](SessionTimer which, int milliseconds) { timer(which).start(milliseconds); };

@@ -6,6 +6,7 @@
 #include "platform/OpenWindows.h"
 #include "settings/Settings.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFontDatabase>
@@ -111,7 +112,7 @@ QWidget* frmChessClient::buildTyping() {
 
 void frmChessClient::load() {
     zStartValues();
-    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    const QStringList arguments = QApplication::arguments().mid(1);
     if (arguments.join(u' ') == QStringLiteral("test")) QDir::setCurrent(QDir::tempPath());
     connection.StartDirectory = QDir::currentPath().toLocal8Bit().toStdString();
     settings.Width = float(DesignedSize.width() * TwipsPerPixel);
