@@ -1,0 +1,122 @@
+// The application object, and the orderly end by a fault that nothing took.
+#include "platform/Application.h"
+
+#include "common/Fault.h"
+#include "platform/Boxes.h"
+
+#include <QSocketNotifier>
+#include <QWidget>
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <utility>
+
+namespace {
+
+// The windows that were there when the program ended by a fault; empty while it runs.
+QWidgetList stoppedWindows;
+bool endingByFault = false;
+
+bool displayIsSeen() {
+    const QString platform = QGuiApplication::platformName();
+    return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+}
+
+const char* kindName(FaultKind kind) {
+    switch (kind) {
+    case FaultKind::Subscript:
+        return "subscript";
+    case FaultKind::TypeMismatch:
+        return "type mismatch";
+    case FaultKind::Overflow:
+        return "overflow";
+    case FaultKind::File:
+        return "file";
+    }
+    return "unknown";
+}
+
+// While the last box is up, nothing of the program it tells about may run any more. What draws and moves the box, and
+// what the toolkit needs to talk to the display, goes on.
+bool isStopped(const QObject& receiver) {
+    if (const auto* widget = qobject_cast<const QWidget*>(&receiver)) return stoppedWindows.contains(widget->window());
+    if (receiver.inherits("QTimer") || receiver.inherits("QSingleShotTimer")) return true;
+    if (qobject_cast<const QSocketNotifier*>(&receiver)) {
+        return receiver.parent() && receiver.parent()->inherits("QAbstractSocketEngine");
+    }
+    return receiver.metaObject()->className()[0] != 'Q'; // a class of ours
+}
+
+void tellStandardError(const std::string& line) {
+    std::fprintf(stderr, "brightrank: %s\n", line.c_str());
+    std::fflush(stderr);
+}
+
+// Standard error has the first fault already; what fails on the way out adds nothing.
+template <typename Statement>
+void passOverAll(Statement statement) {
+    try {
+        statement();
+    } catch (...) {
+    }
+}
+
+// The last resort for what cannot reach `notify`: a fault outside the message loop or in a destructor.
+void endWithoutBox() {
+    if (std::current_exception()) tellStandardError(currentFaultLine());
+    std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace
+
+std::string currentFaultLine() {
+    try {
+        throw;
+    } catch (const Fault& fault) {
+        return std::string(kindName(fault.kind())) + " error: " + fault.what();
+    } catch (const std::exception& exception) {
+        return std::string("error: ") + exception.what();
+    } catch (...) {
+        return "error: unknown";
+    }
+}
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv), interactive(displayIsSeen) {
+    std::set_terminate(endWithoutBox);
+}
+
+int Application::run(const std::function<void()>& start) {
+    try {
+        start();
+    } catch (...) {
+        endByFault(currentFaultLine());
+    }
+    return exec();
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    if (endingByFault && receiver && isStopped(*receiver)) return false;
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        if (!endingByFault) endByFault(currentFaultLine());
+        return false; // a further fault behind the first adds nothing
+    }
+}
+
+void Application::endByFault(const std::string& line) {
+    endingByFault = true;
+    tellStandardError(line);
+    stoppedWindows = topLevelWidgets();
+    passOverAll([this] {
+        if (stopEverything) stopEverything();
+    });
+    passOverAll([this, &line] {
+        if (!interactive()) return;
+        if (QWidget* popup = activePopupWidget()) popup->close(); // it would keep the mouse from the box
+        boxes.message(nullptr, "Brightrank", "Brightrank has to end.\n\n" + line);
+    });
+    std::fflush(nullptr);
+    std::_Exit(EXIT_FAILURE);
+}

@@ -1,0 +1,41 @@
+// The one seam for boxes that ask the user or tell him something.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+class QWidget;
+
+// Function members with real boxes as defaults; a test replaces them by its next answer. `parent` is the window the box
+// belongs to, null for the active window. Texts are Latin-1, file names are in the file system's own bytes. A box
+// closed without an answer counts as No or Cancel. While a real box is up the message loop runs.
+struct Boxes {
+    Boxes(); // fills in the real boxes
+
+    std::function<void(QWidget* parent, const std::string& title, const std::string& text)> message;
+    std::function<bool(QWidget* parent, const std::string& title, const std::string& text)> yesNo;
+    std::function<bool(QWidget* parent, const std::string& title, const std::string& text)> okCancel;
+
+    // The text entered; nothing on Cancel.
+    std::function<std::optional<std::string>(QWidget* parent, const std::string& prompt, const std::string& title,
+                                             const std::string& proposal)>
+        input;
+
+    // A colour 0xBBGGRR chosen from `start`; nothing on Cancel.
+    std::function<std::optional<std::int32_t>(QWidget* parent, std::int32_t start)> colour;
+
+    // The path of a file to read, or to write (asked again before one that exists is replaced); nothing on Cancel.
+    // `start` is a folder or a file to start from; `filter` reads "PGN Files (*.pgn);;All Files (*)".
+    std::function<std::optional<std::string>(QWidget*parent, const std::string&title, const std::string&start,
+                                             const std::string&filter)>
+        fileOpen, fileSave;
+
+    // A folder; nothing on Cancel.
+    std::function<std::optional<std::string>(QWidget* parent, const std::string& title, const std::string& start)>
+        folder;
+};
+
+// The boxes of the program.
+extern Boxes boxes;

@@ -1,0 +1,19 @@
+// The time of day, for what is prescribed in the seconds or milliseconds of the day.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+// Seconds since local midnight with their fraction, 0 up to 86400 (not included), from the system's clock.
+double systemSecondsOfDay();
+
+// The replaceable clock. It jumps back to 0 at midnight: for a mere wait take `zWait`.
+struct Clock {
+    std::function<double()> secondsOfDay = systemSecondsOfDay;
+
+    // Milliseconds since local midnight, 0 to 86399999.
+    std::int32_t msOfDay() const { return static_cast<std::int32_t>(secondsOfDay() * 1000.0); }
+};
+
+// The clock of the program.
+inline Clock wallClock;

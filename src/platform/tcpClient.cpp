@@ -1,0 +1,217 @@
+// The one socket to the server.
+#include "platform/tcpClient.h"
+
+#include <QNetworkProxy>
+#include <QPointer>
+#include <QTcpSocket>
+
+#include <array>
+#include <chrono>
+#include <utility>
+
+#include <sys/socket.h>
+
+namespace {
+
+constexpr qint64 ReadBufferBytes = 65536;
+constexpr int BacklogPollMs = 250;
+constexpr int PartingMs = 3000; // how long a closed connection may take to send its rest
+constexpr int LastChanceMs = 500;
+
+std::int64_t steadyMs() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+// The client tells by "host not found" and "connection is" that a server could not be reached.
+std::string describe(QAbstractSocket::SocketError error, const QString& systemText) {
+    switch (error) {
+    case QAbstractSocket::HostNotFoundError:
+        return "Host not found";
+    case QAbstractSocket::ConnectionRefusedError:
+        return "Connection is forcefully rejected";
+    case QAbstractSocket::RemoteHostClosedError:
+        return "Connection is reset by remote side";
+    case QAbstractSocket::SocketTimeoutError:
+        return "Connection is aborted due to timeout or other failure";
+    default:
+        return systemText.toLatin1().toStdString();
+    }
+}
+
+// A handler may replace or destroy what calls it, so it runs on a copy.
+template <typename Handler, typename... Arguments>
+void fire(Handler handler, Arguments... arguments) {
+    if (handler) handler(arguments...);
+}
+
+// Says that nothing more will be sent, as soon as all of it is with the system. A plain close would cut the connection
+// hard while text of the server waits unread, and the peer could lose what was sent to it.
+void endSending(QTcpSocket& socket) {
+    if (socket.bytesToWrite() == 0) ::shutdown(static_cast<int>(socket.socketDescriptor()), SHUT_WR);
+}
+
+// Lets a closed connection send its rest and die by itself.
+void part(QTcpSocket* socket) {
+    socket->disconnect(socket->parent());
+    if (socket->state() != QAbstractSocket::ConnectedState) {
+        socket->abort();
+        socket->deleteLater();
+        return;
+    }
+    QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    QObject::connect(socket, &QTcpSocket::readyRead, socket, [socket] { socket->readAll(); });
+    QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [socket] { endSending(*socket); });
+    QTimer::singleShot(PartingMs, socket, [socket] {
+        socket->abort();
+        socket->deleteLater();
+    });
+    socket->readAll();
+    socket->flush();
+    if (socket->state() == QAbstractSocket::ConnectedState) endSending(*socket);
+}
+
+} // namespace
+
+tcpClient::tcpClient(QObject* parent) : QObject(parent) {
+    delivery_.setSingleShot(true);
+    delivery_.setTimerType(Qt::PreciseTimer);
+    connect(&delivery_, &QTimer::timeout, this, &tcpClient::deliver);
+}
+
+tcpClient::~tcpClient() {
+    Close();
+    for (QTcpSocket* parting : findChildren<QTcpSocket*>()) {
+        while (parting->bytesToWrite() > 0 && parting->waitForBytesWritten(LastChanceMs)) {
+        }
+    }
+}
+
+void tcpClient::Connect() {
+    Close();
+    state_ = SocketStates::Resolving;
+    if (RemotePort < 0 || RemotePort > 65535) {
+        fail("Port " + std::to_string(RemotePort) + " is outside 0 to 65535");
+        return;
+    }
+    socket_ = new QTcpSocket(this);
+    socket_->setProxy(QNetworkProxy::NoProxy);
+    socket_->setReadBufferSize(ReadBufferBytes);
+    listenTo(*socket_);
+    socket_->connectToHost(QString::fromLatin1(RemoteHost.data(), static_cast<qsizetype>(RemoteHost.size())),
+                           static_cast<quint16>(RemotePort));
+}
+
+void tcpClient::listenTo(QTcpSocket& socket) {
+    connect(&socket, &QTcpSocket::stateChanged, this, [this](QAbstractSocket::SocketState state) {
+        if (state == QAbstractSocket::ConnectingState) state_ = SocketStates::Connecting;
+    });
+    connect(&socket, &QTcpSocket::connected, this, &tcpClient::connected);
+    connect(&socket, &QTcpSocket::readyRead, this, [this] {
+        pull();
+        schedule();
+    });
+    connect(&socket, &QTcpSocket::disconnected, this, &tcpClient::peerClosed);
+    connect(&socket, &QTcpSocket::errorOccurred, this, [this](QAbstractSocket::SocketError error) {
+        const bool closedByPeer = error == QAbstractSocket::RemoteHostClosedError && state_ == SocketStates::Connected;
+        if (!closedByPeer) fail(describe(error, socket_->errorString()));
+    });
+}
+
+void tcpClient::connected() {
+    socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    state_ = SocketStates::Connected;
+    connectDue_ = true;
+    schedule();
+}
+
+// Takes no more than the next arrival needs: what is left in the socket's bounded buffer makes the server wait.
+void tcpClient::pull() {
+    std::array<char, 16384> bytes;
+    while (socket_ && cutter_.waiting() <= ArrivalCutter::Limit) {
+        const auto count = socket_->isOpen() ? socket_->read(bytes.data(), static_cast<qint64>(bytes.size())) : 0;
+        if (count <= 0) return;
+        cutter_.append({bytes.data(), static_cast<std::size_t>(count)}, steadyMs());
+    }
+}
+
+void tcpClient::peerClosed() {
+    if (state_ == SocketStates::Connected) state_ = SocketStates::PeerClosing;
+    const QByteArray rest = socket_->readAll();
+    cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, steadyMs());
+    cutter_.finish();
+    endDue_ = true;
+    schedule();
+}
+
+void tcpClient::fail(const std::string& description) {
+    state_ = SocketStates::Error;
+    if (!failure_) failure_ = description;
+    if (socket_ && socket_->isOpen()) {
+        const QByteArray rest = socket_->readAll();
+        cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, steadyMs());
+    }
+    cutter_.finish();
+    endDue_ = true;
+    schedule();
+}
+
+void tcpClient::Close() {
+    state_ = SocketStates::Closed;
+    delivery_.stop();
+    cutter_ = {};
+    arrived_.clear();
+    failure_.reset();
+    connectDue_ = endDue_ = false;
+    if (socket_) part(std::exchange(socket_, nullptr));
+}
+
+std::string tcpClient::GetData() {
+    if (!arrived_.empty()) schedule(); // so a loop that the handler pumps brings what follows
+    return std::exchange(arrived_, {});
+}
+
+void tcpClient::SendData(const std::string& bytes) {
+    if (state_ != SocketStates::Connected) return;
+    socket_->write(bytes.data(), static_cast<qint64>(bytes.size()));
+    socket_->flush();
+}
+
+void tcpClient::resume() {
+    if (state_ != SocketStates::Closed) schedule();
+}
+
+void tcpClient::deliver() {
+    if (std::exchange(connectDue_, false)) {
+        schedule();
+        fire(onConnect);
+        return;
+    }
+    pull();
+    if (!arrived_.empty()) return; // `GetData` goes on
+    if (cutter_.waiting() > 0) {
+        deliverText();
+    } else if (std::exchange(endDue_, false)) {
+        if (failure_) {
+            fire(onError, *failure_);
+        } else {
+            fire(onClose);
+        }
+    }
+}
+
+void tcpClient::deliverText() {
+    if (backlog() > ArrivalCutter::Limit) {
+        delivery_.start(BacklogPollMs);
+        return;
+    }
+    const auto now = steadyMs();
+    arrived_ = cutter_.take(prompt(), now);
+    if (arrived_.empty()) {
+        delivery_.start(static_cast<int>(*cutter_.dueInMs(now)));
+        return;
+    }
+    const QPointer<tcpClient> self(this);
+    fire(onDataArrival, static_cast<std::int32_t>(arrived_.size()));
+    if (self) self->resume();
+}

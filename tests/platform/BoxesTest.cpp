@@ -1,0 +1,147 @@
+// The real boxes, answered by key and button, and their replacement.
+#include "platform/Boxes.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+// Hands the next modal box to `answer`; the test fails if none comes up.
+class BoxesTest : public testing::Test {
+protected:
+    void next(const std::function<void(QWidget&)>& answer) {
+        QObject::connect(&timer, &QTimer::timeout, &timer, [this, answer] {
+            QWidget* box = QApplication::activeModalWidget();
+            if (!box) return;
+            timer.stop();
+            timer.disconnect();
+            ++answered;
+            answer(*box);
+        });
+        timer.start(1);
+    }
+
+    template <typename Box>
+    void nextBox(const std::function<void(Box&)>& answer) {
+        next([answer](QWidget& widget) { answer(dynamic_cast<Box&>(widget)); });
+    }
+
+    void press(QMessageBox::StandardButton button) {
+        nextBox<QMessageBox>([button](QMessageBox& box) { box.button(button)->click(); });
+    }
+
+    Boxes real;
+    QTimer timer;
+    int answered = 0;
+};
+
+} // namespace
+
+TEST_F(BoxesTest, AMessageShowsTitleAndTextAsPlainTextOverItsParent) {
+    QWidget parent;
+    parent.show();
+    nextBox<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle().toStdString(), "Brightrank");
+        EXPECT_EQ(box.text(), QString::fromLatin1("Server <b>not</b> found\n\xC4"));
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.parentWidget(), &parent);
+        box.accept();
+    });
+    real.message(&parent, "Brightrank", "Server <b>not</b> found\n\xC4");
+    EXPECT_EQ(answered, 1);
+}
+
+TEST_F(BoxesTest, ABoxOfAControlBelongsToItsWindow) {
+    QWidget window;
+    QWidget control(&window);
+    nextBox<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), &window);
+        box.accept();
+    });
+    real.message(&control, "", "");
+    EXPECT_EQ(answered, 1);
+}
+
+TEST_F(BoxesTest, YesNoGivesTrueOnYesAndFalseOnNoAndEscape) {
+    press(QMessageBox::Yes);
+    EXPECT_TRUE(real.yesNo(nullptr, "t", "Reconnect?"));
+    press(QMessageBox::No);
+    EXPECT_FALSE(real.yesNo(nullptr, "t", "Reconnect?"));
+    nextBox<QMessageBox>([](QMessageBox& box) { box.reject(); });
+    EXPECT_FALSE(real.yesNo(nullptr, "t", "Reconnect?"));
+    EXPECT_EQ(answered, 3);
+}
+
+TEST_F(BoxesTest, OkCancelGivesTrueOnOkOnly) {
+    press(QMessageBox::Ok);
+    EXPECT_TRUE(real.okCancel(nullptr, "t", "x"));
+    press(QMessageBox::Cancel);
+    EXPECT_FALSE(real.okCancel(nullptr, "t", "x"));
+}
+
+TEST_F(BoxesTest, InputGivesTheTextOrNothingOnCancel) {
+    nextBox<QInputDialog>([](QInputDialog& box) {
+        EXPECT_EQ(box.windowTitle().toStdString(), "Alternate Server");
+        EXPECT_EQ(box.labelText().toStdString(), "Enter IP, Port");
+        EXPECT_EQ(box.textValue().toStdString(), "proposal");
+        box.setTextValue(QString::fromLatin1("h\xF6st,1"));
+        box.accept();
+    });
+    EXPECT_EQ(real.input(nullptr, "Enter IP, Port", "Alternate Server", "proposal"), "h\xF6st,1");
+    nextBox<QInputDialog>([](QInputDialog& box) { box.reject(); });
+    EXPECT_EQ(real.input(nullptr, "p", "t", ""), std::nullopt);
+    nextBox<QInputDialog>([](QInputDialog& box) { box.accept(); });
+    EXPECT_EQ(real.input(nullptr, "p", "t", ""), "") << "an empty answer is an answer";
+}
+
+TEST_F(BoxesTest, ColoursCountRedInTheLowestByte) {
+    nextBox<QColorDialog>([](QColorDialog& box) {
+        EXPECT_EQ(box.currentColor(), QColor(0x31, 0x22, 0x13));
+        box.setCurrentColor(QColor(1, 2, 3));
+        box.accept();
+    });
+    EXPECT_EQ(real.colour(nullptr, 0x132231), 0x030201);
+    nextBox<QColorDialog>([](QColorDialog& box) { box.reject(); });
+    EXPECT_EQ(real.colour(nullptr, 0), std::nullopt);
+}
+
+TEST_F(BoxesTest, AFileToSaveComesBackWithItsPath) {
+    const QTemporaryDir folder;
+    const std::string path = folder.filePath(QStringLiteral("games.pgn")).toStdString();
+    nextBox<QFileDialog>([](QFileDialog& box) {
+        EXPECT_EQ(box.acceptMode(), QFileDialog::AcceptSave);
+        EXPECT_EQ(box.nameFilters().front().toStdString(), "PGN Files (*.pgn)");
+        QMetaObject::invokeMethod(&box, "accept");
+    });
+    EXPECT_EQ(real.fileSave(nullptr, "Save", path, "PGN Files (*.pgn)"), path);
+    nextBox<QFileDialog>([](QFileDialog& box) { box.reject(); });
+    EXPECT_EQ(real.fileOpen(nullptr, "Open", folder.path().toStdString(), "All Files (*)"), std::nullopt);
+    nextBox<QFileDialog>([](QFileDialog& box) { QMetaObject::invokeMethod(&box, "accept"); });
+    EXPECT_EQ(real.folder(nullptr, "Folder", folder.path().toStdString()), folder.path().toStdString());
+}
+
+TEST_F(BoxesTest, ABoxWhoseParentDiesMeanwhileAnswersNo) {
+    auto* parent = new QWidget;
+    next([&](QWidget&) { delete parent; });
+    EXPECT_FALSE(real.yesNo(parent, "t", "x"));
+    auto* second = new QWidget;
+    next([&](QWidget&) { delete second; });
+    EXPECT_EQ(real.input(second, "p", "t", "x"), std::nullopt);
+}
+
+TEST_F(BoxesTest, ATestReplacesABoxByItsNextAnswer) {
+    const Boxes before = boxes;
+    boxes.yesNo = [](QWidget*, const std::string&, const std::string& text) { return text == "Sure?"; };
+    EXPECT_TRUE(boxes.yesNo(nullptr, "", "Sure?"));
+    boxes = before;
+}

@@ -1,0 +1,380 @@
+// The socket against a server on the loopback interface.
+#include "platform/tcpClient.h"
+
+#include "WaitUntil.h"
+#include "platform/MessageLoop.h"
+
+#include <QElapsedTimer>
+#include <QHostInfo>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+class TcpClientTest : public testing::Test {
+protected:
+    TcpClientTest() {
+        server.listen(QHostAddress::LocalHost);
+        client->RemoteHost = "127.0.0.1";
+        client->RemotePort = server.serverPort();
+        client->onConnect = [this] { events.push_back("Connect"); };
+        client->onClose = [this] { events.push_back("Close"); };
+        client->onError = [this](const std::string& text) { events.push_back("Error " + text); };
+        client->onDataArrival = [this](std::int32_t bytesTotal) {
+            const std::string text = client->GetData();
+            EXPECT_EQ(static_cast<std::int32_t>(text.size()), bytesTotal);
+            arrivals.push_back(text);
+            received += text;
+        };
+        client->prompt = [] { return std::string("fics% "); };
+    }
+
+    void connectClient() {
+        client->Connect();
+        ASSERT_TRUE(waitUntil([&] { return !events.empty() && server.hasPendingConnections(); }));
+        peer.reset(server.nextPendingConnection());
+        ASSERT_EQ(events, (std::vector<std::string>{"Connect"}));
+        ASSERT_EQ(client->State(), 7);
+    }
+
+    void say(const std::string& text) {
+        peer->write(text.data(), static_cast<qint64>(text.size()));
+        peer->flush();
+    }
+
+    std::string heardByPeer(std::size_t atLeast) {
+        QByteArray heard;
+        waitUntil([&] { return (heard += peer->readAll()).size() >= static_cast<qsizetype>(atLeast); });
+        return heard.toStdString();
+    }
+
+    QTcpServer server;
+    std::unique_ptr<QTcpSocket> peer;
+    std::unique_ptr<tcpClient> client = std::make_unique<tcpClient>();
+    std::vector<std::string> events;
+    std::vector<std::string> arrivals;
+    std::string received;
+};
+
+} // namespace
+
+TEST_F(TcpClientTest, BeginsClosed) {
+    EXPECT_EQ(client->State(), 0);
+    EXPECT_EQ(client->GetData(), "");
+    client->SendData("nowhere");
+    client->Close();
+    EXPECT_EQ(client->State(), 0);
+}
+
+TEST_F(TcpClientTest, ConnectReturnsBeforeItsEventAndGoesThroughConnectingToConnected) {
+    client->Connect();
+    EXPECT_TRUE(client->State() == 4 || client->State() == 6) << client->State();
+    EXPECT_TRUE(events.empty());
+    ASSERT_TRUE(waitUntil([&] { return !events.empty(); }));
+    EXPECT_EQ(events, (std::vector<std::string>{"Connect"}));
+    EXPECT_EQ(client->State(), 7);
+}
+
+TEST_F(TcpClientTest, ANameIsResolvedFirst) {
+    client->RemoteHost = "localhost";
+    client->Connect();
+    EXPECT_EQ(client->State(), 4);
+    EXPECT_TRUE(waitUntil([&] { return client->State() == 7; }));
+}
+
+TEST_F(TcpClientTest, ARefusedConnectionIsAnErrorThatSaysSo) {
+    server.close();
+    client->Connect();
+    EXPECT_TRUE(events.empty());
+    ASSERT_TRUE(waitUntil([&] { return !events.empty(); }));
+    EXPECT_EQ(events, (std::vector<std::string>{"Error Connection is forcefully rejected"}));
+    EXPECT_EQ(client->State(), 9);
+    client->Close();
+    EXPECT_EQ(client->State(), 0);
+}
+
+TEST_F(TcpClientTest, AnUnknownHostIsAnErrorThatSaysSo) {
+    client->RemoteHost = "no-such-host.invalid";
+    client->Connect();
+    ASSERT_TRUE(waitUntil([&] { return !events.empty(); }, 20000));
+    EXPECT_EQ(events, (std::vector<std::string>{"Error Host not found"}));
+}
+
+TEST_F(TcpClientTest, AnEmptyHostIsNotFound) {
+    client->RemoteHost.clear();
+    client->Connect();
+    ASSERT_TRUE(waitUntil([&] { return !events.empty(); }));
+    EXPECT_EQ(events.front().substr(0, 5), "Error");
+    EXPECT_EQ(client->State(), 9);
+}
+
+TEST_F(TcpClientTest, APortOutsideItsRangeIsAnError) {
+    client->RemotePort = 65536;
+    client->Connect();
+    EXPECT_EQ(client->State(), 9);
+    ASSERT_TRUE(waitUntil([&] { return !events.empty(); }));
+    EXPECT_EQ(events, (std::vector<std::string>{"Error Port 65536 is outside 0 to 65535"}));
+}
+
+TEST_F(TcpClientTest, SentBytesArriveAsTheyAre) {
+    connectClient();
+    const std::string bytes("Set Style 12\n\0\xFF", 15);
+    client->SendData(bytes);
+    EXPECT_EQ(heardByPeer(bytes.size()), bytes);
+}
+
+TEST_F(TcpClientTest, CompleteTextArrivesWithoutWaiting) {
+    connectClient();
+    const std::string text = "told you\n\rfics% ";
+    say(text);
+    ASSERT_TRUE(waitUntil([&] { return received == text; }));
+    EXPECT_EQ(arrivals.size(), 1U);
+}
+
+TEST_F(TcpClientTest, ATailWithoutEndArrivesAfterItsPatience) {
+    connectClient();
+    say("one\n\rtwo");
+    ASSERT_TRUE(waitUntil([&] { return arrivals.size() == 2; }));
+    EXPECT_EQ(arrivals, (std::vector<std::string>{"one\n\r", "two"}));
+}
+
+TEST_F(TcpClientTest, CloseLetsSentTextGoOut) {
+    connectClient();
+    say("text that nobody reads\n\r");
+    client->SendData("unob 5\n");
+    client->Close();
+    EXPECT_EQ(client->State(), 0);
+    EXPECT_EQ(heardByPeer(7), "unob 5\n");
+    EXPECT_TRUE(waitUntil([&] { return peer->state() == QAbstractSocket::UnconnectedState; }, 1500))
+        << "the server sees the end at once, not when the parted connection is given up";
+}
+
+TEST_F(TcpClientTest, CloseLetsMuchSentTextGoOutBehindTheScenes) {
+    connectClient();
+    std::string much;
+    while (much.size() < 8'000'000) much += "a line of much text\n";
+    client->SendData(much);
+    client->Close();
+    EXPECT_TRUE(heardByPeer(much.size()) == much);
+}
+
+TEST_F(TcpClientTest, TheEndOfTheSocketLetsSentTextGoOut) {
+    connectClient();
+    client->SendData("quit\n");
+    client.reset();
+    EXPECT_EQ(heardByPeer(5), "quit\n");
+}
+
+TEST_F(TcpClientTest, AfterCloseNoEventFires) {
+    connectClient();
+    say("late text\n\r");
+    runFor(5);
+    const auto before = arrivals.size();
+    client->Close();
+    say("later text\n\r");
+    peer->close();
+    runFor(100);
+    EXPECT_EQ(arrivals.size(), before);
+    EXPECT_EQ(events, (std::vector<std::string>{"Connect"}));
+}
+
+TEST_F(TcpClientTest, CloseWhileConnectingFiresNothing) {
+    client->Connect();
+    client->Close();
+    EXPECT_EQ(client->State(), 0);
+    runFor(100);
+    EXPECT_TRUE(events.empty());
+}
+
+TEST_F(TcpClientTest, CloseWithinADataArrivalIsSafe) {
+    connectClient();
+    client->onDataArrival = [&](std::int32_t) { client->Close(); };
+    say("text\n\r");
+    ASSERT_TRUE(waitUntil([&] { return client->State() == 0; }));
+    runFor(50);
+    EXPECT_EQ(client->GetData(), "");
+    EXPECT_EQ(events.size(), 1U);
+}
+
+TEST_F(TcpClientTest, TheSocketMayBeDestroyedWithinADataArrival) {
+    connectClient();
+    bool gone = false;
+    client->onDataArrival = [&](std::int32_t) {
+        client.reset();
+        gone = true;
+    };
+    say("text\n\r");
+    EXPECT_TRUE(waitUntil([&] { return gone; }));
+}
+
+TEST_F(TcpClientTest, ConnectClosesTheOldConnectionFirst) {
+    connectClient();
+    const std::unique_ptr<QTcpSocket> old = std::move(peer);
+    events.clear();
+    connectClient();
+    EXPECT_TRUE(waitUntil([&] { return old->state() == QAbstractSocket::UnconnectedState; }));
+    say("new\n\r");
+    EXPECT_TRUE(waitUntil([&] { return received == "new\n\r"; }));
+}
+
+TEST_F(TcpClientTest, ConnectWhileConnectingKeepsOnlyTheLatest) {
+    client->Connect();
+    client->Connect();
+    ASSERT_TRUE(waitUntil([&] { return client->State() == 7; }));
+    runFor(50);
+    EXPECT_EQ(events, (std::vector<std::string>{"Connect"}));
+}
+
+TEST_F(TcpClientTest, AServerThatClosesInTheMiddleOfALineLosesNothingAndTheRestComesBeforeClose) {
+    connectClient();
+    client->onClose = [&] { events.push_back("Close after " + received); };
+    say("whole\n\rhal");
+    peer->close();
+    ASSERT_TRUE(waitUntil([&] { return events.size() == 2; }));
+    EXPECT_EQ(events.back(), "Close after whole\n\rhal");
+    EXPECT_EQ(client->State(), 8);
+    client->Close();
+    EXPECT_EQ(client->State(), 0);
+    runFor(50);
+    EXPECT_EQ(events.size(), 2U) << "Close fires once";
+}
+
+TEST_F(TcpClientTest, AServerThatBreaksOffAfterItsTextIsAClose) {
+    connectClient();
+    client->SendData("text that the server does not read\n");
+    say("bye\n\r");
+    ASSERT_TRUE(waitUntil([&] { return received == "bye\n\r"; }));
+    peer->abort();
+    ASSERT_TRUE(waitUntil([&] { return events.size() == 2; }));
+    EXPECT_EQ(events.back(), "Close");
+}
+
+TEST_F(TcpClientTest, TenMegabytesWithoutALineEndFollowedByACloseComeWhole) {
+    connectClient();
+    std::string text;
+    for (int i = 0; text.size() < 10'000'000; ++i) text += std::to_string(i);
+    text[5000] = '\0';
+    say(text);
+    peer->disconnectFromHost();
+    ASSERT_TRUE(waitUntil([&] { return events.size() == 2; }, 20000));
+    EXPECT_TRUE(received == text);
+    for (const std::string& arrival : arrivals) ASSERT_LE(arrival.size(), 8192U);
+}
+
+TEST_F(TcpClientTest, WhileMoreThan8192BytesWaitWithTheClientNothingIsGivenAndResumeGoesOn) {
+    connectClient();
+    std::size_t pending = 8193;
+    client->backlog = [&] { return pending; };
+    say("line\n\r");
+    runFor(60);
+    EXPECT_EQ(received, "");
+    pending = 8192;
+    client->resume();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(received, "line\n\r");
+}
+
+TEST_F(TcpClientTest, WithoutResumeTheWithheldTextFollowsByItself) {
+    connectClient();
+    std::size_t pending = 9000;
+    client->backlog = [&] { return pending; };
+    say("line\n\r");
+    runFor(60);
+    pending = 0;
+    EXPECT_TRUE(waitUntil([&] { return received == "line\n\r"; }));
+}
+
+TEST_F(TcpClientTest, ABacklogMakesTheServerWaitAndLosesNothing) {
+    connectClient();
+    bool full = true;
+    client->backlog = [&] { return full ? std::size_t{100000} : received.size() % 7; };
+    std::string text;
+    for (int i = 0; text.size() < 30'000'000; ++i) text += "line " + std::to_string(i) + "\n\r";
+    say(text);
+    runFor(300);
+    EXPECT_GT(peer->bytesToWrite(), 10'000'000) << "the server's text waits on its own side";
+    full = false;
+    EXPECT_TRUE(waitUntil([&] { return received.size() == text.size(); }, 30000));
+    EXPECT_TRUE(received == text);
+}
+
+TEST_F(TcpClientTest, AWithheldRestComesBeforeTheCloseEvent) {
+    connectClient();
+    std::size_t pending = 9000;
+    client->backlog = [&] { return pending; };
+    say("line\n\r");
+    peer->close();
+    runFor(100);
+    EXPECT_EQ(client->State(), 8);
+    EXPECT_EQ(events.size(), 1U);
+    pending = 0;
+    client->resume();
+    ASSERT_TRUE(waitUntil([&] { return events.size() == 2; }));
+    EXPECT_EQ(received, "line\n\r");
+}
+
+TEST_F(TcpClientTest, AHandlerThatPumpsGetsTheSecondHalfFromTheNestedLoop) {
+    connectClient();
+    int depth = 0;
+    int deepest = 0;
+    client->onDataArrival = [&](std::int32_t) {
+        deepest = std::max(deepest, ++depth);
+        received += client->GetData();
+        if (depth == 1 && deepest == 1) {
+            say("second half\n\r");
+            waitUntil([&] { return deepest == 2; });
+        }
+        --depth;
+    };
+    say("first half\n\r");
+    ASSERT_TRUE(waitUntil([&] { return received.size() == 25; }));
+    EXPECT_EQ(received, "first half\n\rsecond half\n\r");
+    EXPECT_EQ(deepest, 2) << "the nested loop brought it";
+}
+
+TEST_F(TcpClientTest, BytesThatWereWaitingAlreadyComeFromTheNestedLoopToo) {
+    connectClient();
+    int deepest = 0;
+    int depth = 0;
+    client->onDataArrival = [&](std::int32_t) {
+        deepest = std::max(deepest, ++depth);
+        received += client->GetData();
+        if (deepest == 1) waitUntil([&] { return deepest == 2; });
+        --depth;
+    };
+    const std::string text(20000, 'x');
+    say(text);
+    ASSERT_TRUE(waitUntil([&] { return received.size() == text.size(); }));
+    EXPECT_GE(deepest, 2);
+}
+
+TEST_F(TcpClientTest, AnArrivalThatIsNotFetchedHoldsBackTheNext) {
+    connectClient();
+    int raised = 0;
+    client->onDataArrival = [&](std::int32_t) { ++raised; };
+    say("one\n\r");
+    ASSERT_TRUE(waitUntil([&] { return raised == 1; }));
+    say("two\n\r");
+    runFor(60);
+    EXPECT_EQ(raised, 1);
+    EXPECT_EQ(client->GetData(), "one\n\r");
+    ASSERT_TRUE(waitUntil([&] { return raised == 2; }));
+    EXPECT_EQ(client->GetData(), "two\n\r");
+}
+
+TEST_F(TcpClientTest, EventsWithoutAHandlerPass) {
+    client->onConnect = nullptr;
+    client->onDataArrival = nullptr;
+    client->onClose = nullptr;
+    client->Connect();
+    ASSERT_TRUE(waitUntil([&] { return server.hasPendingConnections(); }));
+    peer.reset(server.nextPendingConnection());
+    say("x\n\r");
+    peer->close();
+    EXPECT_TRUE(waitUntil([&] { return client->State() == 8; }));
+}

@@ -1,0 +1,426 @@
+// Server profiles, the caption's states, the tick, the close question and the socket's events.
+#include "session/Connection.h"
+
+#include "common/modChess.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+// A connection whose surroundings write down what reaches them.
+class ConnectionTest : public testing::Test {
+protected:
+    ConnectionTest() {
+        modChess = {};
+        modChess.ServerIP = FicsAddress;
+        modChess.ServerPort = FicsPort;
+        auto& hooks = connection.hooks;
+        hooks.connectTo = [this](const std::string& host, std::int32_t port) {
+            log.push_back("connect " + host + ":" + std::to_string(port));
+        };
+        hooks.closeSocket = [this] {
+            log.push_back("close");
+            state = 0;
+        };
+        hooks.socketState = [this] { return state; };
+        hooks.setCaption = [this](const std::string& text) { caption = text; };
+        hooks.checksChanged = [this] { log.push_back("checks"); };
+        hooks.setTickInterval = [this](int ms) { log.push_back("interval " + std::to_string(ms)); };
+        hooks.enableCloseTimer = [this](bool on) { log.push_back(on ? "tmrClose on" : "tmrClose off"); };
+        hooks.fillTestPanel = [this] { log.push_back("panel"); };
+        hooks.beep = [this] { log.push_back("beep"); };
+        hooks.message = [this](const std::string& text) { log.push_back("message " + text); };
+        hooks.yesNo = [this](const std::string& text) {
+            log.push_back("ask " + text);
+            return yes;
+        };
+        hooks.input = [this](const std::string& prompt, const std::string& title) {
+            log.push_back("input " + prompt + "/" + title);
+            return answer;
+        };
+        hooks.endAllGames = [this] { log.push_back("end games"); };
+        hooks.unloadSeek = [this] { log.push_back("unload seek"); };
+        hooks.clearBoards = [this] { log.push_back("clear boards"); };
+        connection.mnuUseTS = false;
+    }
+    ~ConnectionTest() override { modChess = {}; }
+
+    void fillBridge() {
+        connection.hooks.terminateTimeSeal = [this] { log.push_back("terminate"); };
+        connection.hooks.wait = [this](double seconds) {
+            log.push_back("wait " + std::to_string(seconds).substr(0, 4));
+        };
+        connection.hooks.startBridge = [this](const std::string& command) { log.push_back("start " + command); };
+    }
+
+    void tickIn(int newState) {
+        state = newState;
+        connection.tmrTCPTimer();
+    }
+
+    using Log = std::vector<std::string>;
+    Connection connection;
+    Log log;
+    std::string caption;
+    std::string answer;
+    int state = 0;
+    bool yes = false;
+};
+
+} // namespace
+
+// Profiles
+
+TEST_F(ConnectionTest, Profiles0And1GoDirectlyToIpAndPortWithoutTimeSeal) {
+    modChess.ServerIP = "10.0.0.1";
+    modChess.ServerPort = 5001;
+    connection.mnuConnectClick(0);
+    connection.mnuConnectClick(1);
+    EXPECT_EQ(log, (Log{"connect 10.0.0.1:5001", "connect 10.0.0.1:5001"}));
+    EXPECT_EQ(connection.ConnectionLabel, "FICS");
+}
+
+TEST_F(ConnectionTest, Profile4GoesToTheIccHost) {
+    connection.mnuConnectClick(4);
+    EXPECT_EQ(log, (Log{"connect chessclub.com:6000"}));
+    EXPECT_EQ(connection.ConnectionLabel, "ICC");
+}
+
+TEST_F(ConnectionTest, Profile4IsTheSameWithTimeSealChecked) {
+    connection.mnuUseTS = true;
+    connection.mnuConnectClick(4);
+    EXPECT_EQ(log, (Log{"connect chessclub.com:6000"}));
+}
+
+TEST_F(ConnectionTest, UnknownProfilesDoNothing) {
+    connection.mnuConnectClick(5);
+    connection.mnuConnectClick(-1);
+    EXPECT_TRUE(log.empty());
+    EXPECT_EQ(connection.ConnectionLabel, "");
+}
+
+TEST_F(ConnectionTest, ConnectingChangesToTheStartDirectory) {
+    const auto before = std::filesystem::current_path();
+    connection.StartDirectory = std::filesystem::temp_directory_path().string();
+    connection.mnuConnectClick(1);
+    EXPECT_EQ(std::filesystem::current_path(), std::filesystem::canonical(connection.StartDirectory));
+    std::filesystem::current_path(before);
+}
+
+TEST_F(ConnectionTest, AStartDirectoryThatIsGoneDoesNotKeepFromConnecting) {
+    connection.StartDirectory = "/no/such/folder";
+    connection.mnuConnectClick(1);
+    EXPECT_EQ(log.size(), 1U);
+}
+
+// The bridge's place
+
+TEST_F(ConnectionTest, AMissingBridgeProgramIsToldAndProfile0GoesDirectlyToIpAndPort) {
+    modChess.ServerIP = "10.0.0.1";
+    modChess.ServerPort = 5001;
+    connection.mnuUseTS = true;
+    connection.mnuConnectClick(0);
+    EXPECT_EQ(log,
+              (Log{"message Timeseal.exe not found. TimeSeal is not activated.", "checks", "connect 10.0.0.1:5001"}));
+    EXPECT_FALSE(connection.mnuUseTS);
+    EXPECT_EQ(connection.ConnectionLabel, "FICS");
+}
+
+TEST_F(ConnectionTest, AMissingBridgeProgramSendsProfile1ToTheFicsHost) {
+    modChess.ServerIP = "10.0.0.1";
+    connection.mnuUseTS = true;
+    connection.mnuConnectClick(1);
+    EXPECT_EQ(log.back(), "connect freechess.org:5000");
+    EXPECT_EQ(connection.ConnectionLabel, "FICS");
+    EXPECT_FALSE(connection.mnuUseTS);
+}
+
+TEST_F(ConnectionTest, Profile3TakesTheBridgeEvenWithTimeSealUnchecked) {
+    connection.mnuConnectClick(3);
+    EXPECT_EQ(log, (Log{"message Timeseal.exe not found. TimeSeal is not activated.", "checks",
+                        "connect 167.114.65.195:5000"}));
+    EXPECT_EQ(connection.ConnectionLabel, "FICS");
+}
+
+TEST_F(ConnectionTest, TheOldBridgeIsEndedAndGivenTimeBeforeTheProgramIsLookedFor) {
+    fillBridge();
+    connection.hooks.bridgeProgramFound = [this] {
+        log.push_back("look");
+        return false;
+    };
+    connection.mnuConnectClick(3);
+    EXPECT_EQ((Log{log.begin(), log.begin() + 3}), (Log{"terminate", "wait 0.55", "look"}));
+}
+
+TEST_F(ConnectionTest, AFoundBridgeIsStartedAndConnectedToOnThisMachine) {
+    fillBridge();
+    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.mnuUseTS = true;
+    connection.mnuConnectClick(1);
+    EXPECT_EQ(log, (Log{"terminate", "wait 0.55", "start timeseal.exe freechess.org 5000 -p 6000", "wait 1.10",
+                        "connect localhost:6000"}));
+    EXPECT_EQ(connection.ConnectionLabel, "Timeseal");
+    EXPECT_EQ(connection.LabelAfterBridge, "FICS");
+    EXPECT_TRUE(connection.mnuUseTS);
+}
+
+TEST_F(ConnectionTest, AProgramClosedDuringTheBridgesWaitDoesNotConnect) {
+    connection.hooks.wait = [](double) { modChess.AppClosing = true; };
+    connection.mnuConnectClick(3);
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(ConnectionTest, TheFirstTextThroughTheBridgeNamesTheConnection) {
+    connection.ConnectionLabel = "Timeseal";
+    connection.LabelAfterBridge = "FICS";
+    connection.textArrived();
+    EXPECT_EQ(connection.ConnectionLabel, "FICS");
+    EXPECT_EQ(caption, "Connected to FICS");
+    caption.clear();
+    connection.textArrived();
+    EXPECT_EQ(caption, "");
+}
+
+// "Other"
+
+TEST_F(ConnectionTest, OtherAsksForHostAndPort) {
+    answer = "host,5001";
+    connection.mnuConnectClick(2);
+    EXPECT_EQ(log, (Log{"input Enter IP, Port/Alternate Server", "connect host:5001"}));
+    EXPECT_EQ(connection.ConnectionLabel, "host Port 5001");
+}
+
+TEST_F(ConnectionTest, OtherWithAnEmptyAnswerOrOneThatDoesNotFitDoesNothing) {
+    for (const char* text : {"", "host,", ",5001", "host", ",", ",host,5001"}) {
+        answer = text;
+        connection.mnuConnectClick(2);
+        EXPECT_EQ(log.back(), "input Enter IP, Port/Alternate Server") << text;
+    }
+    EXPECT_EQ(connection.ConnectionLabel, "");
+}
+
+TEST_F(ConnectionTest, OtherDoesNotTrimTheHostAndCutsAtTheFirstComma) {
+    answer = " a ,b,5";
+    connection.mnuConnectClick(2);
+    EXPECT_EQ(log.back(), "connect  a :0");
+    answer = "h, 23 ";
+    connection.mnuConnectClick(2);
+    EXPECT_EQ(log.back(), "connect h:23");
+}
+
+TEST_F(ConnectionTest, OtherWithANumberPastEveryFieldIsHandedOnAsNoPort) {
+    answer = "h,1e300";
+    connection.mnuConnectClick(2);
+    EXPECT_EQ(log.back(), "connect h:-1");
+    answer = "h,70000";
+    connection.mnuConnectClick(2);
+    EXPECT_EQ(log.back(), "connect h:70000");
+}
+
+TEST_F(ConnectionTest, LastServerStaysAsLoadedHoweverTheUserConnects) {
+    connection.LastServer = 3;
+    answer = "h,1";
+    for (std::int16_t index = 0; index < 5; ++index) connection.mnuConnectClick(index);
+    EXPECT_EQ(connection.LastServer, 3);
+}
+
+// The tick
+
+TEST_F(ConnectionTest, TheFirstTickConnectsToLastServerIfAutoConnectIsChecked) {
+    connection.mnuAutoCon = true;
+    connection.tmrTCPTimer();
+    EXPECT_EQ(log, (Log{"connect 167.114.65.195:5000"}));
+    EXPECT_TRUE(connection.FirstTickDone);
+    connection.tmrTCPTimer();
+    EXPECT_EQ(log.size(), 1U) << "only the first tick connects";
+}
+
+TEST_F(ConnectionTest, TheFirstTickTakesTheBridgeIfTimeSealIsChecked) {
+    fillBridge();
+    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.mnuAutoCon = connection.mnuUseTS = true;
+    connection.tmrTCPTimer();
+    EXPECT_EQ(log.back(), "connect localhost:6000");
+}
+
+TEST_F(ConnectionTest, WithoutAutoConnectTheFirstTickDoesNotConnect) {
+    connection.tmrTCPTimer();
+    EXPECT_TRUE(log.empty());
+    EXPECT_TRUE(connection.FirstTickDone);
+}
+
+TEST_F(ConnectionTest, ATickWithinTheFirstTicksWaitDoesNotConnectTwice) {
+    fillBridge();
+    connection.mnuAutoCon = connection.mnuUseTS = true;
+    connection.hooks.wait = [this](double) { connection.tmrTCPTimer(); };
+    connection.tmrTCPTimer();
+    EXPECT_EQ(std::count(log.begin(), log.end(), "connect 167.114.65.195:5000"), 1);
+}
+
+TEST_F(ConnectionTest, TheCaptionTellsEveryState) {
+    connection.ConnectionLabel = "FICS";
+    const std::vector<std::string> texts{"   Closed",
+                                         "   Open",
+                                         "Listening",
+                                         "   Connection pending",
+                                         "   Resolving host",
+                                         "   Host resolved",
+                                         "   Connecting",
+                                         "   Connected to FICS",
+                                         "   Peer is closing the connection",
+                                         "   Error"};
+    for (int number = 9; number >= 0; --number) {
+        tickIn(number);
+        EXPECT_EQ(caption, "Brightrank - Client  " + texts[static_cast<std::size_t>(number)]);
+        EXPECT_EQ(connection.SocketState, number);
+    }
+    EXPECT_EQ(stateText(10, ""), "   Error");
+    EXPECT_EQ(stateText(-1, ""), "   Error");
+}
+
+TEST_F(ConnectionTest, AStateThatDidNotChangeLeavesTheCaption) {
+    tickIn(7);
+    caption = "untouched";
+    tickIn(7);
+    EXPECT_EQ(caption, "untouched");
+}
+
+TEST_F(ConnectionTest, State0BeepsClearsMyHandleEndsGamesAndRemovesTheSeekGraph) {
+    tickIn(7);
+    modChess.MyHandle = "Anders";
+    tickIn(0);
+    EXPECT_EQ(log, (Log{"beep", "end games", "unload seek"})) << "no question, no tmrClose";
+    EXPECT_EQ(modChess.MyHandle, "");
+    tickIn(0);
+    EXPECT_EQ(log.size(), 3U) << "once only";
+}
+
+TEST_F(ConnectionTest, State0AtTheStartCleansNothing) {
+    tickIn(0);
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(ConnectionTest, State0StartsTmrCloseOnlyWithClosedByUserFalse) {
+    connection.ClosedByUser = false;
+    tickIn(7);
+    tickIn(0);
+    EXPECT_EQ(log.back(), "tmrClose on");
+}
+
+TEST_F(ConnectionTest, IdleSecondsCountTo20AndStartAgainWhileConnected) {
+    EXPECT_EQ(connection.idleSeconds, -1);
+    tickIn(7);
+    tickIn(7);
+    EXPECT_EQ(connection.idleSeconds, 0);
+    for (int i = 0; i < 20; ++i) tickIn(7);
+    EXPECT_EQ(connection.idleSeconds, 20);
+    tickIn(7);
+    EXPECT_EQ(connection.idleSeconds, 0);
+    tickIn(0);
+    tickIn(0);
+    EXPECT_EQ(connection.idleSeconds, -1);
+}
+
+TEST_F(ConnectionTest, TheDiagnosticsPanelIsFilledFiveTimesASecondWhileItIsUp) {
+    modChess.gTestOpen = true;
+    tickIn(0);
+    tickIn(0);
+    EXPECT_EQ(log, (Log{"interval 200", "panel", "panel"}));
+    modChess.gTestOpen = false;
+    tickIn(0);
+    EXPECT_EQ(log.back(), "interval 1000");
+}
+
+// tmrClose
+
+TEST_F(ConnectionTest, TmrCloseBeepsThreeTimesThenClearsTheBoardsAndAsks) {
+    connection.tmrCloseTimer();
+    connection.tmrCloseTimer();
+    EXPECT_EQ(log, (Log{"beep", "beep"}));
+    EXPECT_EQ(connection.CloseTicks, 2);
+    connection.tmrCloseTimer();
+    EXPECT_EQ(log, (Log{"beep", "beep", "beep", "tmrClose off", "clear boards",
+                        "ask Connection to ICS Closed.  Reconnect?"}));
+    EXPECT_EQ(connection.CloseTicks, 0);
+}
+
+TEST_F(ConnectionTest, TmrCloseReconnectsProfile0OnYes) {
+    yes = true;
+    for (int i = 0; i < 3; ++i) connection.tmrCloseTimer();
+    EXPECT_EQ(log.back(), "connect 167.114.65.195:5000");
+}
+
+TEST_F(ConnectionTest, TmrCloseDoesNotAskForAnotherLastServer) {
+    connection.LastServer = 1;
+    for (int i = 0; i < 3; ++i) connection.tmrCloseTimer();
+    EXPECT_EQ(log.back(), "clear boards");
+}
+
+// Socket events
+
+TEST_F(ConnectionTest, ACloseByTheServerClosesTheSocket) {
+    connection.socketClosed();
+    EXPECT_EQ(log, (Log{"close"}));
+}
+
+TEST_F(ConnectionTest, ErrorsOfReachingTheServerShowTheTwoLineMessage) {
+    for (const char* text : {"Authoritative Answer: Host Not Found", "CONNECTION IS forcefully rejected"}) {
+        log.clear();
+        connection.socketError(text);
+        EXPECT_EQ(log, (Log{"message Server not found\nCheck Internet connection", "close"})) << text;
+    }
+}
+
+TEST_F(ConnectionTest, AnyOtherErrorIsShownAsItIs) {
+    connection.socketError("Port 70000 is outside 0 to 65535");
+    EXPECT_EQ(log, (Log{"message Port 70000 is outside 0 to 65535", "close"}));
+}
+
+// Menu items
+
+TEST_F(ConnectionTest, MnuCloseClosesTheSocketAndTheBridge) {
+    fillBridge();
+    connection.ClosedByUser = false;
+    connection.mnuCloseClick();
+    EXPECT_EQ(log, (Log{"close", "terminate"}));
+    EXPECT_TRUE(connection.ClosedByUser);
+}
+
+TEST_F(ConnectionTest, CheckingAutoConnectConnectsOnlyInState0) {
+    state = 7;
+    connection.mnuAutoConClick();
+    EXPECT_EQ(log, (Log{"checks"}));
+    EXPECT_TRUE(connection.mnuAutoCon);
+    state = 0;
+    connection.mnuAutoConClick();
+    EXPECT_FALSE(connection.mnuAutoCon);
+    EXPECT_EQ(log, (Log{"checks", "checks"})) << "unchecking never connects";
+    connection.mnuAutoConClick();
+    EXPECT_EQ(log.back(), "connect 167.114.65.195:5000");
+}
+
+TEST_F(ConnectionTest, AutoLogonAndUseTimeSealToggleTheirMarks) {
+    connection.mnuAutoLogonClick();
+    connection.mnuUseTSClick();
+    EXPECT_TRUE(connection.mnuAutoLogon);
+    EXPECT_TRUE(connection.mnuUseTS);
+    connection.mnuAutoLogonClick();
+    connection.mnuUseTSClick();
+    EXPECT_FALSE(connection.mnuAutoLogon);
+    EXPECT_FALSE(connection.mnuUseTS);
+    EXPECT_EQ(log, (Log{"checks", "checks", "checks", "checks"}));
+}
+
+TEST_F(ConnectionTest, HooksThatAreNotFilledInDoNothing) {
+    Connection bare;
+    bare.mnuAutoCon = true;
+    bare.tmrTCPTimer();
+    bare.mnuConnectClick(2);
+    bare.socketError("x");
+    EXPECT_EQ(bare.ConnectionLabel, "FICS");
+}
