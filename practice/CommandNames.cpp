@@ -43,6 +43,8 @@ CommandMatch matchCommand(std::string_view typed) {
         if (word == shortForm) return {std::string(name), {}};
     }
     for (const std::string& name : names) {
+        // A slip of a key must not end the session.
+        if (name == "quit" && word.size() < 3) continue;
         if (startsWith(name, word)) result.ambiguous.push_back(name);
     }
     if (result.ambiguous.size() == 1) {

@@ -10,6 +10,8 @@ namespace practice {
 
 namespace {
 
+constexpr std::size_t screenWidth = 79;
+
 const std::map<std::string, std::string>& topics() {
     static const std::map<std::string, std::string> texts{
         {"abort", "abort\n\nBefore both sides have moved the game ends at once, without a result.  Later a computer\n"
@@ -51,6 +53,25 @@ const std::map<std::string, std::string>& topics() {
     return texts;
 }
 
+// The words of a paragraph in lines that fit the narrowest usual screen.
+std::string flowedParagraph(const std::string& text) {
+    std::string result;
+    std::size_t column = 0;
+    for (const std::string& word : words(text)) {
+        const bool full = column + 1 + word.size() > screenWidth;
+        if (column > 0) result += full ? '\n' : ' ';
+        column = full || column == 0 ? word.size() : column + 1 + word.size();
+        result += word;
+    }
+    return result;
+}
+
+std::string flowed(const std::string& text) {
+    const auto gap = text.find("\n\n");
+    if (gap == std::string::npos) return flowedParagraph(text);
+    return flowedParagraph(text.substr(0, gap)) + "\n\n" + flowed(text.substr(gap + 2));
+}
+
 std::string overview() {
     return "help [topic]\n\nThe practice hall lets you play computers of three strengths, watch a game that is\n"
            "always on, and talk to whoever else is here.  Start with \"sought\" and \"play 1\"; moves are\n"
@@ -72,10 +93,10 @@ std::string commandList() {
 
 std::string helpOn(const std::string& topic) {
     const std::string wanted = lower(trim(topic));
-    if (wanted.empty() || wanted == "help") return overview();
+    if (wanted.empty() || wanted == "help") return flowed(overview());
     if (wanted == "commands") return commandList();
     const auto at = topics().lower_bound(wanted);
-    if (at != topics().end() && startsWith(at->first, wanted)) return at->second;
+    if (at != topics().end() && startsWith(at->first, wanted)) return flowed(at->second);
     return "No help available on \"" + wanted + "\".";
 }
 
