@@ -1,0 +1,117 @@
+// One client at its socket.
+#include "practice/Connection.h"
+
+#include "practice/Commands.h"
+#include "practice/Text.h"
+
+#include <QTimer>
+
+namespace practice {
+
+Connection::Connection(QTcpSocket* socket, Hall& hall, const Host& host) : socket_(socket), hall_(hall), host_(host) {
+    socket_->setReadBufferSize(readLimit);
+    QObject::connect(socket_, &QTcpSocket::readyRead, socket_, [this] { work(); });
+    QObject::connect(socket_, &QTcpSocket::bytesWritten, socket_, [this] { work(); });
+    QObject::connect(
+        socket_, &QTcpSocket::disconnected, socket_, [this] { host_.closed(*this); }, Qt::QueuedConnection);
+}
+
+Connection::~Connection() {
+    socket_->disconnect();
+    socket_->abort();
+    socket_->deleteLater();
+}
+
+void Connection::begin() {
+    write(LoginDialog::greeting());
+    work();
+}
+
+void Connection::startSession(Player& player) {
+    handle_ = player.name;
+    player.show = [this](const std::string& text) { show(text); };
+    player.resume = [this] { work(); };
+    write(welcome(player.titled()) + prompt());
+}
+
+void Connection::finish(const std::string& text) {
+    if (finished_) return;
+    finished_ = true;
+    handle_.clear();
+    lines_.clear();
+    write(text);
+    socket_->disconnectFromHost();
+    // A client that does not read would keep its socket open for ever.
+    QTimer::singleShot(closingTime, socket_, [socket = socket_] { socket->abort(); });
+}
+
+// While a move is judged its players' lines wait, so that answers come in the order of the commands.
+bool Connection::mayWork() {
+    if (finished_ || socket_->bytesToWrite() > writePause) return false;
+    const Player* player = handle_.empty() ? nullptr : hall_.find(handle_);
+    const Game* game = player ? hall_.game(player->playing) : nullptr;
+    return !game || !game->pending;
+}
+
+bool Connection::readMore() {
+    constexpr qint64 portion = 4096;
+    const QByteArray bytes = socket_->read(portion);
+    for (std::string& line : reader_.take({bytes.constData(), static_cast<std::size_t>(bytes.size())})) {
+        lines_.push_back(std::move(line));
+    }
+    return !bytes.isEmpty();
+}
+
+void Connection::work() {
+    // Running a line may write, and that may call here again.
+    if (working_) return;
+    working_ = true;
+    while (mayWork()) {
+        if (lines_.empty() && !readMore()) break;
+        if (lines_.empty()) continue;
+        const std::string line = std::move(lines_.front());
+        lines_.pop_front();
+        takeLine(line);
+    }
+    working_ = false;
+}
+
+void Connection::takeLine(const std::string& line) {
+    if (handle_.empty()) {
+        const LoginDialog::Step step = login_.take(line, host_.questions);
+        write(step.text);
+        if (step.entered) host_.enter(*this);
+        return;
+    }
+    Player* player = hall_.find(handle_);
+    if (!player) return;
+    const Answer result = runCommand(hall_, *player, line);
+    if (!result.leaving) return answer(result.text, result.prompt);
+    const std::string name = handle_;
+    finish(result.text);
+    hall_.leave(name);
+}
+
+void Connection::answer(const std::string& text, bool withPrompt) {
+    write((text.empty() ? text : text + "\n") + (withPrompt ? prompt() : std::string()));
+}
+
+void Connection::show(const std::string& text) { write("\n" + text + "\n" + prompt()); }
+
+void Connection::write(const std::string& text) {
+    if (socket_->state() != QAbstractSocket::ConnectedState) return;
+    if (socket_->bytesToWrite() > outputLimit) {
+        // Not at once: the caller may be in the middle of a walk through all players.
+        finished_ = true;
+        QTimer::singleShot(0, socket_, [socket = socket_] { socket->abort(); });
+        return;
+    }
+    socket_->write(QByteArray::fromStdString(wireText(text)));
+}
+
+std::string Connection::prompt() {
+    const Player* player = hall_.find(handle_);
+    return player ? player->variables.prompt : std::string();
+}
+
+} // namespace practice

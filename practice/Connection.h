@@ -1,0 +1,75 @@
+// One client at its socket.
+#pragma once
+
+#include "practice/Hall.h"
+#include "practice/LineReader.h"
+#include "practice/LoginDialog.h"
+
+#include <QTcpSocket>
+
+#include <deque>
+#include <functional>
+#include <string>
+
+namespace practice {
+
+// Reads typed lines, leads the log-on, runs commands and writes texts in the server's manners. Memory stays bounded:
+// a client that sends much is read slowly, and one that does not read what it is sent is dropped.
+class Connection {
+public:
+    static constexpr qint64 outputLimit = 4 * 1024 * 1024; // bytes waiting; more drops the client
+
+    // What the server does for a connection.
+    struct Host {
+        LoginDialog::Questions questions;
+        std::function<void(Connection&)> enter;  // the log-on is done: make it a player
+        std::function<void(Connection&)> closed; // the socket is gone: called once, from the event loop
+    };
+
+    // Takes the socket over; `host` and `hall` must outlive the connection.
+    Connection(QTcpSocket* socket, Hall& hall, const Host& host);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    // Greets and begins to read.
+    void begin();
+
+    // The log-on talk, with the handle that it found out.
+    const LoginDialog& login() const { return login_; }
+
+    // The handle of this client's player; empty before the log-on and after the session.
+    const std::string& handle() const { return handle_; }
+
+    // Ties the connection to its player and welcomes him.
+    void startSession(Player& player);
+
+    // Ends the session with a last text; the socket closes once that is written.
+    void finish(const std::string& text);
+
+private:
+    static constexpr qint64 readLimit = 64 * 1024;   // bytes that wait in the socket
+    static constexpr int closingTime = 5'000;        // milliseconds for the last text to go out
+    static constexpr qint64 writePause = 256 * 1024; // no further command is run above this
+
+    void work();
+    bool mayWork();
+    bool readMore();
+    void takeLine(const std::string& line);
+    void answer(const std::string& text, bool prompt);
+    void show(const std::string& text);
+    void write(const std::string& text);
+    std::string prompt();
+
+    QTcpSocket* socket_;
+    Hall& hall_;
+    const Host& host_;
+    LineReader reader_;
+    LoginDialog login_;
+    std::deque<std::string> lines_;
+    std::string handle_;
+    bool working_ = false;
+    bool finished_ = false;
+};
+
+} // namespace practice

@@ -1,0 +1,80 @@
+// One game: who plays, what was moved, and the texts that tell of it.
+#pragma once
+
+#include "practice/GameClock.h"
+#include "practice/Position.h"
+#include "practice/Seeks.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace practice {
+
+// A half-move with its texts, as the board line and the move list show them.
+struct PlayedMove {
+    std::string engineForm;
+    std::string verbose;
+    std::string pretty;
+    std::int64_t taken = 0; // milliseconds
+    int doublePushFile = -1;
+};
+
+// What one player has put before the other.
+enum class Offer { None, Draw, Abort };
+
+// A running game. `facts` always belongs to the position after the last of `moves`, unless `pending` is true: then a
+// move is on its way through the rules engine and nothing else may be moved.
+struct Game {
+    // Clients hold 200 moves of each side; one less leaves them room for the position after the last.
+    static constexpr std::size_t plyLimit = 398;
+
+    std::uint64_t serial = 0; // never used twice, unlike the number
+    int number = 0;
+    std::array<std::string, 2> names;   // white, black; without titles
+    std::array<std::string, 2> ratings; // "1711", "++++", "----" without blanks in front
+    Terms terms;
+    std::string startedAt; // "Sat Nov 21, 02:42 UTC 2026"
+    GameClock clock;
+    std::vector<PlayedMove> moves;
+    PositionFacts facts;
+    std::mt19937 dice; // the game's own, so that others do not change its course
+    bool pending = false;
+    std::map<std::string, int> seen; // how often each position stood, by its repetition key
+    Offer offer = Offer::None;
+    int offeredBy = 0;     // side 0 or 1; only with an offer
+    int computerScore = 0; // what the computer at the board thought of its chances, in hundredths of a pawn
+    std::vector<std::string> observers;
+
+    // The side to move: 0 white, 1 black.
+    int toMove() const;
+
+    // 0 for white's handle, 1 for black's, -1 for any other name; letter case counts.
+    int sideOf(const std::string& name) const;
+
+    // The number of the move about to be made, from 1 on.
+    int moveNumber() const;
+};
+
+// "(white vs. black)".
+std::string pairing(const Game& game);
+
+// "Game 1: white (rating) black (rating) unrated blitz 5 0".
+std::string gameTitle(const Game& game);
+
+// The board line as `viewer` gets it at the moment `now`.
+std::string boardLineFor(const Game& game, const std::string& viewer, std::int64_t now);
+
+// "{Game 1 (white vs. black) REASON} RESULT".
+std::string endLine(const Game& game, const std::string& reason, const std::string& result);
+
+// The answer to "moves", from the line "Movelist for game" to the one that says that the game goes on.
+std::string moveList(const Game& game);
+
+// The game's row in the answer to "games", clocks as of `now`.
+std::string gamesRow(const Game& game, std::int64_t now);
+
+} // namespace practice

@@ -1,0 +1,41 @@
+// The clocks of one game.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace practice {
+
+// Two clocks in milliseconds, index 0 white and 1 black. They run from the third half-move on: each side's first
+// move is free and earns no increment. All moments are milliseconds of one steady clock that the caller reads.
+struct GameClock {
+    std::array<std::int64_t, 2> left{};
+    std::int64_t increment = 0;
+    std::int64_t turnBegan = 0;
+    int halfmoves = 0;
+    bool timed = true; // false for a game without time control, whose clocks never run
+
+    // Sets both clocks to `minutes`; "0 0" gives an untimed game and "0 n" starts with 10 seconds each.
+    void start(int minutes, int incrementSeconds, std::int64_t now);
+
+    // True once both sides have moved in a timed game.
+    bool running() const;
+
+    // What a side has left at `now`, below zero after its flag fell; `toMove` tells whose clock runs.
+    std::int64_t remaining(int side, int toMove, std::int64_t now) const;
+
+    // Books the move of `side` and gives the milliseconds it took: 0 for a free move.
+    std::int64_t press(int side, std::int64_t now);
+};
+
+// Milliseconds as rounded whole seconds, below zero for a fallen flag.
+int roundedSeconds(std::int64_t milliseconds);
+
+// Milliseconds as "(0:07)", hours counted in the minutes.
+std::string moveTimeText(std::int64_t milliseconds);
+
+// Milliseconds as "2:07"; a fallen flag shows "0:00".
+std::string clockText(std::int64_t milliseconds);
+
+} // namespace practice

@@ -1,0 +1,103 @@
+// The server's help.
+#include "practice/HelpTexts.h"
+
+#include "practice/CommandNames.h"
+#include "practice/Text.h"
+
+#include <map>
+
+namespace practice {
+
+namespace {
+
+constexpr std::size_t screenWidth = 79;
+
+const std::map<std::string, std::string>& topics() {
+    static const std::map<std::string, std::string> texts{
+        {"abort", "abort\n\nBefore both sides have moved the game ends at once, without a result.  Later a computer\n"
+                  "agrees always, and a player may answer with \"abort\" or \"accept\"."},
+        {"computers", "Computer players\n\nSprout, Willow and Granite, from weak to strong, offer games at three time\n"
+                      "controls: see \"sought\".  Each plays as many opponents at once as come, so an ad\n"
+                      "stays open while its owner plays.  Lantern and Harbour always play each other:\n"
+                      "see \"games\" and \"observe\"."},
+        {"draw", "draw\n\nOffers a draw, or accepts the one that is offered.  A third repetition, fifty moves\n"
+                 "without capture or pawn's move, and a lack of mating material end a game by themselves."},
+        {"finger", "finger [name]\n\nTells about a player.  \"set 1 TEXT\" to \"set 10 TEXT\" write your own notes."},
+        {"flag", "flag\n\nClaims the game when the opponent's time is over.  With \"set autoflag 1\" the server\n"
+                 "does so for you; computers are never slow to claim.  Each side's first move is free."},
+        {"games", "games [name]\n\nLists the games in progress."},
+        {"moves", "moves [number|name]\n\nLists the moves of your game, or of another."},
+        {"observe", "observe [number|name]\n\nShows a game's moves as they are made; \"unobserve [number]\" ends it."},
+        {"play", "play NUMBER\n\nAnswers an ad of \"sought\"; the game starts at once."},
+        {"promote", "promote q|r|b|n\n\nChooses the piece that a pawn becomes when the move does not name one.\n"
+                    "A move may name it: \"e7e8=q\", \"e8=Q\"."},
+        {"quit", "quit\n\nEnds the session.  Resign or abort a game first."},
+        {"register",
+         "register\n\nThere is nothing to sign: the practice hall has a short list of names with a password,\n"
+         "told by the server program's own --help, and everybody else is a guest."},
+        {"resign", "resign\n\nGives the game up."},
+        {"seek",
+         "seek [time inc] [rated|unrated] [white|black] [low-high]\n\nOffers a game to everybody: minutes, then\n"
+         "seconds a move.  \"unseek\" takes it back.  Ratings never change here."},
+        {"set",
+         "set VARIABLE VALUE\n\nChanges a setting; a switch without a value toggles.  \"variables\" lists them,\n"
+         "\"set prompt TEXT\" changes the prompt."},
+        {"shout", "shout TEXT\n\nSays something to everybody."},
+        {"sought", "sought\n\nLists the open ads."},
+        {"style", "style 12\n\nBoards come in style 12 only: one line for programs to read."},
+        {"tell",
+         "tell NAME|CHANNEL TEXT\n\nTalks to one player, or to a channel.  Everybody starts in channels 1 and 50;\n"
+         "\"+channel N\" and \"-channel N\" change that.  \"say\" goes to your opponent."},
+        {"who", "who\n\nLists who is logged on, with ratings; ^ marks those who play."},
+    };
+    return texts;
+}
+
+// The words of a paragraph in lines that fit the narrowest usual screen.
+std::string flowedParagraph(const std::string& text) {
+    std::string result;
+    std::size_t column = 0;
+    for (const std::string& word : words(text)) {
+        const bool full = column + 1 + word.size() > screenWidth;
+        if (column > 0) result += full ? '\n' : ' ';
+        column = full || column == 0 ? word.size() : column + 1 + word.size();
+        result += word;
+    }
+    return result;
+}
+
+std::string flowed(const std::string& text) {
+    const auto gap = text.find("\n\n");
+    if (gap == std::string::npos) return flowedParagraph(text);
+    return flowedParagraph(text.substr(0, gap)) + "\n\n" + flowed(text.substr(gap + 2));
+}
+
+std::string overview() {
+    return "help [topic]\n\nThe practice hall lets you play computers of three strengths, watch a game that is\n"
+           "always on, and talk to whoever else is here.  Start with \"sought\" and \"play 1\"; moves are\n"
+           "typed like e2e4, Nf3, exd5, O-O or e8=Q.\n\n\"help commands\" lists the commands, \"help computers\" the "
+           "players.";
+}
+
+std::string commandList() {
+    std::string text = "Commands:\n\n";
+    int column = 0;
+    for (const std::string& name : commandNames()) {
+        text += padRight(name, 15);
+        if (++column % 5 == 0) text += "\n";
+    }
+    return trim(text);
+}
+
+} // namespace
+
+std::string helpOn(const std::string& topic) {
+    const std::string wanted = lower(trim(topic));
+    if (wanted.empty() || wanted == "help") return flowed(overview());
+    if (wanted == "commands") return commandList();
+    const auto at = topics().lower_bound(wanted);
+    if (at != topics().end() && startsWith(at->first, wanted)) return flowed(at->second);
+    return "No help available on \"" + wanted + "\".";
+}
+
+} // namespace practice

@@ -1,0 +1,27 @@
+// Cuts a client's bytes into typed lines.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace practice {
+
+// Holds the part of a line that has no end yet. Lines end with LF; CR, NUL and telnet commands are left out. What
+// goes past `limit` bytes of one line is dropped, so the memory stays bounded whatever comes.
+struct LineReader {
+    static constexpr std::size_t limit = 1024;
+
+    // Takes `bytes` and gives the lines that ended in them, without line ends.
+    std::vector<std::string> take(std::string_view bytes);
+
+private:
+    enum class Telnet { None, Command, Option, Negotiation, NegotiationCommand };
+
+    bool swallow(unsigned char byte);
+
+    std::string pending_;
+    Telnet telnet_ = Telnet::None;
+};
+
+} // namespace practice

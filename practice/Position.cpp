@@ -1,0 +1,106 @@
+// A chess position as the engine's FEN text tells it.
+#include "practice/Position.h"
+
+#include "practice/Text.h"
+
+#include <algorithm>
+
+namespace practice {
+
+namespace {
+
+bool isPieceLetter(char c) { return std::string_view("KQRBNPkqrbnp").find(c) != std::string_view::npos; }
+
+bool belongsTo(char piece, bool white) { return piece != '-' && (piece >= 'A' && piece <= 'Z') == white; }
+
+// Fills the ranks from the eighth down; false unless there are 8 ranks of 8 squares.
+bool readPlacement(std::string_view text, std::array<char, 64>& board) {
+    board.fill('-');
+    int rank = 7;
+    int file = 0;
+    for (const char c : text) {
+        if (c == '/') {
+            if (file != 8 || rank == 0) return false;
+            --rank;
+            file = 0;
+        } else if (c >= '1' && c <= '8') {
+            file += c - '0';
+        } else if (isPieceLetter(c) && file < 8) {
+            board[static_cast<std::size_t>(8 * rank + file++)] = c;
+        } else {
+            return false;
+        }
+        if (file > 8) return false;
+    }
+    return rank == 0 && file == 8;
+}
+
+int pieceValue(char piece) {
+    switch (piece | 0x20) {
+    case 'q':
+        return 9;
+    case 'r':
+        return 5;
+    case 'b':
+    case 'n':
+        return 3;
+    case 'p':
+        return 1;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+char Position::at(std::string_view square) const {
+    const int index = squareIndex(square);
+    return index < 0 ? '-' : board[static_cast<std::size_t>(index)];
+}
+
+std::string Position::rank(int which) const {
+    const auto first = board.begin() + 8 * (which - 1);
+    return std::string(first, first + 8);
+}
+
+std::optional<Position> readFen(std::string_view fen) {
+    const auto parts = words(fen);
+    Position result;
+    if (parts.size() < 2 || !readPlacement(parts[0], result.board)) return std::nullopt;
+    result.whiteToMove = parts[1] == "w";
+    if (parts.size() > 2) result.castling = parts[2];
+    if (parts.size() > 4) result.halfmoves = number(parts[4]).value_or(0);
+    if (parts.size() > 5) result.moveNumber = std::max(1, number(parts[5]).value_or(1));
+    return result;
+}
+
+std::string repetitionKey(std::string_view fen) {
+    auto parts = words(fen);
+    parts.resize(4);
+    return parts[0] + " " + parts[1] + " " + parts[2] + " " + parts[3];
+}
+
+int squareIndex(std::string_view square) {
+    if (square.size() != 2 || square[0] < 'a' || square[0] > 'h' || square[1] < '1' || square[1] > '8') return -1;
+    return 8 * (square[1] - '1') + (square[0] - 'a');
+}
+
+int materialStrength(const Position& position, bool white) {
+    int sum = 0;
+    for (const char piece : position.board) {
+        if (belongsTo(piece, white)) sum += pieceValue(piece);
+    }
+    return sum;
+}
+
+bool hasMatingMaterial(const Position& position, bool white) {
+    int pieces = 0;
+    for (const char piece : position.board) {
+        if (!belongsTo(piece, white)) continue;
+        if ((piece | 0x20) == 'p') return true;
+        ++pieces;
+    }
+    return pieces > 2 || materialStrength(position, white) > 3;
+}
+
+} // namespace practice

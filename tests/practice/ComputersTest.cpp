@@ -1,0 +1,60 @@
+// Tests of the computer players' characters and choices.
+#include "practice/Computers.h"
+#include "practice/Accounts.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace practice {
+namespace {
+
+TEST(Computers, ThreeSeekAtDifferentTimeControlsAndGrowStronger) {
+    std::set<std::pair<int, int>> controls;
+    int lastDepth = 0;
+    int lastRating = 0;
+    for (const Computer& computer : computers()) {
+        EXPECT_EQ(handleComplaint(computer.name), "");
+        if (!computer.seeks) continue;
+        controls.insert({computer.offer.minutes, computer.offer.increment});
+        EXPECT_GT(computer.depth, lastDepth);
+        EXPECT_GT(computer.rating, lastRating);
+        lastDepth = computer.depth;
+        lastRating = computer.rating;
+    }
+    EXPECT_EQ(controls.size(), 3U);
+}
+
+TEST(Computers, TwoPlayEachOtherOnly) {
+    int pair = 0;
+    for (const Computer& computer : computers()) pair += computer.seeks ? 0 : 1;
+    EXPECT_EQ(pair, 2);
+}
+
+TEST(Computers, OnlyMovesWithinTheMarginAreChosen) {
+    std::mt19937 random(1);
+    const std::vector<Candidate> proposals{{"e2e4", 30}, {"d2d4", 0}, {"a2a3", -80}};
+    std::set<std::string> chosen;
+    for (int i = 0; i < 100; ++i) chosen.insert(chooseMove(proposals, 40, random));
+    EXPECT_EQ(chosen, (std::set<std::string>{"e2e4", "d2d4"}));
+}
+
+TEST(Computers, TheSameSeedChoosesTheSameMoves) {
+    const std::vector<Candidate> proposals{{"e2e4", 30}, {"d2d4", 20}, {"c2c4", 10}};
+    std::mt19937 first(7);
+    std::mt19937 second(7);
+    for (int i = 0; i < 50; ++i) EXPECT_EQ(chooseMove(proposals, 40, first), chooseMove(proposals, 40, second));
+}
+
+TEST(Computers, AMateInSightIsAlwaysTaken) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 50; ++i) EXPECT_EQ(chooseMove({{"h5f7", 29'999}, {"a2a3", 29'990}}, 500, random), "h5f7");
+}
+
+TEST(Computers, NoProposalsGiveNoMove) {
+    std::mt19937 random(1);
+    EXPECT_EQ(chooseMove({}, 40, random), "");
+}
+
+} // namespace
+} // namespace practice

@@ -1,0 +1,74 @@
+// Tests of a game's clocks.
+#include "practice/GameClock.h"
+
+#include <gtest/gtest.h>
+
+namespace practice {
+namespace {
+
+TEST(GameClock, EachSidesFirstMoveIsFree) {
+    GameClock clock;
+    clock.start(5, 2, 1000);
+    EXPECT_EQ(clock.press(0, 61'000), 0);
+    EXPECT_EQ(clock.press(1, 99'000), 0);
+    EXPECT_EQ(clock.left[0], 300'000);
+    EXPECT_EQ(clock.left[1], 300'000);
+    EXPECT_TRUE(clock.running());
+}
+
+TEST(GameClock, LaterMovesTakeTimeAndEarnTheIncrement) {
+    GameClock clock;
+    clock.start(5, 2, 0);
+    clock.press(0, 0);
+    clock.press(1, 0);
+    EXPECT_EQ(clock.press(0, 7'000), 7'000);
+    EXPECT_EQ(clock.left[0], 295'000);
+    EXPECT_EQ(clock.remaining(1, 1, 17'000), 290'000);
+    EXPECT_EQ(clock.remaining(0, 1, 17'000), 295'000);
+}
+
+TEST(GameClock, AFlagFallsBelowZero) {
+    GameClock clock;
+    clock.start(1, 0, 0);
+    clock.press(0, 0);
+    clock.press(1, 0);
+    EXPECT_EQ(clock.remaining(0, 0, 60'001), -1);
+}
+
+TEST(GameClock, TheClockStandsBeforeBothHaveMoved) {
+    GameClock clock;
+    clock.start(1, 0, 0);
+    EXPECT_EQ(clock.remaining(0, 0, 500'000), 60'000);
+    clock.press(0, 500'000);
+    EXPECT_FALSE(clock.running());
+}
+
+TEST(GameClock, AnUntimedGameNeverRuns) {
+    GameClock clock;
+    clock.start(0, 0, 0);
+    for (int i = 0; i < 6; ++i) clock.press(i % 2, 100'000 * i);
+    EXPECT_FALSE(clock.running());
+    EXPECT_EQ(clock.remaining(0, 0, 9'000'000), 0);
+}
+
+TEST(GameClock, NoMinutesWithAnIncrementStartWithTenSeconds) {
+    GameClock clock;
+    clock.start(0, 3, 0);
+    EXPECT_EQ(clock.left[0], 10'000);
+}
+
+TEST(GameClock, TimesAreTextsOfMinutesAndSeconds) {
+    EXPECT_EQ(moveTimeText(7'999), "(0:07)");
+    EXPECT_EQ(clockText(127'000), "2:07");
+    EXPECT_EQ(clockText(7'200'000), "120:00");
+    EXPECT_EQ(clockText(-5), "0:00");
+}
+
+TEST(GameClock, SecondsAreRoundedOnBothSidesOfZero) {
+    EXPECT_EQ(roundedSeconds(604'697), 605);
+    EXPECT_EQ(roundedSeconds(604'400), 604);
+    EXPECT_EQ(roundedSeconds(-1'600), -2);
+}
+
+} // namespace
+} // namespace practice

@@ -1,0 +1,102 @@
+// Tests of commands about players and settings, and of finding a command at all.
+#include "practice/HallRig.h"
+
+#include <gtest/gtest.h>
+
+namespace practice {
+namespace {
+
+struct InfoCommandsTest : testing::Test {
+    HallRig rig;
+
+    InfoCommandsTest() {
+        rig.enter("Ada", "1711");
+        rig.enter("Bert");
+    }
+};
+
+TEST_F(InfoCommandsTest, UnknownWordsAreNoCommands) {
+    EXPECT_EQ(rig.type("Ada", "foo bar"), "foo: Command not found.");
+    EXPECT_EQ(rig.type("Ada", "r"), "Ambiguous command. Matches: refresh resign");
+}
+
+TEST_F(InfoCommandsTest, AnEmptyLineGivesThePromptAlone) {
+    const Answer answer = runCommand(rig.hall, *rig.hall.find("Ada"), "  ");
+    EXPECT_EQ(answer.text, "");
+    EXPECT_TRUE(answer.prompt);
+}
+
+TEST_F(InfoCommandsTest, LetterCaseDoesNotMatter) {
+    EXPECT_EQ(rig.type("Ada", "Set Style 12"), "Style 12 set.");
+    EXPECT_EQ(rig.type("Ada", "STYLE 12"), "Style 12 set.");
+}
+
+TEST_F(InfoCommandsTest, WhoListsPlayersWithTheirStates) {
+    rig.enter("Cora");
+    rig.match("Ada", "Bert");
+    EXPECT_EQ(rig.type("Cora", "who"), "1711^Ada                   ++++^Bert(U)               ++++ Cora(U)\n\n"
+                                       " 3 players displayed (of 3).");
+    rig.now += 400'000;
+    EXPECT_NE(rig.type("Ada", "who").find("++++.Cora(U)"), std::string::npos);
+}
+
+TEST_F(InfoCommandsTest, FingerTellsAboutOneself) {
+    rig.now += 65'000;
+    EXPECT_EQ(rig.type("Bert", "finger"),
+              "Finger of Bert(U):\n\nOn for: 1 min   Idle: 0 secs\n\nBert is NOT a registered player.");
+}
+
+TEST_F(InfoCommandsTest, FingerShowsTheNotes) {
+    rig.type("Ada", "set 1 I like endgames.");
+    rig.type("Ada", "set 10 And openings.");
+    EXPECT_TRUE(rig.type("Bert", "fi ada").ends_with("\n\n 1: I like endgames.\n10: And openings."));
+}
+
+TEST_F(InfoCommandsTest, FingerOfAbsentPlayers) {
+    rig.hall.accounts = builtInAccounts();
+    EXPECT_EQ(rig.type("Ada", "finger pupil"), "Finger of Pupil:\n\nPupil is not logged on.");
+    EXPECT_EQ(rig.type("Ada", "finger zzz"), "There is no player matching the name zzz.");
+}
+
+TEST_F(InfoCommandsTest, VariablesOfOneselfAndOthers) {
+    EXPECT_TRUE(rig.type("Ada", "Vars").starts_with("Variable settings of Ada:\n"));
+    EXPECT_TRUE(rig.type("Ada", "variables bert").starts_with("Variable settings of Bert:\n"));
+}
+
+TEST_F(InfoCommandsTest, SettingsKeepTheRestOfTheLine) {
+    EXPECT_EQ(rig.type("Ada", "set interface probe  2"), "interface set to \"probe  2\".");
+    EXPECT_EQ(rig.type("Ada", "Set Prompt go>"), "prompt set to \"go> \".");
+}
+
+TEST_F(InfoCommandsTest, SettingsOfARegisteredPlayerAreRemembered) {
+    rig.type("Ada", "set width 100");
+    rig.type("Bert", "set width 100");
+    rig.hall.leave("Ada");
+    rig.hall.leave("Bert");
+    EXPECT_EQ(rig.enter("Ada", "1711").variables.value("width"), 100);
+    EXPECT_EQ(rig.enter("Bert").variables.value("width"), 79);
+}
+
+TEST_F(InfoCommandsTest, ArrivalsAreToldToThoseWhoWantThem) {
+    rig.type("Ada", "set pin 1");
+    rig.enter("Cora");
+    rig.hall.leave("Cora");
+    EXPECT_EQ(rig.takeShown("Ada"), "|[Cora(U) has connected.]|[Cora(U) has disconnected.]");
+    EXPECT_EQ(rig.takeShown("Bert"), "");
+}
+
+TEST_F(InfoCommandsTest, HelpIsGiven) {
+    EXPECT_TRUE(rig.type("Ada", "help seek").starts_with("seek "));
+    EXPECT_TRUE(rig.type("Ada", "help nosuch").starts_with("No help available"));
+}
+
+TEST_F(InfoCommandsTest, WhatIsNotThereSaysSo) {
+    EXPECT_TRUE(rig.type("Ada", "match bert 5 0").starts_with("Challenges are not there yet"));
+    EXPECT_EQ(rig.type("Ada", "history"), "Ada has no history games.");
+    EXPECT_EQ(rig.type("Ada", "stored bert"), "bert has no adjourned games.");
+    EXPECT_EQ(rig.type("Ada", "iset seekinfo 1"), "No such ivariable \"seekinfo\".");
+    EXPECT_EQ(rig.type("Ada", "next"), "There is no more.");
+}
+
+} // namespace
+} // namespace practice

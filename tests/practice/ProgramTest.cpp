@@ -1,0 +1,106 @@
+// Tests of the program's command line and of its ends.
+#include "practice/ServerRig.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+
+namespace {
+
+std::string temporaryFile(const std::string& text) {
+    const std::string path = testing::TempDir() + "practice-users-" + std::to_string(getpid());
+    std::ofstream(path) << text;
+    return path;
+}
+
+TEST(Program, TheFirstLineTellsThePort) {
+    const TestServer server;
+    EXPECT_EQ(server.output(), "listening on 127.0.0.1:" + std::to_string(server.port()) + "\n");
+    EXPECT_GT(server.port(), 0);
+}
+
+TEST(Program, TerminateAndInterruptEndItCleanly) {
+    for (const int number : {SIGTERM, SIGINT}) {
+        TestServer server;
+        kill(server.pid(), number);
+        EXPECT_EQ(server.wait(), 0) << number;
+    }
+}
+
+TEST(Program, ItEndsWithClientsInTheMiddleOfGames) {
+    TestServer server({"--move-delay", "0"});
+    TestClient client(server.port());
+    client.enterAsGuest();
+    client.line("play 3");
+    client.until("<12> ");
+    kill(server.pid(), SIGTERM);
+    EXPECT_EQ(server.wait(), 0);
+}
+
+TEST(Program, ItEndsWithItsOwner) {
+    const pid_t owner = fork();
+    if (owner == 0) {
+        pause();
+        _exit(0);
+    }
+    TestServer server({"--owner-pid", std::to_string(owner)});
+    EXPECT_GT(server.port(), 0);
+    kill(owner, SIGKILL);
+    waitpid(owner, nullptr, 0);
+    EXPECT_EQ(server.wait(), 0);
+}
+
+TEST(Program, WithoutItsEngineItSaysSo) {
+    TestServer server({"--engine", "/nonexistent/engine"});
+    EXPECT_NE(server.output().find("the chess engine \"/nonexistent/engine\" is missing"), std::string::npos);
+    EXPECT_EQ(server.wait(), 2);
+}
+
+TEST(Program, AnEngineThatEndsIsStartedAgainOnceOnly) {
+    TestServer server({"--engine", "/bin/true"});
+    EXPECT_EQ(server.wait(), 2);
+    EXPECT_NE(server.output().find("engine ended"), std::string::npos);
+}
+
+TEST(Program, WrongOptionsAreNamed) {
+    TestServer port({"--port", "99999"});
+    EXPECT_NE(port.output().find("--port needs a number from 0 to 65535"), std::string::npos);
+    EXPECT_EQ(port.wait(), 2);
+    TestServer unknown({"--nonsense"});
+    EXPECT_EQ(unknown.wait(), 2);
+    TestServer file({"--users", "/nonexistent/users"});
+    EXPECT_NE(file.output().find("cannot read /nonexistent/users"), std::string::npos);
+    EXPECT_EQ(file.wait(), 2);
+}
+
+TEST(Program, APortInUseIsNamed) {
+    const TestServer first;
+    TestServer second({"--port", std::to_string(first.port())});
+    EXPECT_NE(second.output().find("cannot listen on that port"), std::string::npos);
+    EXPECT_EQ(second.wait(), 1);
+}
+
+TEST(Program, HelpTellsThePracticePassword) {
+    TestServer server({"--help"});
+    EXPECT_NE(server.output().find("password \"practice\""), std::string::npos);
+    EXPECT_EQ(server.wait(), 0);
+}
+
+TEST(Program, UsersComeFromAFile) {
+    const std::string path = temporaryFile("Olga swordfish 1900\n");
+    TestServer server({"--users", path});
+    TestClient client(server.port());
+    client.until("login: ");
+    client.line("olga");
+    client.until("password: ");
+    client.line("swordfish");
+    client.until("**** Starting FICS session as Olga ****");
+    std::remove(path.c_str());
+}
+
+} // namespace

@@ -1,0 +1,108 @@
+// Tests of seek ads: reading terms, the table of ads, and their texts.
+#include "practice/Seeks.h"
+
+#include <gtest/gtest.h>
+
+namespace practice {
+namespace {
+
+Seek ad(const std::string& owner, int minutes, int increment) {
+    Seek seek{owner, "", "1711", {}};
+    seek.terms.minutes = minutes;
+    seek.terms.increment = increment;
+    return seek;
+}
+
+TEST(Seeks, ANewAdTakesTheLowestFreeNumber) {
+    SeekTable table;
+    EXPECT_EQ(table.post(ad("Ada", 3, 0)), 1);
+    EXPECT_EQ(table.post(ad("Bert", 3, 0)), 2);
+    EXPECT_EQ(table.post(ad("Cora", 3, 0)), 3);
+    EXPECT_EQ(table.removeOwner("Bert"), 1);
+    EXPECT_EQ(table.post(ad("Dora", 3, 0)), 2);
+}
+
+TEST(Seeks, TheTableIsFullAt200Ads) {
+    SeekTable table;
+    for (int i = 1; i <= 200; ++i) EXPECT_EQ(table.post(ad("Ada", 3, 0)), i);
+    EXPECT_EQ(table.post(ad("Ada", 3, 0)), 0);
+    EXPECT_EQ(table.countOf("Ada"), 200);
+}
+
+TEST(Seeks, TermsAreReadInFull) {
+    const auto reading = readTerms({"10", "5", "rated", "white", "800-1300"}, {});
+    EXPECT_EQ(reading.error, "");
+    EXPECT_EQ(reading.terms.minutes, 10);
+    EXPECT_EQ(reading.terms.increment, 5);
+    EXPECT_TRUE(reading.terms.rated);
+    EXPECT_EQ(reading.terms.colour, WantedColour::White);
+    EXPECT_EQ(reading.terms.lowest, 800);
+    EXPECT_EQ(reading.terms.highest, 1300);
+}
+
+TEST(Seeks, TermsAreReadInShortAndInAnyLetterCase) {
+    const auto reading = readTerms({"3", "0", "u", "Black", "0-9999", "m", "f"}, {});
+    EXPECT_EQ(reading.error, "");
+    EXPECT_FALSE(reading.terms.rated);
+    EXPECT_EQ(reading.terms.colour, WantedColour::Black);
+    EXPECT_TRUE(reading.terms.manual);
+    EXPECT_TRUE(reading.terms.formula);
+}
+
+TEST(Seeks, TermsNotSaidComeFromTheStandard) {
+    Terms standard;
+    standard.minutes = 7;
+    standard.increment = 3;
+    EXPECT_EQ(readTerms({}, standard).terms.minutes, 7);
+    EXPECT_EQ(readTerms({}, standard).terms.increment, 3);
+    EXPECT_EQ(readTerms({"5"}, standard).terms.increment, 0);
+}
+
+TEST(Seeks, StrangeTermsAreComplainedAbout) {
+    EXPECT_NE(readTerms({"5", "0", "crazyhouse"}, {}).error, "");
+    EXPECT_NE(readTerms({"1000", "0"}, {}).error, "");
+    EXPECT_NE(readTerms({"5", "0", "3"}, {}).error, "");
+    EXPECT_NE(readTerms({"5", "0", "10000-20000"}, {}).error, "");
+    EXPECT_NE(readTerms({"-"}, {}).error, "");
+}
+
+TEST(Seeks, TheKindFollowsTheTimeOfFortyMoves) {
+    EXPECT_EQ(gameKind(0, 0), "untimed");
+    EXPECT_EQ(gameKind(1, 0), "lightning");
+    EXPECT_EQ(gameKind(3, 0), "blitz");
+    EXPECT_EQ(gameKind(2, 12), "blitz");
+    EXPECT_EQ(gameKind(15, 0), "standard");
+    EXPECT_EQ(gameKind(15, 10), "standard");
+}
+
+TEST(Seeks, TheAnnouncementEndsWithTheCommandThatTakesIt) {
+    Seek seek = ad("Ada", 5, 0);
+    EXPECT_EQ(announcement(12, seek), "Ada (1711) seeking 5 0 unrated blitz (\"play 12\" to respond)");
+    seek.terms.rated = seek.terms.manual = seek.terms.formula = true;
+    seek.terms.colour = WantedColour::White;
+    EXPECT_EQ(announcement(3, seek), "Ada (1711) seeking 5 0 rated blitz [white] m f (\"play 3\" to respond)");
+}
+
+TEST(Seeks, TheRowOfAnAdKeepsItsColumns) {
+    Seek seek = ad("Willow", 15, 10);
+    seek.title = "(C)";
+    EXPECT_EQ(soughtRow(2, seek), "  2 1711 Willow(C)          15  10 unrated standard               0-9999 ");
+    seek.terms.rated = true;
+    seek.terms.colour = WantedColour::White;
+    seek.terms.lowest = 800;
+    seek.terms.highest = 1300;
+    seek.terms.manual = seek.terms.formula = true;
+    EXPECT_EQ(soughtRow(127, seek), "127 1711 Willow(C)          15  10 rated   standard   [white]   800-1300 mf");
+}
+
+TEST(Seeks, TheTableEndsWithTheCount) {
+    SeekTable table;
+    EXPECT_EQ(soughtTable(table), "0 ads displayed.");
+    table.post(ad("Ada", 3, 0));
+    EXPECT_TRUE(soughtTable(table).ends_with("\n1 ad displayed."));
+    table.post(ad("Bert", 3, 0));
+    EXPECT_TRUE(soughtTable(table).ends_with("\n2 ads displayed."));
+}
+
+} // namespace
+} // namespace practice
