@@ -162,20 +162,20 @@ TEST_F(BoardViewTest, OnAFlippedBoardASquareIsDrawnWhereItShows) {
 }
 
 TEST_F(BoardViewTest, AnImageLargerThanItsSquareIsCutAtItsEdge) {
+    // The artwork is clear at its edge, so a full image takes its place for the test.
+    QImage& rook = const_cast<PieceImages&>(imlPieces.images(25, 1))[9];
+    const QImage artwork = rook;
+    rook.fill(Qt::red);
     setUp(24, 2);
     ASSERT_EQ(view.geometry().ImagePixels, 25);
     const QImage before = view.picture().copy();
     pieces[27] = -3;
     view.zDrawSquare(27);
+    rook = artwork;
     for (int other = 0; other < 64; ++other) {
-        if (other != 27) {
-            EXPECT_EQ(square(other), cut(before, other)) << other;
-        }
+        EXPECT_EQ(square(other), other == 27 ? square(27) : cut(before, other)) << other;
     }
-    QImage expected(24, 24, QImage::Format_RGB32);
-    expected.fill(before.pixel(3 * 24, 4 * 24));
-    QPainter(&expected).drawImage(0, 0, imlPieces.images(25, 1)[9]);
-    EXPECT_EQ(square(27), expected);
+    EXPECT_TRUE(isPlain(square(27), qRgb(255, 0, 0)));
 }
 
 TEST_F(BoardViewTest, AnotherSetShowsItsOwnImages) {

@@ -2,7 +2,7 @@
 #include "view/PieceSets.h"
 
 #include "common/Fault.h"
-
+#include "view/Artwork.h"
 #include "view/BoardFixture.h"
 
 #include <gtest/gtest.h>
@@ -95,6 +95,11 @@ TEST(PieceSetsTest, KeyedImagesAreAddedBehindTheTwelfthAndTakenOutAgain) {
     EXPECT_EQ(*sets.find(1, QStringLiteral("Tf")), plain);
     EXPECT_EQ(sets.find(1, QStringLiteral("tf")), nullptr);
     EXPECT_EQ(sets.find(0, QStringLiteral("Sw")), nullptr);
+}
+
+TEST(Artwork, ADrawingThatIsNotThereIsClear) {
+    EXPECT_FALSE(isDrawn(drawArtwork(QStringLiteral("pieces/gnu/wx.svg"), 8)));
+    EXPECT_TRUE(isDrawn(drawArtwork(QStringLiteral("pieces/gnu/wk.svg"), 8)));
 }
 
 using SharedPieceSets = BoardFixture;
