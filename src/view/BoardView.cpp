@@ -153,9 +153,9 @@ void BoardView::showPointer(std::int16_t moveMode) {
     if (moveMode == pointer_) return;
     pointer_ = moveMode;
     if (moveMode == -1) {
-        setCursor(badgePointer(modChess.ColorMove, devicePixelRatioF()));
+        setCursor(movePointer(devicePixelRatioF()));
     } else if (moveMode == 1) {
-        setCursor(badgePointer(modChess.ColorPreMove, devicePixelRatioF()));
+        setCursor(preMovePointer(devicePixelRatioF()));
     } else {
         unsetCursor();
     }

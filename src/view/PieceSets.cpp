@@ -1,34 +1,22 @@
 // The piece images: 26 image lists drawn from our vector artwork when a board first asks for them.
 #include "view/PieceSets.h"
 
+#include "view/Artwork.h"
+
 #include <QPainter>
-#include <QSvgRenderer>
 
 #include <algorithm>
 #include <cmath>
-
-// Must stand outside any namespace: without it the linker drops the artwork of a static library.
-static void loadArtwork() { Q_INIT_RESOURCE(assets); }
 
 namespace {
 
 QString artworkPath(int list, int image) {
     const std::string_view family = familyOfList(list).name;
     const int kind = (image - 1) % 6;
-    return QStringLiteral(":/pieces/%1/%2%3.svg")
+    return QStringLiteral("pieces/%1/%2%3.svg")
         .arg(QString::fromLatin1(family.data(), static_cast<qsizetype>(family.size())))
         .arg(QLatin1Char(image <= 6 ? 'w' : 'b'))
         .arg(QLatin1Char("kqrbnp"[kind]));
-}
-
-QImage drawImage(int list, int image, int side) {
-    QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QSvgRenderer artwork(artworkPath(list, image));
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    artwork.render(&painter, QRectF(0, 0, side, side));
-    return picture;
 }
 
 } // namespace
@@ -37,10 +25,10 @@ const PieceImages& PieceSets::images(int list, double ratio) {
     const int side = static_cast<int>(std::lround(pieceListSize(list) * ratio));
     const auto known = drawn_.find({list, side});
     if (known != drawn_.end()) return known->second;
-    loadArtwork();
     PieceImages drawn;
+    ++drawnLists_;
     for (int image = 1; image <= PiecesInAList; ++image) {
-        drawn[static_cast<std::size_t>(image)] = drawImage(list, image, side);
+        drawn[static_cast<std::size_t>(image)] = drawArtwork(artworkPath(list, image), side);
     }
     return drawn_.emplace(std::pair{list, side}, std::move(drawn)).first->second;
 }

@@ -48,12 +48,13 @@ public:
     // The added image with that key; null when there is none.
     const QImage* find(int list, const QString& key) const;
 
-    // How many lists have been drawn so far, each size of the screen counted on its own.
-    int drawnLists() const { return static_cast<int>(drawn_.size()); }
+    // How often a list has been drawn so far; each list counts once for each scale of a screen.
+    int drawnLists() const { return drawnLists_; }
 
 private:
     std::map<std::pair<int, int>, PieceImages> drawn_; // by list and side in device pixels
     std::map<int, std::vector<KeyedImage>> added_;
+    int drawnLists_ = 0;
 };
 
 // The one set of lists of the program.

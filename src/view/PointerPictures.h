@@ -3,5 +3,6 @@
 
 #include <QCursor>
 
-// An arrow with a round badge of `badge` (0xBBGGRR) at its foot, sharp at `ratio` device pixels to the pixel.
-QCursor badgePointer(int badge, double ratio);
+// The pointer for a piece that may move now, or for one that may pre-move, sharp at `ratio` device pixels to the pixel.
+QCursor movePointer(double ratio);
+QCursor preMovePointer(double ratio);

@@ -1,0 +1,142 @@
+// Points and squares, colours of squares, and the small measures of the painter.
+#include "view/BoardGeometry.h"
+
+#include "common/modChess.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+BoardGeometry boardOf(std::int16_t squarePixels) {
+    BoardGeometry board;
+    board.SquarePixels = squarePixels;
+    return board;
+}
+
+} // namespace
+
+TEST(GetSqr, CountsFilesFromTheLeftAndRowsFromTheBottom) {
+    const BoardGeometry board = boardOf(54);
+    EXPECT_EQ(board.zGetSqr(0, 8 * 54 - 1), 0);
+    EXPECT_EQ(board.zGetSqr(8 * 54 - 1, 0), 63);
+    EXPECT_EQ(board.zGetSqr(0, 0), 56);
+    EXPECT_EQ(board.zGetSqr(4 * 54 + 53.9F, 6 * 54), 12);
+}
+
+TEST(GetSqr, GivesDisplaySquaresWhateverTheFlip) {
+    BoardGeometry board = boardOf(54);
+    board.Flipped = true;
+    EXPECT_EQ(board.zGetSqr(0, 8 * 54 - 1), 0);
+}
+
+TEST(GetSqr, APointBesideTheBoardIs64) {
+    const BoardGeometry board = boardOf(54);
+    EXPECT_EQ(board.zGetSqr(-1, 10), OffBoard);
+    EXPECT_EQ(board.zGetSqr(-0.25F, 10), OffBoard);
+    EXPECT_EQ(board.zGetSqr(10, 8 * 54), OffBoard);
+    EXPECT_EQ(board.zGetSqr(8 * 54, 10), OffBoard);
+    EXPECT_EQ(board.zGetSqr(10, -1), OffBoard);
+}
+
+TEST(GetSqr, APointThatIsNoNumberOrFarAwayIs64) {
+    const BoardGeometry board = boardOf(54);
+    const float infinite = std::numeric_limits<float>::infinity();
+    const float none = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(board.zGetSqr(infinite, 10), OffBoard);
+    EXPECT_EQ(board.zGetSqr(10, -infinite), OffBoard);
+    EXPECT_EQ(board.zGetSqr(none, 10), OffBoard);
+    EXPECT_EQ(board.zGetSqr(10, none), OffBoard);
+    EXPECT_EQ(board.zGetSqr(1e30F, 1e30F), OffBoard);
+}
+
+TEST(GetXY, IsTheTopLeftPixelOfTheDisplaySquare) {
+    const BoardGeometry board = boardOf(37);
+    float x = -1;
+    float y = -1;
+    board.zGetXY(0, x, y);
+    EXPECT_EQ(x, 0);
+    EXPECT_EQ(y, 7 * 37);
+    board.zGetXY(28, x, y);
+    EXPECT_EQ(x, 4 * 37);
+    EXPECT_EQ(y, 4 * 37);
+    board.zGetXY(63, x, y);
+    EXPECT_EQ(x, 7 * 37);
+    EXPECT_EQ(y, 0);
+}
+
+TEST(GetXY, IsTheInverseOfGetSqr) {
+    const BoardGeometry board = boardOf(37);
+    for (std::int16_t square = 0; square < 64; ++square) {
+        float x = 0;
+        float y = 0;
+        board.zGetXY(square, x, y);
+        EXPECT_EQ(board.zGetSqr(x, y), square);
+        EXPECT_EQ(board.zGetSqr(x + 36, y + 36), square);
+    }
+}
+
+TEST(ConvertSquare, IsFileLetterAndRank) {
+    EXPECT_EQ(zConvertSquare(0), "a1");
+    EXPECT_EQ(zConvertSquare(7), "h1");
+    EXPECT_EQ(zConvertSquare(28), "e4");
+    EXPECT_EQ(zConvertSquare(63), "h8");
+}
+
+TEST(SquareColor, A1AndH8AreBlackAndTheirNeighboursWhite) {
+    modChess = ModChess{};
+    modChess.ColorBlack = 0x112233;
+    modChess.ColorWhite = 0x445566;
+    EXPECT_EQ(squareColor(0), 0x112233);
+    EXPECT_EQ(squareColor(63), 0x112233);
+    EXPECT_EQ(squareColor(1), 0x445566);
+    EXPECT_EQ(squareColor(8), 0x445566);
+    EXPECT_EQ(squareColor(9), 0x112233);
+    modChess = ModChess{};
+}
+
+TEST(PieceOffset, RoundsHalvesToEvenAndIsNeverBelowZero) {
+    EXPECT_EQ(pieceOffset(54, 54), 0) << "0.5";
+    EXPECT_EQ(pieceOffset(55, 54), 1);
+    EXPECT_EQ(pieceOffset(56, 54), 2) << "1.5";
+    EXPECT_EQ(pieceOffset(58, 54), 2) << "2.5";
+    EXPECT_EQ(pieceOffset(24, 25), 0);
+    EXPECT_EQ(pieceOffset(24, 76), 0);
+}
+
+TEST(Highlight, ThicknessIsATwentiethOfTheImage) {
+    EXPECT_EQ(highlightThickness(24), 1);
+    EXPECT_EQ(highlightThickness(25), 1);
+    EXPECT_EQ(highlightThickness(54), 3);
+    EXPECT_EQ(highlightThickness(76), 4);
+}
+
+TEST(Highlight, ThicknessRoundsHalvesToEven) {
+    EXPECT_EQ(highlightThickness(30), 2) << "1.5";
+    EXPECT_EQ(highlightThickness(50), 2) << "2.5";
+}
+
+TEST(FindBottomRow, IsTheFirstHiddenRowMinusTwo) {
+    std::int16_t visible = -5;
+    zFindBottomRow([](int row) { return row < 18; }, visible);
+    EXPECT_EQ(visible, 16);
+    zFindBottomRow([](int) { return false; }, visible);
+    EXPECT_EQ(visible, -1);
+}
+
+TEST(FindBottomRow, LeavesTheValueWhenAll200RowsShow) {
+    std::int16_t visible = 33;
+    int asked = 0;
+    zFindBottomRow([&](int row) { return ++asked == row; }, visible);
+    EXPECT_EQ(visible, 33);
+    EXPECT_EQ(asked, 200);
+}
+
+TEST(DescribePosition, NamesThePiecesOfBothSidesKingFirst) {
+    const auto pieces = [](int square) -> std::int16_t {
+        return square == 4 ? 1 : square == 0 ? 3 : square == 12 ? 6 : square == 60 ? -1 : std::int16_t{0};
+    };
+    EXPECT_EQ(describePosition(pieces), "White: king e1, rook a1, pawn e2; Black: king e8");
+    EXPECT_EQ(describePosition([](int) { return std::int16_t{127}; }), "White: none; Black: none");
+}
