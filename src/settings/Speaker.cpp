@@ -1,8 +1,11 @@
 // The loudspeaker.
 #include "settings/Speaker.h"
 
+#include "settings/WaveFile.h"
+
 #include <QApplication>
 #include <QAudioDevice>
+#include <QFile>
 #include <QMediaDevices>
 #include <QSoundEffect>
 #include <QUrl>
@@ -28,6 +31,14 @@ bool listens(const QByteArray& path) {
     return connected;
 }
 
+// The audio library would complain on the console about a file that it cannot play, and would wait without end for the
+// rest of one that was cut short.
+bool isPlayable(const QString& path) {
+    constexpr qint64 MaxBytes = 4 * 1024 * 1024; // longer than any sound of an event
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.size() <= MaxBytes && isPlayableWave(file.readAll().toStdString());
+}
+
 } // namespace
 
 // Asking the audio library itself would print a complaint, and might start a server, where there is none.
@@ -41,8 +52,7 @@ bool soundServerAnswers() {
     return listens(folder + "/native");
 }
 
-Speaker::Speaker()
-    : startWave([this](const QString& path) { playEffect(path); }), startBeep([] { QApplication::beep(); }) {
+Speaker::Speaker() : startWave([this](const QString& path) { play(path); }), startBeep([] { QApplication::beep(); }) {
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { serve(); });
@@ -72,13 +82,21 @@ void Speaker::serve() {
     if (std::exchange(beep_, false)) startBeep();
 }
 
-void Speaker::playEffect(const QString& path) {
-    if (!effect_) {
-        if (!soundServerAnswers() || QMediaDevices::defaultAudioOutput().isNull()) return;
-        effect_ = std::make_unique<QSoundEffect>();
-    }
-    const QUrl source = QUrl::fromLocalFile(path);
-    effect_->stop();
-    if (effect_->source() != source) effect_->setSource(source);
-    effect_->play();
+// Each file keeps its effect for the whole run: giving an effect another source, or deleting it, makes the audio
+// library wait for its loading thread.
+QSoundEffect* Speaker::effectOf(const QString& path) {
+    const auto found = effects_.find(path);
+    if (found != effects_.end()) return found->second.get();
+    if (effects_.size() >= MaxFiles || !isPlayable(path)) return nullptr;
+    auto& effect = effects_[path] = std::make_unique<QSoundEffect>();
+    effect->setSource(QUrl::fromLocalFile(path));
+    return effect.get();
+}
+
+void Speaker::play(const QString& path) {
+    if (playing_) playing_->stop();
+    playing_ = nullptr;
+    if (!soundServerAnswers() || QMediaDevices::defaultAudioOutput().isNull()) return;
+    playing_ = effectOf(path);
+    if (playing_) playing_->play();
 }

@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <map>
 #include <memory>
 
 class QSoundEffect;
@@ -15,7 +16,8 @@ class QSoundEffect;
 // served; while no sound server answers, waves are silence and cost one look for it each.
 class Speaker {
 public:
-    static constexpr int Spacing = 20; // ms
+    static constexpr int Spacing = 20;          // ms
+    static constexpr std::size_t MaxFiles = 16; // different files in one run; further ones are silence
 
     Speaker();
     ~Speaker();
@@ -35,13 +37,15 @@ public:
 private:
     void ask();
     void serve();
-    void playEffect(const QString& path);
+    QSoundEffect* effectOf(const QString& path);
+    void play(const QString& path);
 
     QTimer timer_;
     QElapsedTimer sinceServed_;
     QString wave_; // the one to play, empty for none
     bool beep_ = false;
-    std::unique_ptr<QSoundEffect> effect_;
+    std::map<QString, std::unique_ptr<QSoundEffect>> effects_; // by path
+    QSoundEffect* playing_ = nullptr;                          // of effects_; the latest one
 };
 
 // True when a sound server listens on this machine or the user names one in PULSE_SERVER. Takes microseconds and starts
