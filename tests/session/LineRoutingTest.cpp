@@ -1,0 +1,217 @@
+// Pass 1: a batch in, boards moved, tells handed over, lines blanked.
+#include "session/LineClassifier.h"
+
+#include "SessionRig.h"
+
+#include "common/Fault.h"
+#include "session/TellLine.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const std::string LongLine = "a line of ordinary text";
+
+struct LineRoutingTest : SessionRig {};
+
+} // namespace
+
+TEST_F(LineRoutingTest, AnEmptyLineARecordAndAPromptLeaveTheConsoleQuiet) {
+    batch("\n\r" + style12Line(12) + "\n\rfics% ");
+    EXPECT_THAT(printed, IsEmpty());
+    EXPECT_THAT(events, ElementsAre("position 0"));
+    EXPECT_EQ(classifier.LastStyle12Line, style12Line(12) + "\r\n");
+}
+
+TEST_F(LineRoutingTest, ALongLineBehindARecordStaysAndIsPrinted) {
+    batch("\n" + style12Line(12) + "\nshort\n" + LongLine + "\nshort\n");
+    EXPECT_THAT(printed, ElementsAre(Printed{LongLine + "\r\n", MainColor}, Printed{"short\r\n", MainColor}));
+}
+
+TEST_F(LineRoutingTest, FifteenCharactersWithTheLineEndingAreShort) {
+    batch("\n" + style12Line(12) + "\n1234567890123\n");
+    EXPECT_EQ(console(), "");
+    batch("\n" + style12Line(12) + "\n12345678901234\n");
+    EXPECT_EQ(console(), "12345678901234\r\n");
+}
+
+TEST_F(LineRoutingTest, TheLineInFrontOfARecordVanishesWhateverItHolds) {
+    batch(LongLine + "\n" + style12Line(12) + "\n");
+    EXPECT_THAT(printed, IsEmpty());
+}
+
+TEST_F(LineRoutingTest, ARecordThatIsFirstInItsBatchMovesTheBoardAndIsPrintedRaw) {
+    batch(style12Line(12) + "\nfics% ");
+    EXPECT_THAT(events, ElementsAre("position 0"));
+    EXPECT_EQ(console(), style12Line(12) + "\r\nfics% ");
+    EXPECT_EQ(classifier.LastStyle12Line, "");
+}
+
+TEST_F(LineRoutingTest, ARecordIsFoundAnywhereInItsLine) {
+    batch("\nfics% " + style12Line(12) + "\n");
+    EXPECT_THAT(events, ElementsAre("position 0"));
+}
+
+TEST_F(LineRoutingTest, ARecordThatReachesNoBoardIsAnOrdinaryLine) {
+    batch("\n" + style12Line(99) + "\nfics% ");
+    EXPECT_THAT(events, IsEmpty());
+    EXPECT_EQ(console(), "\r\n" + style12Line(99) + "\r\nfics% ");
+}
+
+TEST_F(LineRoutingTest, TheWalkBehindARecordGoesOnePastTheLastLine) {
+    batch("1\n2\n3\n4\n");
+    batch("\n" + style12Line(12) + "\n");
+    EXPECT_EQ(lines[2], "");
+    EXPECT_EQ(lines[3], "4\r\n");
+}
+
+TEST_F(LineRoutingTest, TheWalkPastAFullBatchFaults) {
+    std::string full;
+    for (int i = 0; i < 999; ++i) full += "\n";
+    EXPECT_THROW(batch(full + style12Line(12) + "\nx\n"), Fault);
+    EXPECT_NO_THROW(batch(full + style12Line(12) + "\n" + LongLine + "\n"));
+}
+
+TEST_F(LineRoutingTest, HoldingsBehindARecordGoToItsBoardAndVanish) {
+    batch("\n" + style12Line(13) + "\n\n<b1> game 13 white [P] black []\nfics% \n" + LongLine + "\n");
+    EXPECT_THAT(events, ElementsAre("bughouse 1 <b1> game 13 white [P] black []", "position 1"));
+    EXPECT_EQ(console(), LongLine + "\r\n");
+    EXPECT_EQ(classifier.SuppressCount, 0);
+}
+
+TEST_F(LineRoutingTest, EveryRecordSwitchesTheGraphOffIfTheSettingSaysSo) {
+    modChess.gSeekOn = true;
+    batch("\n" + style12Line(12) + "\n");
+    EXPECT_TRUE(modChess.gSeekOn);
+    modChess.SeekOff = 1;
+    batch(style12Line(12) + "\n");
+    EXPECT_FALSE(modChess.gSeekOn);
+    EXPECT_THAT(events, ElementsAre("position 0", "unload seek", "position 0"));
+}
+
+TEST_F(LineRoutingTest, ANewGameAsksForItsMovesAndComesToTheFront) {
+    newGame = true;
+    batch("\n" + style12Line(13) + "\n");
+    EXPECT_THAT(events, ElementsAre("position 1", "exit move 1", "get moves 1", "show board 1"));
+    EXPECT_EQ(modChess.MovesTarget, 13);
+}
+
+TEST_F(LineRoutingTest, AGameThatHasItsBoardLeavesTheTargetOfTheMoves) {
+    modChess.MovesTarget = -2;
+    batch("\n" + style12Line(13) + "\n");
+    EXPECT_EQ(modChess.MovesTarget, -2);
+}
+
+TEST_F(LineRoutingTest, ABoardThatClosesWhileItIsSetIsNotCalledAgain) {
+    newGame = true;
+    classifier.hooks.zSetPosition = [this](int) { boardOfGame.erase(13); };
+    batch("\n" + style12Line(13) + "\n");
+    EXPECT_THAT(events, IsEmpty());
+}
+
+TEST_F(LineRoutingTest, HoldingsGoToTheBoardOfTheLatestRecord) {
+    modChess.Record.GameNumber = 12;
+    batch("<b1> game 13 white [] black [Q]\nfics% \n\n" + LongLine + "\nfics% ");
+    EXPECT_THAT(events, ElementsAre("bughouse 0 <b1> game 13 white [] black [Q]"));
+    EXPECT_EQ(console(), LongLine + "\r\nfics% ");
+}
+
+TEST_F(LineRoutingTest, HoldingsWithoutABoardFault) {
+    modChess.Record.GameNumber = 99;
+    try {
+        batch("<b1> game 99 white [] black []\n");
+        FAIL() << "taken without a board";
+    } catch (const Fault& fault) {
+        EXPECT_EQ(fault.kind(), FaultKind::Subscript);
+    }
+}
+
+TEST_F(LineRoutingTest, ATellWithoutABoxIsPrintedAndThePromptBehindItVanishes) {
+    batch("Bob tells you: hi\n\rfics% \n\rmore text\n\r");
+    EXPECT_EQ(modChess.TellTarget, "Bob");
+    EXPECT_THAT(printed, ElementsAre(Printed{"Bob tells you: hi\r\n", TellColor}, Printed{"more text\r\n", MainColor}));
+    EXPECT_THAT(events, ElementsAre("sound whistle.wav 7"));
+}
+
+TEST_F(LineRoutingTest, ATellWithABoxAndTheLineInFrontGoToTheBox) {
+    chatBuddies = {"Bob"};
+    batch("front\n\rBob tells you: hi\n\rfics% \n\rmore text\n\r");
+    EXPECT_THAT(chatTexts, ElementsAre("Bob tells you: hi\r\n"));
+    EXPECT_EQ(console(), "more text\r\n");
+    EXPECT_THAT(events, ElementsAre("sound whistle.wav 7"));
+    EXPECT_TRUE(classifier.TellToChat);
+}
+
+TEST_F(LineRoutingTest, ABoxedTellThatIsFirstInItsBatchBlanksNothingInFront) {
+    chatBuddies = {"Bob"};
+    EXPECT_NO_THROW(batch("Bob tells you: hi\n"));
+    EXPECT_EQ(console(), "");
+}
+
+TEST_F(LineRoutingTest, TheFinalTailBehindATellStays) {
+    batch("Bob tells you: hi\n\rfics% ");
+    EXPECT_EQ(console(), "Bob tells you: hi\r\nfics% ");
+}
+
+TEST_F(LineRoutingTest, ContinuationsAndBlankedLinesAreSteppedOverBehindATell) {
+    chatBuddies = {"Ann"};
+    batch("Bob tells you: hi\n\\   there\nprompt\nkept\ntail");
+    EXPECT_EQ(console(), "Bob tells you: hi\r\nthere\r\nkept\r\ntail");
+}
+
+TEST_F(LineRoutingTest, AChannelTellOfAnotherWhistlesAndTheOwnOneIsASend) {
+    chatBuddies = {"50"};
+    modChess.MyHandle = "Own";
+    batch("Bob(50): hi\n");
+    batch("Own(50): hi\n");
+    EXPECT_THAT(events, ElementsAre("sound whistle.wav 7", "sound send.wav 7"));
+    EXPECT_EQ(modChess.TellTarget, "50");
+    EXPECT_THAT(chatTexts, ElementsAre("Bob(50): hi\r\n", "Own(50): hi\r\n"));
+}
+
+TEST_F(LineRoutingTest, APersonalTellWhistlesEvenWhenTheLatestChannelTellWasTheOwnOne) {
+    chatBuddies = {"Bob"};
+    modChess.MyHandle = "Own";
+    modChess.ChannelSender = "Own";
+    batch("Bob tells you: hi\n");
+    EXPECT_THAT(events, ElementsAre("sound whistle.wav 7"));
+}
+
+TEST_F(LineRoutingTest, TheLatestTellDecidesWhereContinuationsGo) {
+    chatBuddies = {"Bob"};
+    batch("Bob tells you: hi\nx\nAnn tells you: ho\ny\n");
+    EXPECT_FALSE(classifier.TellToChat);
+    batch("Bob tells you: hi\n");
+    EXPECT_TRUE(classifier.TellToChat);
+    batch("nothing\n");
+    EXPECT_FALSE(classifier.TellToChat);
+}
+
+TEST_F(LineRoutingTest, OtherKindsOfTellLeaveTheTarget) {
+    modChess.TellTarget = "Ann";
+    batch("Bob shouts: hi\nprompt\nBob says: hi\nprompt\n");
+    EXPECT_EQ(modChess.TellTarget, "Ann");
+    EXPECT_EQ(printed.size(), 4U);
+    EXPECT_EQ(modChess.TellType, NoTell);
+}
+
+TEST_F(LineRoutingTest, InVerboseModeRecordsMoveTheirBoardsAndAreShown) {
+    lines.verbose = true;
+    batch("\n" + style12Line(12) + "\nfics% ");
+    EXPECT_THAT(events, ElementsAre("position 0"));
+    EXPECT_EQ(console(), "\r\n" + style12Line(12) + "\r\nfics% ");
+}
+
+TEST(LineClassifierUnset, HooksAreHarmless) {
+    modChess = ModChess{};
+    ServerLines lines;
+    Captures captures;
+    LineClassifier classifier(lines, captures);
+    modChess.HistoryCapture = true;
+    classifier.menu.mnuAutoLogon = true;
+    classifier.zDataParse("\n" + style12Line(1) + "\nBob tells you: x\nlogin:\npassword:\nChallenge:\nStyle 12 set\n");
+    EXPECT_EQ(classifier.SuppressCount, 0);
+}
