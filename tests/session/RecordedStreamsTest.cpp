@@ -143,11 +143,11 @@ TEST_P(RecordedStreams, InVerboseModeNoTextIsLost) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, RecordedStreams,
-                         testing::Values(Recording{"guest_observer", 24, 11, 4, 1, 1, false, false},
-                                         Recording{"bughouse_observer", 20, 27, 4, 1, 0, false, false},
-                                         Recording{"observer_two_games", 7, 0, 4, 1, 0, false, false},
-                                         Recording{"block_mode_and_styles", 1, 0, 1, 1, 0, true, true},
-                                         Recording{"registered_player", 50, 11, 9, 1, 1, true, true},
-                                         Recording{"examine_journal", 40, 8, 7, 3, 0, true, true},
-                                         Recording{"long_game_smoves", 419, 0, 1, 3, 0, true, true}),
+                         testing::Values(Recording{"server-a/03_guest_observer", 24, 11, 4, 1, 1, false, false},
+                                         Recording{"server-a/24_bughouse_observer", 20, 27, 4, 1, 0, false, false},
+                                         Recording{"server-a/45_observer_two_games", 7, 0, 4, 1, 0, false, false},
+                                         Recording{"server-a/14_block_mode_and_styles", 1, 0, 1, 1, 0, true, true},
+                                         Recording{"server-a/01_anders_registered", 50, 11, 9, 1, 1, true, true},
+                                         Recording{"server-b/10_examine_journal", 40, 8, 7, 3, 0, true, true},
+                                         Recording{"server-b/03_long_game_smoves", 419, 0, 1, 3, 0, true, true}),
                          [](const auto& test) { return std::string(test.param.name); });
