@@ -28,7 +28,9 @@ void frmChessBoard::fillSurface() {
 
 void frmChessBoard::fillLabels() {
     GameSurface& surface = game.surface;
-    surface.setLastMove = [this](const std::string& text) { parts_.lblMove->setText(QString::fromStdString(text)); };
+    surface.setLastMove = [this](const std::string& text) {
+        parts_.lblMove->setText(QString::fromLatin1(text.c_str()));
+    };
     surface.setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); };
     surface.setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); };
     surface.showHoldings = [this](const std::string& white, const std::string& black) {
@@ -91,12 +93,15 @@ void frmChessBoard::connectMenus() {
 }
 
 void frmChessBoard::connectTyping() {
-    parts_.txtSend->keyDown = [this](int code, bool) { return answerTypingKey(code); };
+    parts_.txtSend->keyDown = [this](int code, bool shift) { return answerTypingKey(code, shift); };
     connect(parts_.cmdUn, &QPushButton::clicked, this, [this] { game.cmdUn(); });
     for (QToolButton* button : parts_.cmdTell) {
         connect(button, &QToolButton::clicked, this, [this, button] {
             const std::string text = button->toolTip().toLatin1().toStdString();
-            if (!text.empty()) roads_.zSend(text);
+            if (!text.empty()) {
+                parts_.txtSend->setLine(text);
+                sendLine();
+            }
             parts_.txtSend->setFocus();
         });
     }
@@ -106,16 +111,42 @@ void frmChessBoard::connectTyping() {
     for (QToolButton* button : parts_.cmdScroll) button->setEnabled(false);
 }
 
-// The history is the console's own; Enter sends only while connected, and the text stays otherwise.
-bool frmChessBoard::answerTypingKey(int code) {
-    constexpr int Enter = 13;
-    constexpr int Up = 38;
-    constexpr int Down = 40;
-    if (code == Enter && roads_.zSend(parts_.txtSend->line())) parts_.txtSend->clear();
-    const bool walk = (code == Up || code == Down) && roads_.history != nullptr;
-    if (walk) {
-        const auto line = code == Up ? roads_.history->up(parts_.txtSend->line()) : roads_.history->down();
-        if (line) parts_.txtSend->setLine(*line);
+// Sends only while connected; the text stays otherwise.
+void frmChessBoard::sendLine() {
+    if (roads_.zSend(parts_.txtSend->line())) parts_.txtSend->clear();
+}
+
+// The history is the console's own.
+void frmChessBoard::walkHistory(bool up) {
+    if (roads_.history == nullptr) return;
+    const auto line = up ? roads_.history->up(parts_.txtSend->line()) : roads_.history->down();
+    if (line) parts_.txtSend->setLine(*line);
+    parts_.txtSend->end(false);
+}
+
+bool frmChessBoard::answerTypingKey(int code, bool shift) {
+    const std::string gameNumber = std::to_string(game.gameIndex);
+    switch (code) {
+    case 13: // Enter
+        sendLine();
+        return true;
+    case 38: // Up
+    case 40: // Down
+        walkHistory(code == 38);
+        return true;
+    case 116: // F5
+        parts_.txtSend->setLine("Say ");
+        return true;
+    case 118: // F7
+        parts_.txtSend->setLine("xKibitz " + gameNumber + " ");
+        return true;
+    case 119: // F8
+        parts_.txtSend->setLine("xWhisper " + gameNumber + " ");
+        return true;
+    case 120: // F9; with Shift it asks for a chat box
+        if (!shift) parts_.txtSend->setLine("Tell " + modChess.TellTarget + " ");
+        return true;
+    default:
+        return false;
     }
-    return code == Enter || walk;
 }

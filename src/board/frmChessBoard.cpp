@@ -58,9 +58,9 @@ void frmChessBoard::load() {
            frame().height() + 8 * DesignSquare + BoardParts::MinHeight);
     loadPlace();
     takeColors();
-    parts_.panels[0]->setText(QString::fromStdString(modChess.MyHandle));
+    parts_.panels[0]->setText(QString::fromLatin1(modChess.MyHandle.c_str()));
     for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
-        const QString text = QString::fromStdString(roads_.tellText(static_cast<int>(index)));
+        const QString text = QString::fromLatin1(roads_.tellText(static_cast<int>(index)).c_str());
         parts_.cmdTell[index]->setToolTip(text);
         parts_.cmdTell[index]->setEnabled(!text.isEmpty());
     }
@@ -69,6 +69,7 @@ void frmChessBoard::load() {
     if (!game.finishLoad()) return;
     parts_.txtSend->setFocus();
     resizeWatch_.Muted = false;
+    tmrResize_.start(); // its first firing fits nothing; it should not be the one of the user's first resize
 }
 
 void frmChessBoard::loadPlace() {
@@ -90,7 +91,7 @@ void frmChessBoard::loadPlace() {
 
 void frmChessBoard::takeColors() {
     parts_.txtSend->setColors(modChess.ColorBar, modChess.ColorType);
-    if (!modChess.MainFont.empty()) parts_.txtSend->setFont(QFont(QString::fromStdString(modChess.MainFont)));
+    if (!modChess.MainFont.empty()) parts_.txtSend->setFont(QFont(QString::fromLatin1(modChess.MainFont.c_str())));
 }
 
 WindowPlace frmChessBoard::place() const {
@@ -124,6 +125,7 @@ void frmChessBoard::fitWindow(const BoardGeometry& geometry) {
 
 void frmChessBoard::setPieceSet(std::int16_t set) {
     modChess.ChessSet = set;
+    if (!game.zBoardSetup(false)) return;
     menus_.checkPieces(set);
     game.zBoardSetup(false);
 }

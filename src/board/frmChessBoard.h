@@ -41,7 +41,9 @@ private:
     void paintBoard();
     void setPieceSet(std::int16_t set);
     bool mayClose();
-    bool answerTypingKey(int code);
+    void sendLine();
+    void walkHistory(bool up);
+    bool answerTypingKey(int code, bool shift);
     WindowPlace place() const;
     QSize frame() const;
     void fitWindow(const BoardGeometry& geometry);

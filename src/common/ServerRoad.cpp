@@ -31,6 +31,12 @@ void ServerRoad::zSend(const std::string& text) {
     txtOld = text;
 }
 
+void ServerRoad::countIdle(bool connected) {
+    constexpr std::int32_t Round = 20;
+    const std::int32_t next = connected ? idleSeconds + 1 : -1;
+    idleSeconds = next > Round ? 0 : next;
+}
+
 bool ServerRoad::localCommand(const std::string& text) {
     std::string rest = text;
     if (zAbbrev(rest, "help", 2)) {

@@ -30,7 +30,7 @@ struct ServerRoad {
     RoadHooks hooks;
     CommandHistory history;        // of the typing line
     std::string txtOld;            // the last line through zSendMsg, zSend or a chat box
-    std::int32_t idleSeconds = -1; // since the latest line sent; -1 while not connected
+    std::int32_t idleSeconds = -1; // since the latest line sent, 0 to 20 and round again; -1 while not connected
 
     // Writes `text` and one LF and counts it in modChess.LinesSent. Does not test the socket, so a closed one faults.
     void zSendRaw(const std::string& text);
@@ -42,6 +42,9 @@ struct ServerRoad {
     // The road of typed commands. "help" and "history", abbreviated to two letters or more, open panels; all else goes
     // to the server. Echoed and kept in the history unless a log-on prompt is pending. A closed socket faults.
     void zSend(const std::string& text);
+
+    // A second has passed; counts it while `connected`.
+    void countIdle(bool connected);
 
 private:
     bool localCommand(const std::string& text);

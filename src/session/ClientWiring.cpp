@@ -128,6 +128,7 @@ void frmChessClient::wireConnection() {
     hooks.input = [this](const std::string& prompt, const std::string& title) {
         return boxes.input(this, prompt, title, std::string()).value_or(std::string());
     };
+    hooks.countIdle = [this](bool isConnected) { road.countIdle(isConnected); };
     hooks.endAllGames = [this] { routing.zEndAllGames(); };
     hooks.clearBoards = [this] { clearBoards(); };
     hooks.wait = [](double seconds) { zWait(seconds); };

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr int CloseBeeps = 3;
-constexpr int IdleRound = 20; // seconds
 constexpr int ConnectedState = 7;
 constexpr double BridgeStopWait = 0.55; // seconds
 constexpr double BridgePortWait = 1.1;  // seconds
@@ -136,18 +135,13 @@ void Connection::tmrTCPTimer() {
     }
     const int state = hooks.socketState();
     if (state == SocketState) {
-        countIdle(state);
+        hooks.countIdle(state == ConnectedState);
     } else {
         stateChanged(state);
     }
     const int interval = modChess.gTestOpen ? 200 : 1000;
     if (interval != std::exchange(tickInterval_, interval)) hooks.setTickInterval(interval);
     if (modChess.gTestOpen) hooks.fillTestPanel();
-}
-
-void Connection::countIdle(int state) {
-    const int next = state == ConnectedState ? idleSeconds + 1 : -1;
-    idleSeconds = static_cast<std::int16_t>(next > IdleRound ? 0 : next);
 }
 
 void Connection::stateChanged(int state) {

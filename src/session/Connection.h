@@ -26,6 +26,7 @@ struct ConnectionHooks {
     std::function<void(int milliseconds)> setTickInterval = [](int) {}; // of `tmrTCP`
     std::function<void(bool on)> enableCloseTimer = [](bool) {};        // `tmrClose`, 550 ms
     std::function<void()> fillTestPanel = [] {};
+    std::function<void(bool connected)> countIdle = [](bool) {}; // a tick that found the state of the tick before
 
     // The user
     std::function<void()> beep = [] {};
@@ -60,7 +61,6 @@ struct Connection {
     std::string StartDirectory;   // the working directory at start-up
     std::int16_t CloseTicks = 0;  // beeps of `tmrClose` so far
     bool FirstTickDone = false;
-    std::int16_t idleSeconds = -1; // -1 while not connected, else 0 to 20; every send sets it to 0
 
     // The check marks of the menu items of these names.
     bool mnuUseTS = true;
@@ -88,7 +88,6 @@ private:
     void throughBridge(const std::string& host, std::int32_t port);
     void askForServer();
     void stateChanged(int state);
-    void countIdle(int state);
 
     bool firstTickRunning_ = false;
     int tickInterval_ = 1000; // milliseconds

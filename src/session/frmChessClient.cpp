@@ -1,6 +1,7 @@
 // The console window: its build, its load and its close-down.
 #include "session/frmChessClient.h"
 
+#include "common/Fault.h"
 #include "common/modChess.h"
 #include "platform/Colors.h"
 #include "platform/OpenWindows.h"
@@ -125,7 +126,7 @@ void frmChessClient::load() {
     connection.ClosedByUser = true;
     show();
     txtSend->setFocus();
-    routing.zNewBoard();
+    passOver([this] { routing.zNewBoard(); });
     tmrTCP_.start();
 }
 

@@ -34,7 +34,7 @@ struct ClientRoads {
     std::function<void(const std::string& name, std::int16_t mode)> playSound = [](const std::string&, std::int16_t) {};
     // Creates, shows and loads a board window; gives its identity in openWindows.
     std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
-    // Colours or fonts of the settings have changed or were read: every board takes them.
+    // The own handle became known: every board shows it in the first panel of its status bar.
     std::function<void(const std::string& handle)> showHandle = [](const std::string&) {};
 };
 

@@ -140,3 +140,16 @@ TEST(ServerRoadUnset, HooksAreHarmlessAndTheSocketCountsAsClosed) {
     road.zSend("help me");
     EXPECT_EQ(modChess.gHelpTopic, "me");
 }
+
+TEST_F(ServerRoadTest, IdleSecondsCountTo20AndStartAgainWhileConnectedAndEverySendSetsThemToZero) {
+    EXPECT_EQ(road.idleSeconds, -1);
+    for (int i = 0; i <= 20; ++i) road.countIdle(true);
+    EXPECT_EQ(road.idleSeconds, 20);
+    road.countIdle(true);
+    EXPECT_EQ(road.idleSeconds, 0);
+    for (int i = 0; i < 5; ++i) road.countIdle(true);
+    road.zSend("who");
+    EXPECT_EQ(road.idleSeconds, 0);
+    road.countIdle(false);
+    EXPECT_EQ(road.idleSeconds, -1);
+}

@@ -312,18 +312,12 @@ TEST_F(ConnectionTest, State0StartsTmrCloseOnlyWithClosedByUserFalse) {
     EXPECT_EQ(log.back(), "tmrClose on");
 }
 
-TEST_F(ConnectionTest, IdleSecondsCountTo20AndStartAgainWhileConnected) {
-    EXPECT_EQ(connection.idleSeconds, -1);
-    tickIn(7);
-    tickIn(7);
-    EXPECT_EQ(connection.idleSeconds, 0);
-    for (int i = 0; i < 20; ++i) tickIn(7);
-    EXPECT_EQ(connection.idleSeconds, 20);
-    tickIn(7);
-    EXPECT_EQ(connection.idleSeconds, 0);
+TEST_F(ConnectionTest, ATickWithoutAChangeCountsTheIdleSecondsOfTheRoad) {
+    connection.hooks.countIdle = [this](bool connected) { log.push_back(connected ? "idle" : "not connected"); };
     tickIn(0);
-    tickIn(0);
-    EXPECT_EQ(connection.idleSeconds, -1);
+    tickIn(7);
+    tickIn(7);
+    EXPECT_EQ(log, (Log{"not connected", "idle"}));
 }
 
 TEST_F(ConnectionTest, TheDiagnosticsPanelIsFilledFiveTimesASecondWhileItIsUp) {
