@@ -3,6 +3,7 @@
 
 #include "common/Text.h"
 
+#include <cctype>
 #include <fstream>
 #include <sstream>
 
@@ -150,4 +151,8 @@ INSTANTIATE_TEST_SUITE_P(All, RecordedStreams,
                                          Recording{"server-a/01_anders_registered", 50, 11, 9, 1, 1, true, true},
                                          Recording{"server-b/10_examine_journal", 40, 8, 7, 3, 0, true, true},
                                          Recording{"server-b/03_long_game_smoves", 419, 0, 1, 3, 0, true, true}),
-                         [](const auto& test) { return std::string(test.param.name); });
+                         [](const auto& test) {
+                             std::string name = test.param.name;
+                             for (char& c : name) c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+                             return name;
+                         });
