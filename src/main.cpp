@@ -67,7 +67,10 @@ int main(int argc, char** argv) {
     frmChessClient client(roads);
     boards = boardRoads(client, sounds, roads.store);
     EndRequests endRequests([&client] { client.close(); });
-    application.stopEverything = [&client] { client.stopEverything(); };
+    application.stopEverything = [&client, &endRequests] {
+        endRequests.endAtOnce();
+        client.stopEverything();
+    };
     QObject::connect(&client, &frmChessClient::closed, &application, &Application::quit, Qt::QueuedConnection);
     return application.run([&client] { client.load(); });
 }
