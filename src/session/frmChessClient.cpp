@@ -19,7 +19,7 @@ namespace {
 
 constexpr int TwipsPerPixel = 15;
 constexpr QSize DesignedSize(760, 560); // pixels
-constexpr int ConsolePointSize = 10;
+constexpr int ConsolePointSize = 9;
 
 QPushButton* commandButton(QWidget* parent, const char* name, const char* caption) {
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);
@@ -198,7 +198,9 @@ void frmChessClient::applySettings() {
     menus.mnuXP->setChecked(settings.mnuXP);
     takeMenuTicks();
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        cmdTell[index]->setToolTip(QString::fromLatin1(settings.Tell[long(index)].c_str()));
+        const QString command = QString::fromLatin1(settings.Tell[long(index)].c_str());
+        cmdTell[index]->setToolTip(command);
+        cmdTell[index]->setEnabled(!command.isEmpty());
     }
 }
 
