@@ -128,11 +128,16 @@ TEST_F(ConsoleMenuWindow, AutoConnectCheckedWhileClosedConnectsToTheLastServer) 
     EXPECT_TRUE(entry("mnuAutoCon").isChecked());
 }
 
-TEST_F(ConsoleMenuWindow, TallTitleBarsLeaveTheWindowsSizeAsItWas) {
+TEST_F(ConsoleMenuWindow, TallTitleBarsTakeALittleOfTheConsoleAndLeaveTheWindowsSize) {
     start();
     const QSize before = client->size();
+    runFor(20);
+    EXPECT_EQ(txtOutput().width(), before.width() - 37);
+    EXPECT_EQ(txtOutput().height(), before.height() - 71);
     entry("mnuXP").trigger();
+    runFor(20);
     EXPECT_EQ(client->size(), before);
+    EXPECT_EQ(txtOutput().height(), before.height() - 71 - 9);
 }
 
 TEST_F(ConsoleMenuWindow, AboutNamesTheProgram) {
