@@ -28,7 +28,9 @@ void frmChessBoard::fillSurface() {
 
 void frmChessBoard::fillLabels() {
     GameSurface& surface = game.surface;
-    surface.setLastMove = [this](const std::string& text) { parts_.lblMove->setText(QString::fromStdString(text)); };
+    surface.setLastMove = [this](const std::string& text) {
+        parts_.lblMove->setText(QString::fromLatin1(text.c_str()));
+    };
     surface.setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); };
     surface.setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); };
     surface.showHoldings = [this](const std::string& white, const std::string& black) {
@@ -44,6 +46,7 @@ void frmChessBoard::fillLabels() {
     };
     surface.setTitle = [this](const std::string& text) { setWindowTitle(QString::fromLatin1(text.c_str())); };
     surface.showUn = [this](bool shown) {
+        unShown_ = shown;
         if (shown) {
             parts_.zSolveConflict(parts_.cmdUn);
         } else {
@@ -95,9 +98,12 @@ void frmChessBoard::connectTyping() {
     connect(parts_.cmdUn, &QPushButton::clicked, this, [this] { game.cmdUn(); });
     for (QToolButton* button : parts_.cmdTell) {
         connect(button, &QToolButton::clicked, this, [this, button] {
+            constexpr int Enter = 13;
             const std::string text = button->toolTip().toLatin1().toStdString();
-            if (!text.empty()) roads_.zSend(text);
             parts_.txtSend->setFocus();
+            if (text.empty()) return;
+            parts_.txtSend->setLine(text);
+            answerTypingKey(Enter);
         });
     }
     for (QWidget* unbuilt : {static_cast<QWidget*>(parts_.cmdDraw), static_cast<QWidget*>(parts_.cmdRes)}) {

@@ -77,7 +77,10 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
     setWordWrap(false);
 
     state_.surface.showCell = [this](int row, int col) { model_->cellChanged(row, col); };
-    state_.surface.scrollTo = [this](int row) { verticalScrollBar()->setValue(row - 1); };
+    state_.surface.scrollTo = [this](int row) {
+        updateGeometries(); // before the first layout the bar has no range
+        verticalScrollBar()->setValue(row - 1);
+    };
     state_.surface.setUp = [this] {
         model_->allChanged();
         fitColumns();
@@ -100,6 +103,7 @@ void MoveGrid::resizeEvent(QResizeEvent* event) {
 }
 
 void MoveGrid::countVisibleRows() {
-    const int fitting = viewport()->height() / RowHeight; // rows wholly visible from the first on
+    // By the grid's own size: before it is shown its viewport has not been laid out.
+    const int fitting = (height() - 2 * frameWidth() - horizontalHeader()->height()) / RowHeight;
     zFindBottomRow([fitting](int row) { return row <= fitting; }, state_.VisibleRows);
 }

@@ -41,6 +41,8 @@ private:
     void paintBoard();
     void setPieceSet(std::int16_t set);
     bool mayClose();
+    void unload();
+    void finishClosing();
     bool answerTypingKey(int code);
     WindowPlace place() const;
     QSize frame() const;
@@ -55,4 +57,6 @@ private:
     QTimer tmrResize_;
     ResizeWatch resizeWatch_;
     bool askedByUser_ = true;
+    bool asking_ = false;  // the question before closing is up
+    bool unShown_ = false; // cmdUn is to be shown wherever it clears the command line
 };

@@ -72,11 +72,13 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QWidget* buildInner();
-    QWidget* buildButtons();
-    QWidget* buildTyping();
+    QWidget* buildRow();
+    QLayout* buildTellButtons(QWidget* bar);
+    void fitMargins();
     void applySettings();
     void collectSettings();
     void loadPlace();
