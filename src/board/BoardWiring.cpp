@@ -28,7 +28,9 @@ void frmChessBoard::fillSurface() {
 
 void frmChessBoard::fillLabels() {
     GameSurface& surface = game.surface;
-    surface.setLastMove = [this](const std::string& text) { parts_.lblMove->setText(QString::fromStdString(text)); };
+    surface.setLastMove = [this](const std::string& text) {
+        parts_.lblMove->setText(QString::fromLatin1(text.c_str()));
+    };
     surface.setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); };
     surface.setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); };
     surface.showHoldings = [this](const std::string& white, const std::string& black) {
@@ -52,6 +54,7 @@ void frmChessBoard::fillLabels() {
     };
     surface.enableSavePGN = [](bool) {}; // the PGN writer is not built yet
     surface.bringToFront = [this] {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
         show();
         raise();
         activateWindow();

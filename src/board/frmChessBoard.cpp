@@ -58,14 +58,15 @@ void frmChessBoard::load() {
            frame().height() + 8 * DesignSquare + BoardParts::MinHeight);
     loadPlace();
     takeColors();
-    parts_.panels[0]->setText(QString::fromStdString(modChess.MyHandle));
+    parts_.panels[0]->setText(QString::fromLatin1(modChess.MyHandle.c_str()));
     for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
-        const QString text = QString::fromStdString(roads_.tellText(static_cast<int>(index)));
+        const QString text = QString::fromLatin1(roads_.tellText(static_cast<int>(index)).c_str());
         parts_.cmdTell[index]->setToolTip(text);
         parts_.cmdTell[index]->setEnabled(!text.isEmpty());
     }
     paintBoard();
     show();
+    parts_.grdMoves->countVisibleRows(); // a hidden grid has no rows yet
     if (!game.finishLoad()) return;
     parts_.txtSend->setFocus();
     resizeWatch_.Muted = false;
@@ -90,7 +91,7 @@ void frmChessBoard::loadPlace() {
 
 void frmChessBoard::takeColors() {
     parts_.txtSend->setColors(modChess.ColorBar, modChess.ColorType);
-    if (!modChess.MainFont.empty()) parts_.txtSend->setFont(QFont(QString::fromStdString(modChess.MainFont)));
+    parts_.txtSend->setFont(roads_.typingFont());
 }
 
 WindowPlace frmChessBoard::place() const {
