@@ -34,6 +34,7 @@ BoardRoads boardRoads(frmChessClient& client, Sounds& sounds, const SettingsStor
         sounds.zPlaySound(std::string(name), mode);
     };
     roads.tellText = [&client](int index) { return client.settings.Tell[index]; };
+    roads.typingFont = [&client] { return client.typingFont(); };
     roads.enableBoardMenu = [&client] { client.menus.mnuBoard->setEnabled(true); };
     return roads;
 }

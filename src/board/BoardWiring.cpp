@@ -55,6 +55,7 @@ void frmChessBoard::fillLabels() {
     };
     surface.enableSavePGN = [](bool) {}; // the PGN writer is not built yet
     surface.bringToFront = [this] {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
         show();
         raise();
         activateWindow();

@@ -65,6 +65,7 @@ void frmChessBoard::load() {
     }
     paintBoard();
     show();
+    parts_.grdMoves->countVisibleRows(); // a hidden grid has no rows yet
     if (!game.finishLoad()) return;
     parts_.txtSend->setFocus();
     resizeWatch_.Muted = false;
@@ -89,7 +90,7 @@ void frmChessBoard::loadPlace() {
 
 void frmChessBoard::takeColors() {
     parts_.txtSend->setColors(modChess.ColorBar, modChess.ColorType);
-    if (!modChess.MainFont.empty()) parts_.txtSend->setFont(QFont(QString::fromLatin1(modChess.MainFont.c_str())));
+    parts_.txtSend->setFont(roads_.typingFont());
 }
 
 WindowPlace frmChessBoard::place() const {

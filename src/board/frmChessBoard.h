@@ -22,7 +22,7 @@ public:
 
     // Places and shows the window with the start position; pumps.
     void load();
-    // Takes colours and fonts of the typing line from the settings.
+    // Takes colours and font of the console's command line for the own one.
     void takeColors();
 
     Game game;

@@ -34,7 +34,7 @@ struct ClientRoads {
     std::function<void(const std::string& name, std::int16_t mode)> playSound = [](const std::string&, std::int16_t) {};
     // Creates, shows and loads a board window; gives its identity in openWindows.
     std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
-    // Colours or fonts of the settings have changed or were read: every board takes them.
+    // The user's handle has been learnt: every board shows it in panel 1.
     std::function<void(const std::string& handle)> showHandle = [](const std::string&) {};
 };
 
@@ -52,6 +52,8 @@ public:
     void queryUnload();
     // Stops the socket and all timers; what remains of the program cannot be reached by events any more.
     void stopEverything();
+    // The font of the command line, which the boards take for theirs.
+    QFont typingFont() const { return txtSend->font(); }
 
     ServerLines serverLines;
     TextPipeline pipeline{serverLines};

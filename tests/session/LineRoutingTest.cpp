@@ -75,6 +75,11 @@ TEST_F(LineRoutingTest, TheWalkPastAFullBatchFaults) {
     EXPECT_NO_THROW(batch(full + style12Line(12) + "\n" + LongLine + "\n"));
 }
 
+TEST_F(LineRoutingTest, AFaultOfABoardsPositionPassesThroughTheClassifier) {
+    classifier.hooks.zSetPosition = [](int) { throw Fault(FaultKind::Subscript, "ply 401"); };
+    EXPECT_THROW(batch("\n" + style12Line(12) + "\nfics% \n"), Fault);
+}
+
 TEST_F(LineRoutingTest, HoldingsBehindARecordGoToItsBoardAndVanish) {
     batch("\n" + style12Line(13) + "\n\n<b1> game 13 white [P] black []\nfics% \n" + LongLine + "\n");
     EXPECT_THAT(events, ElementsAre("bughouse 1 <b1> game 13 white [P] black []", "position 1"));
