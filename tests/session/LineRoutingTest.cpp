@@ -203,6 +203,23 @@ TEST_F(LineRoutingTest, OtherKindsOfTellLeaveTheTarget) {
     EXPECT_EQ(modChess.TellType, NoTell);
 }
 
+TEST_F(LineRoutingTest, ATellThatACaptureTookIsStillATellInVerboseMode) {
+    modChess.gHelpCapture = true;
+    batch("Ann tells you: hi\n");
+    EXPECT_EQ(modChess.TellTarget, "");
+    lines.verbose = true;
+    batch("Bob tells you: hi\n");
+    EXPECT_EQ(modChess.TellTarget, "Bob");
+}
+
+TEST_F(LineRoutingTest, AChannelOfLessThanNothingIsNoTellToABox) {
+    chatBuddies = {"-5", "995"};
+    batch("Bob(-5): hi\nprompt\nmore\n");
+    EXPECT_EQ(modChess.TellTarget, "");
+    EXPECT_EQ(printed.size(), 3U);
+    EXPECT_THAT(events, ElementsAre("sound whistle.wav 7"));
+}
+
 TEST_F(LineRoutingTest, InVerboseModeRecordsMoveTheirBoardsAndAreShown) {
     lines.verbose = true;
     batch("\n" + style12Line(12) + "\nfics% ");
