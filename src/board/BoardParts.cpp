@@ -56,6 +56,7 @@ void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves
     lblMove = new ElidedLabel(inner);
     lblMove->setObjectName(QStringLiteral("lblMove"));
     lblMove->setAccessibleName(QObject::tr("Last move"));
+    lblMove->setAutoFillBackground(true); // it changes at every move, and the panel below it need not be painted
     cmdUn = button<QPushButton>(inner, QStringLiteral("cmdUn"), QStringLiteral("Unobserve"));
     cmdUn->hide();
     cmdDraw = button<QPushButton>(inner, QStringLiteral("cmdDraw"), QStringLiteral("Draw"));

@@ -4,7 +4,6 @@
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
-#include "platform/MessageLoop.h"
 
 #include <QApplication>
 #include <QStatusBar>
@@ -19,7 +18,7 @@ void frmChessBoard::fillSurface() {
     };
     surface.keepPicture = [this] { parts_.picChess->persist(); };
     surface.paintBoard = [this] { paintBoard(); };
-    surface.pump = pumpMessages;
+    surface.pump = [this] { paintHold_.pump(); };
     surface.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
     surface.zSendMsg = [this](const std::string& text) { roads_.zSendMsg(text); };
     fillLabels();

@@ -5,6 +5,7 @@
 #include "board/BoardParts.h"
 #include "board/BoardRoads.h"
 #include "board/Game.h"
+#include "platform/PaintHold.h"
 #include "settings/Placement.h"
 #include "view/ResizeWatch.h"
 
@@ -52,6 +53,7 @@ private:
     QWidget* inner_ = nullptr; // the parts, inside the margins
     BoardMenus menus_;
     BoardParts parts_;
+    PaintHold paintHold_{this};
     QTimer tmrClock_;
     QTimer tmrNoPlay_;
     QTimer tmrResize_;
