@@ -167,4 +167,6 @@ void ProgramRig::settle() {
     fetchAll();
     if (!fault && !client->pipeline.PendingText.empty()) client->pipeline.tmrArrival();
     answerLogOn();
+    const auto all = static_cast<std::size_t>(modChess.LinesSent);
+    EXPECT_TRUE(waitUntil([&] { return server.commands().size() == all; })) << "commands are still under way";
 }

@@ -59,13 +59,13 @@ public:
     BoardRoads boardRoads;
     std::unique_ptr<frmChessClient> client;
 
-    std::vector<std::string> sounds;    // names, in order, whatever their switch
-    std::vector<std::string> updates;   // each position that reached a board: "game 12 RNBQ...  ply 3 e4"
-    std::vector<std::string> holdings;  // each holdings line that reached a board: "game 12 [P] []"
-    std::vector<std::string> batches;   // the text of each batch
-    std::vector<std::string> messages;  // boxes
-    std::optional<std::string> fault;   // the first fault that would have ended the program
-    int questions = 0;                  // yes/no boxes; answered with no
+    std::vector<std::string> sounds;   // names, in order, whatever their switch
+    std::vector<std::string> updates;  // each position that reached a board: "game 12 RNBQ...  ply 3 e4"
+    std::vector<std::string> holdings; // each holdings line that reached a board: "game 12 [P] []"
+    std::vector<std::string> batches;  // the text of each batch
+    std::vector<std::string> messages; // boxes
+    std::optional<std::string> fault;  // the first fault that would have ended the program
+    int questions = 0;                 // yes/no boxes; answered with no
 
 private:
     void fillStore();
