@@ -9,8 +9,10 @@ namespace practice {
 
 namespace {
 
+// ASCII only: other letters look alike on too many screens.
 bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
+// "Ada secret 1500".
 std::optional<Account> readAccount(const std::vector<std::string>& parts) {
     if (parts.size() < 2 || parts.size() > 3 || !handleComplaint(parts[0]).empty()) return std::nullopt;
     Account account{parts[0], parts[1], 0};

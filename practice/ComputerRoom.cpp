@@ -30,6 +30,7 @@ int paceOf(Hall& hall, const Game& game) {
     return pair ? hall.randomDelay(hall.moveDelay / 2, hall.moveDelay * 3 / 2) : hall.randomDelay(350, 900);
 }
 
+// All moves are told, not the position alone, so that the engine sees repetitions.
 SearchOrder orderFor(const Hall& hall, const Game& game, const Computer& computer) {
     SearchOrder order;
     for (const PlayedMove& move : game.moves) order.moves.push_back(move.engineForm);
@@ -53,6 +54,7 @@ Game* stillWaiting(Hall& hall, std::uint64_t serial, std::size_t plies) {
     return game && !game->pending && game->moves.size() == plies ? game : nullptr;
 }
 
+// Also runs when a new game is on already, for two ends may come close together.
 void startPair(Hall& hall) {
     std::vector<Player*> pair;
     for (const Computer& computer : computers()) {

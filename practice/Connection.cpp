@@ -53,6 +53,7 @@ bool Connection::mayWork() {
     return !game || !game->pending;
 }
 
+// Small portions leave the rest in the socket while the client is made to wait.
 bool Connection::readMore() {
     constexpr qint64 portion = 4096;
     const QByteArray bytes = socket_->read(portion);
@@ -92,10 +93,12 @@ void Connection::takeLine(const std::string& line) {
     hall_.leave(name);
 }
 
+// Text, line break, prompt: an answer begins right behind what the client typed.
 void Connection::answer(const std::string& text, bool withPrompt) {
     write((text.empty() ? text : text + "\n") + (withPrompt ? prompt() : std::string()));
 }
 
+// A block that nobody asked for stands behind a pending prompt and so begins with a line break.
 void Connection::show(const std::string& text) { write("\n" + text + "\n" + prompt()); }
 
 void Connection::write(const std::string& text) {

@@ -52,13 +52,21 @@ private:
     static constexpr int closingTime = 5'000;        // milliseconds for the last text to go out
     static constexpr qint64 writePause = 256 * 1024; // no further command is run above this
 
+    // Runs lines as long as there are any and the client keeps up.
     void work();
+    // False while lines have to wait: for the judge of a move, or for the client to read.
     bool mayWork();
+    // Takes a portion off the socket; false if there was none.
     bool readMore();
+    // Hands a line to the log-on or to the commands.
     void takeLine(const std::string& line);
+    // Writes what a command says; a text that is not empty gets a line end.
     void answer(const std::string& text, bool prompt);
+    // Writes a block that was not asked for, with line breaks and the prompt around it.
     void show(const std::string& text);
+    // Writes LF as LF CR, and drops a client whose output piles up.
     void write(const std::string& text);
+    // The player's prompt; empty without a session.
     std::string prompt();
 
     QTcpSocket* socket_;

@@ -38,6 +38,7 @@ void EngineProcess::ask(Request request) {
     if (queue_.size() == 1) putFirst();
 }
 
+// The engine reads its standard input in order, so nothing waits for the answer to "uci".
 void EngineProcess::start() {
     partial_.clear();
     process_.start(program_, {});
@@ -63,6 +64,7 @@ void EngineProcess::readLines() {
     }
 }
 
+// A line that nobody waits for is the talk of the start.
 void EngineProcess::takeLine(std::string_view line) {
     if (queue_.empty() || !queue_.front().take(line)) return;
     silence_.stop();
@@ -72,6 +74,7 @@ void EngineProcess::takeLine(std::string_view line) {
     answered.done();
 }
 
+// Also called for an engine that fell silent, by way of its end.
 void EngineProcess::died(const char* how) {
     silence_.stop();
     if (closing_ || gone_) return;

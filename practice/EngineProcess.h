@@ -42,10 +42,15 @@ public:
 private:
     static constexpr int silenceLimit = 20'000; // milliseconds for one answer
 
+    // Starts the program and puts the request at hand, if any.
     void start();
+    // Writes the oldest request and begins to wait for its answer.
     void putFirst();
+    // Cuts the engine's output into lines.
     void readLines();
+    // Gives a line to the request at hand and goes on to the next when it is answered.
     void takeLine(std::string_view line);
+    // Starts again the first time, and gives up the second; `how` ends the message on standard error.
     void died(const char* how);
 
     QString program_;

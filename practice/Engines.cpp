@@ -43,6 +43,7 @@ Engines::Engines(const QString& program, const std::function<void()>& onGone)
     }
 }
 
+// The board is asked for before the moves: the last line of the second answer ends both.
 void Engines::rules(const std::string& fen, const std::string& move, std::function<void(PositionFacts)> then) {
     const auto reader = std::make_shared<FactsReader>();
     EngineProcess::Request request;

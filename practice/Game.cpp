@@ -17,6 +17,7 @@ std::string ratedWord(const Game& game) { return game.terms.rated ? "rated" : "u
 
 std::string kindOf(const Game& game) { return gameKind(game.terms.minutes, game.terms.increment); }
 
+// "e4      (0:00)     ".
 std::string moveCell(const PlayedMove& move) {
     return padRight(move.pretty, 7) + " " + padRight(moveTimeText(move.taken), 10);
 }
@@ -70,6 +71,7 @@ std::string endLine(const Game& game, const std::string& reason, const std::stri
     return "{Game " + std::to_string(game.number) + " " + pairing(game) + " " + reason + "} " + result;
 }
 
+// Clients read the two cells of a row by columns, so nothing here may shift.
 std::string moveList(const Game& game) {
     std::string text = "Movelist for game " + std::to_string(game.number) + ":\n\n" + game.names[0] + " (" +
                        game.ratings[0] + ") vs. " + game.names[1] + " (" + game.ratings[1] + ") --- " + game.startedAt +

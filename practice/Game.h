@@ -16,9 +16,9 @@ namespace practice {
 
 // A half-move with its texts, as the board line and the move list show them.
 struct PlayedMove {
-    std::string engineForm;
-    std::string verbose;
-    std::string pretty;
+    std::string engineForm; // "g1f3"
+    std::string verbose;    // "N/g1-f3"
+    std::string pretty;     // "Nf3+"
     std::int64_t taken = 0; // milliseconds
     int doublePushFile = -1;
 };
@@ -39,7 +39,7 @@ struct Game {
     Terms terms;
     std::string startedAt; // "Sat Nov 21, 02:42 UTC 2026"
     GameClock clock;
-    std::vector<PlayedMove> moves;
+    std::vector<PlayedMove> moves; // oldest first
     PositionFacts facts;
     std::mt19937 dice; // the game's own, so that others do not change its course
     bool pending = false;
@@ -47,7 +47,7 @@ struct Game {
     Offer offer = Offer::None;
     int offeredBy = 0;     // side 0 or 1; only with an offer
     int computerScore = 0; // what the computer at the board thought of its chances, in hundredths of a pawn
-    std::vector<std::string> observers;
+    std::vector<std::string> observers; // handles, in the order in which they came
 
     // The side to move: 0 white, 1 black.
     int toMove() const;

@@ -29,6 +29,7 @@ std::int64_t GameClock::press(int side, std::int64_t now) {
     return taken;
 }
 
+// Rounded and not cut: half a second on the clock is no fallen flag.
 int roundedSeconds(std::int64_t milliseconds) {
     const std::int64_t half = milliseconds < 0 ? -500 : 500;
     return static_cast<int>((milliseconds + half) / 1000);

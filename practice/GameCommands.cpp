@@ -20,6 +20,7 @@ Player* opponentIn(Hall& hall, const Game& game, const Player& player) {
     return side < 0 ? nullptr : hall.find(game.names[static_cast<std::size_t>(1 - side)]);
 }
 
+// The end line is the answer.
 Answer resign(Hall& hall, Player& player, const Arguments&) {
     Game* game = hall.game(player.playing);
     if (!game) return notPlaying;
@@ -45,6 +46,7 @@ void putOffer(Game& game, const Player& player, Offer offer) {
     game.offeredBy = game.sideOf(player.name);
 }
 
+// A draw that is offered already is accepted by offering it too.
 Answer draw(Hall& hall, Player& player, const Arguments&) {
     Game* game = hall.game(player.playing);
     if (!game) return notPlaying;
@@ -109,6 +111,7 @@ Answer decline(Hall& hall, Player& player, const Arguments&) {
     return {"Declining the " + what + " from " + opponent->name + "."};
 }
 
+// One can only call the flag of an opponent who is to move: the other clock stands.
 Answer flag(Hall& hall, Player& player, const Arguments&) {
     Game* game = hall.game(player.playing);
     if (!game) return notPlaying;

@@ -67,6 +67,7 @@ Player& Hall::enter(const std::string& name, const std::string& title, const std
     return player;
 }
 
+// First nothing more is shown to the player, whose socket may be gone already; then the game ends.
 void Hall::leave(const std::string& name) {
     Player* player = find(name);
     if (!player) return;

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::int64_t idleAfter = 300'000; // milliseconds
 
+// "7 secs", "12 mins", "3 hrs, 1 min": seconds are dropped as soon as there are minutes.
 std::string spanText(std::int64_t milliseconds) {
     const int seconds = static_cast<int>(std::max<std::int64_t>(0, milliseconds) / 1000);
     if (seconds < 60) return counted(seconds, "sec");
@@ -46,6 +47,7 @@ Answer who(Hall& hall, Player&, const Arguments&) {
             ")."};
 }
 
+// " 1: text", the number in two columns: clients look for the colon in the third.
 std::string notesText(const Player& player) {
     std::string text;
     for (std::size_t i = 0; i < player.variables.notes.size(); ++i) {
@@ -99,6 +101,7 @@ Answer style(Hall&, Player& player, const Arguments& arguments) {
     return {applySetting(player.variables, "style", arguments.word(0))};
 }
 
+// Clients try these at every log-on and take the refusal well.
 Answer interfaceSet(Hall&, Player&, const Arguments& arguments) {
     return {"No such ivariable \"" + arguments.word(0) + "\"."};
 }

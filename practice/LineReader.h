@@ -18,6 +18,7 @@ struct LineReader {
 private:
     enum class Telnet { None, Command, Option, Negotiation, NegotiationCommand };
 
+    // Follows telnet's commands; true if the byte is part of one.
     bool swallow(unsigned char byte);
 
     std::string pending_;

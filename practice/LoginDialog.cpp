@@ -12,6 +12,7 @@ constexpr std::string_view echoOn = "\xFF\xFC\x01";
 
 std::string loginPrompt() { return "\nUse your own name, or \"guest\" for a name that we choose.\n\nlogin: "; }
 
+// Programs log on by the word "password:", terminals stop their echo by the bytes behind it.
 std::string passwordQuestion(const std::string& name) {
     return "\n\"" + name + "\" is a registered name.  If it is yours, type its password.\n" +
            "An empty line lets you choose another name.\n\npassword: " + std::string(echoOff);
@@ -55,6 +56,7 @@ LoginDialog::Step LoginDialog::takeName(const std::string& typed, const Question
     return askGuest("\"" + name + "\" is not a registered name.  You may play unrated games as a guest.\n");
 }
 
+// Any answer ends this stage: a second try begins with the name.
 LoginDialog::Step LoginDialog::takePassword(const std::string& typed, const Questions& ask) {
     const Account* account = ask.accounts->find(name);
     stage = Stage::Name;

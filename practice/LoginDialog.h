@@ -24,6 +24,7 @@ struct LoginDialog {
         bool entered = false;
     };
 
+    // What the next line answers.
     enum class Stage { Name, Password, Guest };
 
     Stage stage = Stage::Name;
@@ -37,6 +38,7 @@ struct LoginDialog {
     Step take(const std::string& line, const Questions& ask);
 
 private:
+    // The three kinds of answers: a handle, a password, and nothing for the guest's question.
     Step takeName(const std::string& typed, const Questions& ask);
     Step takePassword(const std::string& typed, const Questions& ask);
     Step askGuest(const std::string& reason);

@@ -33,6 +33,7 @@ char upperOf(char c) { return static_cast<char>(std::toupper(static_cast<unsigne
 
 char lowerOf(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
 
+// "O-O", "0-0-0", "oo": letters or noughts, dashes or none.
 std::optional<MoveParts> castlingParts(std::string_view text) {
     std::string plain = lower(text);
     std::replace(plain.begin(), plain.end(), '0', 'o');
@@ -68,6 +69,7 @@ char cutPiece(std::string& text) {
     return 'P';
 }
 
+// Reads from the back: "Nb1xd2=Q+" ends in its marks, then the piece, the target, and what stands before it.
 std::optional<MoveParts> takeApart(std::string_view typed) {
     std::string text(typed);
     cutCheckMarks(text);
@@ -91,6 +93,7 @@ std::optional<MoveParts> takeApart(std::string_view typed) {
     return parts;
 }
 
+// The engine writes castling as the king's move over two files.
 bool isCastling(const Position& position, std::string_view move) {
     return upperOf(position.at(move.substr(0, 2))) == 'K' && std::abs(move[0] - move[2]) == 2;
 }
@@ -109,6 +112,7 @@ bool fits(const Position& position, const MoveParts& parts, std::string_view mov
     return !parts.fromRank || parts.fromRank == move[1];
 }
 
+// Of the four promotions that the engine lists for one step, only one is meant.
 bool promotionFits(std::string_view move, char wanted, char standard) {
     return move.size() < 5 ? wanted == 0 : move[4] == (wanted ? wanted : standard);
 }

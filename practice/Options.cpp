@@ -47,6 +47,7 @@ void addOptions(QCommandLineParser& parser) {
 }
 
 // The value of a numeric option; false with a complaint unless it is a number from 0 to `highest`.
+// An option that was not given keeps the value that the caller put there.
 bool readNumber(const QCommandLineParser& parser, const char* name, qint64 highest, qint64& value) {
     const QString key = QString::fromLatin1(name);
     if (parser.value(key).isEmpty() && !parser.isSet(key)) return true;

@@ -15,6 +15,7 @@ namespace {
 constexpr std::size_t fewMoves = 2;           // a game with fewer half-moves is aborted, not lost
 constexpr std::size_t computerPlyLimit = 300; // 150 moves between two computers
 
+// Low numbers are used again, as people like to type them.
 int freeNumber(const Hall& hall) {
     int number = 1;
     while (hall.games.count(number) > 0) ++number;
@@ -50,6 +51,8 @@ void seatPlayer(Hall& hall, const Game& game, Player& player) {
     hall.seeks.removeOwner(player.name);
 }
 
+// Creating: Ada (1711) Bert (++++) unrated blitz 5 0
+// {Game 1 (Ada vs. Bert) Creating unrated blitz match.}
 void showStart(Hall& hall, const Game& game, const std::string& name) {
     const std::string head = "Creating: " + game.names[0] + " (" + game.ratings[0] + ") " + game.names[1] + " (" +
                              game.ratings[1] + ") " + termsText(game.terms);
@@ -80,6 +83,7 @@ struct Ending {
     std::string result;
 };
 
+// The order matters only when several hold: the plainest reason is told.
 std::optional<Ending> drawnBy(Hall& hall, const Game& game, const Position& position) {
     const std::string half = "1/2-1/2";
     if (!hasMatingMaterial(position, true) && !hasMatingMaterial(position, false)) {
@@ -127,6 +131,7 @@ void moveWasJudged(Hall& hall, std::uint64_t serial, PlayedMove move, PositionFa
     }
 }
 
+// Observers get the end line first and then the word that they observe no more.
 void showEnd(Hall& hall, const Game& game, const std::string& line) {
     for (const std::string& name : game.names) hall.show(name, line);
     for (const std::string& name : game.observers) {
@@ -161,6 +166,7 @@ bool callsFlags(Hall& hall, const std::string& name) {
     return player && (player->isComputer() || player->variables.value("autoflag") != 0);
 }
 
+// Who cannot mate does not win on time either.
 void endOnTime(Hall& hall, Game& game, int loser) {
     const auto position = readFen(game.facts.fen).value_or(Position{});
     const std::string& late = game.names[static_cast<std::size_t>(loser)];

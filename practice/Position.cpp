@@ -9,6 +9,7 @@ namespace practice {
 
 namespace {
 
+// White's letters are capitals, as in the board line.
 bool isPieceLetter(char c) { return std::string_view("KQRBNPkqrbnp").find(c) != std::string_view::npos; }
 
 bool belongsTo(char piece, bool white) { return piece != '-' && (piece >= 'A' && piece <= 'Z') == white; }
@@ -35,6 +36,7 @@ bool readPlacement(std::string_view text, std::array<char, 64>& board) {
     return rank == 0 && file == 8;
 }
 
+// Clients show these sums; the king has no price.
 int pieceValue(char piece) {
     switch (piece | 0x20) {
     case 'q':
@@ -74,6 +76,7 @@ std::optional<Position> readFen(std::string_view fen) {
     return result;
 }
 
+// "rnbqkbnr/.../RNBQKBNR w KQkq - 0 1" without its last two fields.
 std::string repetitionKey(std::string_view fen) {
     auto parts = words(fen);
     parts.resize(4);

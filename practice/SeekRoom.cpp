@@ -12,6 +12,7 @@ namespace {
 
 constexpr int seeksOfOne = 3;
 
+// Ads do not disturb those at the board.
 bool wantsAds(const Player& player) {
     return !player.isComputer() && player.playing == 0 && player.variables.value("seek") != 0;
 }

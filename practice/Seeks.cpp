@@ -26,6 +26,7 @@ bool readRange(const std::string& word, Terms& terms) {
     return true;
 }
 
+// Each word may be cut short as far as one letter: "u", "w", "unr".
 bool readWord(const std::string& word, Terms& terms) {
     const auto isHeadOf = [&](std::string_view whole) { return startsWith(whole, word); };
     if (isHeadOf("rated") || isHeadOf("unrated")) {
@@ -103,6 +104,7 @@ std::string announcement(int number, const Seek& seek) {
     return text + " (\"play " + std::to_string(number) + "\" to respond)";
 }
 
+// "  2 1711 Willow(C)          15  10 unrated standard               0-9999 "; clients read this by columns.
 std::string soughtRow(int number, const Seek& seek) {
     const Terms& terms = seek.terms;
     return padLeft(number, 3) + " " + seek.rating + " " + padRight(seek.owner + seek.title, 17) + " " +
@@ -112,6 +114,7 @@ std::string soughtRow(int number, const Seek& seek) {
            (terms.manual ? "m" : "") + (terms.formula ? "f" : "");
 }
 
+// Clients find the end of the list by the words of its last line.
 std::string soughtTable(const SeekTable& table) {
     std::string text;
     for (const auto& [number, seek] : table.open) text += soughtRow(number, seek) + "\n";

@@ -15,9 +15,9 @@ enum class WantedColour { Any, White, Black };
 struct Terms {
     int minutes = 2;    // 0..999
     int increment = 12; // 0..999 seconds
-    bool rated = false;
+    bool rated = false; // only shown: ratings never change
     WantedColour colour = WantedColour::Any;
-    int lowest = 0;
+    int lowest = 0; // ratings 0..9999 that may answer
     int highest = 9999;
     bool manual = false;  // only shown: here the first answer starts the game
     bool formula = false; // only shown

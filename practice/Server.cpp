@@ -82,6 +82,7 @@ void Server::fillHost() {
     host_.closed = [this](Connection& connection) { forget(connection); };
 }
 
+// Listening last: a client must find the computers at their places.
 void Server::open() {
     if (!listener_.listen(QHostAddress::LocalHost, settings_.port)) {
         onListening_(0);
@@ -104,6 +105,7 @@ void Server::accept() {
     }
 }
 
+// The newer log-on wins: the older may be a connection that died without a word.
 void Server::enter(Connection& connection) {
     const std::string name = connection.login().name;
     const auto same = [&](const auto& other) { return other->handle() == name; };
@@ -115,6 +117,7 @@ void Server::enter(Connection& connection) {
     connection.startSession(hall_.enter(name, account ? "" : "(U)", account ? ratingOf(*account) : "++++"));
 }
 
+// The connection first: leaving the hall shows texts, and its socket takes none any more.
 void Server::forget(Connection& connection) {
     const std::string name = connection.handle();
     connections_.remove_if([&](const auto& each) { return each.get() == &connection; });

@@ -36,12 +36,18 @@ public:
     Server& operator=(const Server&) = delete;
 
 private:
+    // Give the hall and the connections what they need of this.
     void fillOutside();
     void fillHost();
+    // Listens and lets the computers in.
     void open();
+    // Takes all clients that knock.
     void accept();
+    // Makes a connection a player; an older session of the same name ends.
     void enter(Connection& connection);
+    // Drops a connection whose socket is gone, and its player.
     void forget(Connection& connection);
+    // "Guest" and four letters that nobody has.
     std::string freeGuestName();
 
     ServerSettings settings_;

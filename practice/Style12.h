@@ -16,8 +16,8 @@ struct BoardLine {
     std::string black;
     int relation = 0; // 1 own move, -1 the opponent's move, 0 watching
     int minutes = 0;
-    int increment = 0;
-    int whiteClock = 0;
+    int increment = 0;  // seconds a move
+    int whiteClock = 0; // seconds left, below zero after the flag fell
     int blackClock = 0;
     std::string verboseMove = "none";
     std::string moveTime = "(0:00)";

@@ -20,6 +20,7 @@ void speak(const Player& to, const std::string& text) {
 
 bool isOn(const Player& player, int channel) { return player.channels.count(channel) > 0; }
 
+// Ada(50): hello
 Answer tellChannel(Hall& hall, Player& player, int channel, const std::string& text) {
     const std::string number = std::to_string(channel);
     if (!isOn(player, channel)) return {"(Not sent because you are not in channel " + number + ".)"};
@@ -34,6 +35,7 @@ Answer tellChannel(Hall& hall, Player& player, int channel, const std::string& t
     return {wrapped(line, width) + "\n(told " + counted(heard, "player") + " in channel " + number + ")"};
 }
 
+// Ada tells you: hello
 Answer tellPlayer(Hall& hall, Player& player, Player& to, const std::string& text, const std::string& verb) {
     if (player.isGuest() && to.variables.value("tell") == 0)
         return {to.name + " does not listen to unregistered users."};
@@ -144,6 +146,7 @@ Answer tellOpponent(Hall& hall, Player& player, const Arguments& arguments) {
     return {"Usage: xtell NAME TEXT"};
 }
 
+// 50: Ada Bert(U)
 Answer inChannel(Hall& hall, Player&, const Arguments& arguments) {
     std::map<int, std::string> lists;
     for (const Player& player : hall.players) {

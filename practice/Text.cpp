@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
 
+// By hand and not by the library, whose answer for bytes above 127 depends on the locale.
 char lowerChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 } // namespace
@@ -41,6 +42,7 @@ bool startsWith(std::string_view text, std::string_view head) {
     return text.size() >= head.size() && lower(text.substr(0, head.size())) == lower(head);
 }
 
+// The limit keeps sums of two numbers far from overflow.
 std::optional<int> number(std::string_view text) {
     int value = 0;
     const char* end = text.data() + text.size();

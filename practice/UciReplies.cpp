@@ -28,6 +28,10 @@ bool isEngineMove(std::string_view text) {
     return text.size() == 4 || std::string_view("qrbn").find(text[4]) != std::string_view::npos;
 }
 
+// Fen: rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1
+// Checkers:
+// a7a6: 1
+// Nodes searched: 20
 bool FactsReader::take(std::string_view line) {
     const std::string text = trim(line);
     if (startsWith(text, "Fen: ")) {
@@ -51,6 +55,7 @@ bool SearchReader::take(std::string_view line) {
     return true;
 }
 
+// info depth 6 seldepth 8 multipv 2 score cp 31 nodes 4021 pv d2d4 d7d5
 void SearchReader::takeInfo(const std::vector<std::string>& parts) {
     int rank = 1;
     Candidate candidate;

@@ -116,6 +116,7 @@ std::string setFigure(Variables& variables, const Figure& figure, const std::str
     return name + " set to " + std::to_string(*wanted) + ".";
 }
 
+// Clients toggle a switch by naming it without a value.
 std::optional<bool> readSwitch(const std::string& value, bool now) {
     if (value.empty()) return !now;
     if (value == "1" || value == "on" || value == "true" || value == "yes") return true;
@@ -137,6 +138,7 @@ std::string setNote(Variables& variables, int index, const std::string& value) {
     return "Note " + std::to_string(index) + (value.empty() ? " unset." : " set: " + value);
 }
 
+// The blank behind it belongs to the prompt, and clients count on it.
 std::string setPrompt(Variables& variables, const std::string& value) {
     variables.prompt = (value.empty() ? std::string("fics%") : value.substr(0, 32)) + " ";
     return "prompt set to \"" + variables.prompt + "\".";

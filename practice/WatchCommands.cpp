@@ -34,6 +34,7 @@ Game* gameMeant(Hall& hall, const Player& player, const Arguments& arguments) {
 
 const Answer& complaintFor(const Arguments& arguments) { return arguments.words.empty() ? noGameAtHand : noSuchGame; }
 
+// Game 1: Ada (1711) Bert (++++) unrated blitz 5 0, an empty line, and the board line.
 std::string boardBlock(const Game& game, const Player& player, std::int64_t now) {
     return gameTitle(game) + "\n\n" + boardLineFor(game, player.name, now);
 }
@@ -53,6 +54,7 @@ Answer games(Hall& hall, Player&, const Arguments& arguments) {
             padLeft(static_cast<int>(hall.games.size()), 3) + " in progress)."};
 }
 
+// Who plays does not watch: his client has one board in front of him.
 Answer observe(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.playing != 0) return {"You are still playing a game."};
     if (arguments.words.empty() && hall.games.empty()) return {"There are no games in progress."};

@@ -34,6 +34,7 @@ BoardRoads boardRoads(frmChessClient& client, Sounds& sounds, const SettingsStor
         sounds.zPlaySound(std::string(name), mode);
     };
     roads.tellText = [&client](int index) { return client.settings.Tell[index]; };
+    roads.typingFont = [&client] { return client.typingFont(); };
     roads.enableBoardMenu = [&client] { client.menus.mnuBoard->setEnabled(true); };
     return roads;
 }
@@ -67,7 +68,10 @@ int main(int argc, char** argv) {
     frmChessClient client(roads);
     boards = boardRoads(client, sounds, roads.store);
     EndRequests endRequests([&client] { client.close(); });
-    application.stopEverything = [&client] { client.stopEverything(); };
+    application.stopEverything = [&client, &endRequests] {
+        endRequests.endAtOnce();
+        client.stopEverything();
+    };
     QObject::connect(&client, &frmChessClient::closed, &application, &Application::quit, Qt::QueuedConnection);
     return application.run([&client] { client.load(); });
 }

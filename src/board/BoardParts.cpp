@@ -1,19 +1,24 @@
 // The parts of a board window and where they stand.
 #include "board/BoardParts.h"
 
+#include "platform/ElidedLabel.h"
+
 #include <QStatusBar>
 #include <QStyle>
 
 namespace {
 
 constexpr int BugHeight = 16; // pixels, a line of holdings
-constexpr int ClockHeight = 24;
-constexpr int ButtonHeight = 21;
-constexpr int TellWidth = 17;
-constexpr int TellHeight = 22;
+constexpr int BoardTop = BugHeight + 1;
+constexpr int BoardFrame = 4; // both edges of picChess together
+constexpr int ClockHeight = 21;
+constexpr int ScrollHeight = 20;
+constexpr int ScrollWidth = 18;
+constexpr int TellWidth = 18;
+constexpr int TellHeight = 26;
 constexpr int Gap = 2;
 constexpr int BugWidth = 130;
-constexpr int RowsAtLeast = 40; // pixels of the grid, whatever the window
+constexpr int UnWidth = 76;
 
 QFont smaller(const QWidget* widget) {
     QFont font = widget->font();
@@ -31,6 +36,8 @@ Button* button(QWidget* parent, const QString& name, const QString& caption) {
     return made;
 }
 
+constexpr std::array PanelShares{2, 6, 2}; // of stbGame's width
+
 QString tellCaption(std::size_t index) { return QString::number((index + 1) % 10); }
 
 } // namespace
@@ -41,14 +48,15 @@ void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves
     grdMoves = new MoveGrid(moves, inner);
     for (int side = 0; side < 2; ++side) {
         lblTime[side] = new ClockFace(side, inner);
-        lblBug[side] = new QLabel(inner);
+        lblBug[side] = new ElidedLabel(inner);
         lblBug[side]->setObjectName(QStringLiteral("lblBug(%1)").arg(side));
-        lblBug[side]->setTextFormat(Qt::PlainText);
+        lblBug[side]->setAccessibleName(side == 0 ? QObject::tr("White's holdings") : QObject::tr("Black's holdings"));
         lblBug[side]->hide();
     }
-    lblMove = new QLabel(inner);
+    lblMove = new ElidedLabel(inner);
     lblMove->setObjectName(QStringLiteral("lblMove"));
-    lblMove->setTextFormat(Qt::PlainText);
+    lblMove->setAccessibleName(QObject::tr("Last move"));
+    lblMove->setAutoFillBackground(true); // it changes at every move, and the panel below it need not be painted
     cmdUn = button<QPushButton>(inner, QStringLiteral("cmdUn"), QStringLiteral("Unobserve"));
     cmdUn->hide();
     cmdDraw = button<QPushButton>(inner, QStringLiteral("cmdDraw"), QStringLiteral("Draw"));
@@ -60,54 +68,60 @@ void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves
     for (std::size_t index = 0; index < cmdScroll.size(); ++index) {
         cmdScroll[index] = button<QToolButton>(inner, QStringLiteral("cmdScroll(%1)").arg(index), QString());
         cmdScroll[index]->setAccessibleName(QString::fromLatin1(Names[index]));
+        cmdScroll[index]->setToolTip(QString::fromLatin1(Names[index]));
         cmdScroll[index]->setAutoRaise(true);
         if (index != 2) cmdScroll[index]->setIcon(inner->style()->standardIcon(Pictures[index]));
     }
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
         cmdTell[index] = button<QToolButton>(inner, QStringLiteral("cmdTell(%1)").arg(index), tellCaption(index));
+        cmdTell[index]->setAccessibleName(QObject::tr("Button command %1").arg(index + 1));
     }
     txtSend = new TypingLine(inner);
     for (int panel = 0; panel <= panels.last; ++panel) {
-        panels[panel] = new QLabel(stbGame);
+        panels[panel] = new ElidedLabel(stbGame);
         panels[panel]->setObjectName(QStringLiteral("stbGame(%1)").arg(panel + 1));
-        panels[panel]->setTextFormat(Qt::PlainText);
-        stbGame->addWidget(panels[panel], panel == 1 ? 1 : 0);
+        stbGame->addWidget(panels[panel], PanelShares[static_cast<std::size_t>(panel)]);
     }
 }
 
+// The board's lower edge, the move buttons' and the last tell button's are one line; the command line stands below it.
 void BoardParts::place(QSize inner, int square, bool flipped) {
-    const int board = 8 * square + 4;
-    const int top = BugHeight + Gap;
-    const int panel = inner.width() - PanelWidth;
-    const int grid = std::max(RowsAtLeast, inner.height() - PanelHeight);
-    picChess->setGeometry(0, top, board, board);
-
-    const int foot = top + board + Gap;
-    lblBug[flipped ? 0 : 1]->setGeometry(0, 0, board, BugHeight);
-    lblBug[flipped ? 1 : 0]->setGeometry(0, foot, BugWidth, ButtonHeight);
-    cmdUn->setGeometry(BugWidth, foot, 76, ButtonHeight);
-    const int typing = std::max(BugWidth, inner.width() * 42 / 100);
-    txtSend->setGeometry(typing, foot, inner.width() - typing, ButtonHeight);
-
+    const int board = 8 * square + BoardFrame;
+    picChess->setGeometry(0, BoardTop, board, board);
+    placeFoot(inner, BoardTop + board + Gap, board, flipped);
     const int tell = std::min(TellHeight, (board - 9 * Gap) / 10);
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        cmdTell[index]->setGeometry(board + Gap, top + static_cast<int>(index) * (tell + Gap), TellWidth - Gap, tell);
+        const int y = BoardTop + static_cast<int>(index) * (tell + Gap);
+        cmdTell[index]->setGeometry(board + Gap, y, TellWidth - Gap, tell);
     }
+    placePanel(inner);
+}
 
-    lblMove->setGeometry(panel, 0, PanelWidth, BugHeight);
+void BoardParts::placeFoot(QSize inner, int foot, int board, bool flipped) {
+    lblBug[flipped ? 0 : 1]->setGeometry(0, 0, board, BugHeight);
+    lblBug[flipped ? 1 : 0]->setGeometry(0, foot, BugWidth, TypingHeight);
+    cmdUn->setGeometry(BugWidth + Gap, foot, UnWidth, TypingHeight);
+    const int typing = std::max(BugWidth + Gap, inner.width() * 42 / 100);
+    txtSend->setGeometry(typing, foot, inner.width() - typing, TypingHeight);
+}
+
+void BoardParts::placePanel(QSize inner) {
+    const int left = inner.width() - PanelWidth;
     const int half = PanelWidth / 2;
-    lblTime[0]->setGeometry(panel, top, half - 1, ClockHeight);
-    lblTime[1]->setGeometry(panel + half + 1, top, PanelWidth - half - 1, ClockHeight);
-    grdMoves->setGeometry(panel, top + ClockHeight + Gap, PanelWidth, grid);
+    lblMove->setGeometry(left, 0, PanelWidth, BugHeight);
+    lblTime[0]->setGeometry(left, BoardTop, half - 1, ClockHeight);
+    lblTime[1]->setGeometry(left + half + 1, BoardTop, PanelWidth - half - 1, ClockHeight);
+    const int grid = BoardTop + ClockHeight + Gap;
+    grdMoves->setGeometry(left, grid, PanelWidth, inner.height() - PanelHeight);
 
-    const int row = top + ClockHeight + Gap + grid + Gap;
-    constexpr int Arrow = 17;
+    const int row = grid + inner.height() - PanelHeight + Gap;
     for (std::size_t index = 0; index < cmdScroll.size(); ++index) {
-        cmdScroll[index]->setGeometry(panel + static_cast<int>(index) * Arrow, row, Arrow, ButtonHeight);
+        cmdScroll[index]->setGeometry(left + static_cast<int>(index) * ScrollWidth, row, ScrollWidth, ScrollHeight);
     }
-    const int rest = panel + 5 * Arrow + Gap;
-    cmdDraw->setGeometry(rest, row, 33, ButtonHeight);
-    cmdRes->setGeometry(rest + 33 + Gap, row, inner.width() - rest - 33 - Gap, ButtonHeight);
+    const int rest = left + 5 * ScrollWidth + Gap;
+    const int draw = (inner.width() - rest - Gap) * 43 / 100;
+    cmdDraw->setGeometry(rest, row, draw, ScrollHeight);
+    cmdRes->setGeometry(rest + draw + Gap, row, inner.width() - rest - draw - Gap, ScrollHeight);
 }
 
 void BoardParts::zSolveConflict(QWidget* control) const {

@@ -24,6 +24,7 @@ struct BoardParts {
     static constexpr int PanelHeight = 109;
     static constexpr int PanelWidth = 162;
     static constexpr int StatusHeight = 22;
+    static constexpr int TypingHeight = 21;
 
     BoardView* picChess = nullptr;
     MoveGrid* grdMoves = nullptr;
@@ -44,4 +45,8 @@ struct BoardParts {
     void place(QSize inner, int square, bool flipped);
     // Shows `control` only if it clears the command line.
     void zSolveConflict(QWidget* control) const;
+
+private:
+    void placeFoot(QSize inner, int foot, int board, bool flipped);
+    void placePanel(QSize inner);
 };

@@ -4,6 +4,8 @@
 #include "common/CommandHistory.h"
 #include "settings/SettingsStore.h"
 
+#include <QFont>
+
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -21,6 +23,8 @@ struct BoardRoads {
     std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
     // The text of tell button 0 to 9, empty for none.
     std::function<std::string(int index)> tellText = [](int) { return std::string(); };
+    // The font of the console's command line.
+    std::function<QFont()> typingFont = [] { return QFont(); };
     // The console's mnuBoard becomes available again: the last board closes.
     std::function<void()> enableBoardMenu = [] {};
 };

@@ -4,7 +4,6 @@
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
-#include "platform/MessageLoop.h"
 
 #include <QApplication>
 #include <QStatusBar>
@@ -19,7 +18,7 @@ void frmChessBoard::fillSurface() {
     };
     surface.keepPicture = [this] { parts_.picChess->persist(); };
     surface.paintBoard = [this] { paintBoard(); };
-    surface.pump = pumpMessages;
+    surface.pump = [this] { paintHold_.pump(); };
     surface.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
     surface.zSendMsg = [this](const std::string& text) { roads_.zSendMsg(text); };
     fillLabels();
@@ -46,6 +45,7 @@ void frmChessBoard::fillLabels() {
     };
     surface.setTitle = [this](const std::string& text) { setWindowTitle(QString::fromLatin1(text.c_str())); };
     surface.showUn = [this](bool shown) {
+        unShown_ = shown;
         if (shown) {
             parts_.zSolveConflict(parts_.cmdUn);
         } else {
@@ -54,6 +54,7 @@ void frmChessBoard::fillLabels() {
     };
     surface.enableSavePGN = [](bool) {}; // the PGN writer is not built yet
     surface.bringToFront = [this] {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
         show();
         raise();
         activateWindow();
@@ -98,11 +99,10 @@ void frmChessBoard::connectTyping() {
     for (QToolButton* button : parts_.cmdTell) {
         connect(button, &QToolButton::clicked, this, [this, button] {
             const std::string text = button->toolTip().toLatin1().toStdString();
-            if (!text.empty()) {
-                parts_.txtSend->setLine(text);
-                sendLine();
-            }
             parts_.txtSend->setFocus();
+            if (text.empty()) return;
+            parts_.txtSend->setLine(text);
+            sendLine();
         });
     }
     for (QWidget* unbuilt : {static_cast<QWidget*>(parts_.cmdDraw), static_cast<QWidget*>(parts_.cmdRes)}) {

@@ -6,6 +6,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 constexpr int Swatch = 10; // pixels
 }
@@ -17,6 +19,7 @@ ClockFace::ClockFace(int side, QWidget* parent) : QWidget(parent), side_(side), 
     big.setPointSizeF(big.pointSizeF() * 1.35);
     big.setBold(true);
     setFont(big);
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void ClockFace::setText(const std::string& text) {
@@ -36,13 +39,16 @@ void ClockFace::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool waiting = background_ == ClockColor::Waiting;
     const QColor paper = waiting ? palette().color(QPalette::Button) : colorOf(static_cast<std::int32_t>(background_));
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.setBrush(paper);
-    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
-    painter.setPen(QColor(96, 96, 96));
-    painter.setBrush(side_ == 0 ? Qt::white : Qt::black);
-    painter.drawRect(QRectF(6.5, (height() - Swatch) / 2 + 0.5, Swatch, Swatch));
+    const auto framed = [&painter](const QRect& area, const QColor& frame, const QColor& inside) {
+        painter.fillRect(area, frame);
+        painter.fillRect(area.adjusted(1, 1, -1, -1), inside);
+    };
+    framed(rect(), palette().color(QPalette::Mid), paper);
+    framed({6, (height() - Swatch) / 2, Swatch + 1, Swatch + 1}, QColor(96, 96, 96),
+           side_ == 0 ? Qt::white : Qt::black);
     painter.setPen(waiting ? palette().color(QPalette::ButtonText) : QColor(Qt::black));
-    painter.drawText(rect().adjusted(Swatch + 8, 0, -6, 0), Qt::AlignRight | Qt::AlignVCenter,
-                     QString::fromStdString(text_));
+    const QString text = QString::fromStdString(text_);
+    const QFontMetrics metrics = fontMetrics();
+    const int left = std::max(Swatch + 8, width() - 6 - metrics.horizontalAdvance(text));
+    painter.drawText(left, (height() + metrics.ascent() - metrics.descent()) / 2, text);
 }

@@ -24,6 +24,7 @@ bool readInto(Style12Record& record, std::string_view line, Style12Fields fields
 } // namespace
 
 void Game::beginLoad() {
+    modChess.SelfCheckOK = true;
     Style12Record.Relation = -100;
     DragAlpha = 128;
     id = nextBoardId();

@@ -84,7 +84,7 @@ struct Game {
 
     // Load, end and closing of the window
 
-    // First step of the window's load: no game, and an `id` of its own.
+    // First step of the window's load: no game, an `id` of its own; raises modChess.SelfCheckOK.
     void beginLoad();
     // Last step: the start position, an empty grid at cell (1, 1), white to move. False: the window closed meanwhile.
     bool finishLoad();

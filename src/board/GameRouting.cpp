@@ -101,7 +101,9 @@ bool GameRouting::zStyle12Line(std::string_view line, bool full) {
     return true;
 }
 
-void GameRouting::zGameParms(bool& free) const { free = zFindBoard(modChess.Record.GameNumber) < 0; }
+void GameRouting::zGameParms(bool& free) const {
+    free = firstBoard([](const Game& board) { return board.gameIndex == modChess.Record.GameNumber; }) < 0;
+}
 
 void GameRouting::zEndGame(std::string_view line) {
     std::int16_t number = gameNumberIn(line);

@@ -1,7 +1,6 @@
 // The marks of the last move on the board.
 #include "board/Game.h"
 
-#include "common/Fault.h"
 #include "common/Numbers.h"
 #include "common/Text.h"
 
@@ -10,10 +9,10 @@
 namespace {
 
 // The square whose file and rank letters stand in columns `place` and `place` + 1 of "P/e2-e4". A text that names no
-// square, such as the "@@" of a drop, gives a negative number, which is never painted; one that is too short faults.
+// square, such as the "@@" of a drop, gives a negative number, which is never painted.
 std::int16_t squareAt(std::string_view verbose, long place) {
     const auto name = mid(verbose, place, 2);
-    if (name.size() < 2) throw Fault(FaultKind::TypeMismatch, "no square in \"" + std::string(verbose) + "\"");
+    if (name.size() < 2) return -1;
     const int rank = static_cast<int>(leadingNumber(name.substr(1)));
     const int square = 8 * (rank - 1) + static_cast<unsigned char>(name[0]) - 97;
     const bool named = name[0] >= 'a' && name[0] <= 'h' && rank >= 1 && rank <= 8;
@@ -30,8 +29,8 @@ void Game::zHighlightMove(std::string_view verbose) {
         FromSq = whiteMoved ? 4 : 60;
         ToSq = static_cast<std::int16_t>(move == "o-o" ? FromSq + 2 : FromSq - 2);
     } else if (mark) {
-        passOver([&] { FromSq = squareAt(verbose, 3); });
-        passOver([&] { ToSq = squareAt(verbose, 6); });
+        FromSq = squareAt(verbose, 3);
+        ToSq = squareAt(verbose, 6);
     }
     paintMark(HiFrom, 0);
     paintMark(HiTo, 0);

@@ -2,14 +2,45 @@
 #include "board/MoveGrid.h"
 
 #include "platform/Colors.h"
+#include "platform/LightScrollBar.h"
 #include "view/BoardGeometry.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
-#include <QScrollBar>
+#include <QPainter>
+#include <QStyledItemDelegate>
 
 namespace {
+
 constexpr int RowHeight = 18; // pixels
+constexpr int CellMargin = 4; // pixels left and right of a cell's text
+
+QString shown(const GridCell& cell) { return QString::fromLatin1(cell.text.data(), qsizetype(cell.text.size())); }
+
+// A cell is a tint and a short text: the style's own painter takes several times as long, at every move of a game.
+class CellPainter : public QStyledItemDelegate {
+public:
+    CellPainter(const MoveGridState& state, QObject* parent) : QStyledItemDelegate(parent), state_(state) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const GridCell& cell = state_.cells[index.row() + 1][index.column()];
+        const bool plain = cell.tint == GridTint::Plain;
+        if (!plain) painter->fillRect(option.rect, colorOf(cell.tint));
+        if (cell.text.empty()) return;
+        painter->setPen(plain ? option.palette.color(QPalette::Text) : QColor(Qt::black));
+        constexpr int AlwaysFits = 7; // characters
+        QString text = shown(cell);
+        const QFontMetrics& metrics = option.fontMetrics;
+        const QRect inside = option.rect.adjusted(CellMargin, 0, -CellMargin, 0);
+        if (text.size() > AlwaysFits) text = metrics.elidedText(text, Qt::ElideRight, inside.width());
+        const int left = index.column() == 0 ? inside.right() + 1 - metrics.horizontalAdvance(text) : inside.left();
+        painter->drawText(left, inside.top() + (inside.height() + metrics.ascent() - metrics.descent()) / 2, text);
+    }
+
+private:
+    const MoveGridState& state_;
+};
+
 } // namespace
 
 // Row 0 of the state is the heading, so row n of the state is row n - 1 here.
@@ -23,11 +54,7 @@ public:
     }
 
     QVariant data(const QModelIndex& index, int role) const override {
-        const GridCell& cell = state_.cells[index.row() + 1][index.column()];
-        if (role == Qt::DisplayRole) return QString::fromLatin1(cell.text.data(), qsizetype(cell.text.size()));
-        if (role == Qt::BackgroundRole && cell.tint != GridTint::Plain) return colorOf(cell.tint);
-        if (role == Qt::ForegroundRole && cell.tint != GridTint::Plain) return QColor(Qt::black);
-        if (role == Qt::TextAlignmentRole && index.column() == 0) return int(Qt::AlignRight | Qt::AlignVCenter);
+        if (role == Qt::DisplayRole) return shown(state_.cells[index.row() + 1][index.column()]);
         return {};
     }
 
@@ -59,6 +86,8 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
     setObjectName(QStringLiteral("grdMoves"));
     setAccessibleName(tr("Moves"));
     setModel(model_);
+    setItemDelegate(new CellPainter(state, this));
+    setVerticalScrollBar(new LightScrollBar(this));
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(RowHeight);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -77,7 +106,10 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
     setWordWrap(false);
 
     state_.surface.showCell = [this](int row, int col) { model_->cellChanged(row, col); };
-    state_.surface.scrollTo = [this](int row) { verticalScrollBar()->setValue(row - 1); };
+    state_.surface.scrollTo = [this](int row) {
+        updateGeometries(); // before the first layout the bar has no range
+        verticalScrollBar()->setValue(row - 1);
+    };
     state_.surface.setUp = [this] {
         model_->allChanged();
         fitColumns();
@@ -100,6 +132,7 @@ void MoveGrid::resizeEvent(QResizeEvent* event) {
 }
 
 void MoveGrid::countVisibleRows() {
-    const int fitting = viewport()->height() / RowHeight; // rows wholly visible from the first on
+    // By the grid's own size: before it is shown its viewport has not been laid out.
+    const int fitting = (height() - 2 * frameWidth() - horizontalHeader()->height()) / RowHeight;
     zFindBottomRow([fitting](int row) { return row <= fitting; }, state_.VisibleRows);
 }

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QPointer>
 #include <QScreen>
 #include <QStatusBar>
 
@@ -31,15 +32,13 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     inner_ = new QWidget(centralWidget());
     statusBar()->setSizeGripEnabled(false);
     statusBar()->setFixedHeight(BoardParts::StatusHeight);
+    statusBar()->setContentsMargins(Margin - 2, 0, Margin, 0);
     parts_.build(inner_, statusBar(), game.grdMoves);
     parts_.picChess->pieceAt = [this](int square) { return game.Board[square]; };
     fillSurface();
     connectMenus();
     connectTyping();
-    openWindows.add({"frmChessBoard", this, &game, [this] {
-                         askedByUser_ = false;
-                         close();
-                     }});
+    openWindows.add({"frmChessBoard", this, &game, [this] { unload(); }});
 }
 
 frmChessBoard::~frmChessBoard() {
@@ -66,6 +65,7 @@ void frmChessBoard::load() {
     }
     paintBoard();
     show();
+    parts_.grdMoves->countVisibleRows(); // a hidden grid has no rows yet
     if (!game.finishLoad()) return;
     parts_.txtSend->setFocus();
     resizeWatch_.Muted = false;
@@ -91,7 +91,7 @@ void frmChessBoard::loadPlace() {
 
 void frmChessBoard::takeColors() {
     parts_.txtSend->setColors(modChess.ColorBar, modChess.ColorType);
-    if (!modChess.MainFont.empty()) parts_.txtSend->setFont(QFont(QString::fromLatin1(modChess.MainFont.c_str())));
+    parts_.txtSend->setFont(roads_.typingFont());
 }
 
 WindowPlace frmChessBoard::place() const {
@@ -121,13 +121,31 @@ void frmChessBoard::fitWindow(const BoardGeometry& geometry) {
     const QSize inner = (free ? fitted : size()) - frame();
     inner_->setGeometry(Margin, Margin, inner.width(), inner.height() - BoardParts::StatusHeight);
     parts_.place(inner, geometry.SquarePixels, game.Flipped);
+    if (unShown_) parts_.zSolveConflict(parts_.cmdUn);
 }
 
 void frmChessBoard::setPieceSet(std::int16_t set) {
     modChess.ChessSet = set;
-    if (!game.zBoardSetup(false)) return;
+    if (!game.zBoardSetup(false)) return; // closed by what came in meanwhile
     menus_.checkPieces(set);
     game.zBoardSetup(false);
+}
+
+// The program closes the window. With its own question still up it is taken along, question and all.
+void frmChessBoard::unload() {
+    askedByUser_ = false;
+    if (!asking_) {
+        close();
+        return;
+    }
+    finishClosing();
+    deleteLater();
+}
+
+void frmChessBoard::finishClosing() {
+    game.windowClosed();
+    zSaveReg(roads_.store, BoardSection, place());
+    openWindows.remove(this);
 }
 
 // A resize by hand is answered once, a second after its last step.
@@ -138,14 +156,16 @@ void frmChessBoard::resizeEvent(QResizeEvent* event) {
 
 void frmChessBoard::closeEvent(QCloseEvent* event) {
     if (isMinimized()) showNormal();
-    if (!mayClose()) {
+    const QPointer<frmChessBoard> self(this);
+    const bool may = mayClose();
+    if (!self || !game.isOpen()) return; // taken along by the program while the box was up
+    asking_ = false;
+    if (!may) {
         askedByUser_ = true;
         event->ignore();
         return;
     }
-    game.windowClosed();
-    zSaveReg(roads_.store, BoardSection, place());
-    openWindows.remove(this);
+    finishClosing();
     event->accept();
 }
 
@@ -155,5 +175,6 @@ bool frmChessBoard::mayClose() {
     if (decision.enableBoardMenu) roads_.enableBoardMenu();
     if (decision.refused) return false;
     if (!decision.send.empty()) roads_.zSendMsg(decision.send);
+    asking_ = decision.ask;
     return !decision.ask || boxes.okCancel(this, std::string(CloseBoxTitle), std::string(CloseBoxText));
 }

@@ -5,6 +5,7 @@
 #include "board/BoardParts.h"
 #include "board/BoardRoads.h"
 #include "board/Game.h"
+#include "platform/PaintHold.h"
 #include "settings/Placement.h"
 #include "view/ResizeWatch.h"
 
@@ -22,7 +23,7 @@ public:
 
     // Places and shows the window with the start position; pumps.
     void load();
-    // Takes colours and fonts of the typing line from the settings.
+    // Takes colours and font of the console's command line for the own one.
     void takeColors();
 
     Game game;
@@ -41,6 +42,8 @@ private:
     void paintBoard();
     void setPieceSet(std::int16_t set);
     bool mayClose();
+    void unload();
+    void finishClosing();
     void sendLine();
     void walkHistory(bool up);
     bool answerTypingKey(int code, bool shift);
@@ -52,9 +55,12 @@ private:
     QWidget* inner_ = nullptr; // the parts, inside the margins
     BoardMenus menus_;
     BoardParts parts_;
+    PaintHold paintHold_{this};
     QTimer tmrClock_;
     QTimer tmrNoPlay_;
     QTimer tmrResize_;
     ResizeWatch resizeWatch_;
     bool askedByUser_ = true;
+    bool asking_ = false;  // the question before closing is up
+    bool unShown_ = false; // cmdUn is to be shown wherever it clears the command line
 };

@@ -48,6 +48,11 @@ bool isStopped(const QObject& receiver) {
     return receiver.metaObject()->className()[0] != 'Q'; // a class of ours
 }
 
+// A socket that stays readable would report again and again.
+void silence(QObject& receiver) {
+    if (auto* notifier = qobject_cast<QSocketNotifier*>(&receiver)) notifier->setEnabled(false);
+}
+
 void tellStandardError(const std::string& line) {
     std::fprintf(stderr, "brightrank: %s\n", line.c_str());
     std::fflush(stderr);
@@ -96,7 +101,10 @@ int Application::run(const std::function<void()>& start) {
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
-    if (endingByFault && receiver && isStopped(*receiver)) return false;
+    if (endingByFault && receiver && isStopped(*receiver)) {
+        silence(*receiver);
+        return false;
+    }
     try {
         return QApplication::notify(receiver, event);
     } catch (...) {

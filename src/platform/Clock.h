@@ -1,4 +1,4 @@
-// The time of day, for what is prescribed in the seconds or milliseconds of the day.
+// The time of day, for what is prescribed in the seconds or milliseconds of the day, and the time that only goes on.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,14 @@
 // Seconds since local midnight with their fraction, 0 up to 86400 (not included), from the system's clock.
 double systemSecondsOfDay();
 
+// Milliseconds since some moment before the program began; no change of the system's time moves them.
+std::int64_t systemSteadyMs();
+
 // The replaceable clock. It jumps back to 0 at midnight: for a mere wait take `zWait`.
 struct Clock {
     std::function<double()> secondsOfDay = systemSecondsOfDay;
+    // Of any origin, never falling; measures how long a line has waited for its rest.
+    std::function<std::int64_t()> steadyMs = systemSteadyMs;
 
     // Milliseconds since local midnight, 0 to 86399999.
     std::int32_t msOfDay() const { return static_cast<std::int32_t>(secondsOfDay() * 1000.0); }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <utility>
 
 #include <fcntl.h>
@@ -20,6 +21,8 @@ void noteSignal(int) {
     const char byte = 1;
     [[maybe_unused]] const auto written = ::write(signalPipe[1], &byte, 1);
 }
+
+void leaveAtOnce(int) { ::_exit(EXIT_FAILURE); }
 
 void handleSignals(void (*handler)(int)) {
     struct sigaction action {};
@@ -58,4 +61,9 @@ void EndRequests::requestEnd() {
     if (std::exchange(ending_, true)) return;
     if (endOrderly_) endOrderly_();
     ending_ = false;
+}
+
+void EndRequests::endAtOnce() {
+    endOrderly_ = nullptr;
+    if (notifier_) handleSignals(leaveAtOnce);
 }

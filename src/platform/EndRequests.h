@@ -18,6 +18,10 @@ public:
     // What each of the requests does.
     void requestEnd();
 
+    // The program is ending by a fault: from now on a signal ends the process at once with status 1, and the end of
+    // the session changes nothing.
+    void endAtOnce();
+
 private:
     void readSignal();
 

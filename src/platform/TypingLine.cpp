@@ -27,7 +27,7 @@ int keyCode(const QKeyEvent& event) {
 TypingLine::TypingLine(QWidget* parent) : QLineEdit(parent) {
     setObjectName(QStringLiteral("txtSend"));
     setAccessibleName(tr("Command line"));
-    setStyleSheet(QStringLiteral("lineedit-password-character: 42")); // a masked text shows as stars
+    setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: 42 }")); // "*"
 }
 
 std::string TypingLine::line() const { return text().toLatin1().toStdString(); }

@@ -1,12 +1,13 @@
 // The one socket to the server.
 #include "platform/tcpClient.h"
 
+#include "platform/Clock.h"
+
 #include <QNetworkProxy>
 #include <QPointer>
 #include <QTcpSocket>
 
 #include <array>
-#include <chrono>
 #include <utility>
 
 #include <sys/socket.h>
@@ -17,11 +18,6 @@ constexpr qint64 ReadBufferBytes = 65536;
 constexpr int BacklogPollMs = 250;
 constexpr int PartingMs = 3000; // how long a closed connection may take to send its rest
 constexpr int LastChanceMs = 500;
-
-std::int64_t steadyMs() {
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
 
 // The client tells by "host not found" and "connection is" that a server could not be reached.
 std::string describe(QAbstractSocket::SocketError error, const QString& systemText) {
@@ -131,14 +127,14 @@ void tcpClient::pull() {
     while (socket_ && cutter_.waiting() <= ArrivalCutter::Limit) {
         const auto count = socket_->isOpen() ? socket_->read(bytes.data(), static_cast<qint64>(bytes.size())) : 0;
         if (count <= 0) return;
-        cutter_.append({bytes.data(), static_cast<std::size_t>(count)}, steadyMs());
+        cutter_.append({bytes.data(), static_cast<std::size_t>(count)}, wallClock.steadyMs());
     }
 }
 
 void tcpClient::peerClosed() {
     if (state_ == SocketStates::Connected) state_ = SocketStates::PeerClosing;
     const QByteArray rest = socket_->readAll();
-    cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, steadyMs());
+    cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, wallClock.steadyMs());
     cutter_.finish();
     endDue_ = true;
     schedule();
@@ -149,7 +145,7 @@ void tcpClient::fail(const std::string& description) {
     if (!failure_) failure_ = description;
     if (socket_ && socket_->isOpen()) {
         const QByteArray rest = socket_->readAll();
-        cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, steadyMs());
+        cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, wallClock.steadyMs());
     }
     cutter_.finish();
     endDue_ = true;
@@ -205,7 +201,7 @@ void tcpClient::deliverText() {
         delivery_.start(BacklogPollMs);
         return;
     }
-    const auto now = steadyMs();
+    const auto now = wallClock.steadyMs();
     arrived_ = cutter_.take(prompt(), now);
     if (arrived_.empty()) {
         delivery_.start(static_cast<int>(*cutter_.dueInMs(now)));

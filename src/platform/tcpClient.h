@@ -67,7 +67,8 @@ public:
     std::function<void(std::int32_t bytesTotal)> onDataArrival;
     std::function<void(const std::string& description)> onError;
 
-    // How many bytes wait unread with the client (the length of `PendingText`): above 8192 nothing further is given.
+    // How many bytes wait with the client for a drain that runs (`PendingText` while `ParseBusy`): above 8192 nothing
+    // further is given.
     std::function<std::size_t()> backlog = [] { return std::size_t{0}; };
 
     // The learnt prompt (`gPrompt`), empty before it is learnt.

@@ -75,6 +75,7 @@ void frmChessClient::wireConsoleMenu() {
     on(menus.mnuXP, [this] {
         resize(width() + 1, height()); // lets the new look take
         resize(width() - 1, height());
+        fitMargins();
     });
 }
 

@@ -105,7 +105,8 @@ void frmChessClient::wireSocket() {
         pipeline.zDataArrival();
         tcpClient_.resume();
     };
-    tcpClient_.backlog = [this] { return pipeline.PendingText.size(); };
+    // Text that is held for its prompt has been read: it must not keep the prompt itself in the socket.
+    tcpClient_.backlog = [this] { return pipeline.ParseBusy ? pipeline.PendingText.size() : 0; };
     tcpClient_.prompt = [] { return modChess.gPrompt; };
 }
 

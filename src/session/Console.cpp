@@ -50,21 +50,23 @@ void Console::flush() {
     QScrollBar* bar = verticalScrollBar();
     const bool following = bar->value() >= bar->maximum();
     const int seen = bar->value();
-    const QTextCursor before = textCursor();
-    const int anchor = before.anchor();
-    const int position = before.position();
-    insertWaiting(before);
-    if (anchor != position) keepSelection(anchor, position);
+    const QTextCursor shown = textCursor();
+    const int anchor = shown.anchor();
+    const int position = shown.position();
+    if (!shown.hasSelection() || shown != kept_) point_ = shown;
+    insertWaiting();
+    if (anchor < position) keepSelection(anchor, position);
+    kept_ = textCursor();
     bar->setValue(following ? bar->maximum() : seen);
     frame_.start();
 }
 
 // A cursor of the window that stands at the insertion point moves along with the text by itself.
-void Console::insertWaiting(QTextCursor point) {
-    point.clearSelection();
-    point.beginEditBlock();
-    for (const Run& run : std::exchange(waiting_, {})) point.insertText(run.text, run.format);
-    point.endEditBlock();
+void Console::insertWaiting() {
+    point_.clearSelection();
+    point_.beginEditBlock();
+    for (const Run& run : std::exchange(waiting_, {})) point_.insertText(run.text, run.format);
+    point_.endEditBlock();
 }
 
 // Text that goes in at the end of a selection would become part of it.

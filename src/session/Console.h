@@ -21,7 +21,8 @@ public:
     void setColor(std::int32_t color);
     // Switches bold on for what is inserted from now on; it is never switched off again.
     void setEmphasis();
-    // Puts `text` (one character a byte) at the insertion point. A selection of the user's stays as it is.
+    // Puts `text` (one character a byte) at the insertion point. A selection of the user's stays as it is, and what
+    // arrives meanwhile keeps its order.
     void insert(const std::string& text);
     // The insertion point goes to the end of the text, and the view follows.
     void moveToEnd();
@@ -51,10 +52,12 @@ private:
         QString text;
     };
 
-    void insertWaiting(QTextCursor point);
+    void insertWaiting();
     void keepSelection(int anchor, int position);
 
     std::vector<Run> waiting_;
     QTextCharFormat format_;
+    QTextCursor kept_;  // the selection as the last insertion left it; while it stands, text goes on behind point_
+    QTextCursor point_; // behind the text that went in last
     QTimer frame_;
 };

@@ -20,12 +20,22 @@ namespace {
 
 constexpr int TwipsPerPixel = 15;
 constexpr QSize DesignedSize(760, 560); // pixels
-constexpr int ConsolePointSize = 10;
+constexpr int ConsolePointSize = 9;
+
+// Pixels. What the console leaves of the window, and how that is shared out.
+constexpr int Beside = 37;
+constexpr int BelowAndAbove = 71;
+constexpr int TallTitleBar = 9;
+constexpr int TopMargin = 6;
+constexpr int RowGap = 7;
+constexpr int RowHeight = 24;
+constexpr int TellWidth = 21;
 
 QPushButton* commandButton(QWidget* parent, const char* name, const char* caption) {
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);
     button->setObjectName(QString::fromLatin1(name));
     button->setFocusPolicy(Qt::NoFocus);
+    button->setFixedSize(button->fontMetrics().horizontalAdvance(button->text()) + 18, RowHeight);
     return button;
 }
 
@@ -63,30 +73,31 @@ frmChessClient::~frmChessClient() { openWindows.remove(this); }
 QWidget* frmChessClient::buildInner() {
     auto* inner = new QWidget(this);
     auto* column = new QVBoxLayout(inner);
-    column->setContentsMargins(6, 4, 6, 6);
-    column->setSpacing(5);
+    column->setSpacing(RowGap);
     txtOutput = new Console(inner);
+    txtOutput->setMinimumHeight(60);
     column->addWidget(txtOutput, 1);
-    column->addWidget(buildButtons());
-    column->addWidget(buildTyping());
+    column->addWidget(buildRow());
     return inner;
 }
 
-QWidget* frmChessClient::buildButtons() {
+// The prompt, the command line and the buttons stand in one row below the console.
+QWidget* frmChessClient::buildRow() {
     auto* bar = new QWidget(this);
+    bar->setFixedHeight(RowHeight);
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(4);
-    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        cmdTell[index] = new QToolButton(bar);
-        cmdTell[index]->setObjectName(QStringLiteral("cmdTell(%1)").arg(index));
-        cmdTell[index]->setText(QString::number((index + 1) % 10));
-        cmdTell[index]->setAccessibleName(tr("Button command %1").arg(index + 1));
-        cmdTell[index]->setFocusPolicy(Qt::NoFocus);
-        cmdTell[index]->setFixedWidth(28);
-        row->addWidget(cmdTell[index]);
-    }
-    row->addStretch(1);
+    row->setSpacing(6);
+    lblPrompt = new QLabel(bar);
+    lblPrompt->setObjectName(QStringLiteral("lblPrompt"));
+    lblPrompt->setTextFormat(Qt::PlainText);
+    lblPrompt->setMaximumWidth(140);
+    txtSend = new TypingLine(bar);
+    txtSend->setMinimumWidth(120);
+    txtSend->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    row->addWidget(lblPrompt);
+    row->addWidget(txtSend, 1);
+    row->addLayout(buildTellButtons(bar));
     cmdAcc = commandButton(bar, "cmdAcc", "Accept");
     cmdDec = commandButton(bar, "cmdDec", "Decline");
     QPushButton* cmdChat = commandButton(bar, "cmdChat", "Chat");
@@ -95,20 +106,31 @@ QWidget* frmChessClient::buildButtons() {
     return bar;
 }
 
-QWidget* frmChessClient::buildTyping() {
-    auto* bar = new QWidget(this);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
-    lblPrompt = new QLabel(bar);
-    lblPrompt->setObjectName(QStringLiteral("lblPrompt"));
-    lblPrompt->setTextFormat(Qt::PlainText);
-    lblPrompt->setMinimumWidth(46);
-    lblPrompt->setMaximumWidth(140);
-    txtSend = new TypingLine(bar);
-    row->addWidget(lblPrompt);
-    row->addWidget(txtSend, 1);
-    return bar;
+QLayout* frmChessClient::buildTellButtons(QWidget* bar) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(1);
+    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
+        cmdTell[index] = new QToolButton(bar);
+        cmdTell[index]->setObjectName(QStringLiteral("cmdTell(%1)").arg(index));
+        cmdTell[index]->setText(QString::number((index + 1) % 10));
+        cmdTell[index]->setAccessibleName(tr("Button command %1").arg(index + 1));
+        cmdTell[index]->setFocusPolicy(Qt::NoFocus);
+        cmdTell[index]->setFixedSize(TellWidth, RowHeight);
+        row->addWidget(cmdTell[index]);
+    }
+    return row;
+}
+
+// The console is the window less fixed margins; tall title bars take a little more of the height.
+void frmChessClient::fitMargins() {
+    const int below = BelowAndAbove + (menus.mnuXP->isChecked() ? TallTitleBar : 0);
+    const int bottom = below - menuBar()->height() - TopMargin - RowGap - RowHeight;
+    centralWidget()->layout()->setContentsMargins(Beside / 2, TopMargin, Beside - Beside / 2, std::max(4, bottom));
+}
+
+void frmChessClient::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    fitMargins();
 }
 
 void frmChessClient::load() {
@@ -199,7 +221,9 @@ void frmChessClient::applySettings() {
     menus.mnuXP->setChecked(settings.mnuXP);
     takeMenuTicks();
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        cmdTell[index]->setToolTip(QString::fromLatin1(settings.Tell[long(index)].c_str()));
+        const QString command = QString::fromLatin1(settings.Tell[long(index)].c_str());
+        cmdTell[index]->setToolTip(command);
+        cmdTell[index]->setEnabled(!command.isEmpty());
     }
 }
 

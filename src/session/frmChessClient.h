@@ -34,7 +34,7 @@ struct ClientRoads {
     std::function<void(const std::string& name, std::int16_t mode)> playSound = [](const std::string&, std::int16_t) {};
     // Creates, shows and loads a board window; gives its identity in openWindows.
     std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
-    // The own handle became known: every board shows it in the first panel of its status bar.
+    // The user's handle has been learnt: every board shows it in panel 1.
     std::function<void(const std::string& handle)> showHandle = [](const std::string&) {};
 };
 
@@ -52,6 +52,8 @@ public:
     void queryUnload();
     // Stops the socket and all timers; what remains of the program cannot be reached by events any more.
     void stopEverything();
+    // The font of the command line, which the boards take for theirs.
+    QFont typingFont() const { return txtSend->font(); }
 
     ServerLines serverLines;
     TextPipeline pipeline{serverLines};
@@ -72,11 +74,13 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QWidget* buildInner();
-    QWidget* buildButtons();
-    QWidget* buildTyping();
+    QWidget* buildRow();
+    QLayout* buildTellButtons(QWidget* bar);
+    void fitMargins();
     void applySettings();
     void collectSettings();
     void loadPlace();

@@ -10,6 +10,8 @@ template <typename... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
+template <typename... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>; // clang 14 deduces none for an aggregate by itself
 
 void addTells(std::vector<ClientKey>& keys) {
     for (int index = 0; index <= 9; ++index) {

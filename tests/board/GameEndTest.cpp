@@ -63,6 +63,16 @@ TEST(EndGame, ANumberOnNoBoardOnlyClearsGameRunning) {
     }
 }
 
+TEST(EndGame, ARelationOfFourOrMoreIsNoLiveOne) {
+    for (const std::int16_t relation : std::initializer_list<std::int16_t>{4, -4, -100}) {
+        EndRig rig(relation);
+        rig.routing.zEndGame("{Game 12 (a vs b) a resigns} 1-0\r\n");
+        EXPECT_EQ(rig.board.gameIndex, 12) << relation;
+        EXPECT_TRUE(rig.asked.empty()) << relation;
+        EXPECT_FALSE(modChess.GameRunning) << relation;
+    }
+}
+
 TEST(EndGame, WithoutAnyBoardThatFitsGameRunningStays) {
     RoutingRig rig;
     rig.addGame(12, 1);

@@ -28,8 +28,16 @@ TEST(GameLifecycle, ABoardHasNoRelationOfAnIdleOneBeforeItsLoad) {
     EXPECT_NE(game.xMyRel(), "-100");
 }
 
+TEST(GameLifecycle, TheLoadRaisesSelfCheckOK) {
+    BoardRig rig;
+    modChess.SelfCheckOK = false;
+    Game().beginLoad();
+    EXPECT_TRUE(modChess.SelfCheckOK);
+}
+
 TEST(GameLifecycle, TheLoadStartsNoClockAndKeepsTheBoardsOrientation) {
     BoardRig rig;
+    modChess.NewGameFlag = true; // a line of the server is what opened this board
     rig.game.finishLoad();
     EXPECT_FALSE(rig.saw("startClock"));
     EXPECT_FALSE(modChess.GameRunning);

@@ -213,4 +213,8 @@ TEST(GameRouting, ZGameParmsSaysWhetherNoBoardHasTheGame) {
     modChess.Record.GameNumber = 13;
     rig.routing.zGameParms(free);
     EXPECT_TRUE(free);
+    modChess.Record.GameNumber = -13;
+    free = false;
+    rig.routing.zGameParms(free);
+    EXPECT_TRUE(free) << "a negative number stands for itself here";
 }

@@ -48,6 +48,18 @@ TEST(LastMoveMarks, ATextOfUnknownFormMarksNothing) {
     }
 }
 
+// FromSq holds the square that emptied, ToSq the target of the move before.
+TEST(LastMoveMarks, APositionWithATextOfUnknownFormMarksNeitherTheEmptiedSquareNorTheOldTarget) {
+    for (const char* text : {"", "x", "P/", "pass"}) {
+        BoardRig rig;
+        rig.open();
+        rig.receive({.ranks = AfterE4, .turn = "B", .moveNumber = 1, .verbose = "P/e2-e4", .pretty = "e4"});
+        rig.effects.clear();
+        rig.receive({.ranks = AfterE4E5, .moveNumber = 2, .verbose = text, .pretty = "e5"});
+        EXPECT_EQ(rig.all("draw"), (Marks{"draw 36 0", "draw 52 0", "draw 12 0", "draw 28 0"})) << text;
+    }
+}
+
 TEST(LastMoveMarks, TheOldMarksAreRepaintedPlainFirst) {
     BoardRig rig;
     rig.game.zHighlightMove("P/e2-e4");

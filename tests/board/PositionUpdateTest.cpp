@@ -175,6 +175,25 @@ TEST(SetPosition, AnExaminedGameWithItsListOnlyMovesTheCurrentCell) {
     EXPECT_EQ(rig.game.PositionStore.plies[1][28], 6) << "stored all the same";
 }
 
+TEST(SetPosition, TheCurrentCellOfAnExaminedGameIsThatOfTheMoveJustMade) {
+    BoardRig rig;
+    rig.open({.relation = 2});
+    rig.receive({.relation = 2, .moveNumber = 8, .pretty = "Nf6"});
+    EXPECT_EQ(rig.game.grdMoves.row, 7);
+    EXPECT_EQ(rig.game.grdMoves.col, 2);
+    EXPECT_EQ(rig.game.CurRow, 7);
+    EXPECT_EQ(rig.game.CurCol, 2);
+    EXPECT_TRUE(rig.all("cell").empty()) << "nothing is written, and no cell holds this text";
+}
+
+TEST(SetPosition, TheListScrollsSoThatTheMoveJustMadeIsInView) {
+    BoardRig rig;
+    rig.open();
+    rig.game.grdMoves.VisibleRows = 5;
+    rig.receive({.moveNumber = 10, .pretty = "Nf6"});
+    EXPECT_EQ(rig.all("top"), std::vector<std::string>{"top 5"});
+}
+
 TEST(SetPosition, AnExaminedGameWithoutAListWritesItsMoves) {
     BoardRig rig;
     modChess.ExamineNoMoves = true;
@@ -184,6 +203,19 @@ TEST(SetPosition, AnExaminedGameWithoutAListWritesItsMoves) {
     rig.receive(line);
     EXPECT_EQ(rig.game.MoveText[1][0], "e4");
     EXPECT_EQ(rig.game.CurRow, 0);
+}
+
+TEST(SetPosition, AnExaminedGameOfOthersIsWrittenLikeAPlayedOneAndNotLit) {
+    BoardRig rig;
+    rig.open({.relation = -2});
+    LineOf line = WhitePlaysE4;
+    line.relation = -2;
+    rig.game.grdMoves.goTo(1, 1);
+    rig.receive(line);
+    EXPECT_EQ(rig.game.MoveText[1][0], "e4");
+    EXPECT_EQ(rig.game.grdMoves.text(1, 1), "e4");
+    EXPECT_EQ(rig.game.CurRow, 0);
+    EXPECT_EQ(rig.game.grdMoves.tintedRow, 0);
 }
 
 TEST(SetPosition, OnlyAnExaminedGameIsLit) {
@@ -207,6 +239,17 @@ TEST(SetPosition, ANewGameSetsTitlePanelsModeAndClock) {
     EXPECT_GT(rig.place("gridSetup"), rig.place("startClock"));
     EXPECT_EQ(rig.game.MoveRow, 1);
     EXPECT_EQ(rig.game.grdMoves.text(0, 2), "Black") << "the heads are rebuilt after row 0 was written";
+}
+
+TEST(SetPosition, JoiningARunningGameSetsTheListUpAnewWithMoveRowOne) {
+    BoardRig rig;
+    modChess.NewGameFlag = true;
+    rig.receive({.relation = 0, .moveNumber = 23, .verbose = "N/g8-f6", .pretty = "Nf6"});
+    EXPECT_EQ(rig.game.MoveRow, 1);
+    EXPECT_EQ(rig.game.NextPly, 46);
+    EXPECT_EQ(rig.game.LastRow, 22);
+    EXPECT_EQ(rig.game.MoveText[22][1], "Nf6");
+    EXPECT_EQ(rig.game.grdMoves.text(22, 2), "") << "the cell is cleared with the grid";
 }
 
 TEST(SetPosition, ANewGameAtRelationTwoOrMoreStopsTheClock) {

@@ -132,6 +132,24 @@ TEST(ArrivalCutter, AForcedCutComesRightBehindThePromptInFrontOfIt) {
     EXPECT_EQ(session.arrivalsOf(" end\n\rfics% "), "\n\r<12> rnbq end\n\rfics% |");
 }
 
+TEST(ArrivalCutter, ALineBreakBehindThePromptWaitsForTheLineThatItPrecedes) {
+    Session session;
+    EXPECT_EQ(session.arrivalsOf("said\n\rfics% \n\r"), "said\n\rfics% |");
+    EXPECT_EQ(session.arrivalsOf("<12> rnbq\n\rfics% "), "\n\r<12> rnbq\n\rfics% |");
+    EXPECT_EQ(session.arrivalsOf("\n\r"), "");
+    EXPECT_EQ(session.arrivalsOf("<12> rnbq\n\r"), "\n\r<12> rnbq\n\r|");
+}
+
+TEST(ArrivalCutter, ALineBreakAloneGoesAfterThirtyMilliseconds) {
+    Session session;
+    EXPECT_EQ(session.arrivalsOf("fics% \n\r"), "fics% |");
+    EXPECT_EQ(session.cutter.dueInMs(session.now), 30);
+    EXPECT_EQ(session.takeAfter(29), "");
+    EXPECT_EQ(session.takeAfter(1), "\n\r");
+    session.prompt.clear();
+    EXPECT_EQ(session.arrivalsOf("fics% \n\r"), "fics% \n\r|") << "no prompt is learnt";
+}
+
 TEST(ArrivalCutter, AtTheLimitTooTheCutComesRightBehindThePrompt) {
     Session session;
     const std::string before = lines(80, 100) + "fics% \n\r";

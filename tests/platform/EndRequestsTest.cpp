@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 
 TEST(EndRequests, SigTermAndSigIntCallFromTheMessageLoop) {
     for (const int number : {SIGTERM, SIGINT}) {
@@ -40,4 +41,15 @@ TEST(EndRequests, SignalsGoBackToTheSystemAfterwards) {
     struct sigaction action {};
     ASSERT_EQ(::sigaction(SIGTERM, nullptr, &action), 0);
     EXPECT_EQ(action.sa_handler, SIG_DFL);
+}
+
+TEST(EndRequests, BehindAFaultASignalEndsTheProcessAtOnceWithStatus1AndSavesNothing) {
+    const auto faultThenSignal = [] {
+        EndRequests requests([] { std::_Exit(0); });
+        requests.endAtOnce();
+        requests.requestEnd(); // the end of the session
+        std::raise(SIGTERM);
+        runFor(1000);
+    };
+    EXPECT_EXIT(faultThenSignal(), testing::ExitedWithCode(1), "");
 }

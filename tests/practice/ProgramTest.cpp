@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdio>
 #include <fstream>
+#include <vector>
 
 namespace {
 
@@ -65,6 +66,30 @@ TEST(Program, AnEngineThatEndsIsStartedAgainOnceOnly) {
     TestServer server({"--engine", "/bin/true"});
     EXPECT_EQ(server.wait(), 2);
     EXPECT_NE(server.output().find("engine ended"), std::string::npos);
+}
+
+std::vector<pid_t> childrenOf(pid_t process) {
+    const std::string number = std::to_string(process);
+    std::ifstream in("/proc/" + number + "/task/" + number + "/children");
+    std::vector<pid_t> children;
+    for (pid_t child = 0; in >> child;) children.push_back(child);
+    return children;
+}
+
+TEST(Program, EnginesThatDieDuringAGameAreStartedAgainOnce) {
+    TestServer server({"--move-delay", "100"});
+    TestClient client(server.port());
+    client.enterAsGuest("Ada");
+    client.ask("observe 1");
+    client.until("\n\r<12> ");
+    const auto first = childrenOf(server.pid());
+    ASSERT_EQ(first.size(), 3U);
+    for (const pid_t engine : first) kill(engine, SIGKILL);
+    for (int i = 0; i < 5; ++i) client.until("\n\r<12> ");
+    const auto second = childrenOf(server.pid());
+    ASSERT_EQ(second.size(), 3U);
+    for (const pid_t engine : second) kill(engine, SIGKILL);
+    EXPECT_EQ(server.wait(), 2);
 }
 
 TEST(Program, WrongOptionsAreNamed) {

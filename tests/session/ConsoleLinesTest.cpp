@@ -211,6 +211,16 @@ TEST_F(ConsoleLinesTest, Row17OtherLinesOfThePollAreNotTestedFurther) {
     EXPECT_THAT(events, IsEmpty());
 }
 
+TEST_F(ConsoleLinesTest, Row17ACountLineHasUpTo68CharactersWithItsLineEnding) {
+    modChess.gLastCmd = "sought";
+    modChess.gSeekOn = true;
+    std::string line = "2 ads displayed.";
+    line.resize(66, ' ');
+    EXPECT_FALSE(prints(line));
+    classifier.SuppressCount = 0;
+    EXPECT_TRUE(prints(line + " "));
+}
+
 TEST_F(ConsoleLinesTest, Row17NeedsTheExactCommandAndTheGraph) {
     modChess.gSeekOn = true;
     for (const char* command : {"sought all", "Sought", ""}) {
@@ -265,6 +275,15 @@ TEST_F(ConsoleLinesTest, AContinuationOfABoxedTellGoesToTheBoxAndTheNextLineIsDr
     batch("Bob tells you: a long\n\\   tell\nprompt\nnext\nkept\n");
     EXPECT_THAT(chatTexts, ElementsAre("Bob tells you: a long\r\n", "tell\r\n"));
     EXPECT_EQ(console(), "kept\r\n");
+}
+
+TEST_F(ConsoleLinesTest, AContinuationThatItsBoxNoLongerTakesIsPrintedInTheColourBefore) {
+    classifier.hooks.zChatBox = [](const std::string& line) { return line.starts_with("Bob"); };
+    batch("Ann shouts: a\n");
+    batch("Bob tells you: a long\n\\   tell\nprompt\nnext\n");
+    EXPECT_TRUE(classifier.TellToChat);
+    EXPECT_THAT(printed, ElementsAre(Printed{"Ann shouts: a\r\n", ShoutColor}, Printed{"tell\r\n", ShoutColor},
+                                     Printed{"next\r\n", MainColor}));
 }
 
 TEST_F(ConsoleLinesTest, ABackslashAloneIsNothing) {

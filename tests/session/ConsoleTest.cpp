@@ -69,6 +69,42 @@ TEST(Console, ASelectionOfTheUserSurvivesArrivingText) {
     EXPECT_EQ(console.textCursor().selectedText(), QStringLiteral("hello"));
 }
 
+TEST(Console, TextThatArrivesOneByOneBesideASelectionKeepsItsOrder) {
+    for (const bool backwards : {false, true}) {
+        Console console;
+        console.insert("hello world");
+        console.flush();
+        QTextCursor selection = console.textCursor();
+        selection.setPosition(backwards ? 5 : 0);
+        selection.setPosition(backwards ? 0 : 5, QTextCursor::KeepAnchor);
+        console.setTextCursor(selection);
+        for (const char* text : {"1", "2", "3"}) {
+            console.insert(text);
+            console.flush();
+            EXPECT_EQ(console.textCursor().selectedText(), QStringLiteral("hello"));
+        }
+        EXPECT_EQ(console.text(), backwards ? "123hello world" : "hello123 world");
+    }
+}
+
+TEST(Console, AnotherSelectionMovesTheInsertionPoint) {
+    Console console;
+    console.insert("ab cd");
+    console.flush();
+    const auto select = [&](int from, int to) {
+        QTextCursor selection = console.textCursor();
+        selection.setPosition(from);
+        selection.setPosition(to, QTextCursor::KeepAnchor);
+        console.setTextCursor(selection);
+    };
+    select(0, 2);
+    console.insert("X");
+    console.flush();
+    select(4, 6);
+    console.insert("Y");
+    EXPECT_EQ(console.text(), "abX cdY");
+}
+
 TEST(Console, EmphasisIsBoldAndStaysOn) {
     Console console;
     console.insert("a");

@@ -75,6 +75,11 @@ TEST_F(LineRoutingTest, TheWalkPastAFullBatchFaults) {
     EXPECT_NO_THROW(batch(full + style12Line(12) + "\n" + LongLine + "\n"));
 }
 
+TEST_F(LineRoutingTest, AFaultOfABoardsPositionPassesThroughTheClassifier) {
+    classifier.hooks.zSetPosition = [](int) { throw Fault(FaultKind::Subscript, "ply 401"); };
+    EXPECT_THROW(batch("\n" + style12Line(12) + "\nfics% \n"), Fault);
+}
+
 TEST_F(LineRoutingTest, HoldingsBehindARecordGoToItsBoardAndVanish) {
     batch("\n" + style12Line(13) + "\n\n<b1> game 13 white [P] black []\nfics% \n" + LongLine + "\n");
     EXPECT_THAT(events, ElementsAre("bughouse 1 <b1> game 13 white [P] black []", "position 1"));
@@ -196,6 +201,23 @@ TEST_F(LineRoutingTest, OtherKindsOfTellLeaveTheTarget) {
     EXPECT_EQ(modChess.TellTarget, "Ann");
     EXPECT_EQ(printed.size(), 4U);
     EXPECT_EQ(modChess.TellType, NoTell);
+}
+
+TEST_F(LineRoutingTest, ATellThatACaptureTookIsStillATellInVerboseMode) {
+    modChess.gHelpCapture = true;
+    batch("Ann tells you: hi\n");
+    EXPECT_EQ(modChess.TellTarget, "");
+    lines.verbose = true;
+    batch("Bob tells you: hi\n");
+    EXPECT_EQ(modChess.TellTarget, "Bob");
+}
+
+TEST_F(LineRoutingTest, AChannelOfLessThanNothingIsNoTellToABox) {
+    chatBuddies = {"-5", "995"};
+    batch("Bob(-5): hi\nprompt\nmore\n");
+    EXPECT_EQ(modChess.TellTarget, "");
+    EXPECT_EQ(printed.size(), 3U);
+    EXPECT_THAT(events, ElementsAre("sound whistle.wav 7"));
 }
 
 TEST_F(LineRoutingTest, InVerboseModeRecordsMoveTheirBoardsAndAreShown) {

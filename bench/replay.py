@@ -1,0 +1,285 @@
+#!/usr/bin/env python3
+"""Measures the whole program: a server of its own plays games and tells to it on a virtual display.
+
+    bench/replay.py [--program build/release/brightrank] [--runs 3] [--sound] [--picture FILE]
+
+CPU is the run time of all threads as the kernel counts it (/proc/PID/task/*/schedstat, nanoseconds; /proc/PID/stat
+says the same in steps of 10 ms). A stretch of text ends with thirty underscores, which the program answers with "Set
+Style 12" as soon as it has read them; it counts as visible when the program has then used no CPU for 150 ms.
+"""
+import argparse
+import ctypes
+import os
+import pathlib
+import re
+import select
+import shutil
+import socket
+import statistics
+import subprocess
+import tempfile
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+GAME = ROOT / "tests/data/streams/server-b/03_long_game_smoves.raw"
+PROMPT = b"\n\rfics% "
+MARK = b"\n\r" + b"_" * 30 + PROMPT
+LAST_MOVE = 195  # of a replayed game; a board holds 200
+QUIET = 0.15  # seconds without work after which all counts as painted
+
+STORE = """[Client]
+Registry_OK=Yes
+IP=127.0.0.1
+Port={port}
+Use_Timeseal=False
+Auto_Connect={connect}
+Auto_Logon=True
+Handle=Bench
+Password=bench
+Last_Server=0
+Sound_On={sound}
+Left=150
+Top=150
+Width=11400
+Height=8400
+"""
+
+
+def observedGames(updates):
+    """`updates` Style 12 lines of a recorded game, watched, as a list of games; each but the last ends at its end."""
+    recorded = [line.split(" ") for line in re.split(r"[\n\r]+", GAME.read_text("latin-1")) if line.startswith("<12>")]
+    once = []
+    for fields in recorded:
+        if int(fields[26]) > LAST_MOVE or (once and fields[27] == "none"):
+            break
+        once.append(fields)
+    games = []
+    for number in range(updates):
+        game, ply = divmod(number, len(once))
+        if ply == 0:
+            games.append([])
+        fields = list(once[ply])
+        fields[16], fields[19] = str(game + 1), "0"
+        fields[24], fields[25] = str(3600 - number % 3000), str(3599 - number % 2999)
+        games[-1].append(("\n\r" + " ".join(fields)).encode("latin-1") + PROMPT)
+    for number, game in enumerate(games):
+        game[-1] += f"\n\r{{Game {number + 1} (Mirabelle vs. oldpawn) Game aborted on move 1}} *".encode() + PROMPT
+    return games
+
+
+def channelTells(count):
+    """One piece of that many lines."""
+    words = "the rook belongs behind the passed pawn and the king in front of it even when it costs a tempo".split()
+    return [[f"\n\rName(50): {n} {' '.join(words[n % 5:n % 5 + 4 + n % 11])}".encode() + PROMPT for n in range(count)]]
+
+
+class Display:
+    """A virtual display, and on it an eye for the first window that is mapped."""
+
+    def __enter__(self):
+        read, write = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1920x1080x24", "-nolisten", "tcp"],
+            pass_fds=[write], stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            self.name = ":" + pipe.readline().strip()
+        self.x11 = ctypes.CDLL("libX11.so.6")
+        self.x11.XOpenDisplay.restype = ctypes.c_void_p
+        self.x11.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
+        self.x11.XDefaultRootWindow.restype = ctypes.c_ulong
+        self.x11.XSelectInput.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_long]
+        self.x11.XNextEvent.argtypes = [ctypes.c_void_p, ctypes.c_void_p]
+        self.connection = self.x11.XOpenDisplay(self.name.encode())
+        substructureNotify = 1 << 19
+        self.x11.XSelectInput(self.connection, self.x11.XDefaultRootWindow(self.connection), substructureNotify)
+        self.x11.XSync(ctypes.c_void_p(self.connection), 0)
+        return self
+
+    def awaitMap(self):
+        event = (ctypes.c_long * 24)()
+        while ctypes.cast(event, ctypes.POINTER(ctypes.c_int))[0] != 19:  # MapNotify
+            self.x11.XNextEvent(self.connection, event)
+
+    def __exit__(self, *_):
+        self.x11.XCloseDisplay(ctypes.c_void_p(self.connection))
+        self.server.terminate()
+        self.server.wait()
+
+
+class Program:
+    """One run of the program, with a settings store of its own."""
+
+    def __init__(self, path, display, port=0, connect=False, sound=False):
+        self.folder = tempfile.mkdtemp(prefix="brightrank-bench-")
+        store = pathlib.Path(self.folder, "config/Brightrank/Brightrank.ini")
+        store.parent.mkdir(parents=True)
+        store.write_text(STORE.format(port=port, connect=connect, sound=int(sound)))
+        self.log = open(pathlib.Path(self.folder, "log"), "wb")
+        surroundings = dict(os.environ, DISPLAY=display.name, XDG_CONFIG_HOME=self.folder + "/config",
+                            QT_QPA_PLATFORM="xcb")
+        surroundings.pop("WAYLAND_DISPLAY", None)
+        self.process = subprocess.Popen([path], cwd=self.folder, env=surroundings, stdout=self.log, stderr=self.log)
+
+    def cpu(self):
+        """Seconds of CPU so far."""
+        total = 0
+        for task in pathlib.Path(f"/proc/{self.process.pid}/task").iterdir():
+            total += int((task / "schedstat").read_text().split()[0])
+        return total / 1e9
+
+    def memory(self, what="VmRSS"):
+        """Megabytes, 10^6 bytes."""
+        status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
+        return int(re.search(what + r":\s+(\d+)", status)[1]) * 1024 / 1e6
+
+    def awaitQuiet(self):
+        """Waits until nothing is worked on any more; gives the moment at which that began."""
+        before, since = self.cpu(), time.monotonic()
+        while time.monotonic() - since < QUIET:
+            time.sleep(0.01)
+            now = self.cpu()
+            if now - before > 0.0008:  # more than a timer's tick
+                since = time.monotonic()
+            before = now
+        return since
+
+    def end(self):
+        self.process.terminate()
+        self.process.wait()
+        self.log.close()
+        shutil.rmtree(self.folder)
+
+
+class Server:
+    """Takes one client through its log-on and then sends whatever is to be measured."""
+
+    def __init__(self):
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.port = self.listener.getsockname()[1]
+
+    def logOn(self):
+        self.listener.settimeout(30)
+        self.socket, _ = self.listener.accept()
+        self.socket.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+        self.socket.sendall(b"login: ")
+        self.awaitText(b"Bench")
+        self.socket.sendall(b"\n\rpassword: ")
+        self.awaitText(b"bench")
+        self.socket.sendall(b"\n\r**** Starting FICS session as Bench ****\n\r" + PROMPT)
+        self.awaitText(b"Set Style 12")
+        self.socket.sendall(b"\n\rStyle 12 set." + PROMPT)
+        time.sleep(0.3)
+        self.socket.sendall(b"fics% ")
+        time.sleep(1.5)  # the prompt is learnt when it stands alone for a second
+
+    def awaitText(self, text, seconds=120):
+        got = b""
+        until = time.monotonic() + seconds
+        while text not in got:
+            if not select.select([self.socket], [], [], max(0, until - time.monotonic()))[0]:
+                raise SystemExit(f"replay: no {text!r} came back, but {got!r}")
+            piece = self.socket.recv(4096)
+            if not piece:
+                raise SystemExit("replay: the program hung up")
+            got += piece
+
+    def end(self):
+        self.socket.close()
+        self.listener.close()
+
+
+def stretch(program, server, parts, pause=0.0):
+    """Sends the pieces of all parts, one every `pause` seconds or as fast as they are taken, and waits behind each part
+    until it is read. Gives CPU seconds, and wall seconds until all is read and until all is visible."""
+    program.awaitQuiet()
+    cpu, begin = program.cpu(), time.monotonic()
+    for part in parts:
+        due = time.monotonic()
+        for piece in part if pause else [b"".join(part)]:
+            server.socket.sendall(piece)
+            due += pause
+            time.sleep(max(0.0, due - time.monotonic()))
+        server.socket.sendall(MARK)
+        server.awaitText(b"Set Style 12")
+    read = time.monotonic() - begin
+    visible = program.awaitQuiet() - begin
+    return program.cpu() - cpu, read, visible
+
+
+def start(options, display):
+    program = Program(options.program, display)
+    display.awaitMap()
+    mapped = program.cpu()
+    time.sleep(2)
+    figures = {"start: CPU until the first window is mapped, ms": mapped * 1000,
+               "start: CPU until both windows stand and rest, ms": program.cpu() * 1000,
+               "start: resident with one board, MB": program.memory(),
+               "start: of it not shared with files, MB": program.memory("RssAnon")}
+    program.end()
+    return figures
+
+
+def replay(options, display):
+    server = Server()
+    program = Program(options.program, display, server.port, True, options.sound)
+    server.logOn()
+    figures = {}
+
+    def measure(name, parts, unit, scale, pause=0.0):
+        before = program.memory()
+        cpu, read, visible = stretch(program, server, parts, pause)
+        figures[f"{name}: CPU of one, {unit}"] = cpu / sum(map(len, parts)) * scale
+        if pause == 0:
+            figures[f"{name}: wall until all is read, s"] = read
+            figures[f"{name}: wall until all is visible, s"] = visible
+        figures[f"{name}: resident before, MB"] = before
+        figures[f"{name}: resident after, MB"] = program.memory()
+
+    measure(f"{options.paced} observed updates, 100 a second", observedGames(options.paced), "ms", 1e3, 0.01)
+    measure(f"{options.updates} observed updates at once", observedGames(options.updates), "ms", 1e3)
+    if options.picture:
+        subprocess.run(["import", "-display", display.name, "-window", "root", options.picture + "-games.png"],
+                       check=True)
+    measure("200 lines of the console, 50 a second", channelTells(200), "us", 1e6, 0.02)
+    tells = channelTells(options.long)[0]
+    part = min(10000, options.long // 2)
+    measure(f"first {part} lines of the console", [tells[:part]], "us", 1e6)
+    measure(f"{options.lines} lines at once", channelTells(options.lines), "us", 1e6)
+    if options.long > options.lines + 2 * part:
+        stretch(program, server, [tells[part + options.lines:-part]])
+        measure(f"last {part} of {options.long} lines", [tells[-part:]], "us", 1e6)
+    if options.picture:
+        subprocess.run(["import", "-display", display.name, "-window", "root", options.picture + "-tells.png"],
+                       check=True)
+    program.end()
+    server.end()
+    return figures
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Measures the whole program on a virtual display.")
+    parser.add_argument("--program", default=str(ROOT / "build/release/brightrank"))
+    parser.add_argument("--runs", type=int, default=3)
+    parser.add_argument("--updates", type=int, default=2000)
+    parser.add_argument("--paced", type=int, default=300)
+    parser.add_argument("--lines", type=int, default=20000)
+    parser.add_argument("--long", type=int, default=100000)
+    parser.add_argument("--sound", action="store_true", help="with Sound_On=1")
+    parser.add_argument("--picture", help="saves FILE-games.png and FILE-tells.png")
+    options = parser.parse_args()
+    options.program = str(pathlib.Path(options.program).resolve())
+    table = {}
+    for _ in range(options.runs):
+        for part in (start, replay):
+            with Display() as display:
+                for name, value in part(options, display).items():
+                    table.setdefault(name, []).append(value)
+    width = max(map(len, table))
+    print(f"{'':{width}}  {'least':>9}  {'median':>9}")
+    for name, values in table.items():
+        print(f"{name:{width}}  {min(values):9.3f}  {statistics.median(values):9.3f}")
+
+
+if __name__ == "__main__":
+    main()

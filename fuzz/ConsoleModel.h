@@ -1,0 +1,68 @@
+// What the console has to show of one batch in Verbose Mode, worked out apart from the classifier.
+#pragma once
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// `text` without blanks and control characters, which the console may drop in front of a tell.
+inline std::string squeezed(std::string_view text) {
+    std::string result(text);
+    std::erase_if(result, [](char c) { return static_cast<unsigned char>(c) < 33; });
+    return result;
+}
+
+// The lines of a batch, each with CR LF but the last, which may be a tail. Any of CR, LF, CR LF and LF CR ends a line,
+// and a line that begins with a control character counts as empty.
+inline std::vector<std::string> linesOf(std::string_view batch) {
+    const auto isBreak = [](char c) { return c == '\r' || c == '\n'; };
+    std::vector<std::string> lines;
+    std::string line;
+    for (std::size_t at = 0; at < batch.size(); ++at) {
+        if (!isBreak(batch[at])) {
+            line += batch[at];
+            continue;
+        }
+        const bool pair = at + 1 < batch.size() && isBreak(batch[at + 1]) && batch[at + 1] != batch[at];
+        at += pair ? 1 : 0;
+        lines.push_back(line + "\r\n");
+        line.clear();
+    }
+    if (!line.empty()) lines.push_back(line);
+    for (std::string& each : lines) {
+        const auto first = static_cast<unsigned char>(each.front());
+        if (first < 32 && !isBreak(each.front())) each = each.ends_with("\r\n") ? "\r\n" : "";
+    }
+    return lines;
+}
+
+// The squeezed text that a batch adds to the console in Verbose Mode; nothing when squeezing hides whether a line is
+// the prompt or a continuation.
+inline std::optional<std::string> verboseText(std::string_view batch, const std::string& prompt, bool promptShown) {
+    std::string shown;
+    for (std::string line : linesOf(batch)) {
+        if (line.empty()) continue;
+        const std::string visible = squeezed(line);
+        if (line != prompt && visible == squeezed(prompt)) return std::nullopt;
+        if (line.front() != '\\' && visible.starts_with('\\')) return std::nullopt;
+        if (line.front() == '\\') {
+            line.erase(0, 1);
+            line.erase(0, line.find_first_not_of(' '));
+        }
+        const bool isPrompt = line == prompt;
+        if (!promptShown || !isPrompt) shown += squeezed(line);
+        promptShown = isPrompt;
+    }
+    return shown;
+}
+
+// True when `text` comes out of `whole` by leaving bytes out.
+inline bool isLeftOf(std::string_view text, std::string_view whole) {
+    std::size_t at = 0;
+    for (const char c : whole) {
+        if (at < text.size() && text[at] == c) ++at;
+    }
+    return at == text.size();
+}

@@ -1,0 +1,33 @@
+// A label that never asks for more room than it gets: what does not fit ends in dots and is shown as its tool tip.
+#pragma once
+
+#include <QEvent>
+#include <QLabel>
+#include <QPainter>
+
+// For texts of the server, whose length must not widen a window. Plain text only.
+class ElidedLabel : public QLabel {
+public:
+    explicit ElidedLabel(QWidget* parent) : QLabel(parent) {
+        setTextFormat(Qt::PlainText);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+
+    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+        painter.setPen(palette().color(foregroundRole()));
+        painter.drawText(contentsRect(), int(alignment()) | Qt::TextSingleLine, shown);
+    }
+
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ToolTip) {
+            const bool cut = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+            setToolTip(cut ? text().toHtmlEscaped() : QString());
+        }
+        return QLabel::event(event);
+    }
+};

@@ -1,0 +1,277 @@
+// What a board window shows: clocks, holdings, last move, grid, buttons, menus, and the fit of its parts.
+#include "board/BoardWindowRig.h"
+
+#include "board/BoardClock.h"
+
+#include <QScrollBar>
+
+namespace {
+
+class BoardFace : public BoardWindowRig {
+protected:
+    static int square(frmChessBoard& board) { return part<BoardView>(board, "picChess").geometry().SquarePixels; }
+    static int frameWidth(frmChessBoard& board) { return board.width() - inner(board).width(); }
+};
+
+} // namespace
+
+// Clocks
+
+TEST_F(BoardFace, APositionSetsBothClocksWithOneBlankInFront) {
+    frmChessBoard& board = open();
+    position(board.game, 1);
+    EXPECT_EQ(clock(board, 0), " 5:00");
+    EXPECT_EQ(clock(board, 1), " 12:34");
+}
+
+TEST_F(BoardFace, TheSideToMoveHasWhiteGround) {
+    frmChessBoard& board = open();
+    position(board.game, 1);
+    EXPECT_EQ(static_cast<ClockFace&>(part(board, "lblTime(0)")).background(), ClockColor::Waiting);
+    EXPECT_EQ(static_cast<ClockFace&>(part(board, "lblTime(1)")).background(), 0xFFFFFFU);
+}
+
+TEST_F(BoardFace, TheRunningClockFallsBySecondsAndTheOtherStands) {
+    frmChessBoard& board = open();
+    position(board.game, 1);
+    EXPECT_TRUE(waitUntil([&] { return clock(board, 1) == " 12:33"; }, 3000));
+    EXPECT_EQ(clock(board, 0), " 5:00");
+}
+
+TEST_F(BoardFace, AnExaminedGameNeverCounts) {
+    frmChessBoard& board = open();
+    position(board.game, 2);
+    runFor(1200);
+    EXPECT_EQ(clock(board, 1), " 12:34");
+}
+
+// Holdings, last move, grid
+
+TEST_F(BoardFace, HoldingsShowOnlyWithABughouseLine) {
+    frmChessBoard& board = open();
+    EXPECT_FALSE(part(board, "lblBug(0)").isVisible());
+    position(board.game, 1);
+    board.game.zSetBughouse("<b1> game 12 white [PPN] black [Q]\r\n");
+    EXPECT_TRUE(part(board, "lblBug(0)").isVisible());
+    EXPECT_TRUE(part(board, "lblBug(1)").isVisible());
+    EXPECT_NE(label(board, "lblBug(0)"), label(board, "lblBug(1)"));
+}
+
+TEST_F(BoardFace, HoldingsChangePlacesWithAFlip) {
+    frmChessBoard& board = open();
+    const int white = part(board, "lblBug(0)").y();
+    const int black = part(board, "lblBug(1)").y();
+    EXPECT_GT(white, black);
+    entry(board, "mnuInvert").trigger();
+    EXPECT_EQ(part(board, "lblBug(0)").y(), black);
+    EXPECT_EQ(part(board, "lblBug(1)").y(), white);
+    EXPECT_EQ(part(board, "lblBug(0)").x(), part(board, "picChess").x());
+}
+
+TEST_F(BoardFace, AMoveIsNamedAndEntersTheGrid) {
+    frmChessBoard& board = open();
+    position(board.game, 1, "none");
+    EXPECT_EQ(label(board, "lblMove"), "");
+    position(board.game, 1, "e4", false);
+    EXPECT_EQ(label(board, "lblMove"), "1. e4");
+    EXPECT_EQ(part<MoveGrid>(board, "grdMoves").model()->index(0, 1).data().toString(), QStringLiteral("e4"));
+}
+
+TEST_F(BoardFace, TheGridFollowsTheCurrentMove) {
+    frmChessBoard& board = open();
+    auto& grid = part<MoveGrid>(board, "grdMoves");
+    board.game.MoveRow = 120;
+    board.game.grdMoves.zSetTop(120);
+    EXPECT_GT(grid.verticalScrollBar()->value(), 50);
+    const int row = grid.rowAt(grid.viewport()->height() - 2);
+    EXPECT_GE(row, 118);
+}
+
+TEST_F(BoardFace, TheGridsHeadingSaysWhiteAndBlack) {
+    const auto* model = part<MoveGrid>(open(), "grdMoves").model();
+    EXPECT_EQ(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("White"));
+    EXPECT_EQ(model->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Black"));
+    EXPECT_EQ(model->rowCount(), 200);
+}
+
+// Buttons and the command line
+
+TEST_F(BoardFace, UnobserveShowsForAnObservedGameAndLeavesIt) {
+    frmChessBoard& board = open();
+    EXPECT_FALSE(part(board, "cmdUn").isVisible());
+    position(board.game, 0);
+    ASSERT_TRUE(part(board, "cmdUn").isVisible());
+    QTest::mouseClick(&part(board, "cmdUn"), Qt::LeftButton);
+    EXPECT_EQ(sent, (std::vector<std::string>{"unob"}));
+    board.game.zEndParms();
+    EXPECT_FALSE(part(board, "cmdUn").isVisible());
+}
+
+TEST_F(BoardFace, UnobserveStaysHiddenWhereItWouldStandInTheCommandLine) {
+    savedPlace("150", "150", "100", "100");
+    frmChessBoard& board = open();
+    position(board.game, 0);
+    const QWidget& button = part(board, "cmdUn");
+    const bool clears = button.x() + button.width() + 4 < part(board, "txtSend").x();
+    EXPECT_EQ(button.isVisible(), clears);
+    EXPECT_FALSE(clears);
+}
+
+TEST_F(BoardFace, EnterSendsTheLineWhileConnectedAndKeepsItOtherwise) {
+    frmChessBoard& board = open();
+    auto& line = part<TypingLine>(board, "txtSend");
+    QTest::keyClicks(&line, QStringLiteral("who"));
+    QTest::keyClick(&line, Qt::Key_Return);
+    EXPECT_EQ(typed, (std::vector<std::string>{"who"}));
+    EXPECT_EQ(line.line(), "");
+    connected = false;
+    QTest::keyClicks(&line, QStringLiteral("who"));
+    QTest::keyClick(&line, Qt::Key_Return);
+    EXPECT_EQ(line.line(), "who");
+    EXPECT_EQ(typed.size(), 1U);
+}
+
+TEST_F(BoardFace, UpAndDownWalkTheConsolesHistory) {
+    history.zPushCommand("older");
+    history.zPushCommand("newer");
+    frmChessBoard& board = open();
+    auto& line = part<TypingLine>(board, "txtSend");
+    QTest::keyClick(&line, Qt::Key_Up);
+    EXPECT_EQ(line.line(), "newer");
+    QTest::keyClick(&line, Qt::Key_Up);
+    EXPECT_EQ(line.line(), "older");
+    QTest::keyClick(&line, Qt::Key_Down);
+    EXPECT_EQ(line.line(), "newer");
+}
+
+TEST_F(BoardFace, ATellButtonSendsItsTextAndGivesTheFocusBack) {
+    frmChessBoard& board = open();
+    QTest::mouseClick(&part(board, "cmdTell(0)"), Qt::LeftButton);
+    EXPECT_EQ(typed, (std::vector<std::string>{"finger"}));
+    EXPECT_EQ(board.focusWidget(), &part(board, "txtSend"));
+}
+
+TEST_F(BoardFace, ATellButtonWhileNotConnectedLeavesItsTextInTheLine) {
+    connected = false;
+    frmChessBoard& board = open();
+    QTest::mouseClick(&part(board, "cmdTell(0)"), Qt::LeftButton);
+    EXPECT_EQ(part<TypingLine>(board, "txtSend").line(), "finger");
+}
+
+// Menus
+
+TEST_F(BoardFace, PieceSetsCheckTheirOwnEntryAlone) {
+    frmChessBoard& board = open();
+    const std::vector<std::string> names{"mnuBookup", "mnuQuorl", "mnuGNU"};
+    for (std::size_t set = 0; set < names.size(); ++set) {
+        for (int again = 0; again < 2; ++again) {
+            entry(board, names[set].c_str()).trigger();
+            EXPECT_EQ(modChess.ChessSet, static_cast<std::int16_t>(set));
+            for (const std::string& name : names) {
+                EXPECT_EQ(entry(board, name.c_str()).isChecked(), name == names[set]) << name;
+            }
+        }
+    }
+    EXPECT_GE(part<BoardView>(board, "picChess").geometry().PieceList, 16);
+}
+
+TEST_F(BoardFace, ANewBoardChecksThePieceSetOfTheSettings) {
+    modChess.ChessSet = 1;
+    frmChessBoard& board = open();
+    EXPECT_TRUE(entry(board, "mnuQuorl").isChecked());
+    EXPECT_FALSE(entry(board, "mnuBookup").isChecked());
+}
+
+TEST_F(BoardFace, FlipTurnsTheBoardAndBack) {
+    frmChessBoard& board = open();
+    entry(board, "mnuInvert").trigger();
+    EXPECT_TRUE(board.game.Flipped);
+    EXPECT_EQ(part<BoardView>(board, "picChess").geometry().DisplaySquare[0], 63);
+    entry(board, "mnuInvert").trigger();
+    EXPECT_EQ(part<BoardView>(board, "picChess").geometry().DisplaySquare[0], 0);
+}
+
+TEST_F(BoardFace, CleanRepaintsWithoutChangingThePosition) {
+    frmChessBoard& board = open();
+    position(board.game, 1);
+    const auto before = board.game.Board;
+    const QSize size = board.size();
+    entry(board, "mnuClean").trigger();
+    EXPECT_EQ(board.game.Board, before);
+    EXPECT_EQ(board.size(), size);
+}
+
+// The fit to the window
+
+TEST_F(BoardFace, TheFormIsEightSquaresAndTheDesignFigures) {
+    frmChessBoard& board = open();
+    EXPECT_EQ(square(board), 54);
+    EXPECT_EQ(inner(board).width(), 8 * 54 + 186);
+    EXPECT_EQ(inner(board).height() + board.statusBar()->height(), 8 * 54 + 68);
+    EXPECT_EQ(part(board, "picChess").size(), QSize(8 * 54 + 4, 8 * 54 + 4));
+    EXPECT_EQ(part(board, "grdMoves").x(), inner(board).width() - 162);
+    EXPECT_EQ(part(board, "grdMoves").height(), 8 * 54 + 68 - 109);
+    EXPECT_EQ(part(board, "txtSend").height(), 21);
+}
+
+TEST_F(BoardFace, NoTwoPartsOverlapAtAnySize) {
+    frmChessBoard& board = open();
+    position(board.game, 0);
+    board.game.zSetBughouse("<b1> game 12 white [PPN] black [Q]\r\n");
+    for (int height : {100, 300, 420, 555, 700, 900}) {
+        board.resize(board.width(), height);
+        board.game.zBoardSetup(false);
+        const auto parts = inner(board).findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        for (const QWidget* one : parts) {
+            if (!one->isVisible()) continue;
+            EXPECT_TRUE(inner(board).rect().contains(one->geometry()))
+                << height << " " << one->objectName().toStdString();
+            for (const QWidget* other : parts) {
+                if (one == other || !other->isVisible()) continue;
+                EXPECT_FALSE(one->geometry().intersects(other->geometry()))
+                    << height << " " << one->objectName().toStdString() << " " << other->objectName().toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(BoardFace, ASquareIsNeverBelow24Pixels) {
+    savedPlace("150", "150", "1500", "1500");
+    frmChessBoard& board = open();
+    EXPECT_EQ(square(board), 24);
+    EXPECT_EQ(inner(board).width(), 8 * 24 + 186);
+    board.resize(10, 10);
+    board.game.zBoardSetup(false);
+    EXPECT_EQ(square(board), 24);
+}
+
+TEST_F(BoardFace, AMaximisedBoardKeepsTheScreenAndItsPartsStayInside) {
+    frmChessBoard& board = open();
+    board.showMaximized();
+    board.game.zBoardSetup(false);
+    EXPECT_TRUE(board.isMaximized());
+    EXPECT_EQ(part(board, "grdMoves").geometry().right() + 1, inner(board).width());
+    EXPECT_LE(part(board, "picChess").geometry().bottom(), inner(board).height());
+}
+
+TEST_F(BoardFace, TheFirstFiringOfTheResizeTimerOnlyCounts) {
+    frmChessBoard& board = open();
+    board.resize(board.width(), board.height() + 80);
+    runFor(1150);
+    EXPECT_EQ(square(board), 54);
+    board.resize(board.width(), board.height() + 1);
+    EXPECT_TRUE(waitUntil([&] { return square(board) == 64; }, 2500));
+    EXPECT_EQ(board.width() - frameWidth(board), 8 * 64 + 186);
+}
+
+TEST_F(BoardFace, AResizeByHandIsAnsweredOnceItHasRestedForASecond) {
+    frmChessBoard& board = open();
+    board.resize(board.width(), board.height() + 1);
+    runFor(1150);
+    for (int step = 0; step < 6; ++step) {
+        board.resize(board.width(), board.height() + 16);
+        runFor(250);
+        EXPECT_EQ(square(board), 54);
+    }
+    EXPECT_TRUE(waitUntil([&] { return square(board) > 64; }, 2500));
+}

@@ -1,0 +1,95 @@
+// What the light scroll bar repaints, and that it looks like any other.
+#include "platform/LightScrollBar.h"
+
+#include "WaitUntil.h"
+
+#include <QPaintEvent>
+#include <QScreen>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct WatchedBar : LightScrollBar {
+    QRegion painted;
+
+    void paintEvent(QPaintEvent* event) override {
+        painted += event->region();
+        LightScrollBar::paintEvent(event);
+    }
+};
+
+template <typename Bar>
+void setUp(Bar& bar) {
+    bar.setOrientation(Qt::Vertical);
+    bar.setRange(0, 200);
+    bar.setPageStep(20);
+    bar.resize(15, 400);
+    bar.setValue(50);
+}
+
+// What has been painted so far; a grab of the widget itself would paint it anew.
+QImage onScreen(const QWidget& bar) { return bar.screen()->grabWindow(bar.winId()).toImage(); }
+
+struct LightScrollBarTest : testing::Test {
+    WatchedBar bar;
+
+    LightScrollBarTest() {
+        setUp(bar);
+        bar.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&bar));
+        runFor(30);
+        bar.painted = {};
+    }
+};
+
+} // namespace
+
+TEST_F(LightScrollBarTest, AStepRepaintsTheSliderAlone) {
+    bar.setValue(52);
+    runFor(30);
+    EXPECT_FALSE(bar.painted.isEmpty());
+    EXPECT_LT(bar.painted.boundingRect().height(), 100);
+}
+
+TEST_F(LightScrollBarTest, AMoveThatShowsNothingNewRepaintsNothing) {
+    bar.setRange(0, 200'000);
+    bar.setValue(50'000);
+    runFor(30);
+    bar.painted = {};
+    bar.setValue(50'001);
+    runFor(30);
+    EXPECT_TRUE(bar.painted.isEmpty());
+}
+
+TEST_F(LightScrollBarTest, ReachingAnEndRepaintsAll) {
+    bar.setValue(200);
+    runFor(30);
+    EXPECT_EQ(bar.painted.boundingRect(), bar.rect());
+}
+
+TEST_F(LightScrollBarTest, ANewRangeRepaintsAll) {
+    bar.setRange(0, 400);
+    runFor(30);
+    EXPECT_EQ(bar.painted.boundingRect(), bar.rect());
+}
+
+TEST_F(LightScrollBarTest, AfterManyStepsItLooksLikeAnyOtherBar) {
+    QScrollBar other;
+    setUp(other);
+    other.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&other));
+    for (const int value : {51, 53, 60, 130, 131, 7, 90}) {
+        bar.setValue(value);
+        runFor(10);
+    }
+    other.setValue(90);
+    runFor(30);
+    const QImage shown = onScreen(bar);
+    ASSERT_FALSE(shown.isNull());
+    EXPECT_EQ(shown, onScreen(other));
+    bar.setValue(10);
+    runFor(30);
+    EXPECT_NE(onScreen(bar), shown);
+}

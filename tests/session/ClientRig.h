@@ -1,0 +1,161 @@
+// A whole console window with its boards, a settings store in memory, and a server on the loopback address.
+#pragma once
+
+#include "board/frmChessBoard.h"
+#include "common/modChess.h"
+#include "platform/Boxes.h"
+#include "platform/OpenWindows.h"
+#include "platform/WaitUntil.h"
+#include "session/frmChessClient.h"
+#include "settings/MemoryStore.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+// The text goes out at once; what the client has sent so far is in `received`.
+struct LoopbackServer {
+    QTcpServer server;
+    QTcpSocket* peer = nullptr;
+    std::string received;
+
+    bool listen() {
+        QObject::connect(&server, &QTcpServer::newConnection, &server, [this] {
+            peer = server.nextPendingConnection();
+            QObject::connect(peer, &QTcpSocket::readyRead, peer, [this] { received += peer->readAll().toStdString(); });
+        });
+        return server.listen(QHostAddress::LocalHost);
+    }
+    void send(const std::string& text) const {
+        peer->write(text.data(), static_cast<qint64>(text.size()));
+        peer->flush();
+    }
+};
+
+class ClientRig : public testing::Test {
+protected:
+    ClientRig() {
+        modChess = {};
+        openWindows.windows.clear();
+        roads.store = memoryStore(values);
+        roads.openBoard = [this]() -> const void* {
+            auto* board = new frmChessBoard(boardRoads);
+            board->load();
+            return board;
+        };
+        roads.playSound = [this](const std::string& name, std::int16_t) { sounds.push_back(name); };
+        boxes.message = [this](QWidget*, const std::string&, const std::string& text) { messages.push_back(text); };
+        boxes.input = [this](QWidget*, const std::string& prompt, const std::string& title, const std::string&) {
+            messages.push_back(title + ": " + prompt);
+            return answer;
+        };
+        boxes.okCancel = [this](QWidget*, const std::string& title, const std::string& text) {
+            messages.push_back(title + ": " + text);
+            return okay;
+        };
+        boxes.yesNo = [this](QWidget*, const std::string&, const std::string& text) {
+            messages.push_back(text);
+            return okay;
+        };
+        set("Use_Timeseal", "False");
+    }
+
+    ~ClientRig() override {
+        client.reset();
+        for (frmChessBoard* board : boards()) delete board;
+        boxes = Boxes();
+        modChess = {};
+        openWindows.windows.clear();
+    }
+
+    void set(const std::string& key, const std::string& text) { values->texts[{"Client", key}] = text; }
+    std::string stored(const std::string& section, const std::string& key) const {
+        const auto found = values->texts.find({section, key});
+        return found == values->texts.end() ? "(absent)" : found->second;
+    }
+
+    // Builds and loads the window; the first board with it.
+    frmChessClient& start() {
+        client = std::make_unique<frmChessClient>(roads);
+        boardRoads.store = roads.store;
+        boardRoads.history = &client->road.history;
+        boardRoads.zSendMsg = [this](const std::string& text) { client->road.zSendMsg(text); };
+        boardRoads.zSend = [this](const std::string& text) {
+            if (client->road.hooks.socketState() != ServerRoad::Connected) return false;
+            client->road.zSend(text);
+            return true;
+        };
+        boardRoads.tellText = [this](int index) { return client->settings.Tell[index]; };
+        boardRoads.enableBoardMenu = [this] { client->menus.mnuBoard->setEnabled(true); };
+        roads.showHandle = [](const std::string& handle) {
+            for (const OpenWindow& open : openWindows.windows) {
+                if (open.game != nullptr) open.game->surface.setPanel(1, handle);
+            }
+        };
+        client->load();
+        return *client;
+    }
+
+    // The same, connected to the loopback server, prompt learnt.
+    void connected() {
+        ASSERT_TRUE(loopback.listen());
+        set("IP", "127.0.0.1");
+        set("Port", std::to_string(loopback.server.serverPort()));
+        start();
+        client->menus.mnuConnect[1]->trigger();
+        ASSERT_TRUE(waitUntil([this] { return loopback.peer != nullptr && socketState() == 7; }));
+        client->connection.tmrTCPTimer();
+    }
+
+    int socketState() const { return client->road.hooks.socketState(); }
+    Console& txtOutput() const { return *client->findChild<Console*>(QStringLiteral("txtOutput")); }
+    TypingLine& txtSend() const { return *client->findChild<TypingLine*>(QStringLiteral("txtSend")); }
+    QLabel& lblPrompt() const { return *client->findChild<QLabel*>(QStringLiteral("lblPrompt")); }
+    QAction& entry(const char* name) const { return *client->findChild<QAction*>(QString::fromLatin1(name)); }
+    QAbstractButton& button(const QString& name) const { return *client->findChild<QAbstractButton*>(name); }
+    std::string title() const { return client->windowTitle().toStdString(); }
+    std::string console() const { return txtOutput().text(); }
+    bool consoleHas(const std::string& text) const {
+        return waitUntil([&] { return console().find(text) != std::string::npos; });
+    }
+    bool serverGot(const std::string& text) {
+        return waitUntil([&] { return loopback.received.find(text) != std::string::npos; });
+    }
+    void type(const char* text, bool enter = true) const {
+        QTest::keyClicks(&txtSend(), QString::fromLatin1(text));
+        if (enter) QTest::keyClick(&txtSend(), Qt::Key_Return);
+    }
+
+    static std::vector<frmChessBoard*> boards() {
+        std::vector<frmChessBoard*> found;
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (auto* board = qobject_cast<frmChessBoard*>(window)) found.push_back(board);
+        }
+        return found;
+    }
+    static Game& firstGame() {
+        for (const OpenWindow& open : openWindows.windows) {
+            if (open.game != nullptr) return *open.game;
+        }
+        throw std::logic_error("no board is open");
+    }
+
+    std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
+    ClientRoads roads;
+    BoardRoads boardRoads;
+    LoopbackServer loopback;
+    std::unique_ptr<frmChessClient> client;
+    std::vector<std::string> sounds;
+    std::vector<std::string> messages;
+    std::optional<std::string> answer;
+    bool okay = false;
+};

@@ -1,0 +1,166 @@
+// How the program ends: in order by a signal, with its settings written; by a fault where one is told, without them.
+#include "session/RunningProgram.h"
+
+#include "platform/WaitUntil.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include <csignal>
+
+namespace {
+
+std::string repeated(const std::string& text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i) all += text;
+    return all;
+}
+
+std::string record(int moveNumber, char side) {
+    return std::string("\n\r<12> rnbqkbnr pppppppp -------- -------- -------- -------- PPPPPPPP RNBQKBNR ") + side +
+           " -1 1 1 1 1 0 7 Anders Berta 0 5 0 39 39 300 300 " + std::to_string(moveNumber) +
+           " P/e2-e4 (0:01) e4 0\n\rfics% ";
+}
+
+std::string longGame() {
+    std::ifstream file(std::string(TEST_DATA) + "/streams/server-b/03_long_game_smoves.raw", std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+constexpr int BetweenArrivalsMs = 400;
+
+// Also the end of the batch before: what is sent afterwards is an arrival of its own, and a batch, as no prompt is
+// learnt.
+bool stillAnswers(RunningProgram& program) {
+    runFor(BetweenArrivalsMs);
+    const std::size_t before = program.server.received.size();
+    program.server.send("\n\rlogin: "); // answered from the settings
+    return waitUntil([&] { return program.server.received.size() > before; }, 15000);
+}
+
+void expectFault(const std::string& script, const std::string& line, const std::string& before = {}) {
+    RunningProgram program;
+    ASSERT_TRUE(program.start());
+    program.server.send(before);
+    ASSERT_TRUE(stillAnswers(program));
+    const std::string settings = program.settingsText();
+    const auto written = std::filesystem::last_write_time(program.settingsPath());
+    program.server.sendLater(script);
+    ASSERT_TRUE(program.ended());
+    EXPECT_EQ(program.process.exitCode(), 1);
+    EXPECT_EQ(program.errorLines(), line);
+    EXPECT_EQ(program.settingsText(), settings);
+    EXPECT_EQ(std::filesystem::last_write_time(program.settingsPath()), written);
+}
+
+std::string valueOf(const std::string& settings, const std::string& key) {
+    const auto place = settings.find("\n" + key + "=");
+    if (place == settings.npos) return "there is no such key";
+    const auto begin = place + key.size() + 2;
+    return settings.substr(begin, settings.find('\n', begin) - begin);
+}
+
+class EndBySignal : public testing::TestWithParam<int> {};
+
+} // namespace
+
+TEST(EndByFault, ABatchOf1002Lines) {
+    expectFault(repeated("a\n", 1001) + "a\n\r", "brightrank: subscript error: subscript 1001 is outside 0 to 1000\n");
+}
+
+TEST(EndByFault, NotABatchOf1001Lines) {
+    RunningProgram program;
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(stillAnswers(program));
+    program.server.send(repeated("a\n", 1000) + "a\n\r");
+    EXPECT_TRUE(stillAnswers(program));
+    EXPECT_EQ(program.process.state(), QProcess::Running);
+}
+
+TEST(EndByFault, ABughouseLineForAGameThatHasLeftItsBoard) {
+    expectFault("\n\r<b1> game 7 white [P] black []\n\r",
+                "brightrank: subscript error: bughouse holdings for a game that has no board\n",
+                record(1, 'B') + "\n\r{Game 7 (Anders vs. Berta) Berta resigns} 1-0\n\r");
+}
+
+TEST(EndByFault, NotABughouseLineWhileABoardIsIdleAndNoGameWasSeen) {
+    RunningProgram program;
+    ASSERT_TRUE(program.start());
+    program.server.send("\n\r<b1> game 7 white [P] black []\n\r");
+    EXPECT_TRUE(stillAnswers(program));
+    EXPECT_EQ(program.process.state(), QProcess::Running);
+}
+
+TEST(EndByFault, Ply401OfAGame) {
+    expectFault(record(1, 'B') + record(201, 'W') + record(201, 'B'),
+                "brightrank: subscript error: subscript 201 is outside 0 to 200\n");
+}
+
+TEST(EndByFault, NotPly400) {
+    RunningProgram program;
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(stillAnswers(program));
+    program.server.send(record(1, 'B') + record(200, 'B') + record(201, 'W'));
+    EXPECT_TRUE(stillAnswers(program));
+    EXPECT_EQ(program.process.state(), QProcess::Running);
+}
+
+TEST(EndByFault, ARecordedGameOf415Plies) {
+    expectFault(longGame(), "brightrank: subscript error: subscript 201 is outside 0 to 200\n");
+}
+
+TEST_P(EndBySignal, WritesTheSettingsAndEndsWithStatus0) {
+    RunningProgram program;
+    ASSERT_TRUE(program.start());
+    program.signal(GetParam());
+    ASSERT_TRUE(program.ended());
+    EXPECT_EQ(program.process.exitCode(), 0);
+    EXPECT_EQ(program.errorLines(), "");
+    const std::string settings = program.settingsText();
+    EXPECT_EQ(valueOf(settings, "Registry_OK"), "Yes");
+    EXPECT_EQ(valueOf(settings, "Handle"), "Anders");
+    EXPECT_EQ(valueOf(settings, "Warn_Time"), "10") << "a key that was not there is written";
+    EXPECT_EQ(std::filesystem::status(program.settingsPath()).permissions(), std::filesystem::perms(0600));
+    EXPECT_TRUE(waitUntil([&] { return !program.server.hasClient(); })) << "the connection is closed";
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, EndBySignal, testing::Values(SIGTERM, SIGINT),
+                         [](const auto& number) { return number.param == SIGTERM ? "SIGTERM" : "SIGINT"; });
+
+TEST(EndBySignal, InTheMiddleOfABatchTooItEndsInOrder) {
+    RunningProgram program;
+    ASSERT_TRUE(program.start());
+    program.server.send("\n\rhalf of a li");
+    program.signal(SIGTERM);
+    ASSERT_TRUE(program.ended());
+    EXPECT_EQ(program.process.exitCode(), 0);
+}
+
+TEST(EndBySignal, ASecondStartReadsTheSettingsBackAndLeavesThemAsTheyWere) {
+    RunningProgram program;
+    ASSERT_TRUE(program.start());
+    program.signal(SIGTERM);
+    ASSERT_TRUE(program.ended());
+    const std::string first = program.settingsText();
+    ASSERT_TRUE(waitUntil([&] { return !program.server.hasClient(); }));
+    ASSERT_TRUE(program.start()) << "host and port were read back";
+    EXPECT_TRUE(stillAnswers(program));
+    EXPECT_EQ(program.server.commands(), std::vector<std::string>{"Anders"}) << "the handle was read back";
+    program.signal(SIGTERM);
+    ASSERT_TRUE(program.ended());
+    EXPECT_EQ(program.settingsText(), first);
+}
+
+TEST(EndBySignal, WithoutASettingsFileOneIsMadeForTheUserAlone) {
+    RunningProgram program;
+    std::filesystem::remove(program.settingsPath());
+    program.process.start(QStringLiteral(BRIGHTRANK_PROGRAM), QStringList());
+    ASSERT_TRUE(program.process.waitForStarted());
+    runFor(1500); // its signals are not taken before it is up
+    program.signal(SIGTERM);
+    ASSERT_TRUE(program.ended());
+    EXPECT_EQ(valueOf(program.settingsText(), "Registry_OK"), "Yes");
+    EXPECT_EQ(std::filesystem::status(program.settingsPath()).permissions(), std::filesystem::perms(0600));
+}

@@ -1,0 +1,172 @@
+// The whole program in a test: how it is joined, driven and watched.
+#include "session/ProgramRig.h"
+
+#include "common/modChess.h"
+#include "platform/Application.h"
+#include "platform/Boxes.h"
+#include "platform/Clock.h"
+#include "platform/OpenWindows.h"
+#include "platform/WaitUntil.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace {
+
+constexpr std::int64_t LinePatienceMs = 30;
+constexpr std::size_t OneArrival = 8192;
+
+} // namespace
+
+ProgramRig::ProgramRig() {
+    modChess = ModChess{};
+    wallClock.secondsOfDay = [] { return 36000.0; };
+    boxes.message = [this](QWidget*, const std::string&, const std::string& text) { messages.push_back(text); };
+    boxes.yesNo = [this](QWidget*, const std::string&, const std::string&) { return ++questions < 0; };
+    fillStore();
+    roads.store = boardRoads.store = memoryStore(values);
+    roads.openBoard = [this]() -> const void* {
+        auto* board = new frmChessBoard(boardRoads);
+        board->load();
+        return board;
+    };
+    client = std::make_unique<frmChessClient>(roads);
+    joinRoads();
+    noteTraffic();
+    client->load();
+}
+
+ProgramRig::~ProgramRig() {
+    client->queryUnload();
+    client.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    openWindows.windows.clear();
+    wallClock = Clock{};
+    boxes = Boxes{};
+    modChess = ModChess{};
+}
+
+void ProgramRig::fillStore() {
+    const auto set = [this](const char* key, const std::string& text) { values->texts[{"Client", key}] = text; };
+    set("Registry_OK", "Yes");
+    set("Width", "11400");
+    set("Height", "8400");
+    set("Handle", "Anders");
+    set("Password", "secret");
+    set("IP", "127.0.0.1");
+    set("Port", std::to_string(server.port()));
+    set("Auto_Connect", "True");
+    set("Auto_Logon", "True");
+    set("Use_Timeseal", "False");
+}
+
+void ProgramRig::joinRoads() {
+    const auto noteSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); };
+    roads.playSound = noteSound;
+    roads.showHandle = [this](const std::string& handle) {
+        for (frmChessBoard* board : boards()) board->game.surface.setPanel(1, handle);
+    };
+    boardRoads.playSound = noteSound;
+    boardRoads.history = &client->road.history;
+    boardRoads.zSendMsg = [this](const std::string& text) { client->road.zSendMsg(text); };
+    boardRoads.zSend = [this](const std::string& text) { return client->road.zSend(text), true; };
+    boardRoads.tellText = [this](int index) { return client->settings.Tell[index]; };
+    boardRoads.enableBoardMenu = [this] { client->menus.mnuBoard->setEnabled(true); };
+}
+
+// The client's own roads stay in place; the rig listens on them.
+void ProgramRig::noteTraffic() {
+    PipelineHooks& pipeline = client->pipeline.hooks;
+    pipeline.getData = [this, real = pipeline.getData] {
+        std::string text = real();
+        fetched_ += text.size();
+        return text;
+    };
+    pipeline.dataParse = [this, real = pipeline.dataParse](const std::string& batch) {
+        if (fault) return;
+        batches.push_back(batch);
+        try {
+            real(batch);
+        } catch (...) {
+            fault = currentFaultLine();
+            client->stopEverything();
+        }
+    };
+    ClassifierHooks& classifier = client->classifier.hooks;
+    classifier.zSetPosition = [this, real = classifier.zSetPosition](int board) {
+        const Style12Record record = boardAt(board).Style12Record;
+        real(board);
+        updates.push_back("game " + std::to_string(record.GameNumber) + " " + record.Position + " ply " +
+                          std::to_string(2 * record.MoveNumber + record.SideToMove) + " " + record.PrettyMove);
+    };
+    classifier.zSetBughouse = [this, real = classifier.zSetBughouse](int board, const std::string& line) {
+        real(board, line);
+        holdings.push_back("game " + std::to_string(boardAt(board).gameIndex) + " " + line);
+    };
+}
+
+void ProgramRig::holdTime() {
+    wallClock.steadyMs = [this] { return steady_; };
+}
+
+void ProgramRig::connectNow() {
+    client->connection.tmrTCPTimer();
+    ASSERT_TRUE(waitUntil([this] { return server.hasClient() && client->road.hooks.socketState() == 7; }));
+}
+
+void ProgramRig::learnPrompt() {
+    send(FicsPrompt);
+    settle();
+    ASSERT_EQ(client->serverLines.PartialLine, FicsPrompt);
+    client->pipeline.tmrPrompt();
+    ASSERT_EQ(modChess.gPrompt, FicsPrompt);
+    console().clearScreen();
+}
+
+void ProgramRig::send(std::string_view bytes) {
+    server.send(bytes);
+    sent_ += bytes.size();
+}
+
+void ProgramRig::pumpOnce() { QCoreApplication::processEvents(QEventLoop::AllEvents); }
+
+// A server of the real kind waits for the answer at this place.
+void ProgramRig::answerLogOn() {
+    if (client->pipeline.login == 0) return;
+    const std::size_t before = server.received.size();
+    EXPECT_TRUE(waitUntil([&] { return server.received.size() > before; })) << "no answer to the log-on question";
+}
+
+void ProgramRig::replay(std::string_view script, Packets packets) {
+    for (const std::string_view packet : packetsOf(script, packets)) {
+        send(packet);
+        pumpOnce();
+        pumpOnce();
+        if (packets == Packets::UpToAPause) fetchAll();
+        answerLogOn();
+        if (fault) return;
+    }
+    settle();
+}
+
+// Lets the time for unfinished lines pass.
+void ProgramRig::fetchAll() {
+    const bool done = waitUntil([this] {
+        steady_ += LinePatienceMs;
+        if (client->pipeline.PendingText.size() > OneArrival) client->pipeline.tmrArrival();
+        return fetched_ == sent_ || fault;
+    });
+    EXPECT_TRUE(done) << fetched_ << " of " << sent_ << " bytes were fetched";
+}
+
+void ProgramRig::settle() {
+    fetchAll();
+    if (!fault && !client->pipeline.PendingText.empty()) client->pipeline.tmrArrival();
+    answerLogOn();
+    const auto all = static_cast<std::size_t>(modChess.LinesSent);
+    EXPECT_TRUE(waitUntil([&] { return server.commands().size() == all; })) << "commands are still under way";
+}

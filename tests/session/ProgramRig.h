@@ -1,0 +1,80 @@
+// The whole program in a test: the real console and board windows, a scripted server, settings in memory.
+#pragma once
+
+#include "board/frmChessBoard.h"
+#include "session/Console.h"
+#include "session/ScriptedServer.h"
+#include "session/frmChessClient.h"
+#include "settings/MemoryStore.h"
+
+#include <QColor>
+#include <QPointer>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+inline constexpr const char* FicsPrompt = "fics% ";
+
+// Joined as the program joins them, except that sounds are only noted and a fault is noted instead of ending the
+// process; behind a fault the connection is closed, as it is then. The time of day stands still, so no clock counts.
+class ProgramRig {
+public:
+    ProgramRig();
+    ~ProgramRig();
+    ProgramRig(const ProgramRig&) = delete;
+    ProgramRig& operator=(const ProgramRig&) = delete;
+
+    // Time for unfinished lines stands still from now on: a line that comes in pieces is never cut, however slowly
+    // this machine runs the test.
+    void holdTime();
+    // Connects by the first tick of its timer; the server has its client on return.
+    void connectNow();
+    // The server sends its prompt and stays silent for the prescribed second, whose timer is fired by hand.
+    void learnPrompt();
+    // The server sends the script and waits for the answer wherever the client is asked to log on; ends with `settle`.
+    void replay(std::string_view script, Packets packets);
+    // Everything sent has been classified, also what was held for the prompt.
+    void settle();
+    // The client has fetched all bytes that `send` got; they may still be held for the prompt.
+    void fetchAll();
+    void send(std::string_view bytes);
+
+    Console& console() { return *client->findChild<Console*>(QStringLiteral("txtOutput")); }
+    std::vector<frmChessBoard*> boards() const;
+    // The board of a game; null if none.
+    frmChessBoard* boardOf(int game) const;
+    // The text of a label of a board: "lblMove", "stbGame(2)", ...
+    static std::string labelOf(const frmChessBoard& board, const char* name);
+    // What the boards show and hold at last, one item a line.
+    std::string boardsText() const;
+    // The console's lines, of one colour if one is given.
+    std::vector<std::string> consoleLines(std::optional<QColor> color = std::nullopt);
+
+    ScriptedServer server;
+    std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
+    ClientRoads roads;
+    BoardRoads boardRoads;
+    std::unique_ptr<frmChessClient> client;
+
+    std::vector<std::string> sounds;   // names, in order, whatever their switch
+    std::vector<std::string> updates;  // each position that reached a board: "game 12 RNBQ...  ply 3 e4"
+    std::vector<std::string> holdings; // each holdings line that reached a board: "game 12 [P] []"
+    std::vector<std::string> batches;  // the text of each batch
+    std::vector<std::string> messages; // boxes
+    std::optional<std::string> fault;  // the first fault that would have ended the program
+    int questions = 0;                 // yes/no boxes; answered with no
+
+private:
+    void fillStore();
+    void joinRoads();
+    void noteTraffic();
+    void answerLogOn();
+    void pumpOnce();
+
+    std::int64_t steady_ = 0;
+    std::size_t sent_ = 0;
+    std::size_t fetched_ = 0;
+};
