@@ -13,7 +13,8 @@ constexpr int BoardTop = BugHeight + 1;
 constexpr int BoardFrame = 4; // both edges of picChess together
 constexpr int ClockHeight = 21;
 constexpr int ScrollHeight = 20;
-constexpr int ScrollWidth = 18;
+constexpr int ScrollWidth = 17;
+constexpr int ScrollMiddle = 5; // cmdScroll(2) has no effect and no picture
 constexpr int TellWidth = 18;
 constexpr int TellHeight = 26;
 constexpr int Gap = 2;
@@ -115,10 +116,13 @@ void BoardParts::placePanel(QSize inner) {
     grdMoves->setGeometry(left, grid, PanelWidth, inner.height() - PanelHeight);
 
     const int row = grid + inner.height() - PanelHeight + Gap;
+    int rest = left;
     for (std::size_t index = 0; index < cmdScroll.size(); ++index) {
-        cmdScroll[index]->setGeometry(left + static_cast<int>(index) * ScrollWidth, row, ScrollWidth, ScrollHeight);
+        const int width = index == 2 ? ScrollMiddle : ScrollWidth;
+        cmdScroll[index]->setGeometry(rest, row, width, ScrollHeight);
+        rest += width;
     }
-    const int rest = left + 5 * ScrollWidth + Gap;
+    rest += Gap;
     const int draw = (inner.width() - rest - Gap) * 43 / 100;
     cmdDraw->setGeometry(rest, row, draw, ScrollHeight);
     cmdRes->setGeometry(rest + draw + Gap, row, inner.width() - rest - draw - Gap, ScrollHeight);

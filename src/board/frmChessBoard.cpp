@@ -18,7 +18,6 @@ namespace {
 
 constexpr int TwipsPerPixel = TwipsPerPixelX;
 constexpr int DesignSquare = 54; // pixels
-constexpr int DesignEdge = 24;   // pixels between a new board and the screen's right and upper edge
 constexpr int Margin = 6;        // pixels round the parts, part of the window's frame
 
 } // namespace
@@ -74,7 +73,7 @@ void frmChessBoard::load() {
 
 void frmChessBoard::loadPlace() {
     const QSize screenSize = screen()->geometry().size() * TwipsPerPixel;
-    move(std::max(0, screen()->geometry().width() - width() - DesignEdge), DesignEdge);
+    move(0, 0);
     const WindowPlace designed = place();
     WindowPlace read = designed;
     readBoard(roads_.store, read);

@@ -60,6 +60,12 @@ TEST_F(BoardLife, EachBoardHasANumberOfItsOwn) { EXPECT_NE(open().game.id, open(
 
 // Place
 
+TEST_F(BoardLife, AFirstStartOpensAtTheTopLeftCornerInTheDesignedSize) {
+    frmChessBoard& board = open();
+    EXPECT_EQ(board.pos(), QPoint(0, 0));
+    EXPECT_EQ(inner(board).width(), 8 * 54 + 186);
+}
+
 TEST_F(BoardLife, ASavedPlaceThatFitsIsTaken) {
     savedPlace("150", "300", "8190", "7035");
     frmChessBoard& board = open();
