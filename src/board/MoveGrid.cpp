@@ -17,6 +17,11 @@ constexpr int CellMargin = 4; // pixels left and right of a cell's text
 
 QString shown(const GridCell& cell) { return QString::fromLatin1(cell.text.data(), qsizetype(cell.text.size())); }
 
+// All digits are of one width.
+int digitsWidth(const QFontMetrics& metrics, const QString& text) {
+    return metrics.horizontalAdvance(u'0') * static_cast<int>(text.size());
+}
+
 // A cell is a tint and a short text: the style's own painter takes several times as long, at every move of a game.
 class CellPainter : public QStyledItemDelegate {
 public:
@@ -33,7 +38,7 @@ public:
         const QFontMetrics& metrics = option.fontMetrics;
         const QRect inside = option.rect.adjusted(CellMargin, 0, -CellMargin, 0);
         if (text.size() > AlwaysFits) text = metrics.elidedText(text, Qt::ElideRight, inside.width());
-        const int left = index.column() == 0 ? inside.right() + 1 - metrics.horizontalAdvance(text) : inside.left();
+        const int left = index.column() == 0 ? inside.right() + 1 - digitsWidth(metrics, text) : inside.left();
         painter->drawText(left, inside.top() + (inside.height() + metrics.ascent() - metrics.descent()) / 2, text);
     }
 

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <QScrollBar>
+#include <QStyle>
 
-// Looks as the style draws it. When its slider moves it repaints only where the slider was and is: a whole bar takes a
-// style longer than all else that a move changes on a board.
+// Looks as the style draws it. When its slider moves, or a range grows under it, it repaints only where the slider was
+// and is, and the arrows at the ends: a whole bar takes a style longer than all else that a move changes on a board.
 class LightScrollBar : public QScrollBar {
     Q_OBJECT
 public:
@@ -14,7 +15,7 @@ protected:
     void sliderChange(SliderChange change) override;
 
 private:
-    QRect slider() const;
+    QRect part(QStyle::SubControl which) const;
 
     QRect shownAt_;       // the slider when it was last told to move
     bool atAnEnd_ = true; // an arrow may look different there

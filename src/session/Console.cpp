@@ -2,10 +2,10 @@
 #include "session/Console.h"
 
 #include "platform/Colors.h"
+#include "platform/LightScrollBar.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QScrollBar>
 
 namespace {
 constexpr int FrameMilliseconds = 16;
@@ -18,6 +18,7 @@ Console::Console(QWidget* parent) : QPlainTextEdit(parent) {
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setCenterOnScroll(false);
+    setVerticalScrollBar(new LightScrollBar(this));
     frame_.setSingleShot(true);
     frame_.setInterval(FrameMilliseconds);
     connect(&frame_, &QTimer::timeout, this, [this] {

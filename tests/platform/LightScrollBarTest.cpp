@@ -63,16 +63,29 @@ TEST_F(LightScrollBarTest, AMoveThatShowsNothingNewRepaintsNothing) {
     EXPECT_TRUE(bar.painted.isEmpty());
 }
 
-TEST_F(LightScrollBarTest, ReachingAnEndRepaintsAll) {
+TEST_F(LightScrollBarTest, ReachingAnEndRepaintsTheArrowsToo) {
     bar.setValue(200);
     runFor(30);
-    EXPECT_EQ(bar.painted.boundingRect(), bar.rect());
+    EXPECT_TRUE(bar.painted.contains(QPoint(5, 5)));
+    EXPECT_TRUE(bar.painted.contains(QPoint(5, 395)));
 }
 
-TEST_F(LightScrollBarTest, ANewRangeRepaintsAll) {
-    bar.setRange(0, 400);
+TEST_F(LightScrollBarTest, ALongTextThatGrowsByALineAndFollowsRepaintsNoTrack) {
+    bar.setRange(0, 200'000);
+    bar.setValue(200'000);
     runFor(30);
-    EXPECT_EQ(bar.painted.boundingRect(), bar.rect());
+    bar.painted = {};
+    bar.setRange(0, 200'001);
+    bar.setValue(200'001);
+    runFor(30);
+    EXPECT_FALSE(bar.painted.contains(QPoint(5, 200)));
+}
+
+TEST_F(LightScrollBarTest, ANewRangeRepaintsTheSliderThatShrinks) {
+    bar.setRange(0, 4000);
+    runFor(30);
+    EXPECT_FALSE(bar.painted.isEmpty());
+    EXPECT_LT(bar.painted.boundingRect().height(), 200);
 }
 
 TEST_F(LightScrollBarTest, AfterManyStepsItLooksLikeAnyOtherBar) {
@@ -80,11 +93,12 @@ TEST_F(LightScrollBarTest, AfterManyStepsItLooksLikeAnyOtherBar) {
     setUp(other);
     other.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&other));
-    for (const int value : {51, 53, 60, 130, 131, 7, 90}) {
+    for (const int value : {51, 53, 60, 130, 131, 200, 7, 90}) {
         bar.setValue(value);
         runFor(10);
     }
     other.setValue(90);
+    for (QScrollBar* each : {static_cast<QScrollBar*>(&bar), &other}) each->setRange(0, 300);
     runFor(30);
     const QImage shown = onScreen(bar);
     ASSERT_FALSE(shown.isNull());
