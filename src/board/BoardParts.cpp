@@ -99,8 +99,8 @@ void BoardParts::place(QSize inner, int square, bool flipped) {
 }
 
 void BoardParts::placeFoot(QSize inner, int foot, int board, bool flipped) {
-    lblBug[flipped ? 0 : 1]->setGeometry(0, 0, board, BugHeight);
-    lblBug[flipped ? 1 : 0]->setGeometry(0, foot, BugWidth, TypingHeight);
+    lblBug[flipped ? 1 : 0]->setGeometry(0, 0, board, BugHeight);
+    lblBug[flipped ? 0 : 1]->setGeometry(0, foot, BugWidth, TypingHeight);
     cmdUn->setGeometry(BugWidth + Gap, foot, UnWidth, TypingHeight);
     const int typing = std::max(BugWidth + Gap, inner.width() * 42 / 100);
     txtSend->setGeometry(typing, foot, inner.width() - typing, TypingHeight);

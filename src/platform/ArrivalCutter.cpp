@@ -54,12 +54,11 @@ std::size_t cutBehind(std::string_view lines, std::string_view prompt, char open
     return !prompt.empty() && lastLine == prompt ? run.begin : lines.size();
 }
 
-// True if nothing but line breaks stands behind the prompt, or behind what was given before. The line break that ends
-// the prompt's line is the empty line in front of the server's next text, which may be a Style 12 line.
-bool endsAtPrompt(std::string_view lines, std::string_view prompt, char open) {
-    const auto last = lines.substr(0, lines.find_last_not_of(Breaks) + 1);
-    if (prompt.empty() || (lines.size() == 1 && arePartners(open, lines[0]))) return false;
-    return last.empty() || last.substr(behindLastBreak(last)) == prompt;
+// The cut in whole lines. An empty line at their end, and the line break that ends the prompt's line, are the empty
+// line in front of the server's next text, which may be a Style 12 line.
+std::size_t cutWholeLines(std::string_view lines, std::string_view prompt, char open) {
+    const bool closesOpen = lines.size() == 1 && arePartners(open, lines[0]);
+    return prompt.empty() || closesOpen ? lines.size() : cutBehind(lines, prompt, open);
 }
 
 // The cut in a text longer than one arrival.
@@ -103,9 +102,7 @@ std::size_t ArrivalCutter::nextCut(std::string_view prompt, bool patient) {
     auto kept = text.substr(behindLastBreak(text)); // the unfinished line
     if (kept.empty()) {
         const BreakRun run = breakRun(text, openBreak_);
-        if (!run.lone || !partnersExpected_) {
-            return endsAtPrompt(text, prompt, openBreak_) ? cutBehind(text, prompt, openBreak_) : text.size();
-        }
+        if (!run.lone || !partnersExpected_) return cutWholeLines(text, prompt, openBreak_);
         waitsForPartner_ = true;
         const bool emptyLine = run.begin == 0 || run.last > run.begin;
         kept = text.substr(emptyLine ? run.last : behindLastBreak(text.substr(0, run.begin)));

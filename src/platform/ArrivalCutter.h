@@ -15,7 +15,8 @@
 //      learnt prompt, or text that holds "login:" or "password:".
 //   3. A lone LF or CR at the very end may be half of a pair, so its line waits likewise for the other half. Once such
 //      a wait was in vain, nothing waits for partners any more until a pair is seen that was cut in two.
-//   4. Line breaks alone behind the learnt prompt wait likewise: they belong to what comes next.
+//   4. Once a prompt is learnt, an empty line at the very end waits likewise, and so does the line break behind the
+//      prompt: they belong to what comes next.
 //   5. A cut that leaves bytes behind comes after whole lines. If the last of them is the prompt, the cut comes right
 //      behind the prompt, and if it is empty, in front of it: a Style 12 line keeps the empty line that precedes it.
 class ArrivalCutter {

@@ -199,6 +199,7 @@ void tcpClient::deliver() {
 void tcpClient::deliverText() {
     if (backlog() > ArrivalCutter::Limit) {
         delivery_.start(BacklogPollMs);
+        fire(onWithheld);
         return;
     }
     const auto now = wallClock.steadyMs();

@@ -67,8 +67,11 @@ public:
     std::function<void(std::int32_t bytesTotal)> onDataArrival;
     std::function<void(const std::string& description)> onError;
 
-    // How many bytes wait with the client for a drain that runs (`PendingText` while `ParseBusy`): above 8192 nothing
-    // further is given.
+    // Text waits in the socket and is withheld because of the backlog; called from the message loop, again and again
+    // until the backlog has gone down.
+    std::function<void()> onWithheld;
+
+    // How many bytes wait unread with the client (the length of `PendingText`): above 8192 nothing further is given.
     std::function<std::size_t()> backlog = [] { return std::size_t{0}; };
 
     // The learnt prompt (`gPrompt`), empty before it is learnt.

@@ -105,8 +105,14 @@ void frmChessClient::wireSocket() {
         pipeline.zDataArrival();
         tcpClient_.resume();
     };
-    // Text that is held for its prompt has been read: it must not keep the prompt itself in the socket.
-    tcpClient_.backlog = [this] { return pipeline.ParseBusy ? pipeline.PendingText.size() : 0; };
+    tcpClient_.backlog = [this] { return pipeline.PendingText.size(); };
+    // The rest of a long answer is here and has no room. Silence, which would let its front go, is now of our own
+    // making.
+    tcpClient_.onWithheld = [this] {
+        if (pipeline.ParseBusy) return;
+        pipeline.tmrArrival();
+        tcpClient_.resume();
+    };
     tcpClient_.prompt = [] { return modChess.gPrompt; };
 }
 

@@ -9,6 +9,25 @@
 
 namespace {
 constexpr int FrameMilliseconds = 16;
+constexpr qsizetype LongestLine = 4096; // characters
+
+// `text` with a line break wherever a line of the screen would get longer than `LongestLine`: the toolkit's time for a
+// line grows with the square of its length. The line begins `column` characters before the text.
+QString brokenLines(const QString& text, qsizetype column) {
+    if (column + text.size() <= LongestLine) return text;
+    QString broken;
+    for (const QChar c : text) {
+        const bool ends = c == u'\n' || c == u'\r';
+        if (!ends && column == LongestLine) {
+            broken += u'\n';
+            column = 0;
+        }
+        broken += c;
+        column = ends ? 0 : column + 1;
+    }
+    return broken;
+}
+
 } // namespace
 
 Console::Console(QWidget* parent) : QPlainTextEdit(parent) {
@@ -66,7 +85,9 @@ void Console::flush() {
 void Console::insertWaiting() {
     point_.clearSelection();
     point_.beginEditBlock();
-    for (const Run& run : std::exchange(waiting_, {})) point_.insertText(run.text, run.format);
+    for (const Run& run : std::exchange(waiting_, {})) {
+        point_.insertText(brokenLines(run.text, point_.positionInBlock()), run.format);
+    }
     point_.endEditBlock();
 }
 

@@ -21,8 +21,8 @@ public:
     void setColor(std::int32_t color);
     // Switches bold on for what is inserted from now on; it is never switched off again.
     void setEmphasis();
-    // Puts `text` (one character a byte) at the insertion point. A selection of the user's stays as it is, and what
-    // arrives meanwhile keeps its order.
+    // Puts `text` (one character a byte) at the insertion point; a line of more than 4096 characters goes on in a new
+    // one. A selection of the user's stays as it is, and what arrives meanwhile keeps its order.
     void insert(const std::string& text);
     // The insertion point goes to the end of the text, and the view follows.
     void moveToEnd();

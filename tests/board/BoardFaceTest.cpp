@@ -61,6 +61,8 @@ TEST_F(BoardFace, HoldingsChangePlacesWithAFlip) {
     frmChessBoard& board = open();
     const int white = part(board, "lblBug(0)").y();
     const int black = part(board, "lblBug(1)").y();
+    EXPECT_LT(white, part(board, "picChess").y());
+    EXPECT_GT(black, part(board, "picChess").y());
     EXPECT_GT(white, black);
     entry(board, "mnuInvert").trigger();
     EXPECT_EQ(part(board, "lblBug(0)").y(), black);

@@ -140,6 +140,12 @@ TEST(ArrivalCutter, ALineBreakBehindThePromptWaitsForTheLineThatItPrecedes) {
     EXPECT_EQ(session.arrivalsOf("<12> rnbq\n\r"), "\n\r<12> rnbq\n\r|");
 }
 
+TEST(ArrivalCutter, AnEmptyLineAtTheEndWaitsForTheLineThatItPrecedes) {
+    Session session;
+    EXPECT_EQ(session.arrivalsOf("fics% Illegal move.\n\r\n\r"), "fics% Illegal move.\n\r|");
+    EXPECT_EQ(session.arrivalsOf("<12> rnbq\n\r"), "\n\r<12> rnbq\n\r|");
+}
+
 TEST(ArrivalCutter, ALineBreakAloneGoesAfterThirtyMilliseconds) {
     Session session;
     EXPECT_EQ(session.arrivalsOf("fics% \n\r"), "fics% |");

@@ -56,6 +56,19 @@ TEST(Console, InsertingLeavesTheInsertionPointWhereItStandsInOldText) {
     EXPECT_EQ(console.text(), "aXYb\ncdZ");
 }
 
+TEST(Console, ALineOfMoreThan4096CharactersGoesOnInANewOne) {
+    Console console;
+    console.insert(std::string(4096, 'a') + "\r\nb");
+    EXPECT_EQ(console.text(), std::string(4096, 'a') + "\nb");
+    console.clearScreen();
+    console.insert(std::string(4000, 'a'));
+    console.flush();
+    console.insert(std::string(5000, 'b') + "\r\nc");
+    const std::string b4096(4096, 'b');
+    EXPECT_EQ(console.text(),
+              std::string(4000, 'a') + b4096.substr(0, 96) + "\n" + b4096 + "\n" + std::string(808, 'b') + "\nc");
+}
+
 TEST(Console, ASelectionOfTheUserSurvivesArrivingText) {
     Console console;
     console.insert("hello world");

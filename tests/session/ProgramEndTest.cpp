@@ -98,6 +98,10 @@ TEST(EndByFault, Ply401OfAGame) {
                 "brightrank: subscript error: subscript 201 is outside 0 to 200\n");
 }
 
+TEST(EndByFault, APlyBeforeTheFirst) {
+    expectFault(record(0, 'W'), "brightrank: subscript error: subscript -2 is outside 0 to 400\n");
+}
+
 TEST(EndByFault, NotPly400) {
     RunningProgram program;
     ASSERT_TRUE(program.start());

@@ -24,7 +24,7 @@ constexpr std::size_t OneArrival = 8192;
 
 ProgramRig::ProgramRig() {
     modChess = ModChess{};
-    wallClock.secondsOfDay = [] { return 36000.0; };
+    wallClock.secondsOfDay = [] { return 0.0; }; // where a board's clock starts to look for the next second
     boxes.message = [this](QWidget*, const std::string&, const std::string& text) { messages.push_back(text); };
     boxes.yesNo = [this](QWidget*, const std::string&, const std::string&) { return ++questions < 0; };
     fillStore();
