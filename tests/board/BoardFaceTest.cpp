@@ -63,7 +63,7 @@ TEST_F(BoardFace, HoldingsChangePlacesWithAFlip) {
     const int black = part(board, "lblBug(1)").y();
     EXPECT_LT(white, part(board, "picChess").y());
     EXPECT_GT(black, part(board, "picChess").y());
-    EXPECT_GT(white, black);
+    EXPECT_LT(white, black);
     entry(board, "mnuInvert").trigger();
     EXPECT_EQ(part(board, "lblBug(0)").y(), black);
     EXPECT_EQ(part(board, "lblBug(1)").y(), white);
