@@ -151,7 +151,10 @@ void frmChessClient::clearBoards() {
 }
 
 void frmChessClient::wireTimers() {
-    for (QTimer* once : {&tmrArrival_, &tmrPrompt_, &tmrState_}) once->setSingleShot(true);
+    for (QTimer* once : {&tmrArrival_, &tmrPrompt_, &tmrState_}) {
+        once->setSingleShot(true);
+        once->setTimerType(Qt::PreciseTimer); // others may fire 5% early
+    }
     tmrArrival_.setInterval(2000);
     tmrPrompt_.setInterval(1000);
     tmrState_.setInterval(3000);

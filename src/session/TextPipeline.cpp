@@ -4,6 +4,7 @@
 #include "common/Text.h"
 #include "common/modChess.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -11,6 +12,7 @@ namespace {
 constexpr int SilenceMs = 3000;
 constexpr int LoneTailMs = 1000;
 constexpr int CaptureMs = 5000;
+constexpr std::size_t LongestWord = 9; // "password:"
 
 // Cleared also when a fault leaves the drain.
 struct BusyMark {
@@ -22,9 +24,7 @@ struct BusyMark {
 };
 
 // The prompt nearly always ends the text. An empty prompt counts as found.
-bool holdsPrompt(const std::string& text) {
-    return text.ends_with(modChess.gPrompt) || contains(text, modChess.gPrompt);
-}
+bool holdsPrompt(std::string_view text) { return text.ends_with(modChess.gPrompt) || contains(text, modChess.gPrompt); }
 
 // Looks for the colon first: it is rarer than the letters in front of it.
 bool holdsWord(std::string_view text, std::string_view wordWithColon) {
@@ -60,12 +60,13 @@ TextPipeline::TextPipeline(ServerLines& serverLines) : lines(serverLines) {
 }
 
 void TextPipeline::zDataArrival() {
+    const std::size_t held = PendingText.size();
     PendingText += hooks.getData();
     if (ParseBusy) return;
     const BusyMark busy(ParseBusy);
     disarm();
     if (hooks.connectionLabel() == "Timeseal") hooks.bridgeAnswered();
-    takeArrival();
+    takeArrival(held);
 }
 
 void TextPipeline::disarm() {
@@ -76,17 +77,24 @@ void TextPipeline::disarm() {
     modChess.Deadlines[0] = 0;
 }
 
-void TextPipeline::takeArrival() {
+// What is held was searched when it came, so that a long answer costs no more than its length.
+std::string_view TextPipeline::unsearched(std::size_t held) const {
+    const std::size_t overlap = std::max(modChess.gPrompt.size(), LongestWord);
+    return std::string_view(PendingText).substr(held - std::min(held, overlap));
+}
+
+void TextPipeline::takeArrival(std::size_t held) {
+    const std::string_view text = unsearched(held);
     if (PassThroughCount != 0) {
         drain();
         --PassThroughCount;
-    } else if (holdsWord(PendingText, "login:")) {
+    } else if (holdsWord(text, "login:")) {
         drain();
-    } else if (holdsWord(PendingText, "password:")) {
+    } else if (holdsWord(text, "password:")) {
         learnHandle();
         drain();
         PassThroughCount = 5;
-    } else if (holdsPrompt(PendingText)) {
+    } else if (holdsPrompt(text)) {
         drain();
     } else {
         hold();

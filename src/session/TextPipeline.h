@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 // The one-shot timers of the pipeline; each runs its routine of the same name below.
 enum class SessionTimer { tmrArrival, tmrPrompt, tmrState };
@@ -68,7 +69,8 @@ struct TextPipeline {
 
 private:
     void disarm();
-    void takeArrival();
+    std::string_view unsearched(std::size_t held) const;
+    void takeArrival(std::size_t held);
     void drain();
     void learnHandle();
     void hold();

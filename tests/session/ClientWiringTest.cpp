@@ -88,7 +88,7 @@ TEST_F(ClientWiringTest, TextWithoutThePromptIsReleasedByThreeSecondsOfSilence) 
     ASSERT_TRUE(waitUntil([this] { return !client->pipeline.PendingText.empty(); }));
     EXPECT_THAT(batches, IsEmpty());
     ASSERT_TRUE(waitUntil([this] { return !batches.empty(); }, 20000));
-    EXPECT_GE(since.elapsed(), 2900);
+    EXPECT_GE(since.elapsed(), 3000);
     EXPECT_THAT(batches, ElementsAre("no prompt\n\r"));
     EXPECT_EQ(console().text(), "no prompt\n");
 }

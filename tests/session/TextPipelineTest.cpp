@@ -69,6 +69,27 @@ TEST_F(TextPipelineTest, APromptCutInTwoByThePacketsIsFound) {
     EXPECT_THAT(batches, ElementsAre("text\n\rfics% "));
 }
 
+TEST_F(TextPipelineTest, APromptInSinglePiecesBehindHeldTextIsFound) {
+    modChess.gPrompt = "a prompt of some length% ";
+    std::string text = "held text\n\r";
+    arrive(text);
+    for (const char c : modChess.gPrompt) {
+        EXPECT_THAT(batches, IsEmpty());
+        arrive({c});
+    }
+    EXPECT_THAT(batches, ElementsAre(text + modChess.gPrompt));
+}
+
+TEST_F(TextPipelineTest, LogOnWordsInPiecesBehindHeldTextAreFound) {
+    for (const char* word : {"login:", "password:"}) {
+        batches.clear();
+        pipeline.PassThroughCount = 0;
+        arrive("held ");
+        for (const char c : std::string(word)) arrive({c});
+        EXPECT_THAT(batches, ElementsAre(std::string("held ") + word));
+    }
+}
+
 TEST_F(TextPipelineTest, ThePromptCountsAnywhereInTheText) {
     arrive("fics% more behind");
     EXPECT_THAT(batches, ElementsAre("fics% more behind"));
