@@ -6,7 +6,6 @@
 #include <string>
 
 inline constexpr const char* FicsHost = "freechess.org";
-inline constexpr const char* FicsAddress = "167.114.65.195"; // the built-in value of the setting `IP`
 inline constexpr std::int32_t FicsPort = 5000;
 inline constexpr const char* IccHost = "chessclub.com";
 inline constexpr std::int32_t IccPort = 6000;

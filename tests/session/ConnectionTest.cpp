@@ -2,6 +2,7 @@
 #include "session/Connection.h"
 
 #include "common/modChess.h"
+#include "settings/ClientKeys.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +18,7 @@ class ConnectionTest : public testing::Test {
 protected:
     ConnectionTest() {
         modChess = {};
-        modChess.ServerIP = FicsAddress;
+        modChess.ServerIP = DefaultServerIP;
         modChess.ServerPort = FicsPort;
         auto& hooks = connection.hooks;
         hooks.connectTo = [this](const std::string& host, std::int32_t port) {
@@ -298,6 +299,15 @@ TEST_F(ConnectionTest, State0BeepsClearsMyHandleEndsGamesAndRemovesTheSeekGraph)
     EXPECT_EQ(modChess.MyHandle, "");
     tickIn(0);
     EXPECT_EQ(log.size(), 3U) << "once only";
+}
+
+TEST_F(ConnectionTest, State0ClearsMyHandleBeforeTheGamesEnd) {
+    std::string seen = "not called";
+    connection.hooks.endAllGames = [&seen] { seen = modChess.MyHandle; };
+    tickIn(7);
+    modChess.MyHandle = "Anders";
+    tickIn(0);
+    EXPECT_EQ(seen, "");
 }
 
 TEST_F(ConnectionTest, State0AtTheStartCleansNothing) {
