@@ -61,6 +61,14 @@ std::size_t cutWholeLines(std::string_view lines, std::string_view prompt, char 
     return prompt.empty() || closesOpen ? lines.size() : cutBehind(lines, prompt, open);
 }
 
+// The cut right behind the first prompt that begins a line of `text`, if more follows; 0 without one.
+std::size_t cutBehindPrompt(std::string_view text, std::string_view prompt) {
+    if (prompt.empty()) return 0;
+    auto at = text.find(prompt);
+    while (at != text.npos && at > 0 && !isBreak(text[at - 1])) at = text.find(prompt, at + 1);
+    return at == text.npos || at + prompt.size() == text.size() ? 0 : at + prompt.size();
+}
+
 // The cut in a text longer than one arrival.
 std::size_t cutAtLimit(std::string_view text, std::string_view prompt, char open) {
     const auto most = text.substr(0, ArrivalCutter::Limit);
@@ -96,6 +104,7 @@ std::string ArrivalCutter::take(std::string_view prompt, std::int64_t nowMs) {
 
 std::size_t ArrivalCutter::nextCut(std::string_view prompt, bool patient) {
     const auto text = rest();
+    if (const auto cut = cutBehindPrompt(text.substr(0, Limit), prompt); cut > 0) return cut;
     if (text.size() > Limit) return cutAtLimit(text, prompt, openBreak_);
     if (text.empty() || !patient) return text.size();
 

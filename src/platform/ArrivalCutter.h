@@ -17,7 +17,9 @@
 //      a wait was in vain, nothing waits for partners any more until a pair is seen that was cut in two.
 //   4. Once a prompt is learnt, an empty line at the very end waits likewise, and so does the line break behind the
 //      prompt: they belong to what comes next.
-//   5. A cut that leaves bytes behind comes after whole lines. If the last of them is the prompt, the cut comes right
+//   5. A prompt that begins a line ends an arrival, and what the server says next is the next one: one message, one
+//      arrival, in whatever packets they came.
+//   6. Any other cut that leaves bytes behind comes after whole lines. If the last of them is the prompt, the cut comes right
 //      behind the prompt, and if it is empty, in front of it: a Style 12 line keeps the empty line that precedes it.
 class ArrivalCutter {
 public:

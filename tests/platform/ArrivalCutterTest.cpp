@@ -142,7 +142,7 @@ TEST(ArrivalCutter, ALineBreakBehindThePromptWaitsForTheLineThatItPrecedes) {
 
 TEST(ArrivalCutter, AnEmptyLineAtTheEndWaitsForTheLineThatItPrecedes) {
     Session session;
-    EXPECT_EQ(session.arrivalsOf("fics% Illegal move.\n\r\n\r"), "fics% Illegal move.\n\r|");
+    EXPECT_EQ(session.arrivalsOf("fics% Illegal move.\n\r\n\r"), "fics% |Illegal move.\n\r|");
     EXPECT_EQ(session.arrivalsOf("<12> rnbq\n\r"), "\n\r<12> rnbq\n\r|");
 }
 
@@ -164,10 +164,14 @@ TEST(ArrivalCutter, AtTheLimitTooTheCutComesRightBehindThePrompt) {
     EXPECT_EQ(session.take(), "\n\r" + std::string(500, 'y') + "\n\r");
 }
 
-TEST(ArrivalCutter, APromptFollowedByMoreTextIsNoPlaceToCut) {
+TEST(ArrivalCutter, APromptEndsAnArrivalWhateverFollowsIt) {
     Session session;
-    EXPECT_EQ(session.arrivalsOf("fics% x\n\rab"), "fics% x\n\r|");
-    session.takeAfter(30);
+    EXPECT_EQ(session.arrivalsOf("one\n\rfics% \n\rtwo\n\rfics% three\n\rfics% "),
+              "one\n\rfics% |\n\rtwo\n\rfics% |three\n\rfics% |");
+}
+
+TEST(ArrivalCutter, APromptInTheMiddleOfALineIsNoPlaceToCut) {
+    Session session;
     EXPECT_EQ(session.arrivalsOf("my fics% \n\rab"), "my fics% \n\r|");
 }
 

@@ -179,19 +179,20 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     AsPublished, StreamsThroughProgram,
-    testing::Values(Stream{"text/bughouse_two_boards.txt", 59, 0, {"observe 97"}}, Stream{"text/challenges.txt", 0, 0},
-                    Stream{"text/finger.txt", 0, 0}, Stream{"text/game_start_with_seekinfo.txt", 4, 0},
-                    Stream{"text/help_style12.txt", 0, 0}, Stream{"text/history.txt", 0, 0},
-                    Stream{"text/login_failure.txt", 0, 0}, Stream{"text/login_guest_question.txt", 0, 0},
-                    Stream{"text/login_guest_success.txt", 0, 1}, Stream{"text/login_screen.txt", 0, 0},
-                    Stream{"text/login_success.txt", 0, 1}, Stream{"text/moves_crazyhouse.txt", 0, 0},
-                    Stream{"text/moves_relayed.txt", 0, 0}, Stream{"text/moves_standard.txt", 0, 0},
-                    Stream{"text/moves_with_milliseconds.txt", 0, 0}, Stream{"text/observation_two_games.txt", 15, 0},
-                    Stream{"text/seek_announcements.txt", 0, 0}, Stream{"text/seek_taken.txt", 4, 0},
-                    Stream{"text/session_1997.txt", 0, 0}, Stream{"text/smoves_standard_and_fr.txt", 1, 0},
-                    Stream{"text/sought.txt", 0, 0}, Stream{"text/stored_history_journal.txt", 0, 0},
-                    Stream{"text/style12_lines.txt", 6, 0}, Stream{"text/tells_shouts_events.txt", 0, 0},
-                    Stream{"text/variables_guest.txt", 0, 0}, Stream{"text/variables_registered.txt", 0, 0}));
+    testing::Values(Stream{"text/bughouse_two_boards.txt", 59, 0, {"observe", "977", "^R"}},
+                    Stream{"text/challenges.txt", 0, 0}, Stream{"text/finger.txt", 0, 0},
+                    Stream{"text/game_start_with_seekinfo.txt", 4, 0}, Stream{"text/help_style12.txt", 0, 0},
+                    Stream{"text/history.txt", 0, 0}, Stream{"text/login_failure.txt", 0, 0},
+                    Stream{"text/login_guest_question.txt", 0, 0}, Stream{"text/login_guest_success.txt", 0, 1},
+                    Stream{"text/login_screen.txt", 0, 0}, Stream{"text/login_success.txt", 0, 1},
+                    Stream{"text/moves_crazyhouse.txt", 0, 0}, Stream{"text/moves_relayed.txt", 0, 0},
+                    Stream{"text/moves_standard.txt", 0, 0}, Stream{"text/moves_with_milliseconds.txt", 0, 0},
+                    Stream{"text/observation_two_games.txt", 15, 0}, Stream{"text/seek_announcements.txt", 0, 0},
+                    Stream{"text/seek_taken.txt", 4, 0}, Stream{"text/session_1997.txt", 0, 0},
+                    Stream{"text/smoves_standard_and_fr.txt", 1, 0}, Stream{"text/sought.txt", 0, 0},
+                    Stream{"text/stored_history_journal.txt", 0, 0}, Stream{"text/style12_lines.txt", 6, 0},
+                    Stream{"text/tells_shouts_events.txt", 0, 0}, Stream{"text/variables_guest.txt", 0, 0},
+                    Stream{"text/variables_registered.txt", 0, 0}));
 
 INSTANTIATE_TEST_SUITE_P(Recorded, RecordsOfServerA,
                          testing::Values(Stream{"server-a/01_anders_registered.raw", 50, 1},
