@@ -124,8 +124,7 @@ void GameRouting::zEndGame(std::string_view line) {
 }
 
 void GameRouting::zEndAllGames() {
-    for (std::size_t number = 0; number < openWindows.windows.size(); ++number) {
-        const OpenWindow& window = openWindows.windows[number];
+    for (const OpenWindow& window : openWindows.windows) {
         if (!isBoard(window)) continue;
         window.game->zEndParms();
         modChess.GameRunning = false;

@@ -16,7 +16,7 @@ bool isAnswerToTell(const std::string& line) {
 }
 
 std::string chatCaption(const std::string& line) {
-    const std::string caption = "Chatting with " + modChess.LastBuddy;
+    std::string caption = "Chatting with " + modChess.LastBuddy;
     const auto who = line.find("who");
     if (who == line.npos) return caption;
     const auto end = std::min(line.find_first_of(")\r\n", who), line.size());

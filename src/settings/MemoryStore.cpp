@@ -1,7 +1,7 @@
 // A settings store that lives in memory.
 #include "settings/MemoryStore.h"
 
-SettingsStore memoryStore(std::shared_ptr<MemoryValues> values) {
+SettingsStore memoryStore(const std::shared_ptr<MemoryValues>& values) {
     using Text = SettingsStore::Text;
     SettingsStore store;
     store.read = [values](Text section, Text key, Text fallback) {

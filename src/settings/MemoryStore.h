@@ -18,4 +18,4 @@ struct MemoryValues {
 };
 
 // A store over `values`, which live as long as the store does.
-SettingsStore memoryStore(std::shared_ptr<MemoryValues> values);
+SettingsStore memoryStore(const std::shared_ptr<MemoryValues>& values);
