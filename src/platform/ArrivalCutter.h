@@ -19,8 +19,8 @@
 //      prompt: they belong to what comes next.
 //   5. A prompt that begins a line ends an arrival, and what the server says next is the next one: one message, one
 //      arrival, in whatever packets they came.
-//   6. Any other cut that leaves bytes behind comes after whole lines. If the last of them is the prompt, the cut comes right
-//      behind the prompt, and if it is empty, in front of it: a Style 12 line keeps the empty line that precedes it.
+//   6. Any other cut that leaves bytes behind comes after whole lines. If the last of them is the prompt, the cut comes
+//      right behind the prompt, and if it is empty, in front of it: a Style 12 line keeps the empty line before it.
 class ArrivalCutter {
 public:
     static constexpr std::size_t Limit = 8192; // bytes
