@@ -1,7 +1,7 @@
 // A board window: what its game shows where, and what its menus and keys do.
 #include "board/frmChessBoard.h"
 
-#include "common/modChess.h"
+#include "common/TypingKey.h"
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
 
@@ -116,37 +116,14 @@ void frmChessBoard::sendLine() {
     if (roads_.zSend(parts_.txtSend->line())) parts_.txtSend->clear();
 }
 
-// The history is the console's own.
-void frmChessBoard::walkHistory(bool up) {
-    if (roads_.history == nullptr) return;
-    const auto line = up ? roads_.history->up(parts_.txtSend->line()) : roads_.history->down();
-    if (line) parts_.txtSend->setLine(*line);
-    parts_.txtSend->end(false);
-}
-
 bool frmChessBoard::answerTypingKey(int code, bool shift) {
-    const std::string gameNumber = std::to_string(game.gameIndex);
-    switch (code) {
-    case 13: // Enter
+    if (code == KeyEnter) {
         sendLine();
         return true;
-    case 38: // Up
-    case 40: // Down
-        walkHistory(code == 38);
-        return true;
-    case 116: // F5
-        parts_.txtSend->setLine("Say ");
-        return true;
-    case 118: // F7
-        parts_.txtSend->setLine("xKibitz " + gameNumber + " ");
-        return true;
-    case 119: // F8
-        parts_.txtSend->setLine("xWhisper " + gameNumber + " ");
-        return true;
-    case 120: // F9; with Shift it asks for a chat box
-        if (!shift) parts_.txtSend->setLine("Tell " + modChess.TellTarget + " ");
-        return true;
-    default:
-        return false;
     }
+    if (code == KeyF9 && shift) return true; // asks for a chat box
+    const TypingAnswer answer = typingAnswer(code, *roads_.history, parts_.txtSend->line(), game.gameIndex);
+    if (answer.text) parts_.txtSend->setLine(*answer.text);
+    if (answer.taken) parts_.txtSend->end(false);
+    return answer.taken;
 }

@@ -45,7 +45,6 @@ private:
     void unload();
     void finishClosing();
     void sendLine();
-    void walkHistory(bool up);
     bool answerTypingKey(int code, bool shift);
     WindowPlace place() const;
     QSize frame() const;

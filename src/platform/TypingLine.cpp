@@ -1,6 +1,7 @@
 // A line to type commands in, whose window answers the keys.
 #include "platform/TypingLine.h"
 
+#include "common/TypingKey.h"
 #include "platform/Colors.h"
 
 #include <QKeyEvent>
@@ -11,14 +12,14 @@ namespace {
 int keyCode(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Up:
-        return 38;
+        return KeyUp;
     case Qt::Key_Down:
-        return 40;
+        return KeyDown;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return 13;
+        return KeyEnter;
     default:
-        return event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F12 ? 112 + event.key() - Qt::Key_F1 : 0;
+        return event.key() >= Qt::Key_F5 && event.key() <= Qt::Key_F9 ? KeyF5 + event.key() - Qt::Key_F5 : 0;
     }
 }
 

@@ -18,8 +18,7 @@ void frmChessClient::wireKeys() {
     hooks.caretToEnd = [this] { txtSend->end(false); };
     hooks.focus = [this] { txtSend->setFocus(); };
     txtSend->keyDown = [this](int code, bool shift) {
-        constexpr int Enter = 13;
-        return code == Enter ? typingKeys.zTxtSend(code) : typingKeys.typingKeyDown(code, shift);
+        return code == KeyEnter ? typingKeys.zTxtSend(code) : typingKeys.typingKeyDown(code, shift);
     };
     txtOutput->upKey = [this] { return typingKeys.consoleKeyDown(KeyUp); };
     txtOutput->beep = [] { QApplication::beep(); };
