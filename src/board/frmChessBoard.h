@@ -6,7 +6,7 @@
 #include "board/BoardRoads.h"
 #include "board/Game.h"
 #include "platform/PaintHold.h"
-#include "settings/Placement.h"
+#include "settings/WindowPlacer.h"
 #include "view/ResizeWatch.h"
 
 #include <QMainWindow>
@@ -46,7 +46,6 @@ private:
     void finishClosing();
     void sendLine();
     bool answerTypingKey(int code, bool shift);
-    WindowPlace place() const;
     QSize frame() const;
     void fitWindow(const BoardGeometry& geometry);
 
@@ -55,6 +54,7 @@ private:
     BoardMenus menus_;
     BoardParts parts_;
     PaintHold paintHold_{this};
+    WindowPlacer placer_{this};
     QTimer tmrClock_;
     QTimer tmrNoPlay_;
     QTimer tmrResize_;

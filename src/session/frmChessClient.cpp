@@ -13,12 +13,10 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QMenuBar>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int TwipsPerPixel = 15;
 constexpr QSize DesignedSize(760, 560); // pixels
 constexpr int ConsolePointSize = 9;
 
@@ -138,8 +136,8 @@ void frmChessClient::load() {
     const QStringList arguments = QApplication::arguments().mid(1);
     if (arguments.join(u' ') == QStringLiteral("test")) QDir::setCurrent(QDir::tempPath());
     connection.StartDirectory = QDir::currentPath().toLocal8Bit().toStdString();
-    settings.Width = float(DesignedSize.width() * TwipsPerPixel);
-    settings.Height = float(DesignedSize.height() * TwipsPerPixel);
+    settings.Width = twipsOf(DesignedSize).Width;
+    settings.Height = twipsOf(DesignedSize).Height;
     zGetReg(roads_.store, settings);
     applySettings();
     loadPlace();
@@ -153,17 +151,11 @@ void frmChessClient::load() {
 }
 
 void frmChessClient::loadPlace() {
-    const QSize pixels = screen()->geometry().size() * TwipsPerPixel;
-    const Extent screenSize{float(pixels.width()), float(pixels.height())};
-    const Extent designed{float(DesignedSize.width() * TwipsPerPixel), float(DesignedSize.height() * TwipsPerPixel)};
-    if (!registryWritten()) {
-        const WindowPlace middle = centred(designed, screenSize); // the rule below moves it again
-        move(int(middle.Left) / TwipsPerPixel, int(middle.Top) / TwipsPerPixel);
-    }
+    const Extent designed = twipsOf(DesignedSize);
+    const Extent screenSize = screenOf(*this);
+    if (!registryWritten()) placer_.moveTo(centred(designed, screenSize)); // the rule below moves it again
     const WindowPlace read{settings.Left, settings.Top, settings.Width, settings.Height};
-    const WindowPlace at = placed(read, designed, screenSize, ClientLimit);
-    move(int(at.Left) / TwipsPerPixel, int(at.Top) / TwipsPerPixel);
-    resize(int(at.Width) / TwipsPerPixel, int(at.Height) / TwipsPerPixel);
+    placer_.moveTo(placed(read, designed, screenSize, ClientLimit));
 }
 
 void frmChessClient::takeLook() {
@@ -174,12 +166,6 @@ void frmChessClient::takeLook() {
     if (!modChess.MainFont.empty()) font.setFamilies({QString::fromLatin1(modChess.MainFont.c_str())});
     txtOutput->setFont(font);
     txtSend->setFont(font);
-}
-
-WindowPlace frmChessClient::place() const {
-    const QRect shown = isMaximized() ? normalGeometry() : QRect(pos(), size());
-    return {float(shown.x() * TwipsPerPixel), float(shown.y() * TwipsPerPixel), float(shown.width() * TwipsPerPixel),
-            float(shown.height() * TwipsPerPixel)};
 }
 
 void frmChessClient::closeEvent(QCloseEvent* event) {
@@ -196,7 +182,7 @@ void frmChessClient::queryUnload() {
         next.unload();
         openWindows.remove(next.window); // one that refused is taken down with the program
     }
-    if (isMinimized()) showNormal();
+    placer_.unminimise();
     tcpClient_.Close();
     collectSettings();
     zSaveReg(roads_.store, settings);
@@ -228,7 +214,7 @@ void frmChessClient::applySettings() {
 }
 
 void frmChessClient::collectSettings() {
-    const WindowPlace at = place();
+    const WindowPlace at = placer_.place();
     settings.Left = at.Left;
     settings.Top = at.Top;
     settings.Width = at.Width;

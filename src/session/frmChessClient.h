@@ -16,8 +16,8 @@
 #include "session/TextPipeline.h"
 #include "session/TypingKeys.h"
 #include "settings/ClientSettings.h"
-#include "settings/Placement.h"
 #include "settings/SettingsStore.h"
+#include "settings/WindowPlacer.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -85,7 +85,6 @@ private:
     void collectSettings();
     void loadPlace();
     void takeLook();
-    WindowPlace place() const;
 
     void wirePipeline();
     void wireClassifier();
@@ -103,6 +102,7 @@ private:
     void dumpRegistry();
 
     const ClientRoads& roads_;
+    WindowPlacer placer_{this};
     tcpClient tcpClient_;
     Console* txtOutput = nullptr;
     TypingLine* txtSend = nullptr;
