@@ -4,6 +4,7 @@
 #include "common/TypingKey.h"
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
+#include "platform/StreamText.h"
 
 #include <QApplication>
 #include <QStatusBar>
@@ -27,23 +28,21 @@ void frmChessBoard::fillSurface() {
 
 void frmChessBoard::fillLabels() {
     GameSurface& surface = game.surface;
-    surface.setLastMove = [this](const std::string& text) {
-        parts_.lblMove->setText(QString::fromLatin1(text.c_str()));
-    };
+    surface.setLastMove = [this](const std::string& text) { parts_.lblMove->setText(shownText(text)); };
     surface.setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); };
     surface.setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); };
     surface.showHoldings = [this](const std::string& white, const std::string& black) {
-        parts_.lblBug[0]->setText(QString::fromLatin1(white.c_str()));
-        parts_.lblBug[1]->setText(QString::fromLatin1(black.c_str()));
+        parts_.lblBug[0]->setText(shownText(white));
+        parts_.lblBug[1]->setText(shownText(black));
         for (QLabel* label : parts_.lblBug) label->show();
     };
     surface.hideHoldings = [this] {
         for (QLabel* label : parts_.lblBug) label->hide();
     };
     surface.setPanel = [this](int panel, const std::string& text) {
-        parts_.panels[panel - 1]->setText(QString::fromLatin1(text.c_str()));
+        parts_.panels[panel - 1]->setText(shownText(text));
     };
-    surface.setTitle = [this](const std::string& text) { setWindowTitle(QString::fromLatin1(text.c_str())); };
+    surface.setTitle = [this](const std::string& text) { setWindowTitle(shownText(text)); };
     surface.showUn = [this](bool shown) {
         unShown_ = shown;
         if (shown) {
@@ -88,7 +87,7 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuQuorl, [this] { setPieceSet(1); });
     on(menus_.mnuGNU, [this] { setPieceSet(2); });
     on(menus_.mnuAbout,
-       [this] { boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString()); });
+       [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
     on(menus_.mnuExit, [this] { close(); });
     on(menus_.mnuExit1, [this] { close(); });
 }
@@ -98,7 +97,7 @@ void frmChessBoard::connectTyping() {
     connect(parts_.cmdUn, &QPushButton::clicked, this, [this] { game.cmdUn(); });
     for (QToolButton* button : parts_.cmdTell) {
         connect(button, &QToolButton::clicked, this, [this, button] {
-            const std::string text = button->toolTip().toLatin1().toStdString();
+            const std::string text = bytesOf(button->toolTip());
             parts_.txtSend->setFocus();
             if (text.empty()) return;
             parts_.txtSend->setLine(text);

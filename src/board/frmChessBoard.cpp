@@ -6,6 +6,7 @@
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
+#include "platform/StreamText.h"
 #include "settings/WindowSettings.h"
 
 #include <QApplication>
@@ -55,9 +56,9 @@ void frmChessBoard::load() {
            frame().height() + 8 * DesignSquare + BoardParts::MinHeight);
     loadPlace();
     takeColors();
-    parts_.panels[0]->setText(QString::fromLatin1(modChess.MyHandle.c_str()));
+    parts_.panels[0]->setText(shownText(modChess.MyHandle));
     for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
-        const QString text = QString::fromLatin1(roads_.tellText(static_cast<int>(index)).c_str());
+        const QString text = shownText(roads_.tellText(static_cast<int>(index)));
         parts_.cmdTell[index]->setToolTip(text);
         parts_.cmdTell[index]->setEnabled(!text.isEmpty());
     }

@@ -2,6 +2,7 @@
 #include "platform/tcpClient.h"
 
 #include "platform/Clock.h"
+#include "platform/StreamText.h"
 
 #include <QNetworkProxy>
 #include <QPointer>
@@ -31,7 +32,7 @@ std::string describe(QAbstractSocket::SocketError error, const QString& systemTe
     case QAbstractSocket::SocketTimeoutError:
         return "Connection is aborted due to timeout or other failure";
     default:
-        return systemText.toLatin1().toStdString();
+        return bytesOf(systemText);
     }
 }
 
@@ -94,8 +95,7 @@ void tcpClient::Connect() {
     socket_->setProxy(QNetworkProxy::NoProxy);
     socket_->setReadBufferSize(ReadBufferBytes);
     listenTo(*socket_);
-    socket_->connectToHost(QString::fromLatin1(RemoteHost.data(), static_cast<qsizetype>(RemoteHost.size())),
-                           static_cast<quint16>(RemotePort));
+    socket_->connectToHost(shownText(RemoteHost), static_cast<quint16>(RemotePort));
 }
 
 void tcpClient::listenTo(QTcpSocket& socket) {

@@ -4,6 +4,7 @@
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
+#include "platform/StreamText.h"
 #include "settings/RegDump.h"
 
 #include <QApplication>
@@ -23,7 +24,7 @@ void frmChessClient::wireKeys() {
     txtOutput->upKey = [this] { return typingKeys.consoleKeyDown(KeyUp); };
     txtOutput->beep = [] { QApplication::beep(); };
     txtOutput->typed = [this](const QString& text) {
-        for (const char c : text.toLatin1()) {
+        for (const char c : bytesOf(text)) {
             if (static_cast<unsigned char>(c) >= ' ' && c != 127)
                 typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
         }
@@ -31,7 +32,7 @@ void frmChessClient::wireKeys() {
     };
     for (QToolButton* button : cmdTell) {
         connect(button, &QToolButton::clicked, this,
-                [this, button] { typingKeys.pressButton(button->toolTip().toLatin1().toStdString()); });
+                [this, button] { typingKeys.pressButton(bytesOf(button->toolTip())); });
     }
     connect(cmdAcc, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Accept"); });
     connect(cmdDec, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Decline"); });
@@ -52,14 +53,12 @@ void frmChessClient::wireMenus() {
     on(menus.mnuBoard, [this] { routing.zNewBoard(); });
     on(menus.mnuTest, [this] { dumpRegistry(); });
     on(menus.mnuAbout,
-       [this] { boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString()); });
+       [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
 }
 
 void frmChessClient::wireConsoleMenu() {
-    blockMode.hooks.caption = [this] { return windowTitle().toLatin1().toStdString(); };
-    blockMode.hooks.setCaption = [this](const std::string& caption) {
-        setWindowTitle(QString::fromLatin1(caption.data(), static_cast<qsizetype>(caption.size())));
-    };
+    blockMode.hooks.caption = [this] { return bytesOf(windowTitle()); };
+    blockMode.hooks.setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); };
     blockMode.hooks.insertAtEnd = [this](const std::string& text) {
         txtOutput->moveToEnd();
         txtOutput->insert(text);

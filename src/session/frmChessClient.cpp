@@ -5,6 +5,7 @@
 #include "common/modChess.h"
 #include "platform/Colors.h"
 #include "platform/OpenWindows.h"
+#include "platform/StreamText.h"
 #include "settings/Settings.h"
 
 #include <QApplication>
@@ -163,7 +164,7 @@ void frmChessClient::takeLook() {
     txtOutput->setColor(modChess.ColorMain);
     txtOutput->setPaper(modChess.ColorBackground);
     txtSend->setColors(modChess.ColorBar, modChess.ColorType);
-    if (!modChess.MainFont.empty()) font.setFamilies({QString::fromLatin1(modChess.MainFont.c_str())});
+    if (!modChess.MainFont.empty()) font.setFamilies({shownText(modChess.MainFont)});
     txtOutput->setFont(font);
     txtSend->setFont(font);
 }
@@ -207,7 +208,7 @@ void frmChessClient::applySettings() {
     menus.mnuXP->setChecked(settings.mnuXP);
     takeMenuTicks();
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        const QString command = QString::fromLatin1(settings.Tell[long(index)].c_str());
+        const QString command = shownText(settings.Tell[long(index)]);
         cmdTell[index]->setToolTip(command);
         cmdTell[index]->setEnabled(!command.isEmpty());
     }
