@@ -5,7 +5,6 @@
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
-#include "settings/RegDump.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -88,12 +87,7 @@ void frmChessClient::takeMenuTicks() {
 
 void frmChessClient::dumpRegistry() {
     collectSettings();
-    RunningWindows windows;
-    windows.place = [](const WindowSection&) { return WindowPlace{}; };
-    windows.match = [] { return MatchSettings{}; };
-    const QDir startDirectory(QString::fromLocal8Bit(connection.StartDirectory.c_str()));
-    const QString file = startDirectory.filePath(QString::fromLatin1(RegDumpFile));
-    if (writeRegDump(zDumpReg(roads_.store, settings, windows), file.toLocal8Bit().toStdString())) {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    if (writeRegDump(zDumpReg(roads_.store, settings, roads_.runningWindows))) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QDir::current().filePath(QString::fromLatin1(RegDumpFile))));
     }
 }
