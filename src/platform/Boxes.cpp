@@ -1,6 +1,7 @@
 // The real boxes behind the seam.
 #include "platform/Boxes.h"
 
+#include "platform/Colors.h"
 #include "platform/StreamText.h"
 
 #include <QApplication>
@@ -53,10 +54,9 @@ std::optional<std::string> realInput(QWidget* parent, const std::string& prompt,
 }
 
 std::optional<std::int32_t> realColour(QWidget* parent, std::int32_t start) {
-    const QColor proposal(start & 0xFF, (start >> 8) & 0xFF, (start >> 16) & 0xFF);
-    const QColor chosen = QColorDialog::getColor(proposal, owner(parent));
+    const QColor chosen = QColorDialog::getColor(colorOf(start), owner(parent));
     if (!chosen.isValid()) return std::nullopt;
-    return chosen.red() | (chosen.green() << 8) | (chosen.blue() << 16);
+    return colorValue(chosen);
 }
 
 std::optional<std::string> pathOf(const QString& chosen) {
