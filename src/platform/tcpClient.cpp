@@ -133,16 +133,16 @@ void tcpClient::pull() {
 
 void tcpClient::peerClosed() {
     if (state_ == SocketStates::Connected) state_ = SocketStates::PeerClosing;
-    const QByteArray rest = socket_->readAll();
-    cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, wallClock.steadyMs());
-    cutter_.finish();
-    endDue_ = true;
-    schedule();
+    endReceiving();
 }
 
 void tcpClient::fail(const std::string& description) {
     state_ = SocketStates::Error;
     if (!failure_) failure_ = description;
+    endReceiving();
+}
+
+void tcpClient::endReceiving() {
     if (socket_ && socket_->isOpen()) {
         const QByteArray rest = socket_->readAll();
         cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, wallClock.steadyMs());
