@@ -12,14 +12,6 @@
 
 namespace {
 
-// Every board window that is open, older ones first.
-template <typename Act>
-void eachBoard(Act act) {
-    for (const OpenWindow& open : openWindows.windows) {
-        if (open.game != nullptr) act(*open.game);
-    }
-}
-
 BoardRoads boardRoads(frmChessClient& client, Sounds& sounds, const SettingsStore& store) {
     BoardRoads roads;
     roads.store = store;
@@ -60,7 +52,9 @@ int main(int argc, char** argv) {
     roads.playSound = [&sounds](std::string_view name, std::int16_t mode) { sounds.zPlaySound(name, mode); };
     roads.openBoard = [&boards] { return openBoard(boards); };
     roads.showHandle = [](const std::string& handle) {
-        eachBoard([&handle](Game& game) { game.surface.setPanel(1, handle); });
+        for (const OpenWindow& open : openWindows.windows) {
+            if (open.game != nullptr) open.game->surface.setPanel(1, handle);
+        }
     };
 
     frmChessClient client(roads);
