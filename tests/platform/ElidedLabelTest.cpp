@@ -1,6 +1,7 @@
 // A label whose text must not widen its window.
 #include "platform/ElidedLabel.h"
 
+#include <QCoreApplication>
 #include <QHelpEvent>
 #include <QImage>
 
