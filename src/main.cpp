@@ -12,14 +12,6 @@
 
 namespace {
 
-// Every board window that is open, older ones first.
-template <typename Act>
-void eachBoard(Act act) {
-    for (const OpenWindow& open : openWindows.windows) {
-        if (open.game != nullptr) act(*open.game);
-    }
-}
-
 BoardRoads boardRoads(frmChessClient& client, Sounds& sounds, const SettingsStore& store) {
     BoardRoads roads;
     roads.store = store;
@@ -30,9 +22,7 @@ BoardRoads boardRoads(frmChessClient& client, Sounds& sounds, const SettingsStor
         client.road.zSend(text);
         return true;
     };
-    roads.playSound = [&sounds](std::string_view name, std::int16_t mode) {
-        sounds.zPlaySound(std::string(name), mode);
-    };
+    roads.playSound = [&sounds](std::string_view name, std::int16_t mode) { sounds.zPlaySound(name, mode); };
     roads.tellText = [&client](int index) { return client.settings.Tell[index]; };
     roads.typingFont = [&client] { return client.typingFont(); };
     roads.enableBoardMenu = [&client] { client.menus.mnuBoard->setEnabled(true); };
@@ -50,7 +40,7 @@ const void* openBoard(const BoardRoads& roads) {
 int main(int argc, char** argv) {
     Application application(argc, argv);
     Application::setApplicationName(QStringLiteral("Brightrank"));
-    Application::setApplicationDisplayName(QString());
+    Application::setApplicationDisplayName(QString()); // else it would be put behind every caption
     Application::setApplicationVersion(QStringLiteral(BRIGHTRANK_VERSION));
     Application::setWindowIcon(QIcon(QStringLiteral(":/icon/brightrank.svg")));
     Application::setQuitOnLastWindowClosed(false);
@@ -59,10 +49,12 @@ int main(int argc, char** argv) {
     BoardRoads boards;
     ClientRoads roads;
     roads.store = openIniStore();
-    roads.playSound = [&sounds](const std::string& name, std::int16_t mode) { sounds.zPlaySound(name, mode); };
+    roads.playSound = [&sounds](std::string_view name, std::int16_t mode) { sounds.zPlaySound(name, mode); };
     roads.openBoard = [&boards] { return openBoard(boards); };
     roads.showHandle = [](const std::string& handle) {
-        eachBoard([&handle](Game& game) { game.surface.setPanel(1, handle); });
+        for (const OpenWindow& open : openWindows.windows) {
+            if (open.game != nullptr) open.game->surface.setPanel(1, handle);
+        }
     };
 
     frmChessClient client(roads);

@@ -6,7 +6,7 @@
 #include "board/BoardRoads.h"
 #include "board/Game.h"
 #include "platform/PaintHold.h"
-#include "settings/Placement.h"
+#include "settings/WindowPlacer.h"
 #include "view/ResizeWatch.h"
 
 #include <QMainWindow>
@@ -45,9 +45,7 @@ private:
     void unload();
     void finishClosing();
     void sendLine();
-    void walkHistory(bool up);
     bool answerTypingKey(int code, bool shift);
-    WindowPlace place() const;
     QSize frame() const;
     void fitWindow(const BoardGeometry& geometry);
 
@@ -56,6 +54,7 @@ private:
     BoardMenus menus_;
     BoardParts parts_;
     PaintHold paintHold_{this};
+    WindowPlacer placer_{this};
     QTimer tmrClock_;
     QTimer tmrNoPlay_;
     QTimer tmrResize_;

@@ -6,16 +6,9 @@
 #include "platform/Clock.h"
 #include "platform/MessageLoop.h"
 #include "platform/OpenWindows.h"
+#include "platform/StreamText.h"
 
 #include <QApplication>
-
-namespace {
-
-QString shownText(const std::string& text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-} // namespace
 
 void frmChessClient::wirePipeline() {
     PipelineHooks& hooks = pipeline.hooks;
@@ -32,7 +25,7 @@ void frmChessClient::wirePipeline() {
     hooks.connectionLabel = [this] { return connection.ConnectionLabel; };
     hooks.bridgeAnswered = [this] { connection.textArrived(); };
     hooks.showHandle = [this](const std::string& handle) { roads_.showHandle(handle); };
-    hooks.promptCaption = [this] { return lblPrompt->text().toLatin1().toStdString(); };
+    hooks.promptCaption = [this] { return bytesOf(lblPrompt->text()); };
     hooks.setPromptCaption = [this](const std::string& caption) { lblPrompt->setText(shownText(caption)); };
     hooks.dataParse = [this](const std::string& batch) { classifier.zDataParse(batch); };
 }

@@ -16,8 +16,9 @@
 #include "session/TextPipeline.h"
 #include "session/TypingKeys.h"
 #include "settings/ClientSettings.h"
-#include "settings/Placement.h"
+#include "settings/RegDump.h"
 #include "settings/SettingsStore.h"
+#include "settings/WindowPlacer.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -31,6 +32,8 @@
 // What the console needs of the rest of the program; outlives the window. What is not filled in does nothing.
 struct ClientRoads {
     SettingsStore store;
+    // What the dump of the settings says of the other windows.
+    RunningWindows runningWindows;
     std::function<void(const std::string& name, std::int16_t mode)> playSound = [](const std::string&, std::int16_t) {};
     // Creates, shows and loads a board window; gives its identity in openWindows.
     std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
@@ -85,7 +88,6 @@ private:
     void collectSettings();
     void loadPlace();
     void takeLook();
-    WindowPlace place() const;
 
     void wirePipeline();
     void wireClassifier();
@@ -103,6 +105,7 @@ private:
     void dumpRegistry();
 
     const ClientRoads& roads_;
+    WindowPlacer placer_{this};
     tcpClient tcpClient_;
     Console* txtOutput = nullptr;
     TypingLine* txtSend = nullptr;

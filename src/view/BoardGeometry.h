@@ -2,14 +2,11 @@
 #pragma once
 
 #include "common/FixedArray.h"
+#include "common/Twips.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
-
-// Twips to a pixel of the screen, fixed.
-inline constexpr std::int32_t TwipsPerPixelX = 15;
-inline constexpr std::int32_t TwipsPerPixelY = 15;
 
 // What zGetSqr gives for a point beside the board.
 inline constexpr std::int16_t OffBoard = 64;

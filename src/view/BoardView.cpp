@@ -2,6 +2,7 @@
 #include "view/BoardView.h"
 
 #include "common/modChess.h"
+#include "platform/StreamText.h"
 #include "view/BoardAccessibility.h"
 #include "view/PointerPictures.h"
 
@@ -161,7 +162,7 @@ void BoardView::showPointer(std::int16_t moveMode) {
     }
 }
 
-QString BoardView::description() const { return QString::fromStdString(describePosition(pieceAt)); }
+QString BoardView::description() const { return shownText(describePosition(pieceAt)); }
 
 QRect BoardView::squareArea(int square) const {
     float x = 0;

@@ -239,6 +239,16 @@ TEST_F(ClientLife, AMinimisedWindowIsRestoredSoThatItsRealPlaceIsWritten) {
     EXPECT_EQ(stored("Client", "Width"), "11400");
 }
 
+TEST_F(ClientLife, OfAMaximisedWindowThePlaceIsWrittenThatItGoesBackTo) {
+    start();
+    client->move(40, 30);
+    client->showMaximized();
+    client->close();
+    EXPECT_EQ(stored("Client", "Left"), "600");
+    EXPECT_EQ(stored("Client", "Top"), "450");
+    EXPECT_EQ(stored("Client", "Width"), "11400");
+}
+
 TEST_F(ClientLife, NothingIsWrittenWithoutTheCloseDown) {
     start();
     client->stopEverything();

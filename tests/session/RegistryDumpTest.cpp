@@ -35,7 +35,7 @@ class ClientFace : public ClientRig {};
 
 } // namespace
 
-TEST_F(RegistryDump, IsWrittenToTheStartDirectoryAndOpened) {
+TEST_F(RegistryDump, IsWrittenToTheCurrentDirectoryAndOpened) {
     start();
     EXPECT_EQ(entry("mnuTest").text(), QStringLiteral("Resgistry Dump"));
     entry("mnuTest").trigger();
