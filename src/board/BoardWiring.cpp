@@ -51,7 +51,6 @@ void frmChessBoard::fillLabels() {
             parts_.cmdUn->hide();
         }
     };
-    surface.enableSavePGN = [](bool) {}; // the PGN writer is not built yet
     surface.bringToFront = [this] {
         setWindowState(windowState() & ~Qt::WindowMinimized);
         show();

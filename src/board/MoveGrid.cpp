@@ -136,8 +136,8 @@ void MoveGrid::resizeEvent(QResizeEvent* event) {
     fitColumns();
 }
 
-void MoveGrid::countVisibleRows() {
+void MoveGrid::zFindBottomRow() {
     // By the grid's own size: before it is shown its viewport has not been laid out.
     const int fitting = (height() - 2 * frameWidth() - horizontalHeader()->height()) / RowHeight;
-    zFindBottomRow([fitting](int row) { return row <= fitting; }, state_.VisibleRows);
+    ::zFindBottomRow([fitting](int row) { return row <= fitting; }, state_.VisibleRows);
 }

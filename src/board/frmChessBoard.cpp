@@ -27,12 +27,7 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Brightrank - Board"));
     menus_.build(*menuBar());
-    setCentralWidget(new QWidget(this));
-    inner_ = new QWidget(centralWidget());
-    statusBar()->setSizeGripEnabled(false);
-    statusBar()->setFixedHeight(BoardParts::StatusHeight);
-    statusBar()->setContentsMargins(Margin - 2, 0, Margin, 0);
-    parts_.build(inner_, statusBar(), game.grdMoves);
+    zObjectSetup();
     parts_.picChess->pieceAt = [this](int square) { return game.Board[square]; };
     fillSurface();
     connectMenus();
@@ -45,15 +40,23 @@ frmChessBoard::~frmChessBoard() {
     openWindows.remove(this);
 }
 
+// The status bar and the parts, once; where the parts stand is paintBoard's.
+void frmChessBoard::zObjectSetup() {
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->setFixedHeight(BoardParts::StatusHeight);
+    statusBar()->setContentsMargins(Margin - 2, 0, Margin, 0);
+    setCentralWidget(new QWidget(this));
+    inner_ = new QWidget(centralWidget());
+    parts_.build(inner_, statusBar(), game.grdMoves);
+}
+
 void frmChessBoard::load() {
     game.beginLoad();
     resizeWatch_.Muted = true;
     menus_.mnuSelfCheck->setVisible(QApplication::arguments().mid(1).join(u' ').contains(QStringLiteral("est")));
     menus_.checkPieces(modChess.ChessSet);
-    const int least = frame().width() + 8 * 24 + BoardParts::MinWidth;
-    setMinimumSize(least, frame().height() + 8 * 24 + BoardParts::MinHeight);
-    resize(frame().width() + 8 * DesignSquare + BoardParts::MinWidth,
-           frame().height() + 8 * DesignSquare + BoardParts::MinHeight);
+    setMinimumSize(sizeFor(BoardDesign::SmallestSquare));
+    resize(sizeFor(DesignSquare));
     loadPlace();
     takeColors();
     parts_.panels[0]->setText(shownText(modChess.MyHandle));
@@ -64,7 +67,6 @@ void frmChessBoard::load() {
     }
     paintBoard();
     show();
-    parts_.grdMoves->countVisibleRows(); // a hidden grid has no rows yet
     if (!game.finishLoad()) return;
     parts_.txtSend->setFocus();
     resizeWatch_.Muted = false;
@@ -93,6 +95,11 @@ void frmChessBoard::takeColors() {
 // What the window has round the inner surface: the menus and the margins. The status bar belongs to the inner size.
 QSize frmChessBoard::frame() const { return {2 * Margin, menuBar()->sizeHint().height() + Margin}; }
 
+// The window round a board whose squares have sides of so many pixels.
+QSize frmChessBoard::sizeFor(int square) const {
+    return frame() + QSize(8 * square + BoardDesign::MinWidth, 8 * square + BoardDesign::MinHeight);
+}
+
 // Fits the board to the window, paints it whole, and gives the window its size: the height decides.
 void frmChessBoard::paintBoard() {
     BoardGeometry geometry = parts_.picChess->geometry();
@@ -102,7 +109,7 @@ void frmChessBoard::paintBoard() {
         modChess.ChessSet);
     fitWindow(geometry);
     parts_.picChess->zBoardSetup(geometry);
-    parts_.grdMoves->countVisibleRows();
+    parts_.grdMoves->zFindBottomRow();
 }
 
 void frmChessBoard::fitWindow(const BoardGeometry& geometry) {

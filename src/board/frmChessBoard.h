@@ -23,6 +23,8 @@ public:
 
     // Places and shows the window with the start position; pumps.
     void load();
+    // Part of the board's interface, and does nothing.
+    void zBuildMask(std::int16_t, std::int16_t) {}
     // Takes colours and font of the console's command line for the own one.
     void takeColors();
 
@@ -33,6 +35,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void zObjectSetup();
     void connectMenus();
     void connectTyping();
     void fillSurface();
@@ -47,6 +50,7 @@ private:
     void sendLine();
     bool answerTypingKey(int code, bool shift);
     QSize frame() const;
+    QSize sizeFor(int square) const;
     void fitWindow(const BoardGeometry& geometry);
 
     const BoardRoads& roads_;
