@@ -38,7 +38,6 @@ void frmChessClient::wireKeys() {
 }
 
 void frmChessClient::wireMenus() {
-    const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
     for (QAction* profile : menus.mnuConnect) {
         on(profile,
            [this, profile] { connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
@@ -62,7 +61,6 @@ void frmChessClient::wireConsoleMenu() {
         txtOutput->moveToEnd();
         txtOutput->insert(text);
     };
-    const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
     on(menus.mnuBlocked, [this] {
         blockMode.toggle(classifier.menu.mnuBlocked);
         menus.mnuBlocked->setChecked(classifier.menu.mnuBlocked);
