@@ -23,7 +23,7 @@ std::string describeSide(const std::function<std::int16_t(int)>& pieceAt, int fi
         for (int square = 0; square < 64; ++square) {
             if (pieceImage(pieceAt(square)) != firstImage + kind) continue;
             if (!text.empty()) text += ", ";
-            text += std::string(Words[static_cast<std::size_t>(kind)]) + " " + squareName(square);
+            text += std::string(Words[static_cast<std::size_t>(kind)]) + " " + zSquareName(square);
         }
     }
     return text.empty() ? "none" : text;
@@ -83,7 +83,7 @@ int pieceOffset(int squarePixels, int imagePixels) {
 
 int highlightThickness(int imagePixels) { return rounded(imagePixels / 20.0); }
 
-std::string zConvertSquare(std::int16_t square) { return squareName(square); }
+std::string zConvertSquare(std::int16_t square) { return zSquareName(square); }
 
 std::int32_t squareColor(std::int16_t square) {
     return (fileOf(square) + rankOf(square)) % 2 == 0 ? modChess.ColorBlack : modChess.ColorWhite;
