@@ -241,4 +241,6 @@ TEST(CheckTest, WithoutAKingSquare64IsTheTarget) {
     EXPECT_TRUE(MoveRig("Ra1").game.zCheckTest(1)) << "the open a-file leads there";
     EXPECT_FALSE(MoveRig("Ra1 pa5").game.zCheckTest(1));
     EXPECT_FALSE(MoveRig("Rb1 Qh8").game.zCheckTest(1));
+    EXPECT_FALSE(MoveRig("Bb8").game.zCheckTest(1)) << "no diagonal leaves the board";
+    EXPECT_FALSE(MoveRig("ra1").game.zCheckTest(1)) << "the other side's rook";
 }
