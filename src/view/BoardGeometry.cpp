@@ -56,7 +56,7 @@ int BoardGeometry::pieceOffset() const { return std::max(0, rounded((SquarePixel
 
 int BoardGeometry::highlightThickness() const { return rounded(ImagePixels / 20.0); }
 
-std::string zConvertSquare(std::int16_t square) { return squareName(square); }
+std::string zConvertSquare(std::int16_t square) { return zSquareName(square); }
 
 std::int32_t squareColor(int square) {
     return (fileOf(square) + rankOf(square)) % 2 == 0 ? modChess.ColorBlack : modChess.ColorWhite;

@@ -16,7 +16,7 @@ std::string describeSide(const std::function<std::int16_t(int)>& pieceAt, int fi
         for (int square = 0; square < 64; ++square) {
             if (pieceImage(pieceAt(square)) != firstImage + static_cast<int>(kind)) continue;
             if (!text.empty()) text += ", ";
-            text += std::string(Words[kind]) + " " + squareName(square);
+            text += std::string(Words[kind]) + " " + zSquareName(square);
         }
     }
     return text.empty() ? "none" : text;
