@@ -1,0 +1,103 @@
+#!/usr/bin/env python3
+"""Whole games played with the pointer on the built program; what the server receives is compared byte for byte."""
+from game import PlayedByHand, time, unittest, waitFor
+
+
+class GamesByDragging(PlayedByHand):
+    def testAGameIsWonByMate(self):
+        self.begin()
+        self.play("e2e4", "e7e5", "f1c4", "b8c6", "d1h5", "g8f6")
+        self.drag("h5", "f7")
+        self.partner.await_(r"\{Game \d+ \(Pupil vs\. Rookery\) Rookery checkmated\} 1-0")
+        self.awaitSent("e2-e4", "f1-c4", "d1-h5", "h5-f7")
+        self.awaitPosition()
+
+    def testBlackPlaysFromHisOwnSide(self):
+        self.begin(white=False)
+        self.play("f2f3", "e7e5", "g2g4")
+        self.drag("d8", "h4")
+        self.partner.await_("Rookery checkmated")
+        self.awaitSent("e7-e5", "d8-h4")
+
+    def testCastlingOnTheKingsSide(self):
+        self.begin()
+        self.play("e2e4", "e7e5", "g1f3", "b8c6", "f1c4", "f8c5", "e1g1", "d7d6")
+        self.assertEqual(self.screen.read()[7], "RNBQ-RK-")
+        self.awaitSent("e2-e4", "g1-f3", "f1-c4", "e1-g1")
+
+    def testCastlingOnTheQueensSideBothPlayers(self):
+        self.begin()
+        self.play("d2d4", "d7d5", "c1f4", "c8f5", "b1c3", "b8c6", "d1d2", "d8d7", "e1c1", "e8c8", "h2h3")
+        self.assertEqual(self.screen.read()[7], "--KR-BNR")
+        self.assertEqual(self.screen.read()[0], "--kr-bnr")
+        self.awaitSent("d2-d4", "c1-f4", "b1-c3", "d1-d2", "e1-c1", "h2-h3")
+
+    def testEnPassant(self):
+        self.begin()
+        self.play("e2e4", "a7a6", "e4e5", "d7d5", "e5d6", "a6a5")
+        self.assertEqual(self.screen.read()[:3], ["rnbqkbnr", "-pp-pppp", "---P----"])
+        self.awaitSent("e2-e4", "e4-e5", "e5-d6")
+
+    def testAMoveThatTheServerRefusesIsTakenBackByTheNextPosition(self):
+        self.begin()
+        self.play("e2e4", "e7e5", "f2f4", "d8h4")
+        self.drag("d2", "d3")  # leaves the king in check: the board lets it through
+        self.awaitSent("e2-e4", "f2-f4", "d2-d3")
+        self.wire.sayForUser("refresh")
+        self.awaitPosition()
+        self.move("e1", "e2")
+        self.awaitSent("e2-e4", "f2-f4", "d2-d3", "e1-e2")
+
+    def testAnIllegalMoveSendsNothingAndThePieceReturns(self):
+        self.begin()
+        self.drag("e2", "e5")
+        self.drag("b1", "b3")
+        self.move("e2", "e4")
+        self.awaitSent("e2-e4")
+
+
+class Promotions(PlayedByHand):
+    settings = {"AutoQueen": 0}
+    road = ("e2e4", "d7d5", "e4d5", "c7c6", "d5c6", "a7a6", "c6b7")
+    sentOnTheRoad = ("e2-e4", "e4-d5", "d5-c6", "c6-b7")
+
+    def promote(self, start, end, entry):
+        self.drag(start, end)
+        time.sleep(0.4)
+        self.display.keys(*["Down"] * entry, "Return")
+
+    def testPromotionToAKnight(self):
+        self.begin()
+        self.play(*self.road, "h7h6")
+        self.promote("b7", "a8", 4)
+        self.awaitSent(*self.sentOnTheRoad, "b7-a8=N")
+        self.answer("h6h5")
+        self.assertEqual(self.screen.read()[0][0], "N")
+
+    def testPromotionToAQueenWithCheck(self):
+        self.begin()
+        self.play(*self.road, "d8d7")
+        self.promote("b7", "c8", 1)
+        self.awaitSent(*self.sentOnTheRoad, "b7-c8=Q+")
+        waitFor(lambda: self.wire.positions()[-1][0].startswith("rnQ"), 5, "the queen on the server's board")
+        self.awaitPosition()
+
+    def testPromotionToARookAndABishop(self):
+        for entry, letter in ((2, "R"), (3, "B")):
+            with self.subTest(letter):
+                self.begin()
+                self.play(*self.road, "h7h6")
+                self.promote("b7", "a8", entry)
+                self.awaitSent(*self.sentOnTheRoad, f"b7-a8={letter}")
+                self.doCleanups()
+
+    def testAutoQueenAsksNothing(self):
+        self.begin(AutoQueen=1)
+        self.play(*self.road, "h7h6")
+        self.drag("b7", "a8")
+        self.awaitSent(*self.sentOnTheRoad, "b7-a8=Q")
+        self.answer("h6h5")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

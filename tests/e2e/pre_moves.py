@@ -1,0 +1,92 @@
+#!/usr/bin/env python3
+"""The queued pre-move, with the pointer on the built program: played, refused, replaced, taken back."""
+from game import QUIET, PlayedByHand, time, unittest, waitFor
+from rig import DARK, LIGHT, PRE_MOVED
+
+
+class PreMoves(PlayedByHand):
+    settings = {"PreMove_OK": 1}
+
+    def beginWithTheOpponentToMove(self, kind=""):
+        self.begin(kind=kind)
+        self.move("e2", "e4")
+
+    def queue(self, start, end):
+        """Queues a pre-move; the pointer goes to an empty square then, since resting on a piece queues it again."""
+        self.drag(start, end)
+        self.display.move(*self.screen.centre("e5"))
+        waitFor(lambda: self.screen.mark(end) == PRE_MOVED, 3, f"the mark on {end}")
+        self.assertEqual(self.screen.mark(start), PRE_MOVED)
+
+    def assertPlain(self, *squares):
+        for square in squares:
+            waitFor(lambda: self.screen.mark(square) in (LIGHT, DARK), 3, f"no mark on {square}")
+
+    def testALegalPreMoveIsSentWhenTheOpponentHasMoved(self):
+        self.beginWithTheOpponentToMove()
+        self.queue("g1", "f3")
+        time.sleep(QUIET)
+        self.awaitSent("e2-e4")
+        self.partner.say("d7d6")
+        self.awaitSent("e2-e4", "g1-f3")
+        waitFor(lambda: len(self.wire.positions()) >= 4, 5, "the server's answer")
+        self.awaitPosition()
+        self.assertPlain("g1")
+
+    def testAPreMoveThatBecameIllegalIsNotSent(self):
+        self.beginWithTheOpponentToMove()
+        self.queue("f1", "b5")
+        self.answer("d7d6")
+        self.awaitSent("e2-e4", "f1-b5")
+        self.answer("c7c6")
+        self.move("b5", "a4")
+        self.queue("a4", "e8")  # the pawn on c6 will still stand in the way
+        self.answer("h7h6")
+        time.sleep(QUIET)
+        self.awaitSent("e2-e4", "f1-b5", "b5-a4")
+        self.assertPlain("a4", "e8")
+        self.move("d2", "d4")
+        self.awaitSent("e2-e4", "f1-b5", "b5-a4", "d2-d4")
+
+    def testASecondPreMoveReplacesTheFirst(self):
+        self.beginWithTheOpponentToMove()
+        self.queue("g1", "f3")
+        self.queue("b1", "c3")
+        self.assertPlain("g1", "f3")
+        self.partner.say("d7d6")
+        self.awaitSent("e2-e4", "b1-c3")
+
+    def testDroppedOnItsOwnSquareAPieceTakesTheQueuedMoveBack(self):
+        self.beginWithTheOpponentToMove()
+        self.queue("g1", "f3")
+        self.drag("b1", "b1")
+        self.display.move(*self.screen.centre("e5"))
+        self.assertPlain("g1", "f3")
+        self.answer("d7d6")
+        time.sleep(QUIET)
+        self.awaitSent("e2-e4")
+
+    def testWithThePointerLeftOnThePieceThePreMoveIsQueuedAgain(self):
+        self.beginWithTheOpponentToMove()
+        self.queue("g1", "f3")
+        self.display.move(*self.screen.centre("b1"))
+        self.answer("d7d6")
+        time.sleep(QUIET)
+        self.awaitSent("e2-e4")
+        waitFor(lambda: self.screen.mark("f3") == PRE_MOVED, 3, "the mark still on f3")
+
+    def testAPieceInHandWhileTheOpponentMovesIsDroppedOnTheNewPosition(self):
+        self.beginWithTheOpponentToMove()
+        self.lift("g1")
+        self.display.move(*self.screen.centre("f3"))
+        self.partner.say("d7d6")
+        waitFor(lambda: len(self.wire.positions()) >= 3, 5, "the opponent's move")
+        time.sleep(QUIET)
+        self.drop("f3")
+        self.awaitSent("e2-e4", "g1-f3")
+        waitFor(lambda: len(self.wire.positions()) >= 4, 5, "the server's answer")
+        self.awaitPosition()
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
