@@ -30,3 +30,7 @@ TEST(Squares, ATextThatIsNoNameGivesANumberWithoutAFault) {
                             "9"),
               222);
 }
+
+TEST(Squares, EverySquareIsItsFileAndItsRank) {
+    for (int square = 0; square < HandSquare; ++square) EXPECT_EQ(8 * rankOf(square) + fileOf(square), square);
+}
