@@ -47,7 +47,10 @@ std::optional<std::string> Game::zMakeMove(int to, bool check, bool display) {
     return text;
 }
 
+// A square that is not there is passed over: castling beside the corner asks for one, and so does an en passant capture
+// when a takeback came while the pawn was in hand.
 void Game::setSquare(int square, int code, bool display) {
+    if (square < 0 || square > HandSquare) return;
     Board[square] = static_cast<std::int16_t>(code);
     if (display && square < HandSquare) surface.zDrawSquare(square, 0);
 }
@@ -64,10 +67,9 @@ void Game::transferPiece(int from, int to, bool display) {
     undo()[1] = static_cast<std::int16_t>(to);
 }
 
-// A king that stands too near to the corner has no square at all where its rook would come from.
 std::string Game::moveRook(int from, int to, bool display) {
     const RookStep rook = rookStep(from, to);
-    if (rook.from >= 0 && rook.from < HandSquare) setSquare(rook.from, 0, display);
+    setSquare(rook.from, 0, display);
     setSquare(rook.to, Turn * Piece::Rook, display);
     undo()[2] = static_cast<std::int16_t>(rook.from);
     undo()[3] = static_cast<std::int16_t>(rook.to);

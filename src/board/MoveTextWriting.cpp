@@ -24,7 +24,7 @@ std::string promotionPart(int piece) {
 
 // What tells the piece on `from` from others of its kind that could go to `to`; a pinned one counts.
 std::string disambiguation(Game& game, int from, int to) {
-    const std::string name = zSquareName(from);
+    std::string name = zSquareName(from);
     std::string part;
     for (int square = 0; square < 64; ++square) {
         if (square == from || game.Board[square] != game.Board[from] || !game.zMoveLegal(square, to)) continue;

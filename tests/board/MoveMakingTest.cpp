@@ -201,6 +201,22 @@ TEST(MakeMove, AKingOnD1CastlesToB1AndNothingEmptiesWhereThereIsNoSquare) {
     EXPECT_EQ(rig.undo(1, 0, 2), -1);
 }
 
+TEST(MakeMove, AKingOnF8CastlesToH8WhereTheHandIsTheSquareThatEmpties) {
+    MoveRig rig("kf8 Ka1", -1);
+    rig.game.Board[HandSquare] = 5;
+    EXPECT_EQ(rig.make("f8h8"), "O-O");
+    EXPECT_EQ(rig.at("g8"), -3);
+    EXPECT_EQ(rig.game.Board[HandSquare], 0);
+    EXPECT_EQ(rig.all("draw"), (Effects{"draw 61 0", "draw 63 0", "draw 62 0"}));
+}
+
+TEST(MakeMove, AnEnPassantCaptureInHandWhileATakebackCameFaultsNowhere) {
+    MoveRig rig("Pe7 pd7 Ke1 ka1", -1);
+    modChess.AutoQueen = 1;
+    EXPECT_EQ(rig.live().make("e7d8"), "exd8=Q");
+    EXPECT_EQ(rig.at("d7"), -6) << "the server's next line puts all this right";
+}
+
 TEST(MakeMove, CastlingMayGiveCheck) { EXPECT_EQ(MoveRig("Ke1 Rh1 kf8").make("e1g1"), "O-O+"); }
 
 TEST(MakeMove, CheckAddsAPlusAndMateNothingMore) {

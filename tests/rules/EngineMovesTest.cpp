@@ -5,6 +5,7 @@
 #include "board/MoveRules.h"
 #include "board/PieceCodes.h"
 #include "common/Squares.h"
+#include "common/Text.h"
 #include "practice/MoveText.h"
 #include "rules/EngineTalk.h"
 
@@ -20,6 +21,9 @@ namespace {
 
 constexpr int MostPlies = 200;
 
+// Random games from the start position castle late and seldom: each second game begins here.
+constexpr std::string_view ReadyToCastle = "r3k2r/pppppppp/8/8/8/8/PPPPPPPP/R3K2R w KQkq - 0 1";
+
 int numberFrom(const char* variable, int otherwise) {
     const char* const text = std::getenv(variable);
     return text != nullptr ? std::atoi(text) : otherwise;
@@ -29,7 +33,8 @@ int numberFrom(const char* variable, int otherwise) {
 struct Seen {
     long positions = 0;
     long moves = 0;
-    long castlings = 0;
+    long shortCastlings = 0;
+    long longCastlings = 0;
     long enPassants = 0;
     long promotions = 0;
     long checks = 0;
@@ -42,12 +47,16 @@ struct Walk {
     Seen& seen;
     std::unique_ptr<Game> owned = std::make_unique<Game>();
     Game& game = *owned;
-    std::string fen{practice::startFen};
+    std::string fen;
     std::int16_t promotion = 0;
 
-    Walk(EngineTalk& talk, Seen& record) : engine(talk), seen(record) {
+    Walk(EngineTalk& talk, Seen& record, std::string_view start) : engine(talk), seen(record), fen(start) {
         game.beginLoad();
         game.finishLoad();
+        const practice::Position position = practice::readFen(fen).value();
+        for (int square = 0; square < 64; ++square) {
+            game.Board[square] = pieceCode(position.board[static_cast<std::size_t>(square)]);
+        }
         game.surface.popupPromote = [this] { game.PromotePiece = promotion; };
     }
 
@@ -95,7 +104,7 @@ void count(Seen& seen, const Walk& walk, const std::string& move, const practice
     const int to = zSquareNumber(move.substr(2, 2));
     const int piece = walk.game.Board[from];
     ++seen.moves;
-    seen.castlings += zCastle(piece, from, to);
+    if (zCastle(piece, from, to)) ++(to > from ? seen.shortCastlings : seen.longCastlings);
     seen.enPassants += zEnPassantCapture(piece, from, to, walk.game.Board[to]);
     seen.promotions += move.size() == 5;
     seen.checks += behind.check;
@@ -105,6 +114,7 @@ void count(Seen& seen, const Walk& walk, const std::string& move, const practice
 void tryEveryMove(Walk& walk, const practice::PositionFacts& facts) {
     const Before before{walk.game};
     const auto behind = walk.engine.behind(walk.fen, facts.legal);
+    const practice::Position position = practice::readFen(walk.fen).value();
     for (std::size_t i = 0; i < behind.size(); ++i) {
         const std::string& move = facts.legal[i];
         SCOPED_TRACE(move + " in " + walk.fen);
@@ -115,18 +125,31 @@ void tryEveryMove(Walk& walk, const practice::PositionFacts& facts) {
         const practice::TypedMove read = practice::readMove(facts, text, 'q');
         ASSERT_EQ(read.reading, practice::MoveReading::Legal) << text;
         ASSERT_EQ(read.move, move) << text;
+        ASSERT_EQ(contains(text, "x"), contains(practice::shortForm(position, facts.legal, move), "x")) << text;
         before.restore();
     }
 }
 
 // A live board does not know of the last moves, and must accept the same ones.
 void tryLiveRules(Game& game, const practice::PositionFacts& facts, const std::string& fen) {
+    const Before before{game};
+    game.MoveUndo = {};
     game.icsMode = true;
     for (const std::string& move : facts.legal) {
         ASSERT_TRUE(game.zMoveLegal(zSquareNumber(move.substr(0, 2)), zSquareNumber(move.substr(2, 2))))
             << move << " live in " << fen;
     }
     game.icsMode = false;
+    before.restore();
+}
+
+// Two squares free towards higher files, three towards lower ones; whatever stands in the corner.
+bool freeToCastle(const BoardSquares& board, int from, int to) {
+    const int side = to > from ? 1 : -1;
+    for (int step = 1; step <= (side > 0 ? 2 : 3); ++step) {
+        if (board[from + side * step] != 0) return false;
+    }
+    return true;
 }
 
 // The only moves that the rules accept beside the engine's: those that leave the own king in check, castling, and en
@@ -146,7 +169,10 @@ void tryNoOtherMove(Walk& walk, const practice::PositionFacts& facts) {
         for (int to = 0; to < 64; ++to) {
             if (listed[static_cast<std::size_t>(from * 64 + to)] || !game.zMoveLegal(from, to)) continue;
             ++walk.seen.moreThanEngine;
-            if (zCastle(piece, from, to)) continue;
+            if (zCastle(piece, from, to)) {
+                ASSERT_TRUE(freeToCastle(game.Board, from, to)) << zLiteral(from, to) << " in " << walk.fen;
+                continue;
+            }
             if (granted && zEnPassantCapture(piece, from, to, game.Board[to])) continue;
             walk.make(zSquareName(from) + zSquareName(to) + "q", false);
             ASSERT_TRUE(game.zCheckTest(game.Turn)) << zLiteral(from, to) << " in " << walk.fen;
@@ -186,13 +212,15 @@ TEST(EngineMoves, EveryMoveOfRandomGamesIsAcceptedAndLeadsToTheEnginesPosition) 
     std::mt19937 random(static_cast<std::uint32_t>(numberFrom("BRIGHTRANK_RULES_SEED", 1)));
     Seen seen;
     for (int number = 0; number < games && !HasFatalFailure(); ++number) {
-        Walk walk(engine, seen);
+        Walk walk(engine, seen, number % 2 == 0 ? practice::startFen : ReadyToCastle);
         playGame(walk, random);
     }
-    std::cout << games << " games, " << seen.positions << " positions, " << seen.moves << " moves: " << seen.castlings
-              << " castlings, " << seen.enPassants << " en passant, " << seen.promotions << " promotions, "
-              << seen.checks << " checks; " << seen.moreThanEngine << " moves more than the engine's\n";
-    EXPECT_GT(seen.castlings, 0);
+    std::cout << games << " games, " << seen.positions << " positions, " << seen.moves
+              << " moves: " << seen.shortCastlings << " short and " << seen.longCastlings << " long castlings, "
+              << seen.enPassants << " en passant, " << seen.promotions << " promotions, " << seen.checks << " checks; "
+              << seen.moreThanEngine << " moves more than the engine's\n";
+    EXPECT_GT(seen.shortCastlings, 0);
+    EXPECT_GT(seen.longCastlings, 0);
     EXPECT_GT(seen.enPassants, 0);
     EXPECT_GT(seen.promotions, 0);
     EXPECT_GT(seen.checks, 0);
