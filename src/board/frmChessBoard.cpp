@@ -35,6 +35,7 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     parts_.build(inner_, statusBar(), game.grdMoves);
     parts_.picChess->pieceAt = [this](int square) { return game.Board[square]; };
     fillSurface();
+    input_.build(this, parts_);
     connectMenus();
     connectTyping();
     openWindows.add({"frmChessBoard", this, &game, [this] { unload(); }});
@@ -110,6 +111,7 @@ void frmChessBoard::paintBoard() {
                          modChess.ChessSet);
     fitWindow(geometry);
     parts_.picChess->zBoardSetup(geometry);
+    input_.moves.boardPainted();
     parts_.grdMoves->countVisibleRows();
 }
 
@@ -143,6 +145,7 @@ void frmChessBoard::unload() {
 
 void frmChessBoard::finishClosing() {
     game.windowClosed();
+    input_.stop();
     zSaveReg(roads_.store, BoardSection, place());
     openWindows.remove(this);
 }
