@@ -112,8 +112,9 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
 
     state_.surface.showCell = [this](int row, int col) { model_->cellChanged(row, col); };
     state_.surface.scrollTo = [this](int row) {
-        updateGeometries(); // before the first layout the bar has no range
-        verticalScrollBar()->setValue(row - 1);
+        QScrollBar* const bar = verticalScrollBar();
+        if (bar->maximum() == 0) updateGeometries(); // before the first layout the bar has no range
+        bar->setValue(row - 1);
     };
     state_.surface.setUp = [this] {
         model_->allChanged();

@@ -177,10 +177,14 @@ QRect BoardView::toDevice(const QRect& pixels) const {
     return QRect(topLeft, QPoint(device(pixels.x() + pixels.width()) - 1, device(pixels.y() + pixels.height()) - 1));
 }
 
-void BoardView::updatePixels(const QRect& pixels) {
-    if (pixels.isEmpty()) return;
+// At a ratio like 1.25 the edge of an area lies within a pixel of the device, which belongs to the neighbour too.
+QRect BoardView::withSpill(const QRect& pixels) const {
     const int spill = ratio_ == std::floor(ratio_) ? 0 : 1;
-    update(pixels.translated(BorderPixels, BorderPixels).adjusted(-spill, -spill, spill, spill));
+    return pixels.adjusted(-spill, -spill, spill, spill);
+}
+
+void BoardView::updatePixels(const QRect& pixels) {
+    if (!pixels.isEmpty()) update(withSpill(pixels.translated(BorderPixels, BorderPixels)));
 }
 
 void BoardView::paintEvent(QPaintEvent* event) {
@@ -197,9 +201,11 @@ void BoardView::paintEvent(QPaintEvent* event) {
     const auto border = std::lround(BorderPixels * ratio_);
     painter.scale(1 / ratio_, 1 / ratio_);
     painter.translate(static_cast<double>(border), static_cast<double>(border));
+    // Clipped to one rectangle at a time: a clip of several makes the toolkit paint a texture, on several threads.
     for (const QRect& area : event->region()) {
-        const QRect part = toDevice(area.translated(-BorderPixels, -BorderPixels).adjusted(-1, -1, 1, 1));
-        const QRect shown = part.intersected(picture_.rect());
+        const QRect pixels = withSpill(area.translated(-BorderPixels, -BorderPixels));
+        const QRect shown = toDevice(pixels).intersected(picture_.rect());
+        painter.setClipRect(shown);
         painter.drawImage(shown.topLeft(), picture_, shown);
     }
     if (layerAlpha_ == 0) return;

@@ -84,6 +84,7 @@ private:
     QRect squareArea(int square) const;
     QRect toDevice(const QRect& pixels) const;
     bool isOnBoard(const QPointF& point) const;
+    QRect withSpill(const QRect& pixels) const;
     void updatePixels(const QRect& pixels);
     void paintSquare(QPainter& painter, int square, int mode, bool bare) const;
     void paintPiece(QPainter& painter, const QRect& area, int image) const;
