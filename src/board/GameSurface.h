@@ -14,7 +14,6 @@ struct GameSurface {
     std::function<void(int square, int mode)> zDrawSquare = [](int, int) {}; // 0..63; mode 0 plain, -1 last move,
                                                                              // 1 pre-move
     std::function<void(float x, float y, int alpha)> zMovePiece = [](float, float, int) {}; // pixels; 0..255, 0 erases
-    std::function<void()> refresh = [] {};     // the last-move marks are painted
     std::function<void()> paintBoard = [] {};  // fit to the window, paint whole, count the grid's visible rows; no pump
     std::function<void()> keepPicture = [] {}; // the image becomes the persistent picture
     std::function<void()> pump = [] {};        // lets pending window events run once

@@ -7,7 +7,7 @@
 #include "board/BoardRoads.h"
 #include "board/Game.h"
 #include "platform/PaintHold.h"
-#include "settings/Placement.h"
+#include "settings/WindowPlacer.h"
 #include "view/ResizeWatch.h"
 
 #include <QMainWindow>
@@ -24,6 +24,8 @@ public:
 
     // Places and shows the window with the start position; pumps.
     void load();
+    // Part of the board's interface, and does nothing.
+    void zBuildMask(std::int16_t, std::int16_t) {}
     // Takes colours and font of the console's command line for the own one.
     void takeColors();
 
@@ -34,6 +36,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void zObjectSetup();
     void connectMenus();
     void connectTyping();
     void fillSurface();
@@ -46,10 +49,9 @@ private:
     void unload();
     void finishClosing();
     void sendLine();
-    void walkHistory(bool up);
     bool answerTypingKey(int code, bool shift);
-    WindowPlace place() const;
     QSize frame() const;
+    QSize sizeFor(int square) const;
     void fitWindow(const BoardGeometry& geometry);
 
     const BoardRoads& roads_;
@@ -58,6 +60,7 @@ private:
     BoardParts parts_;
     BoardInput input_{game};
     PaintHold paintHold_{this};
+    WindowPlacer placer_{this};
     QTimer tmrClock_;
     QTimer tmrNoPlay_;
     QTimer tmrResize_;

@@ -100,9 +100,9 @@ TEST_F(BoardInputTest, APieceInHandSurvivesAnArrivingPosition) {
     carry(board, "g1", "f4");
     const QPoint pointer = at(board, "f4");
     const QRect around(pointer - QPoint(20, 20), QSize(40, 40));
-    const QImage before = screenOf(board).copy(around);
+    const QImage before = cut(screenOf(board), around);
     receiveAnswer(board);
-    EXPECT_EQ(screenOf(board).copy(around), before);
+    EXPECT_EQ(cut(screenOf(board), around), before);
     EXPECT_EQ(frameOf(board, "e5"), colorOf(modChess.ColorMove)) << "the answer is on the board";
     carry(board, "f4", "f3");
     release(board, "f3");
@@ -120,8 +120,8 @@ TEST_F(BoardInputTest, ABoardTurnedInTheMiddleOfADragKeepsThePieceOnThePointer) 
     entry(board, "mnuInvert").trigger();
     const QImage turned = screenOf(board);
     EXPECT_EQ(at(board, "d5"), pointer);
-    EXPECT_EQ(turned.copy(QRect(pointer - QPoint(20, 20), QSize(40, 40))),
-              before.copy(QRect(pointer - QPoint(20, 20), QSize(40, 40))));
+    const QRect around(pointer - QPoint(20, 20), QSize(40, 40));
+    EXPECT_EQ(cut(turned, around), cut(before, around));
     EXPECT_EQ(pixel(turned, at(board, "e2")), colorOf(squareColor(12))) << "and not on its square";
     carry(board, "d5", "e4");
     release(board, "e4");

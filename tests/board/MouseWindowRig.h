@@ -95,10 +95,18 @@ protected:
     static QImage screenOf(frmChessBoard& board) {
         QCoreApplication::processEvents();
         const QWidget& target = view(board);
-        const QImage window = board.screen()->grabWindow(board.winId()).toImage();
-        return window.copy(QRect(target.mapTo(&board, QPoint(0, 0)), target.size()));
+        QImage window = board.screen()->grabWindow(board.winId()).toImage();
+        window.setDevicePixelRatio(double(window.width()) / board.width());
+        return cut(window, QRect(target.mapTo(&board, QPoint(0, 0)), target.size()));
     }
-    static QColor pixel(const QImage& picture, QPoint point) { return picture.pixelColor(point); }
+    // A part of a picture, given in pixels of the window.
+    static QImage cut(const QImage& picture, const QRect& part) {
+        const double ratio = picture.devicePixelRatio();
+        return picture.copy(QRect((QPointF(part.topLeft()) * ratio).toPoint(), part.size() * ratio));
+    }
+    static QColor pixel(const QImage& picture, QPoint point) {
+        return picture.pixelColor((QPointF(point) * picture.devicePixelRatio()).toPoint());
+    }
     // The pixel that a frame of the square would colour.
     static QColor frameOf(frmChessBoard& board, const std::string& square) {
         const int half = view(board).geometry().SquarePixels / 2;

@@ -1,4 +1,4 @@
-// Names and numbers of squares.
+// Squares, their names and their numbers.
 #include "common/Squares.h"
 
 #include <gtest/gtest.h>
@@ -29,4 +29,8 @@ TEST(Squares, ATextThatIsNoNameGivesANumberWithoutAFault) {
     EXPECT_EQ(zSquareNumber("\xFF"
                             "9"),
               222);
+}
+
+TEST(Squares, EverySquareIsItsFileAndItsRank) {
+    for (int square = 0; square < HandSquare; ++square) EXPECT_EQ(8 * rankOf(square) + fileOf(square), square);
 }
