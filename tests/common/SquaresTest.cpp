@@ -1,4 +1,4 @@
-// Squares, their names and their numbers.
+// Names and numbers of squares.
 #include "common/Squares.h"
 
 #include <gtest/gtest.h>
