@@ -162,6 +162,8 @@ struct Game {
     // The view and the grid
 
     void zFor(bool flag) { CanForward = flag; }
+    // The ply that the board stands at: 0 before white's first move.
+    std::int16_t zDevMove() const { return static_cast<std::int16_t>(2 * (MoveRow - 1) + (1 - Turn) / 2); }
     void zGridSetup(); // grdMoves anew, MoveRow 1
     void zSetTop() { grdMoves.zSetTop(MoveRow); }
     void zGridLight(std::string_view text) { grdMoves.zGridLight(text); }

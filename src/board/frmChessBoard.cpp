@@ -30,6 +30,7 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     zObjectSetup();
     parts_.picChess->pieceAt = [this](int square) { return game.Board[square]; };
     fillSurface();
+    input_.build(this, parts_);
     connectMenus();
     connectTyping();
     openWindows.add({"frmChessBoard", this, &game, [this] { unload(); }});
@@ -109,6 +110,7 @@ void frmChessBoard::paintBoard() {
         modChess.ChessSet);
     fitWindow(geometry);
     parts_.picChess->zBoardSetup(geometry);
+    input_.moves.boardPainted();
     parts_.grdMoves->zFindBottomRow();
 }
 
@@ -142,6 +144,7 @@ void frmChessBoard::unload() {
 
 void frmChessBoard::finishClosing() {
     game.windowClosed();
+    input_.stop();
     zSaveReg(roads_.store, BoardSection, placer_.place());
     openWindows.remove(this);
 }

@@ -1,6 +1,7 @@
 // A board window: one game, or the memory of one, on the screen.
 #pragma once
 
+#include "board/BoardInput.h"
 #include "board/BoardMenus.h"
 #include "board/BoardParts.h"
 #include "board/BoardRoads.h"
@@ -57,6 +58,7 @@ private:
     QWidget* inner_ = nullptr; // the parts, inside the margins
     BoardMenus menus_;
     BoardParts parts_;
+    BoardInput input_{game};
     PaintHold paintHold_{this};
     WindowPlacer placer_{this};
     QTimer tmrClock_;

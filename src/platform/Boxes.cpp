@@ -6,10 +6,12 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QCursor>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -80,10 +82,12 @@ std::optional<std::string> realFolder(QWidget* parent, const std::string& title,
     return pathOf(QFileDialog::getExistingDirectory(owner(parent), shownText(title), pathShown(start)));
 }
 
+void realPopup(QMenu& menu) { menu.exec(QCursor::pos()); }
+
 } // namespace
 
 Boxes::Boxes()
     : message(realMessage), yesNo(realYesNo), okCancel(realOkCancel), input(realInput), colour(realColour),
-      fileOpen(realFileOpen), fileSave(realFileSave), folder(realFolder) {}
+      fileOpen(realFileOpen), fileSave(realFileSave), folder(realFolder), popup(realPopup) {}
 
 Boxes boxes;

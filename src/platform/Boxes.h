@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+class QMenu;
 class QWidget;
 
 // Function members with real boxes as defaults; a test replaces them by its next answer. `parent` is the window the box
@@ -38,6 +39,10 @@ struct Boxes {
     // A folder; nothing on Cancel.
     std::function<std::optional<std::string>(QWidget* parent, const std::string& title, const std::string& start)>
         folder;
+
+    // Shows `menu` at the pointer until an entry was chosen, which has announced itself by then, or it was dismissed.
+    // The menu may be gone afterwards.
+    std::function<void(QMenu& menu)> popup;
 };
 
 // The boxes of the program.

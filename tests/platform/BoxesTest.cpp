@@ -7,8 +7,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QMenu>
 #include <QMessageBox>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -168,4 +170,25 @@ TEST_F(BoxesTest, ATestReplacesABoxByItsNextAnswer) {
     boxes.yesNo = [](QWidget*, const std::string&, const std::string& text) { return text == "Sure?"; };
     EXPECT_TRUE(boxes.yesNo(nullptr, "", "Sure?"));
     boxes = before;
+}
+
+TEST_F(BoxesTest, APopupMenuWaitsForItsEntryOrForEscape) {
+    QMenu menu;
+    QAction* entry = menu.addAction(QStringLiteral("&One"));
+    int chosen = 0;
+    QObject::connect(entry, &QAction::triggered, &menu, [&] { ++chosen; });
+    for (const int key : {Qt::Key_O, Qt::Key_Escape}) {
+        QTimer::singleShot(1, &menu, [&menu, key] { QTest::keyClick(&menu, static_cast<Qt::Key>(key)); });
+        real.popup(menu);
+        EXPECT_FALSE(menu.isVisible());
+    }
+    EXPECT_EQ(chosen, 1);
+}
+
+TEST_F(BoxesTest, APopupMenuThatDiesMeanwhileIsDone) {
+    auto* menu = new QMenu;
+    menu->addAction(QStringLiteral("One"));
+    QTimer::singleShot(1, menu, [menu] { delete menu; });
+    real.popup(*menu);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }

@@ -1,0 +1,35 @@
+// How the mouse over a board's picChess, its popup menus and its anti-slip timer meet the move in hand.
+#pragma once
+
+#include "board/MoveInput.h"
+
+#include <array>
+
+struct BoardParts;
+class QAction;
+class QMenu;
+class QTimer;
+class QWidget;
+
+// Part of a board window, which owns the menus and the timer; everything is decided in `moves`.
+struct BoardInput {
+    explicit BoardInput(Game& game) : moves(game) {}
+
+    MoveInput moves;
+
+    // Makes menus and timer as children of `window`, and fills in what the game and `moves` reach out with.
+    void build(QWidget* window, const BoardParts& parts);
+    // The window closes: no delay may end any more, and a menu that is up comes down.
+    void stop();
+
+private:
+    void connectMouse(QWidget* window, const BoardParts& parts);
+    void fillSurfaces(const BoardParts& parts);
+    void makeMenus(QWidget* window);
+    void popupDrop(const DropEntries& entries);
+
+    QTimer* tmrSlip_ = nullptr;
+    QMenu* mnuPromote_ = nullptr; // mnuQueen, mnuRook, mnuBishop, mnuKnight
+    QMenu* mnuDrop_ = nullptr;    // mnuDQ, mnuDR, mnuDB, mnuDN, mnuDP
+    std::array<QAction*, 5> drops_{};
+};

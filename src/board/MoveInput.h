@@ -1,0 +1,97 @@
+// Moves by mouse: a piece lifted, dragged and dropped, the anti-slip delay, the queued pre-move, the drop menu.
+#pragma once
+
+#include "board/Game.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+// One entry of the drop menu.
+struct DropEntry {
+    std::string caption; // "Queen 2", or the bare word when there is none to drop
+    bool enabled = false;
+};
+
+// Queen, rook, bishop, knight, pawn.
+using DropEntries = std::array<DropEntry, 5>;
+
+// A point of picChess in pixels from the top left corner of the top left square.
+struct BoardPoint {
+    float x = 0;
+    float y = 0;
+};
+
+// What move input needs beside the game's own surface; every member does nothing until it is filled in. Only
+// `popupDrop` may run the message loop, and so close the window: it is called on a copy, and last.
+struct MoveInputSurface {
+    std::function<int(float x, float y)> zGetSqr = [](float, float) { return 64; }; // position in the view; 64 beside
+    std::function<int(int position)> DisplaySquare = [](int position) { return position; }; // to a square and back
+    std::function<BoardPoint(int position)> centreOf = [](int) { return BoardPoint(); };    // of a view position
+    std::function<void(int square)> zYankPiece = [](int) {};                                // onto the pointer
+    std::function<void(int milliseconds)> startSlip = [](int) {};                           // tmrSlip from now on
+    std::function<void()> stopSlip = [] {};                                                 //
+    std::function<void(const DropEntries& entries)> popupDrop = [](const DropEntries&) {};  // mnuDrop; waits
+    std::function<void()> focusTyping = [] {};                                              // txtSend
+    std::function<void()> moveMade = [] {}; // a piece was dropped; the self-check panel counts from here
+};
+
+// The move in hand of one board, whose state is in its game: no move (FromSet 0, Dragging false); lifted (FromSet 1,
+// Dragging true); released in delay (tmrSlip running, Dragging still true); finished by zSqFinish. Two styles, by
+// modChess.DragMode: drag and drop, or click and click. Lives and dies with its game: when the game's window closes in
+// a pump, the routines end at once and touch neither. Buttons are 1 left, 2 right, in a move their sum, 0 none.
+struct MoveInput {
+    explicit MoveInput(Game& ofGame) : game(ofGame) {}
+    MoveInput(const MoveInput&) = delete;
+    MoveInput& operator=(const MoveInput&) = delete;
+
+    Game& game;
+    MoveInputSurface surface;
+    float SlipX = 0; // the point at the mouse-up that tmrSlip holds
+    float SlipY = 0;
+    std::string DropSquare; // name of the square on which the drop menu was opened
+
+    // The mouse over picChess. All of these may pump.
+
+    void mouseDown(int button, float x, float y);
+    void mouseMoved(int button, float x, float y);
+    void mouseUp(int button, float x, float y);
+    // The delay has run out: the piece lands at the held point, except at EndlessSlip.
+    void tmrSlip();
+
+    // Lands the piece that hangs on the pointer in the square at a point; one let go beside the board goes back to
+    // where it was lifted. False: the window closed meanwhile.
+    bool zMouseUp(float x, float y);
+    // Finishes the move in hand on `square`: queued as the pre-move while Game::MoveMode is 1, else played. Faults
+    // (subscript) past row 200. False: the window closed meanwhile.
+    bool zSqFinish(int square);
+    // Entry 0 to 4 of the drop menu: "Q@", "R@", "B@", "N@" or "P@" with DropSquare goes to the server.
+    void drop(int entry);
+    // The board was painted whole: the piece in hand comes back to the pointer and leaves its square again.
+    void boardPainted();
+    // The window closes: the move in hand is given up.
+    void stop();
+
+private:
+    bool inDelay() const { return slipping_ && game.Dragging; }
+    bool follows(int button) const;
+    void pressWhileDragging(int button, float x, float y);
+    void lift(int square, float x, float y);
+    void openDropMenu(int square);
+    void pointTo(float x, float y);
+    void hover(int position);
+    void rest(bool beside);
+    void startSlip(int milliseconds);
+    void stopSlip();
+    void queuePreMove(int square);
+    void unmarkPreMove();
+    bool playMove(int square);
+    void keepMove(int row, int col, const std::string& text);
+    void draw(int square, int mode) const;
+
+    bool slipping_ = false;  // tmrSlip runs
+    int slipInterval_ = 165; // of tmrSlip, milliseconds
+    int liftedCode_ = 0;     // the piece on the pointer
+    int liftedMode_ = 0;     // how its square was marked
+};
