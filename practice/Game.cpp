@@ -15,15 +15,16 @@ std::string capitalised(std::string text) {
 
 std::string ratedWord(const Game& game) { return game.terms.rated ? "rated" : "unrated"; }
 
-std::string kindOf(const Game& game) { return gameKind(game.terms.minutes, game.terms.increment); }
-
 // "e4      (0:00)     ".
 std::string moveCell(const PlayedMove& move) {
     return padRight(move.pretty, 7) + " " + padRight(moveTimeText(move.taken), 10);
 }
 
-// "br", "su": kind and rating mode as the games table has them.
-std::string kindLetters(const Game& game) { return std::string(1, kindOf(game)[0]) + (game.terms.rated ? "r" : "u"); }
+// "br", "su", "zu": kind and rating mode as the games table has them.
+std::string kindLetters(const Terms& terms) {
+    const char letter = variantNamed(terms.variant).letter;
+    return std::string(1, letter ? letter : kindText(terms)[0]) + (terms.rated ? "r" : "u");
+}
 
 } // namespace
 
@@ -64,7 +65,8 @@ std::string boardLineFor(const Game& game, const std::string& viewer, std::int64
         line.moveTime = moveTimeText(last.taken);
         line.prettyMove = last.pretty;
     }
-    return composeStyle12(line);
+    const bool drops = variantNamed(game.terms.variant).drops;
+    return composeStyle12(line) + (drops ? "\n" + composeHoldings(game.number, line.position) : std::string());
 }
 
 std::string endLine(const Game& game, const std::string& reason, const std::string& result) {
@@ -75,7 +77,7 @@ std::string endLine(const Game& game, const std::string& reason, const std::stri
 std::string moveList(const Game& game) {
     std::string text = "Movelist for game " + std::to_string(game.number) + ":\n\n" + game.names[0] + " (" +
                        game.ratings[0] + ") vs. " + game.names[1] + " (" + game.ratings[1] + ") --- " + game.startedAt +
-                       "\n" + capitalised(ratedWord(game)) + " " + kindOf(game) +
+                       "\n" + capitalised(ratedWord(game)) + " " + kindText(game.terms) +
                        " match, initial time: " + std::to_string(game.terms.minutes) +
                        " minutes, increment: " + std::to_string(game.terms.increment) + " seconds.\n\n" + "Move  " +
                        padRight(game.names[0], 18) + " " + game.names[1] +
@@ -93,10 +95,11 @@ std::string gamesRow(const Game& game, std::int64_t now) {
     const auto clock = [&](int side) { return clockText(game.clock.remaining(side, game.toMove(), now)); };
     return padLeft(game.number, 3) + " " + padLeft(game.ratings[0], 4) + " " +
            padRight(game.names[0].substr(0, 11), 11) + " " + padLeft(game.ratings[1], 4) + " " +
-           padRight(game.names[1].substr(0, 10), 10) + " [ " + kindLetters(game) + padLeft(game.terms.minutes, 3) +
-           " " + padLeft(game.terms.increment, 3) + "] " + padLeft(clock(0), 6) + " -" + padLeft(clock(1), 6) + " (" +
-           padLeft(materialStrength(position, true), 2) + "-" + padLeft(materialStrength(position, false), 2) + ") " +
-           (game.toMove() == 0 ? "W" : "B") + ":" + padLeft(game.moveNumber(), 3);
+           padRight(game.names[1].substr(0, 10), 10) + " [ " + kindLetters(game.terms) +
+           padLeft(game.terms.minutes, 3) + " " + padLeft(game.terms.increment, 3) + "] " + padLeft(clock(0), 6) +
+           " -" + padLeft(clock(1), 6) + " (" + padLeft(materialStrength(position, true), 2) + "-" +
+           padLeft(materialStrength(position, false), 2) + ") " + (game.toMove() == 0 ? "W" : "B") + ":" +
+           padLeft(game.moveNumber(), 3);
 }
 
 } // namespace practice

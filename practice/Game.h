@@ -4,6 +4,7 @@
 #include "practice/GameClock.h"
 #include "practice/Position.h"
 #include "practice/Seeks.h"
+#include "practice/Variants.h"
 
 #include <array>
 #include <cstdint>
@@ -21,10 +22,9 @@ struct PlayedMove {
     std::string pretty;     // "Nf3+"
     std::int64_t taken = 0; // milliseconds
     int doublePushFile = -1;
+    std::string fen{}; // the position after it
+    GameClock clock{}; // as it stood after it
 };
-
-// What one player has put before the other.
-enum class Offer { None, Draw, Abort };
 
 // A running game. `facts` always belongs to the position after the last of `moves`, unless `pending` is true: then a
 // move is on its way through the rules engine and nothing else may be moved.
@@ -37,16 +37,18 @@ struct Game {
     std::array<std::string, 2> names;   // white, black; without titles
     std::array<std::string, 2> ratings; // "1711", "++++", "----" without blanks in front
     Terms terms;
+    Rules rules;
+    std::string startFen;
     std::string startedAt; // "Sat Nov 21, 02:42 UTC 2026"
+    GameClock firstClock;  // before the first move
     GameClock clock;
     std::vector<PlayedMove> moves; // oldest first
     PositionFacts facts;
     std::mt19937 dice; // the game's own, so that others do not change its course
     bool pending = false;
     std::map<std::string, int> seen; // how often each position stood, by its repetition key
-    Offer offer = Offer::None;
-    int offeredBy = 0;     // side 0 or 1; only with an offer
-    int computerScore = 0; // what the computer at the board thought of its chances, in hundredths of a pawn
+    std::uint64_t course = 0;        // grows with each move made or taken back
+    int computerScore = 0;           // what the computer at the board thought of its chances, in hundredths of a pawn
     std::vector<std::string> observers; // handles, in the order in which they came
 
     // The side to move: 0 white, 1 black.
@@ -65,7 +67,7 @@ std::string pairing(const Game& game);
 // "Game 1: white (rating) black (rating) unrated blitz 5 0".
 std::string gameTitle(const Game& game);
 
-// The board line as `viewer` gets it at the moment `now`.
+// The board line as `viewer` gets it at the moment `now`; where pieces are dropped, the line with both hands follows.
 std::string boardLineFor(const Game& game, const std::string& viewer, std::int64_t now);
 
 // "{Game 1 (white vs. black) REASON} RESULT".

@@ -1,6 +1,7 @@
 // Everything that goes on at the server: players, games, ads, and what the hall needs from outside.
 #include "practice/Hall.h"
 
+#include "practice/MatchRoom.h"
 #include "practice/Play.h"
 #include "practice/SeekRoom.h"
 #include "practice/Text.h"
@@ -76,6 +77,7 @@ void Hall::leave(const std::string& name) {
     abandonGame(*this, *player);
     unobserveAll(*this, *player);
     seeks.removeOwner(player->name);
+    dropChallenges(*this, *player, {});
     if (player->title.empty()) remembered[lower(player->name)] = player->variables;
     const std::string titled = player->titled();
     players.remove_if([&](const Player& p) { return &p == player; });
