@@ -82,7 +82,7 @@ void openComputerRoom(Hall& hall) {
 }
 
 void letComputerThink(Hall& hall, Game& game) {
-    const Computer* computer = characterOf(nameToMove(game));
+    const Computer* computer = game.examiner.empty() ? characterOf(nameToMove(game)) : nullptr;
     if (!computer) return;
     const auto serial = game.serial;
     const auto course = game.course;

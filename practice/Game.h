@@ -26,8 +26,8 @@ struct PlayedMove {
     GameClock clock{}; // as it stood after it
 };
 
-// A running game. `facts` always belongs to the position after the last of `moves`, unless `pending` is true: then a
-// move is on its way through the rules engine and nothing else may be moved.
+// A game that is played or examined. `facts` always belongs to the position after the last of `moves`, unless `pending`
+// is true: then a move is on its way through the rules engine and nothing else may be moved.
 struct Game {
     // Clients hold 200 moves of each side; one less leaves them room for the position after the last.
     static constexpr std::size_t plyLimit = 398;
@@ -50,11 +50,14 @@ struct Game {
     std::uint64_t course = 0;        // grows with each move made or taken back
     int computerScore = 0;           // what the computer at the board thought of its chances, in hundredths of a pawn
     std::vector<std::string> observers; // handles, in the order in which they came
+    std::string examiner;               // handle of whoever examines; empty for a game that is played
+    std::vector<PlayedMove> mainLine;   // what was played in an examined game; `moves` is what is shown of it or tried
+    std::string mainEnd;                // "Ada resigns 1-0": how an examined game ended
 
     // The side to move: 0 white, 1 black.
     int toMove() const;
 
-    // 0 for white's handle, 1 for black's, -1 for any other name; letter case counts.
+    // 0 for white's handle, 1 for black's, -1 for any other name; letter case counts. An examined game has no players.
     int sideOf(const std::string& name) const;
 
     // The number of the move about to be made, from 1 on.
@@ -73,8 +76,17 @@ std::string boardLineFor(const Game& game, const std::string& viewer, std::int64
 // "{Game 1 (white vs. black) REASON} RESULT".
 std::string endLine(const Game& game, const std::string& reason, const std::string& result);
 
+// "br", "su", "zu": kind and rating mode as tables have them.
+std::string kindLetters(const Terms& terms);
+
+// A move list from the line with both names to the last of the moves.
+std::string moveRows(const Game& game);
+
 // The answer to "moves", from the line "Movelist for game" to the one that says that the game goes on.
 std::string moveList(const Game& game);
+
+// The row of an examined game in the answer to "games".
+std::string examinedRow(const Game& game);
 
 // The game's row in the answer to "games", clocks as of `now`.
 std::string gamesRow(const Game& game, std::int64_t now);

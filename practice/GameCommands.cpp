@@ -49,6 +49,7 @@ Answer promote(Hall&, Player& player, const Arguments& arguments) {
 
 Answer seek(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.playing != 0) return {"You cannot seek while you play."};
+    if (player.examining != 0) return {"You cannot seek while you examine a game."};
     Terms standard;
     standard.minutes = player.variables.value("time");
     standard.increment = player.variables.value("inc");
@@ -73,6 +74,7 @@ Answer sought(Hall& hall, Player&, const Arguments&) { return {soughtTable(hall.
 
 Answer play(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.playing != 0) return {"You are playing a game already."};
+    if (player.examining != 0) return {"You are examining a game."};
     auto which = number(arguments.word(0));
     if (!which) {
         // The name of whoever seeks does as well.
@@ -98,9 +100,10 @@ CommandRoutine gameCommand(const std::string& name) {
 }
 
 Answer typedMove(Hall& hall, Player& player, const std::string& text) {
-    Game* game = hall.game(player.playing);
+    Game* game = hall.gameAtBoard(player);
     if (!game) return {"You are not playing or examining a game."};
-    if (game->pending || game->sideOf(player.name) != game->toMove()) return {"It is not your move."};
+    const bool mayMove = !game->examiner.empty() || game->sideOf(player.name) == game->toMove();
+    if (game->pending || !mayMove) return {"It is not your move."};
     if (callFlag(hall, *game, false)) return quiet;
     const TypedMove typed = readMove(game->facts, text, player.promotion);
     if (typed.reading == MoveReading::Legal) {

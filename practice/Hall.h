@@ -2,6 +2,7 @@
 #pragma once
 
 #include "practice/Accounts.h"
+#include "practice/Archive.h"
 #include "practice/Computers.h"
 #include "practice/Game.h"
 #include "practice/Offers.h"
@@ -48,6 +49,7 @@ struct Player {
     std::set<int> channels{1, 50};
     std::vector<int> observing; // game numbers, oldest first
     int playing = 0;            // game number; 0 for none and always 0 for a computer
+    int examining = 0;          // game number; 0 for none
     char promotion = 'q';       // taken when a move names no piece
     std::string lastOpponent;   // for "say" after the game
     Terms lastTerms;            // of the last game, for "rematch"
@@ -81,6 +83,7 @@ struct Hall {
     std::map<int, Game> games; // by number; a new game takes the lowest free number from 1 on
     SeekTable seeks;
     OfferTable offers;
+    Archive archive;
     std::map<std::string, Variables> remembered; // of registered players who left, by small-letter handle
     std::uint64_t lastSerial = 0;
 
@@ -93,6 +96,9 @@ struct Hall {
     // The running game of this number or serial; null if there is none.
     Game* game(int number);
     Game* gameBySerial(std::uint64_t serial);
+
+    // The game that this player plays or else examines; null if there is none.
+    Game* gameAtBoard(const Player& player);
 
     // The games that this player plays; a computer may play several.
     std::vector<Game*> gamesOf(const Player& player);

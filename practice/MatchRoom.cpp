@@ -1,6 +1,7 @@
 // Challenges: putting one before a player, and what becomes of it.
 #include "practice/MatchRoom.h"
 
+#include "practice/Adjournment.h"
 #include "practice/ComputerRoom.h"
 #include "practice/Play.h"
 #include "practice/Text.h"
@@ -12,6 +13,7 @@ namespace {
 std::string complaintAbout(const Player& from, const Player& to, const Terms& terms) {
     if (&from == &to) return "You can't match yourself.";
     if (to.playing != 0) return to.name + " is playing a game.";
+    if (to.examining != 0) return to.name + " is examining a game.";
     if (to.variables.value("open") == 0) return to.name + " is not open to match requests.";
     if (terms.rated && (from.isGuest() || to.isGuest())) return "A rated game needs two registered players.";
     return {};
@@ -79,9 +81,13 @@ std::string challengeText(Hall& hall, const PendingOffer& offer) {
 }
 
 std::string challenge(Hall& hall, Player& from, Player& to, Terms terms) {
+    const KeptGamePtr adjourned = hall.archive.adjournedBetween(from.name, to.name);
+    if (adjourned) terms = adjourned->game.terms;
+    if (adjourned) terms.colour = WantedColour::Any;
     const std::string complaint = complaintAbout(from, to, terms);
     if (!complaint.empty()) return complaint;
     PendingOffer offer;
+    offer.adjourned = adjourned != nullptr;
     offer.from = from.name;
     offer.to = to.name;
     offer.terms = std::move(terms);
@@ -105,7 +111,12 @@ bool startMatch(Hall& hall, const PendingOffer& accepted) {
     Player* from = hall.find(offer.from);
     Player* to = hall.find(offer.to);
     if (!from || !to || from->playing != 0 || to->playing != 0) return false;
+    if (from->examining != 0 || to->examining != 0) return false;
     hall.offers.open.erase(hall.offers.find(OfferKind::Match, offer.from, offer.to));
+    if (const KeptGamePtr adjourned = hall.archive.takeAdjourned(offer.from, offer.to)) {
+        resumeGame(hall, *adjourned);
+        return true;
+    }
     startGame(hall, *from, *to, offer.terms);
     return true;
 }

@@ -11,7 +11,8 @@ namespace practice {
 std::string challengeText(Hall& hall, const PendingOffer& offer);
 
 // Challenges `to`; gives the answer for `from`. A challenge to the same player takes the place of an earlier one, one
-// that fits his own starts the game, and a computer accepts in a moment. Empty when the game has started.
+// that fits his own starts the game, an adjourned game of the two is gone on with whatever the terms, and a computer
+// accepts in a moment. Empty when the game has started.
 std::string challenge(Hall& hall, Player& from, Player& to, Terms terms);
 
 // Starts the game of a challenge that was accepted; false if one of the two is busy or gone.

@@ -43,7 +43,19 @@ Answer takeback(Hall& hall, Player& player, const Arguments& arguments) {
     return offerNow(hall, player, OfferKind::Takeback, *count);
 }
 
+// A guest's name may be another's tomorrow.
+Answer adjourn(Hall& hall, Player& player, const Arguments&) {
+    const Game* game = hall.game(player.playing);
+    if (!game) return notPlaying;
+    for (const std::string& name : game->names) {
+        const Player* each = hall.find(name);
+        if (!each || each->isGuest()) return {"Only games between registered players can be adjourned."};
+    }
+    return offerNow(hall, player, OfferKind::Adjourn);
+}
+
 std::string complaintOfChallenger(const Player& player) {
+    if (player.examining != 0) return "You can't challenge while you are examining a game.";
     return player.playing != 0 ? "You are playing a game already." : std::string();
 }
 
@@ -132,8 +144,9 @@ Answer pending(Hall& hall, Player& player, const Arguments&) { return {pendingTe
 
 CommandRoutine offerCommand(const std::string& name) {
     static const std::map<std::string, CommandRoutine> routines{
-        {"abort", abortGame}, {"accept", accept},   {"decline", decline},   {"draw", draw},         {"match", match},
-        {"pending", pending}, {"rematch", rematch}, {"takeback", takeback}, {"withdraw", withdraw},
+        {"abort", abortGame},   {"accept", accept},     {"adjourn", adjourn}, {"decline", decline},
+        {"draw", draw},         {"match", match},       {"pending", pending}, {"rematch", rematch},
+        {"takeback", takeback}, {"withdraw", withdraw},
     };
     const auto at = routines.find(name);
     return at == routines.end() ? nullptr : at->second;

@@ -1,6 +1,7 @@
 // Offers and their answers: accepting, declining, taking back, and what computers say to them.
 #include "practice/OfferRoom.h"
 
+#include "practice/Adjournment.h"
 #include "practice/ComputerRoom.h"
 #include "practice/MatchRoom.h"
 #include "practice/Play.h"
@@ -68,6 +69,8 @@ bool carryOut(Hall& hall, const PendingOffer& offer) {
     case OfferKind::Takeback:
         return takeBack(hall, *game, static_cast<std::size_t>(offer.halfmoves));
     case OfferKind::Adjourn:
+        adjournGame(hall, *game);
+        return true;
     case OfferKind::Match:
         break;
     }

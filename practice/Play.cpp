@@ -30,23 +30,6 @@ bool firstIsWhite(Game& game) {
     return game.dice() % 2 == 0;
 }
 
-Game& newGame(Hall& hall, const Terms& terms) {
-    const int number = freeNumber(hall);
-    Game& game = hall.games[number];
-    game.number = number;
-    game.serial = ++hall.lastSerial;
-    game.terms = terms;
-    game.dice.seed(hall.seed + static_cast<std::uint32_t>(game.serial));
-    game.startedAt = hall.outside.wallClock();
-    const Setup setup = drawSetup(variantNamed(terms.variant), game.dice);
-    game.rules = setup.rules;
-    game.startFen = setup.fen;
-    game.facts.fen = setup.fen;
-    game.clock.start(terms.minutes, terms.increment, hall.outside.now());
-    game.firstClock = game.clock;
-    return game;
-}
-
 // A client plays one game at a time and offers no others meanwhile; a computer keeps its ad open.
 void seatPlayer(Hall& hall, const Game& game, Player& player) {
     unobserveAll(hall, player);
@@ -57,18 +40,24 @@ void seatPlayer(Hall& hall, const Game& game, Player& player) {
 
 // Creating: Ada (1711) Bert (++++) unrated blitz 5 0
 // {Game 1 (Ada vs. Bert) Creating unrated blitz match.}
-void showStart(Hall& hall, const Game& game, const std::string& name) {
+void showStart(Hall& hall, const Game& game, const std::string& name, const std::string& verb) {
     const std::string head = "Creating: " + game.names[0] + " (" + game.ratings[0] + ") " + game.names[1] + " (" +
                              game.ratings[1] + ") " + termsText(game.terms);
     const std::string number = std::to_string(game.number);
-    hall.show(name, head + "\n{Game " + number + " " + pairing(game) + " Creating " +
+    hall.show(name, head + "\n{Game " + number + " " + pairing(game) + " " + verb + " " +
                         (game.terms.rated ? "rated " : "unrated ") + kindText(game.terms) + " match.}\nGame " + number +
                         ": A disconnection will be considered a forfeit.\n\n" +
                         boardLineFor(game, name, hall.outside.now()));
 }
 
+// Those whose lines wait while a position of the game is judged.
+std::vector<std::string> waitingFor(const Game& game) {
+    if (!game.examiner.empty()) return {game.examiner};
+    return {game.names[0], game.names[1]};
+}
+
 void showEverybody(Hall& hall, const Game& game, const std::string& text) {
-    for (const std::string& name : game.names) hall.show(name, text);
+    for (const std::string& name : waitingFor(game)) hall.show(name, text);
     showObservers(hall, game, text);
 }
 
@@ -87,7 +76,7 @@ void showTaken(Hall& hall, const Game& game, const std::string& fenBefore) {
     }
 }
 
-void resumePlayers(Hall& hall, const std::array<std::string, 2>& names) {
+void resumePlayers(Hall& hall, const std::vector<std::string>& names) {
     for (const std::string& name : names) {
         if (const Player* player = hall.find(name)) {
             // A copy, as the lines that are read now may log the player out.
@@ -111,6 +100,7 @@ void moveWasJudged(Hall& hall, std::uint64_t serial, PlayedMove move, PositionFa
     ++game->seen[repetitionKey(game->facts.fen)];
     showTaken(hall, *game, before);
     showBoard(hall, *game);
+    if (!game->examiner.empty()) return;
     if (const auto ending = endingOf(hall, *game)) {
         endGame(hall, *game, ending->reason, ending->result);
     } else {
@@ -180,18 +170,43 @@ void takePosition(Hall& hall, Game& game, PositionFacts facts, bool show) {
 
 } // namespace
 
+Game& openGame(Hall& hall, const Terms& terms) {
+    const int number = freeNumber(hall);
+    Game& game = hall.games[number];
+    game.number = number;
+    game.serial = ++hall.lastSerial;
+    game.terms = terms;
+    game.dice.seed(hall.seed + static_cast<std::uint32_t>(game.serial));
+    game.startedAt = hall.outside.wallClock();
+    const Setup setup = drawSetup(variantNamed(terms.variant), game.dice);
+    game.rules = setup.rules;
+    game.startFen = setup.fen;
+    game.facts.fen = setup.fen;
+    game.clock.start(terms.minutes, terms.increment, hall.outside.now());
+    game.firstClock = game.clock;
+    return game;
+}
+
+void seatBoth(Hall& hall, Game& game, const std::string& verb) {
+    for (const std::string& name : game.names) {
+        if (Player* player = hall.find(name)) seatPlayer(hall, game, *player);
+    }
+    for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
+        const Player* player = hall.find(game.names[side]);
+        if (player) dropChallenges(hall, *player, game.names[1 - side]);
+    }
+    for (const std::string& name : game.names) showStart(hall, game, name, verb);
+}
+
 Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms) {
-    Game& game = newGame(hall, terms);
+    Game& game = openGame(hall, terms);
     const bool straight = firstIsWhite(game);
     const std::array<Player*, 2> sides{straight ? &first : &second, straight ? &second : &first};
     for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
         game.names[side] = sides[side]->name;
         game.ratings[side] = trim(sides[side]->rating);
-        seatPlayer(hall, game, *sides[side]);
     }
-    dropChallenges(hall, *sides[0], game.names[1]);
-    dropChallenges(hall, *sides[1], game.names[0]);
-    for (const Player* player : sides) showStart(hall, game, player->name);
+    seatBoth(hall, game, "Creating");
     learnPosition(hall, game, game.startFen, false);
     return game;
 }
@@ -202,7 +217,7 @@ void learnPosition(Hall& hall, Game& game, const std::string& fen, bool show) {
     game.facts.fen = fen;
     game.pending = true;
     hall.outside.rules(game.rules, fen, {},
-                       [&hall, serial = game.serial, names = game.names, show](PositionFacts facts) {
+                       [&hall, serial = game.serial, names = waitingFor(game), show](PositionFacts facts) {
                            Game* waiting = hall.gameBySerial(serial);
                            if (waiting) takePosition(hall, *waiting, std::move(facts), show);
                            resumePlayers(hall, names);
@@ -211,8 +226,12 @@ void learnPosition(Hall& hall, Game& game, const std::string& fen, bool show) {
 
 void showBoard(Hall& hall, const Game& game) {
     const auto now = hall.outside.now();
-    for (const std::string& name : game.names) hall.show(name, boardLineFor(game, name, now));
-    for (const std::string& name : game.observers) hall.show(name, boardLineFor(game, name, now));
+    const std::string tried =
+        game.examiner.empty() || game.moves.empty()
+            ? std::string()
+            : "\nGame " + std::to_string(game.number) + ": " + game.examiner + " moves: " + game.moves.back().pretty;
+    for (const std::string& name : waitingFor(game)) hall.show(name, boardLineFor(game, name, now) + tried);
+    for (const std::string& name : game.observers) hall.show(name, boardLineFor(game, name, now) + tried);
 }
 
 void playMove(Hall& hall, Game& game, const std::string& move) {
@@ -225,10 +244,10 @@ void playMove(Hall& hall, Game& game, const std::string& move) {
     played.taken = game.clock.press(game.toMove(), hall.outside.now());
     // A move turns down what the opponent offered.
     const auto mover = static_cast<std::size_t>(game.toMove());
-    hall.offers.dropForMover(game.names[mover], game.names[1 - mover]);
+    if (game.examiner.empty()) hall.offers.dropForMover(game.names[mover], game.names[1 - mover]);
     game.pending = true;
     hall.outside.rules(game.rules, game.facts.fen, move,
-                       [&hall, serial = game.serial, names = game.names, played](PositionFacts facts) {
+                       [&hall, serial = game.serial, names = waitingFor(game), played](PositionFacts facts) {
                            moveWasJudged(hall, serial, played, std::move(facts));
                            // Their lines waited, and do so no more even if the game has ended meanwhile.
                            resumePlayers(hall, names);
@@ -238,6 +257,7 @@ void playMove(Hall& hall, Game& game, const std::string& move) {
 void endGame(Hall& hall, Game& game, const std::string& reason, const std::string& result) {
     showEnd(hall, game, endLine(game, reason, result));
     releasePlayers(hall, game);
+    if (result != "*") hall.archive.keep(keptGame(game, reason, result, hall.outside.wallClock()));
     const bool pairOver = betweenComputers(hall, game);
     hall.offers.dropWithinGame(game.names[0], game.names[1]);
     hall.games.erase(game.number);

@@ -11,11 +11,17 @@ namespace practice {
 // first player asked for them, else the hall's dice.
 Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms);
 
+// Puts a new game up under the lowest free number, without players and with its start position drawn.
+Game& openGame(Hall& hall, const Terms& terms);
+
+// Seats the two players of a game and shows them its start; `verb` is "Creating" or "Continuing".
+void seatBoth(Hall& hall, Game& game, const std::string& verb);
+
 // Asks the rules engine for the facts of a game's position, which becomes `fen`; then shows the board, if wanted, and
 // lets a computer think. Lines of the players wait meanwhile.
 void learnPosition(Hall& hall, Game& game, const std::string& fen, bool show);
 
-// Shows the board to players and observers.
+// Shows the board to players or the examiner, and to observers.
 void showBoard(Hall& hall, const Game& game);
 
 // Plays a legal move in engine form for the side to move. The rules engine is asked, and its answer tells players

@@ -45,6 +45,7 @@ Server::Server(const ServerSettings& settings, std::function<void(quint16)> onLi
     hall_.moveDelay = settings_.moveDelay;
     fillOutside();
     fillHost();
+    if (!settings_.log.empty()) host_.log.open(settings_.log);
     hall_.began = hall_.outside.now();
     QObject::connect(&listener_, &QTcpServer::newConnection, &listener_, [this] { accept(); });
     QObject::connect(&clockWatch_, &QTimer::timeout, &clockWatch_, [this] { watchClocks(hall_); });

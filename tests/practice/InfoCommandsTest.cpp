@@ -17,7 +17,7 @@ struct InfoCommandsTest : testing::Test {
 
 TEST_F(InfoCommandsTest, UnknownWordsAreNoCommands) {
     EXPECT_EQ(rig.type("Ada", "foo bar"), "foo: Command not found.");
-    EXPECT_EQ(rig.type("Ada", "r"), "Ambiguous command. Matches: refresh rematch resign");
+    EXPECT_EQ(rig.type("Ada", "r"), "Ambiguous command. Matches: refresh rematch resign revert");
 }
 
 TEST_F(InfoCommandsTest, AnEmptyLineGivesThePromptAlone) {
@@ -92,7 +92,7 @@ TEST_F(InfoCommandsTest, HelpIsGiven) {
 
 TEST_F(InfoCommandsTest, WhatIsNotThereSaysSo) {
     EXPECT_EQ(rig.type("Ada", "history"), "Ada has no history games.");
-    EXPECT_EQ(rig.type("Ada", "stored bert"), "bert has no adjourned games.");
+    EXPECT_EQ(rig.type("Ada", "stored bert"), "Bert has no adjourned games.");
     EXPECT_EQ(rig.type("Ada", "iset seekinfo 1"), "No such ivariable \"seekinfo\".");
     EXPECT_EQ(rig.type("Ada", "next"), "There is no more.");
 }
