@@ -60,8 +60,8 @@ void Engines::rules(const Rules& rules, const std::string& fen, const std::strin
                     std::function<void(PositionFacts)> then) {
     const auto reader = std::make_shared<FactsReader>();
     EngineProcess::Request request;
-    request.text = rulesText(rules) + "position " + (fen.empty() ? std::string("startpos") : "fen " + fen) +
-                   (move.empty() ? std::string() : " moves " + move) + "\nd\ngo perft 1\n";
+    request.text =
+        rulesText(rules) + "position fen " + fen + (move.empty() ? "" : " moves " + move) + "\nd\ngo perft 1\n";
     request.restart = [reader] { *reader = {}; };
     request.take = [reader](std::string_view line) { return reader->take(line); };
     request.done = [this, rules, fen, move, reader, then = std::move(then)] {

@@ -23,8 +23,8 @@ public:
     // Starts three processes; `onGone` is called when one of them cannot be kept alive.
     Engines(const QString& program, const std::function<void()>& onGone);
 
-    // Plays `move` on `fen`, or takes the start position when `fen` is empty, and hands over what is legal then.
-    // The judge also decides how a position without legal moves counts.
+    // Plays `move` (none if empty) on `fen` and hands over what is legal then, and how the position counts if nothing
+    // is.
     void rules(const Rules& rules, const std::string& fen, const std::string& move,
                std::function<void(PositionFacts)> then);
 

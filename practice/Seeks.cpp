@@ -120,9 +120,8 @@ std::string soughtRow(int number, const Seek& seek) {
     const Terms& terms = seek.terms;
     return padLeft(number, 3) + " " + seek.rating + " " + padRight(seek.owner + seek.title, 17) + " " +
            padLeft(terms.minutes, 3) + " " + padLeft(terms.increment, 3) + " " + padRight(ratedText(terms), 7) + " " +
-           padRight(kindText(terms), 10) + " " + padRight(colourText(terms), 7) + " " + padLeft(terms.lowest, 4 + 1) +
-           "-" + padRight(std::to_string(terms.highest), 4) + " " + (terms.manual ? "m" : "") +
-           (terms.formula ? "f" : "");
+           padRight(kindText(terms), 10) + " " + padRight(colourText(terms), 7) + " " + padLeft(terms.lowest, 5) + "-" +
+           padRight(std::to_string(terms.highest), 4) + " " + (terms.manual ? "m" : "") + (terms.formula ? "f" : "");
 }
 
 // Clients find the end of the list by the words of its last line.
