@@ -76,6 +76,7 @@ void openComputerRoom(Hall& hall) {
         Player& player = hall.enter(computer.name, "(C)", std::to_string(computer.rating));
         player.channels.clear();
         player.variables.notes[0] = computer.about;
+        if (computer.always) applySetting(player.variables, "open", "0");
         if (computer.seeks) hall.seeks.post({player.name, player.title, player.rating, computer.offer});
     }
     startPair(hall);

@@ -226,6 +226,11 @@ TEST_F(MatchRoomTest, ComputersAcceptEveryKindThatIsPlayed) {
     }
 }
 
+TEST_F(MatchRoomTest, ThePairThatAlwaysPlaysIsNotDisturbed) {
+    openComputerRoom(rig.hall);
+    EXPECT_EQ(rig.type("Ada", "match lantern 5 0"), "Lantern is not open to match requests.");
+}
+
 TEST_F(MatchRoomTest, AChallengeTakenBackInTimeStartsNothing) {
     openComputerRoom(rig.hall);
     rig.type("Ada", "match spark 1 0 u");
