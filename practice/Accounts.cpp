@@ -34,8 +34,11 @@ const Account* Accounts::find(std::string_view name) const {
 
 Accounts builtInAccounts() {
     const std::string password(practicePassword);
-    return {
-        {{"Pupil", password, 1200}, {"Rookery", password, 1640}, {"Novice", password, 0}, {"Tester", password, 1500}}};
+    return {{{"Pupil", password, 1200},
+             {"Rookery", password, 1640},
+             {"Novice", password, 0},
+             {"Tester", password, 1500},
+             {"Partner", password, 1500}}};
 }
 
 std::optional<Accounts> readAccounts(std::istream& in, std::string& error) {

@@ -11,7 +11,7 @@ namespace {
 
 // Each subject knows its own commands only; the names are told apart by the tests.
 CommandRoutine routineOf(const std::string& name) {
-    for (const auto subject : {gameCommand, watchCommand, talkCommand, infoCommand}) {
+    for (const auto subject : {gameCommand, offerCommand, examineCommand, watchCommand, talkCommand, infoCommand}) {
         if (const auto routine = subject(name)) return routine;
     }
     return nullptr;

@@ -35,6 +35,8 @@ using CommandRoutine = Answer (*)(Hall& hall, Player& player, const Arguments& a
 
 // The routine of a command's full name, by subject; null if the subject has no such command.
 CommandRoutine gameCommand(const std::string& name);
+CommandRoutine examineCommand(const std::string& name);
+CommandRoutine offerCommand(const std::string& name);
 CommandRoutine watchCommand(const std::string& name);
 CommandRoutine talkCommand(const std::string& name);
 CommandRoutine infoCommand(const std::string& name);

@@ -17,6 +17,13 @@ void startPairLater(Hall& hall);
 // What `computer` says to a draw: yes when it thinks little of its chances or the game has long been level.
 bool acceptsDraw(const Game& game);
 
+// What a computer says to an offer within its game: aborting and taking back are always fine, a draw is as
+// `acceptsDraw` has it.
+bool acceptsInGame(const Game& game, OfferKind kind);
+
+// Lets a computer accept a challenge in a moment, if the challenge still stands then.
+void considerChallenge(Hall& hall, const PendingOffer& offer);
+
 // Lets a computer say a friendly word to somebody who told it something.
 void answerTell(Hall& hall, const Player& computer, const std::string& teller);
 

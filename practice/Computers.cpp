@@ -5,8 +5,6 @@ namespace practice {
 
 namespace {
 
-constexpr int mateInSight = 29'000;
-
 Terms offerOf(int minutes, int increment) {
     Terms terms;
     terms.minutes = minutes;
@@ -21,8 +19,10 @@ const std::vector<Computer>& computers() {
         {"Sprout", 1050, 1, 8, 220, offerOf(3, 0), true, "I look one move ahead and forget the rest."},
         {"Willow", 1560, 4, 4, 60, offerOf(5, 5), true, "A club player's strength, on a good day."},
         {"Granite", 2210, 11, 2, 12, offerOf(15, 10), true, "Patient and hard to move."},
-        {"Lantern", 1850, 6, 4, 35, offerOf(10, 5), false, "Always at the board with Harbour."},
-        {"Harbour", 1830, 6, 4, 40, offerOf(10, 5), false, "Always at the board with Lantern."},
+        {"Spark", 1400, 1, 1, 0, offerOf(1, 0), false, "I move before you see it, and always the same move.", false,
+         true},
+        {"Lantern", 1850, 6, 4, 35, offerOf(10, 5), false, "Always at the board with Harbour.", true},
+        {"Harbour", 1830, 6, 4, 40, offerOf(10, 5), false, "Always at the board with Lantern.", true},
     };
     return all;
 }

@@ -17,13 +17,16 @@ struct Computer {
     int rating = 0;
     int depth = 1;
     int proposals = 1;
-    int margin = 0;    // hundredths of a pawn
-    Terms offer;       // the seek it keeps open
-    bool seeks = true; // false for the two that only play each other
-    std::string about; // one line for finger
+    int margin = 0;      // hundredths of a pawn
+    Terms offer;         // the seek it keeps open
+    bool seeks = true;   // keeps its ad open
+    std::string about;   // one line for finger
+    bool always = false; // one of the two that always play each other
+    bool prompt = false; // answers at once instead of after a human delay
 };
 
-// The three opponents, weakest first, and then the two that always play each other.
+// The three opponents with an ad, weakest first, then one that answers at once, and then the two that always play each
+// other.
 const std::vector<Computer>& computers();
 
 // Chooses among proposals that stand best first: each one within `margin` of the best has the same chance. With a

@@ -8,7 +8,7 @@
 
 namespace practice {
 
-Connection::Connection(QTcpSocket* socket, Hall& hall, const Host& host) : socket_(socket), hall_(hall), host_(host) {
+Connection::Connection(QTcpSocket* socket, Hall& hall, Host& host) : socket_(socket), hall_(hall), host_(host) {
     socket_->setReadBufferSize(readLimit);
     QObject::connect(socket_, &QTcpSocket::readyRead, socket_, [this] { work(); });
     QObject::connect(socket_, &QTcpSocket::bytesWritten, socket_, [this] { work(); });
@@ -49,7 +49,7 @@ void Connection::finish(const std::string& text) {
 bool Connection::mayWork() {
     if (finished_ || socket_->bytesToWrite() > writePause) return false;
     const Player* player = handle_.empty() ? nullptr : hall_.find(handle_);
-    const Game* game = player ? hall_.game(player->playing) : nullptr;
+    const Game* game = player ? hall_.gameAtBoard(*player) : nullptr;
     return !game || !game->pending;
 }
 
@@ -57,7 +57,9 @@ bool Connection::mayWork() {
 bool Connection::readMore() {
     constexpr qint64 portion = 4096;
     const QByteArray bytes = socket_->read(portion);
-    for (std::string& line : reader_.take({bytes.constData(), static_cast<std::size_t>(bytes.size())})) {
+    const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    host_.log.take(handle_, view, unlogged_);
+    for (std::string& line : reader_.take(view)) {
         lines_.push_back(std::move(line));
     }
     return !bytes.isEmpty();

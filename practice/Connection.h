@@ -4,6 +4,7 @@
 #include "practice/Hall.h"
 #include "practice/LineReader.h"
 #include "practice/LoginDialog.h"
+#include "practice/WireLog.h"
 
 #include <QTcpSocket>
 
@@ -21,13 +22,14 @@ public:
 
     // What the server does for a connection.
     struct Host {
+        WireLog log;
         LoginDialog::Questions questions;
         std::function<void(Connection&)> enter;  // the log-on is done: make it a player
         std::function<void(Connection&)> closed; // the socket is gone: called once, from the event loop
     };
 
     // Takes the socket over; `host` and `hall` must outlive the connection.
-    Connection(QTcpSocket* socket, Hall& hall, const Host& host);
+    Connection(QTcpSocket* socket, Hall& hall, Host& host);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -71,10 +73,11 @@ private:
 
     QTcpSocket* socket_;
     Hall& hall_;
-    const Host& host_;
+    Host& host_;
     LineReader reader_;
     LoginDialog login_;
     std::deque<std::string> lines_;
+    std::string unlogged_; // the bytes of a line whose end the log waits for
     std::string handle_;
     bool working_ = false;
     bool finished_ = false;

@@ -4,6 +4,8 @@
 #include "practice/EngineProcess.h"
 #include "practice/Hall.h"
 
+#include <QTemporaryFile>
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -21,13 +23,20 @@ public:
     // Starts three processes; `onGone` is called when one of them cannot be kept alive.
     Engines(const QString& program, const std::function<void()>& onGone);
 
-    // Plays `move` (none if empty) on `fen` and hands over what is legal then.
-    void rules(const std::string& fen, const std::string& move, std::function<void(PositionFacts)> then);
+    // Plays `move` (none if empty) on `fen` and hands over what is legal then, and how the position counts if nothing
+    // is.
+    void rules(const Rules& rules, const std::string& fen, const std::string& move,
+               std::function<void(PositionFacts)> then);
 
     // Looks for moves; the thinker with the shorter queue gets the order.
     void search(const SearchOrder& order, std::function<void(std::vector<Candidate>)> then);
 
 private:
+    // Asks how the game stands that `move` on `fen` has ended.
+    void judgeEnd(const Rules& rules, const std::string& fen, const std::string& move,
+                  std::function<void(Outcome)> then);
+
+    QTemporaryFile ownRules_; // read by each engine when it starts
     std::unique_ptr<EngineProcess> judge_;
     std::vector<std::unique_ptr<EngineProcess>> thinkers_;
 };

@@ -4,6 +4,7 @@
 #include "practice/GameClock.h"
 #include "practice/Position.h"
 #include "practice/Seeks.h"
+#include "practice/Variants.h"
 
 #include <array>
 #include <cstdint>
@@ -21,13 +22,12 @@ struct PlayedMove {
     std::string pretty;     // "Nf3+"
     std::int64_t taken = 0; // milliseconds
     int doublePushFile = -1;
+    std::string fen{}; // the position after it
+    GameClock clock{}; // as it stood after it
 };
 
-// What one player has put before the other.
-enum class Offer { None, Draw, Abort };
-
-// A running game. `facts` always belongs to the position after the last of `moves`, unless `pending` is true: then a
-// move is on its way through the rules engine and nothing else may be moved.
+// A game that is played or examined. `facts` always belongs to the position after the last of `moves`, unless `pending`
+// is true: then a move is on its way through the rules engine and nothing else may be moved.
 struct Game {
     // Clients hold 200 moves of each side; one less leaves them room for the position after the last.
     static constexpr std::size_t plyLimit = 398;
@@ -37,22 +37,27 @@ struct Game {
     std::array<std::string, 2> names;   // white, black; without titles
     std::array<std::string, 2> ratings; // "1711", "++++", "----" without blanks in front
     Terms terms;
+    Rules rules;
+    std::string startFen;
     std::string startedAt; // "Sat Nov 21, 02:42 UTC 2026"
+    GameClock firstClock;  // before the first move
     GameClock clock;
     std::vector<PlayedMove> moves; // oldest first
     PositionFacts facts;
     std::mt19937 dice; // the game's own, so that others do not change its course
     bool pending = false;
     std::map<std::string, int> seen; // how often each position stood, by its repetition key
-    Offer offer = Offer::None;
-    int offeredBy = 0;     // side 0 or 1; only with an offer
-    int computerScore = 0; // what the computer at the board thought of its chances, in hundredths of a pawn
+    std::uint64_t course = 0;        // grows with each move made or taken back
+    int computerScore = 0;           // what the computer at the board thought of its chances, in hundredths of a pawn
     std::vector<std::string> observers; // handles, in the order in which they came
+    std::string examiner;               // handle of whoever examines; empty for a game that is played
+    std::vector<PlayedMove> mainLine;   // what was played in an examined game; `moves` is what is shown of it or tried
+    std::string mainEnd;                // "Ada resigns 1-0": how an examined game ended
 
     // The side to move: 0 white, 1 black.
     int toMove() const;
 
-    // 0 for white's handle, 1 for black's, -1 for any other name; letter case counts.
+    // 0 for white's handle, 1 for black's, -1 for any other name; letter case counts. An examined game has no players.
     int sideOf(const std::string& name) const;
 
     // The number of the move about to be made, from 1 on.
@@ -65,14 +70,23 @@ std::string pairing(const Game& game);
 // "Game 1: white (rating) black (rating) unrated blitz 5 0".
 std::string gameTitle(const Game& game);
 
-// The board line as `viewer` gets it at the moment `now`.
+// The board line as `viewer` gets it at the moment `now`; where pieces are dropped, the line with both hands follows.
 std::string boardLineFor(const Game& game, const std::string& viewer, std::int64_t now);
 
 // "{Game 1 (white vs. black) REASON} RESULT".
 std::string endLine(const Game& game, const std::string& reason, const std::string& result);
 
+// "br", "su", "zu": kind and rating mode as tables have them.
+std::string kindLetters(const Terms& terms);
+
+// A move list from the line with both names to the last of the moves.
+std::string moveRows(const Game& game);
+
 // The answer to "moves", from the line "Movelist for game" to the one that says that the game goes on.
 std::string moveList(const Game& game);
+
+// The row of an examined game in the answer to "games".
+std::string examinedRow(const Game& game);
 
 // The game's row in the answer to "games", clocks as of `now`.
 std::string gamesRow(const Game& game, std::int64_t now);

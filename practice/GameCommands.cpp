@@ -1,6 +1,6 @@
-// Commands of those who play: moves, offers, ends, ads.
+// Commands of those who play: moves, ends, ads.
 #include "practice/Commands.h"
-#include "practice/ComputerRoom.h"
+#include "practice/Endings.h"
 #include "practice/MoveText.h"
 #include "practice/Play.h"
 #include "practice/SeekRoom.h"
@@ -28,91 +28,6 @@ Answer resign(Hall& hall, Player& player, const Arguments&) {
     return quiet;
 }
 
-// True if the opponent has this offer standing.
-bool isOffered(const Game& game, const Player& player, Offer offer) {
-    return game.offer == offer && game.offeredBy != game.sideOf(player.name);
-}
-
-void endByAgreement(Hall& hall, Game& game, Offer offer) {
-    if (offer == Offer::Draw) {
-        endGame(hall, game, "Game drawn by mutual agreement", "1/2-1/2");
-    } else {
-        endGame(hall, game, "Game aborted by mutual agreement", "*");
-    }
-}
-
-void putOffer(Game& game, const Player& player, Offer offer) {
-    game.offer = offer;
-    game.offeredBy = game.sideOf(player.name);
-}
-
-// A draw that is offered already is accepted by offering it too.
-Answer draw(Hall& hall, Player& player, const Arguments&) {
-    Game* game = hall.game(player.playing);
-    if (!game) return notPlaying;
-    if (isOffered(*game, player, Offer::Draw)) {
-        endByAgreement(hall, *game, Offer::Draw);
-        return quiet;
-    }
-    Player* opponent = opponentIn(hall, *game, player);
-    if (!opponent) return quiet;
-    showObservers(hall, *game, "Game " + std::to_string(game->number) + ": " + player.name + " offers a draw.");
-    if (opponent->isComputer() && acceptsDraw(*game)) {
-        endByAgreement(hall, *game, Offer::Draw);
-        return quiet;
-    }
-    putOffer(*game, player, Offer::Draw);
-    opponent->show(player.name + " offers you a draw.");
-    if (opponent->isComputer()) {
-        game->offer = Offer::None;
-        hall.outside.later(0, [&hall, to = player.name, from = opponent->name] {
-            hall.show(to, from + " declines your draw offer.");
-        });
-    }
-    return {"Offering a draw to " + opponent->name + "."};
-}
-
-Answer abortGame(Hall& hall, Player& player, const Arguments&) {
-    Game* game = hall.game(player.playing);
-    if (!game) return notPlaying;
-    Player* opponent = opponentIn(hall, *game, player);
-    if (game->moves.size() < 2) {
-        endGame(hall, *game, "Game aborted on move 1", "*");
-        return quiet;
-    }
-    if (!opponent || opponent->isComputer() || isOffered(*game, player, Offer::Abort)) {
-        endByAgreement(hall, *game, Offer::Abort);
-        return quiet;
-    }
-    putOffer(*game, player, Offer::Abort);
-    opponent->show(player.name + " would like to abort the game; type \"abort\" to accept.");
-    return {"Requesting to abort game " + std::to_string(game->number) + "."};
-}
-
-// The player's game if his opponent has an offer standing there, else null.
-Game* gameWithOffer(Hall& hall, const Player& player) {
-    Game* game = hall.game(player.playing);
-    return game && game->offer != Offer::None && isOffered(*game, player, game->offer) ? game : nullptr;
-}
-
-Answer accept(Hall& hall, Player& player, const Arguments&) {
-    Game* game = gameWithOffer(hall, player);
-    if (!game) return {"There are no offers to accept."};
-    endByAgreement(hall, *game, game->offer);
-    return quiet;
-}
-
-Answer decline(Hall& hall, Player& player, const Arguments&) {
-    Game* game = gameWithOffer(hall, player);
-    if (!game) return {"There are no offers to decline."};
-    const std::string what = game->offer == Offer::Draw ? "draw offer" : "abort request";
-    game->offer = Offer::None;
-    const Player* opponent = opponentIn(hall, *game, player);
-    if (!opponent) return quiet;
-    opponent->show(player.name + " declines your " + what + ".");
-    return {"Declining the " + what + " from " + opponent->name + "."};
-}
-
 // One can only call the flag of an opponent who is to move: the other clock stands.
 Answer flag(Hall& hall, Player& player, const Arguments&) {
     Game* game = hall.game(player.playing);
@@ -134,6 +49,7 @@ Answer promote(Hall&, Player& player, const Arguments& arguments) {
 
 Answer seek(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.playing != 0) return {"You cannot seek while you play."};
+    if (player.examining != 0) return {"You cannot seek while you examine a game."};
     Terms standard;
     standard.minutes = player.variables.value("time");
     standard.increment = player.variables.value("inc");
@@ -158,6 +74,7 @@ Answer sought(Hall& hall, Player&, const Arguments&) { return {soughtTable(hall.
 
 Answer play(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.playing != 0) return {"You are playing a game already."};
+    if (player.examining != 0) return {"You are examining a game."};
     auto which = number(arguments.word(0));
     if (!which) {
         // The name of whoever seeks does as well.
@@ -171,26 +88,22 @@ Answer play(Hall& hall, Player& player, const Arguments& arguments) {
     return complaint.empty() ? quiet : Answer{complaint};
 }
 
-Answer match(Hall&, Player&, const Arguments&) {
-    return {"Challenges are not there yet; post an ad with \"seek\" instead."};
-}
-
 } // namespace
 
 CommandRoutine gameCommand(const std::string& name) {
     static const std::map<std::string, CommandRoutine> routines{
-        {"abort", abortGame}, {"accept", accept}, {"decline", decline}, {"draw", draw},
-        {"flag", flag},       {"match", match},   {"play", play},       {"promote", promote},
-        {"resign", resign},   {"seek", seek},     {"sought", sought},   {"unseek", unseek},
+        {"flag", flag}, {"play", play},     {"promote", promote}, {"resign", resign},
+        {"seek", seek}, {"sought", sought}, {"unseek", unseek},
     };
     const auto at = routines.find(name);
     return at == routines.end() ? nullptr : at->second;
 }
 
 Answer typedMove(Hall& hall, Player& player, const std::string& text) {
-    Game* game = hall.game(player.playing);
+    Game* game = hall.gameAtBoard(player);
     if (!game) return {"You are not playing or examining a game."};
-    if (game->pending || game->sideOf(player.name) != game->toMove()) return {"It is not your move."};
+    const bool mayMove = !game->examiner.empty() || game->sideOf(player.name) == game->toMove();
+    if (game->pending || !mayMove) return {"It is not your move."};
     if (callFlag(hall, *game, false)) return quiet;
     const TypedMove typed = readMove(game->facts, text, player.promotion);
     if (typed.reading == MoveReading::Legal) {

@@ -1,6 +1,8 @@
 // Everything that goes on at the server: players, games, ads, and what the hall needs from outside.
 #include "practice/Hall.h"
 
+#include "practice/ExamineRoom.h"
+#include "practice/MatchRoom.h"
 #include "practice/Play.h"
 #include "practice/SeekRoom.h"
 #include "practice/Text.h"
@@ -48,6 +50,8 @@ Game* Hall::gameBySerial(std::uint64_t serial) {
     return at == games.end() ? nullptr : &at->second;
 }
 
+Game* Hall::gameAtBoard(const Player& player) { return game(player.playing != 0 ? player.playing : player.examining); }
+
 std::vector<Game*> Hall::gamesOf(const Player& player) {
     std::vector<Game*> result;
     for (auto& [number, game] : games) {
@@ -75,7 +79,10 @@ void Hall::leave(const std::string& name) {
     player->resume = [] {};
     abandonGame(*this, *player);
     unobserveAll(*this, *player);
+    if (player->examining != 0) stopExamining(*this, *player);
+    if (player->isGuest()) archive.forget(player->name);
     seeks.removeOwner(player->name);
+    dropChallenges(*this, *player, {});
     if (player->title.empty()) remembered[lower(player->name)] = player->variables;
     const std::string titled = player->titled();
     players.remove_if([&](const Player& p) { return &p == player; });

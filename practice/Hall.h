@@ -2,8 +2,10 @@
 #pragma once
 
 #include "practice/Accounts.h"
+#include "practice/Archive.h"
 #include "practice/Computers.h"
 #include "practice/Game.h"
+#include "practice/Offers.h"
 #include "practice/Variables.h"
 
 #include <cstdint>
@@ -18,7 +20,9 @@ namespace practice {
 
 // A request to look for moves in a running game.
 struct SearchOrder {
-    std::vector<std::string> moves; // from the start position on, in engine form
+    Rules rules;
+    std::string startFen;
+    std::vector<std::string> moves; // from `startFen` on, in engine form
     int depth = 1;
     int proposals = 1;
 };
@@ -30,7 +34,9 @@ struct Outside {
     std::function<std::string()> wallClock; // "Sat Nov 21, 02:42 UTC 2026"
     std::function<void(int milliseconds, std::function<void()>)> later;
     // Plays `move` (none if empty) on `fen` and hands over the facts of the position reached.
-    std::function<void(const std::string& fen, const std::string& move, std::function<void(PositionFacts)>)> rules;
+    std::function<void(const Rules&, const std::string& fen, const std::string& move,
+                       std::function<void(PositionFacts)>)>
+        rules;
     std::function<void(const SearchOrder&, std::function<void(std::vector<Candidate>)>)> search;
 };
 
@@ -43,8 +49,10 @@ struct Player {
     std::set<int> channels{1, 50};
     std::vector<int> observing; // game numbers, oldest first
     int playing = 0;            // game number; 0 for none and always 0 for a computer
+    int examining = 0;          // game number; 0 for none
     char promotion = 'q';       // taken when a move names no piece
     std::string lastOpponent;   // for "say" after the game
+    Terms lastTerms;            // of the last game, for "rematch"
     std::string lastTold;       // for "tell ."
     std::int64_t since = 0;
     std::int64_t lastTyped = 0;
@@ -74,6 +82,8 @@ struct Hall {
     std::list<Player> players;
     std::map<int, Game> games; // by number; a new game takes the lowest free number from 1 on
     SeekTable seeks;
+    OfferTable offers;
+    Archive archive;
     std::map<std::string, Variables> remembered; // of registered players who left, by small-letter handle
     std::uint64_t lastSerial = 0;
 
@@ -86,6 +96,9 @@ struct Hall {
     // The running game of this number or serial; null if there is none.
     Game* game(int number);
     Game* gameBySerial(std::uint64_t serial);
+
+    // The game that this player plays or else examines; null if there is none.
+    Game* gameAtBoard(const Player& player);
 
     // The games that this player plays; a computer may play several.
     std::vector<Game*> gamesOf(const Player& player);

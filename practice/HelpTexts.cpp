@@ -14,12 +14,42 @@ constexpr std::size_t screenWidth = 79;
 
 const std::map<std::string, std::string>& topics() {
     static const std::map<std::string, std::string> texts{
+        {"accept", "accept [number|name|kind]\n\nTakes an offer that was made to you: a challenge, or a draw, abort, "
+                   "adjourn or takeback in your game. "
+                   "\"decline\" refuses it, \"withdraw\" takes your own back, and \"pending\" lists them all."},
+        {"adjourn", "adjourn\n\nOffers to keep the game for another day. \"stored\" lists such games; a \"match\" "
+                    "between the same two "
+                    "players goes on with theirs. Both must be registered."},
+        {"examine",
+         "examine [[name] number|opponent]\n\nPuts a finished or adjourned game on your board: numbers are those of "
+         "\"history\", -1 is the last game, and without anything you get the start position. \"forward [n]\" and "
+         "\"backward [n]\" walk through it, any legal move may be tried, \"revert\" comes back from a try, and "
+         "\"unexamine\" ends it. Others may observe."},
+        {"history",
+         "history [name]\n\nLists a player's last ten games; \"smoves name number\" gives the moves of one."},
+        {"kinds", "Kinds of chess\n\nSeeks and matches may name one: crazyhouse, suicide, losers, wild/0 to wild/5, "
+                  "wild/8, wild/8a and "
+                  "wild/fr. Pieces in hand are dropped like N@f3. In wild/0 and some games of wild/1 the kings start "
+                  "on the d-file and castle to b and f; in wild/1 both kings share a "
+                  "file. Bughouse, atomic and wild/6 and wild/7 are not played here."},
+        {"match",
+         "match NAME [time inc] [rated|unrated] [white|black] [kind]\n\nChallenges a player, who answers with "
+         "\"accept\" or "
+         "\"decline\". Computers accept always. Another challenge takes the place of the first, and \"withdraw\" takes "
+         "it "
+         "back. \"help kinds\" tells what can be played; \"rematch\" asks your last opponent for another game with the "
+         "colours turned."},
+        {"takeback", "takeback [half-moves]\n\nAsks the opponent to take back the last half-move, or several. "
+                     "Computers are always willing."},
         {"abort", "abort\n\nBefore both sides have moved the game ends at once, without a result.  Later a computer\n"
                   "agrees always, and a player may answer with \"abort\" or \"accept\"."},
-        {"computers", "Computer players\n\nSprout, Willow and Granite, from weak to strong, offer games at three time\n"
-                      "controls: see \"sought\".  Each plays as many opponents at once as come, so an ad\n"
-                      "stays open while its owner plays.  Lantern and Harbour always play each other:\n"
-                      "see \"games\" and \"observe\"."},
+        {"computers",
+         "Computer players\n\nSprout, Willow and Granite, from weak to strong, offer games at three time\n"
+         "controls: see \"sought\".  Each plays as many opponents at once as come, so an ad\n"
+         "stays open while its owner plays.  These three accept a \"match\" of any kind, and Spark, who has no "
+         "ad, answers each move at once, the same move in the same position.  Lantern and Harbour always play each "
+         "other:\n"
+         "see \"games\" and \"observe\"."},
         {"draw", "draw\n\nOffers a draw, or accepts the one that is offered.  A third repetition, fifty moves\n"
                  "without capture or pawn's move, and a lack of mating material end a game by themselves."},
         {"finger", "finger [name]\n\nTells about a player.  \"set 1 TEXT\" to \"set 10 TEXT\" write your own notes."},

@@ -22,6 +22,7 @@ std::string spanText(std::int64_t milliseconds) {
 
 char stateMark(Hall& hall, const Player& player) {
     if (!hall.gamesOf(player).empty()) return '^';
+    if (player.examining != 0) return '#';
     if (player.variables.value("open") == 0) return ':';
     return !player.isComputer() && hall.outside.now() - player.lastTyped > idleAfter ? '.' : ' ';
 }
@@ -117,18 +118,6 @@ Answer uptime(Hall& hall, Player&, const Arguments&) {
     return {"The practice hall has been open for " + spanText(hall.outside.now() - hall.began) + "."};
 }
 
-Answer history(Hall&, Player& player, const Arguments& arguments) {
-    return {(arguments.words.empty() ? player.name : arguments.word(0)) + " has no history games."};
-}
-
-Answer stored(Hall&, Player& player, const Arguments& arguments) {
-    return {(arguments.words.empty() ? player.name : arguments.word(0)) + " has no adjourned games."};
-}
-
-Answer examine(Hall&, Player&, const Arguments&) {
-    return {"Games are not kept here, so there is nothing to examine."};
-}
-
 Answer quit(Hall&, Player& player, const Arguments&) {
     if (player.playing != 0) return {"You cannot leave while you are playing: \"resign\" or \"abort\" first."};
     return {"Logging you out.\nThe practice hall stays open; come back soon.\n", false, true};
@@ -138,9 +127,9 @@ Answer quit(Hall&, Player& player, const Arguments&) {
 
 CommandRoutine infoCommand(const std::string& name) {
     static const std::map<std::string, CommandRoutine> routines{
-        {"date", date},         {"examine", examine}, {"finger", finger},       {"help", help}, {"history", history},
-        {"iset", interfaceSet}, {"next", next},       {"quit", quit},           {"set", set},   {"stored", stored},
-        {"style", style},       {"uptime", uptime},   {"variables", variables}, {"who", who},
+        {"date", date},     {"finger", finger},       {"help", help}, {"iset", interfaceSet},
+        {"next", next},     {"quit", quit},           {"set", set},   {"style", style},
+        {"uptime", uptime}, {"variables", variables}, {"who", who},
     };
     const auto at = routines.find(name);
     return at == routines.end() ? nullptr : at->second;

@@ -21,6 +21,7 @@ struct MoveParts {
     char promotion = 0;
     bool castleShort = false;
     bool castleLong = false;
+    bool drop = false;
 };
 
 bool isFile(char c) { return c >= 'a' && c <= 'h'; }
@@ -47,7 +48,7 @@ std::optional<MoveParts> castlingParts(std::string_view text) {
 
 // Takes "=Q", "=q" or a bare "q" behind the last rank off the text.
 char cutPromotion(std::string& text) {
-    if (text.size() < 3 || !isOneOf(lowerOf(text.back()), "qrbn")) return 0;
+    if (text.size() < 3 || !isOneOf(lowerOf(text.back()), "qrbnk")) return 0;
     const char before = text[text.size() - 2];
     if (before != '=' && before != '1' && before != '8') return 0;
     const char piece = lowerOf(text.back());
@@ -69,11 +70,25 @@ char cutPiece(std::string& text) {
     return 'P';
 }
 
+// "N@f3", "p@e4".
+std::optional<MoveParts> dropParts(std::string_view text) {
+    const bool shaped = text.size() == 4 && text[1] == '@' && isFile(text[2]) && isRank(text[3]);
+    if (!shaped || !isOneOf(lowerOf(text[0]), "qrbnp")) return std::nullopt;
+    MoveParts parts;
+    parts.piece = upperOf(text[0]);
+    parts.to = text.substr(2);
+    parts.drop = true;
+    return parts;
+}
+
+bool isDrop(std::string_view move) { return move[1] == '@'; }
+
 // Reads from the back: "Nb1xd2=Q+" ends in its marks, then the piece, the target, and what stands before it.
 std::optional<MoveParts> takeApart(std::string_view typed) {
     std::string text(typed);
     cutCheckMarks(text);
     if (auto castling = castlingParts(text)) return castling;
+    if (auto drop = dropParts(text)) return drop;
     MoveParts parts;
     parts.promotion = cutPromotion(text);
     parts.piece = cutPiece(text);
@@ -93,9 +108,28 @@ std::optional<MoveParts> takeApart(std::string_view typed) {
     return parts;
 }
 
-// The engine writes castling as the king's move over two files.
-bool isCastling(const Position& position, std::string_view move) {
-    return upperOf(position.at(move.substr(0, 2))) == 'K' && std::abs(move[0] - move[2]) == 2;
+enum class Castling { None, Short, Long };
+
+// The engine writes castling as the king's move over two files, or as the king taking his own rook. A king on the
+// d-file goes to b for the short side.
+Castling castlingOf(const Position& position, std::string_view move) {
+    const char king = position.at(move.substr(0, 2));
+    const char target = position.at(move.substr(2, 2));
+    if (upperOf(king) != 'K') return Castling::None;
+    if (target == (king == 'K' ? 'R' : 'r')) return move[2] > move[0] ? Castling::Short : Castling::Long;
+    if (std::abs(move[0] - move[2]) != 2) return Castling::None;
+    return move[2] == 'g' || move[2] == 'b' ? Castling::Short : Castling::Long;
+}
+
+std::string castlingText(Castling castling, std::string_view one) {
+    return std::string(one) + "-" + std::string(one) + (castling == Castling::Long ? "-" + std::string(one) : "");
+}
+
+// "e1g1" or "b1g1" for a castling that the engine calls "e1h1" or "b1h1".
+bool goesKingsWay(const MoveParts& parts, std::string_view move, Castling castling) {
+    const char file = castling == Castling::Short ? 'g' : 'c';
+    return parts.fromFile == move[0] && parts.fromRank == move[1] && parts.to == std::string{file, move[1]} &&
+           std::abs(move[0] - file) >= 2;
 }
 
 // A move typed by both its squares may leave out the piece: "g1f3" as well as "Ng1f3".
@@ -104,9 +138,12 @@ bool pieceFits(const MoveParts& parts, char piece) {
 }
 
 bool fits(const Position& position, const MoveParts& parts, std::string_view move) {
-    if (parts.castleShort || parts.castleLong) {
-        return isCastling(position, move) && (move[2] == 'g') == parts.castleShort;
-    }
+    if (parts.drop || isDrop(move))
+        return parts.drop && isDrop(move) && move[0] == parts.piece && move.substr(2) == parts.to;
+    const Castling castling = castlingOf(position, move);
+    if (parts.castleShort) return castling == Castling::Short;
+    if (parts.castleLong) return castling == Castling::Long;
+    if (castling != Castling::None && goesKingsWay(parts, move, castling)) return true;
     if (move.substr(2, 2) != parts.to || !pieceFits(parts, position.at(move.substr(0, 2)))) return false;
     if (parts.fromFile && parts.fromFile != move[0]) return false;
     return !parts.fromRank || parts.fromRank == move[1];
@@ -158,7 +195,9 @@ TypedMove readMove(const PositionFacts& facts, std::string_view typed, char prom
 }
 
 std::string shortForm(const Position& position, const std::vector<std::string>& legal, std::string_view move) {
-    if (isCastling(position, move)) return move[2] == 'g' ? "O-O" : "O-O-O";
+    if (isDrop(move)) return std::string(move);
+    if (const Castling castling = castlingOf(position, move); castling != Castling::None)
+        return castlingText(castling, "O");
     const char piece = upperOf(position.at(move.substr(0, 2)));
     const std::string to(move.substr(2, 2));
     const bool capture = position.at(to) != '-' || (piece == 'P' && move[0] != move[2]);
@@ -169,7 +208,9 @@ std::string shortForm(const Position& position, const std::vector<std::string>& 
 }
 
 std::string verboseForm(const Position& position, std::string_view move) {
-    if (isCastling(position, move)) return move[2] == 'g' ? "o-o" : "o-o-o";
+    if (isDrop(move)) return std::string(1, move[0]) + "/@@-" + std::string(move.substr(2));
+    if (const Castling castling = castlingOf(position, move); castling != Castling::None)
+        return castlingText(castling, "o");
     const char piece = upperOf(position.at(move.substr(0, 2)));
     return std::string(1, piece) + "/" + std::string(move.substr(0, 2)) + "-" + std::string(move.substr(2, 2)) +
            promotionMark(move);

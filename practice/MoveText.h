@@ -18,17 +18,18 @@ struct TypedMove {
     std::string move; // engine form like "e7e8q"; empty unless Legal
 };
 
-// True if `text` has the form of a move ("e2e4", "e2-e4", "Nf3", "exd5", "O-O", "e8=Q"), legal or not.
+// True if `text` has the form of a move ("e2e4", "e2-e4", "Nf3", "exd5", "O-O", "e8=Q", "N@f3"), legal or not.
 bool looksLikeMove(std::string_view text);
 
-// Finds the legal move that a player meant. `promotion` is one of q, r, b, n and is taken when the text names no
-// piece to promote to.
+// Finds the legal move that a player meant. Where the engine tells castling as the king taking his rook, the king's
+// way of two squares and more means castling as well. `promotion` is one of q, r, b, n and is taken when the text names
+// no piece to promote to.
 TypedMove readMove(const PositionFacts& facts, std::string_view typed, char promotion);
 
-// The short form without a check mark: "Nbd2", "exd5", "O-O-O", "e8=Q". `legal` holds the moves of `position`.
+// The short form without a check mark: "Nbd2", "exd5", "O-O-O", "e8=Q", "N@f3". `legal` holds the moves of `position`.
 std::string shortForm(const Position& position, const std::vector<std::string>& legal, std::string_view move);
 
-// The long form of the board lines: "P/e2-e4", "o-o", "P/e7-e8=Q".
+// The long form of the board lines: "P/e2-e4", "o-o", "P/e7-e8=Q", "N/@@-f3".
 std::string verboseForm(const Position& position, std::string_view move);
 
 // The file 0..7 of a pawn's double step, -1 for any other move.

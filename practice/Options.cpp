@@ -42,6 +42,9 @@ void addOptions(QCommandLineParser& parser) {
          QStringLiteral("PATH")},
         {QStringLiteral("users"), QStringLiteral("Registered users, one \"NAME PASSWORD [RATING]\" a line."),
          QStringLiteral("FILE")},
+        {QStringLiteral("log"),
+         QStringLiteral("Writes every line that clients send, passwords among them, to a file as it came."),
+         QStringLiteral("FILE")},
         {QStringLiteral("owner-pid"), QStringLiteral("Stop when this process is gone."), QStringLiteral("PID")},
     });
 }
@@ -89,6 +92,14 @@ bool readUsers(const QString& file, Accounts& accounts) {
     return read.has_value();
 }
 
+// Tried out here, as the server itself has nobody to complain to.
+bool readLog(const QString& file, std::string& log) {
+    log = file.toLocal8Bit().toStdString();
+    if (log.empty() || std::ofstream(log).is_open()) return true;
+    complain("cannot write " + log);
+    return false;
+}
+
 bool readEngine(const QString& wanted, Options& options) {
     options.engine = findEngine(wanted);
     if (!options.engine.isEmpty()) return true;
@@ -116,6 +127,7 @@ std::optional<Options> readOptions(const QStringList& arguments, int& exitCode) 
     Options options;
     const bool good = readNumbers(parser, options) &&
                       readUsers(parser.value(QStringLiteral("users")), options.accounts) &&
+                      readLog(parser.value(QStringLiteral("log")), options.log) &&
                       readEngine(parser.value(QStringLiteral("engine")), options);
     return good ? std::optional<Options>(options) : std::nullopt;
 }

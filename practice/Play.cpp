@@ -2,18 +2,19 @@
 #include "practice/Play.h"
 
 #include "practice/ComputerRoom.h"
+#include "practice/Endings.h"
+#include "practice/MatchRoom.h"
 #include "practice/MoveText.h"
+#include "practice/Style12.h"
 #include "practice/Text.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace practice {
 
 namespace {
 
-constexpr std::size_t fewMoves = 2;           // a game with fewer half-moves is aborted, not lost
-constexpr std::size_t computerPlyLimit = 300; // 150 moves between two computers
+constexpr std::size_t fewMoves = 2; // a game with fewer half-moves is aborted, not lost
 
 // Low numbers are used again, as people like to type them.
 int freeNumber(const Hall& hall) {
@@ -29,20 +30,6 @@ bool firstIsWhite(Game& game) {
     return game.dice() % 2 == 0;
 }
 
-Game& newGame(Hall& hall, const Terms& terms) {
-    const int number = freeNumber(hall);
-    Game& game = hall.games[number];
-    game.number = number;
-    game.serial = ++hall.lastSerial;
-    game.terms = terms;
-    game.dice.seed(hall.seed + static_cast<std::uint32_t>(game.serial));
-    game.startedAt = hall.outside.wallClock();
-    game.facts = hall.start;
-    game.seen[repetitionKey(game.facts.fen)] = 1;
-    game.clock.start(terms.minutes, terms.increment, hall.outside.now());
-    return game;
-}
-
 // A client plays one game at a time and offers no others meanwhile; a computer keeps its ad open.
 void seatPlayer(Hall& hall, const Game& game, Player& player) {
     unobserveAll(hall, player);
@@ -53,59 +40,43 @@ void seatPlayer(Hall& hall, const Game& game, Player& player) {
 
 // Creating: Ada (1711) Bert (++++) unrated blitz 5 0
 // {Game 1 (Ada vs. Bert) Creating unrated blitz match.}
-void showStart(Hall& hall, const Game& game, const std::string& name) {
+void showStart(Hall& hall, const Game& game, const std::string& name, const std::string& verb) {
     const std::string head = "Creating: " + game.names[0] + " (" + game.ratings[0] + ") " + game.names[1] + " (" +
                              game.ratings[1] + ") " + termsText(game.terms);
     const std::string number = std::to_string(game.number);
-    hall.show(name, head + "\n{Game " + number + " " + pairing(game) + " Creating " +
-                        (game.terms.rated ? "rated " : "unrated ") +
-                        gameKind(game.terms.minutes, game.terms.increment) + " match.}\nGame " + number +
+    hall.show(name, head + "\n{Game " + number + " " + pairing(game) + " " + verb + " " +
+                        (game.terms.rated ? "rated " : "unrated ") + kindText(game.terms) + " match.}\nGame " + number +
                         ": A disconnection will be considered a forfeit.\n\n" +
                         boardLineFor(game, name, hall.outside.now()));
 }
 
-void showBoard(Hall& hall, const Game& game) {
-    const auto now = hall.outside.now();
-    for (const std::string& name : game.names) hall.show(name, boardLineFor(game, name, now));
-    for (const std::string& name : game.observers) hall.show(name, boardLineFor(game, name, now));
+// Those whose lines wait while a position of the game is judged.
+std::vector<std::string> waitingFor(const Game& game) {
+    if (!game.examiner.empty()) return {game.examiner};
+    return {game.names[0], game.names[1]};
 }
 
-bool betweenComputers(Hall& hall, const Game& game) {
-    return std::all_of(game.names.begin(), game.names.end(), [&](const std::string& name) {
-        const Player* player = hall.find(name);
-        return player && player->isComputer();
-    });
+void showEverybody(Hall& hall, const Game& game, const std::string& text) {
+    for (const std::string& name : waitingFor(game)) hall.show(name, text);
+    showObservers(hall, game, text);
 }
 
-// The reason and result of a game that its last move has ended.
-struct Ending {
-    std::string reason;
-    std::string result;
-};
-
-// The order matters only when several hold: the plainest reason is told.
-std::optional<Ending> drawnBy(Hall& hall, const Game& game, const Position& position) {
-    const std::string half = "1/2-1/2";
-    if (!hasMatingMaterial(position, true) && !hasMatingMaterial(position, false)) {
-        return Ending{"Neither player has mating material", half};
+// <b1> game 1 white [P] black [] <- WP: sent ahead of the board when a hand grew.
+void showTaken(Hall& hall, const Game& game, const std::string& fenBefore) {
+    const auto before = readFen(fenBefore);
+    const auto after = readFen(game.facts.fen);
+    if (!before || !after || after->hand.size() <= before->hand.size()) return;
+    for (const char piece : std::string_view("PNBRQpnbrq")) {
+        if (std::count(after->hand.begin(), after->hand.end(), piece) <=
+            std::count(before->hand.begin(), before->hand.end(), piece))
+            continue;
+        const bool white = piece < 'a';
+        const char kind = white ? piece : static_cast<char>(piece - 'a' + 'A');
+        showEverybody(hall, game, composeHoldings(game.number, *after) + " <- " + (white ? "W" : "B") + kind);
     }
-    if (game.seen.at(repetitionKey(game.facts.fen)) >= 3) return Ending{"Game drawn by repetition", half};
-    if (position.halfmoves >= 100) return Ending{"Game drawn by the 50 move rule", half};
-    const auto limit = betweenComputers(hall, game) ? computerPlyLimit : Game::plyLimit;
-    if (game.moves.size() >= limit) return Ending{"Game drawn by adjudication", half};
-    return std::nullopt;
 }
 
-std::optional<Ending> endingOf(Hall& hall, const Game& game) {
-    const auto position = readFen(game.facts.fen);
-    if (!position) return Ending{"Game aborted by the rules engine", "*"};
-    if (!game.facts.legal.empty()) return drawnBy(hall, game, *position);
-    if (!game.facts.check) return Ending{"Game drawn by stalemate", "1/2-1/2"};
-    const int loser = game.toMove();
-    return Ending{game.names[static_cast<std::size_t>(loser)] + " checkmated", lossOf(loser)};
-}
-
-void resumePlayers(Hall& hall, const std::array<std::string, 2>& names) {
+void resumePlayers(Hall& hall, const std::vector<std::string>& names) {
     for (const std::string& name : names) {
         if (const Player* player = hall.find(name)) {
             // A copy, as the lines that are read now may log the player out.
@@ -120,10 +91,16 @@ void moveWasJudged(Hall& hall, std::uint64_t serial, PlayedMove move, PositionFa
     if (!game) return;
     game->pending = false;
     if (facts.check) move.pretty += facts.legal.empty() ? "#" : "+";
+    const std::string before = game->facts.fen;
     game->facts = std::move(facts);
+    move.fen = game->facts.fen;
+    move.clock = game->clock;
     game->moves.push_back(std::move(move));
+    ++game->course;
     ++game->seen[repetitionKey(game->facts.fen)];
+    showTaken(hall, *game, before);
     showBoard(hall, *game);
+    if (!game->examiner.empty()) return;
     if (const auto ending = endingOf(hall, *game)) {
         endGame(hall, *game, ending->reason, ending->result);
     } else {
@@ -151,6 +128,9 @@ void releasePlayers(Hall& hall, const Game& game) {
         if (!player) continue;
         player->playing = 0;
         player->lastOpponent = game.names[static_cast<std::size_t>(1 - side)];
+        player->lastTerms = game.terms;
+        if (side == 1) player->lastTerms.colour = WantedColour::White;
+        if (side == 0) player->lastTerms.colour = WantedColour::Black;
     }
     for (const std::string& name : game.observers) {
         if (Player* player = hall.find(name)) std::erase(player->observing, game.number);
@@ -173,27 +153,85 @@ void endOnTime(Hall& hall, Game& game, int loser) {
     const std::string& other = game.names[static_cast<std::size_t>(1 - loser)];
     if (flagIsDown(hall, game, 1 - loser)) {
         endGame(hall, game, "Game drawn because both players ran out of time", "1/2-1/2");
-    } else if (!hasMatingMaterial(position, loser == 1)) {
+    } else if (needsMaterial(game) && !hasMatingMaterial(position, loser == 1)) {
         endGame(hall, game, late + " ran out of time and " + other + " has no material to mate", "1/2-1/2");
     } else {
         endGame(hall, game, late + " forfeits on time", lossOf(loser));
     }
 }
 
+void takePosition(Hall& hall, Game& game, PositionFacts facts, bool show) {
+    game.pending = false;
+    game.facts = std::move(facts);
+    if (game.moves.empty()) game.seen = {{repetitionKey(game.facts.fen), 1}};
+    if (show) showBoard(hall, game);
+    letComputerThink(hall, game);
+}
+
 } // namespace
 
+Game& openGame(Hall& hall, const Terms& terms) {
+    const int number = freeNumber(hall);
+    Game& game = hall.games[number];
+    game.number = number;
+    game.serial = ++hall.lastSerial;
+    game.terms = terms;
+    game.dice.seed(hall.seed + static_cast<std::uint32_t>(game.serial));
+    game.startedAt = hall.outside.wallClock();
+    const Setup setup = drawSetup(variantNamed(terms.variant), game.dice);
+    game.rules = setup.rules;
+    game.startFen = setup.fen;
+    game.facts.fen = setup.fen;
+    game.clock.start(terms.minutes, terms.increment, hall.outside.now());
+    game.firstClock = game.clock;
+    return game;
+}
+
+void seatBoth(Hall& hall, Game& game, const std::string& verb) {
+    for (const std::string& name : game.names) {
+        if (Player* player = hall.find(name)) seatPlayer(hall, game, *player);
+    }
+    for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
+        const Player* player = hall.find(game.names[side]);
+        if (player) dropChallenges(hall, *player, game.names[1 - side]);
+    }
+    for (const std::string& name : game.names) showStart(hall, game, name, verb);
+}
+
 Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms) {
-    Game& game = newGame(hall, terms);
+    Game& game = openGame(hall, terms);
     const bool straight = firstIsWhite(game);
     const std::array<Player*, 2> sides{straight ? &first : &second, straight ? &second : &first};
     for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
         game.names[side] = sides[side]->name;
         game.ratings[side] = trim(sides[side]->rating);
-        seatPlayer(hall, game, *sides[side]);
     }
-    for (const Player* player : sides) showStart(hall, game, player->name);
-    letComputerThink(hall, game);
+    seatBoth(hall, game, "Creating");
+    learnPosition(hall, game, game.startFen, false);
     return game;
+}
+
+void learnPosition(Hall& hall, Game& game, const std::string& fen, bool show) {
+    if (fen == hall.start.fen && game.rules == Rules{}) return takePosition(hall, game, hall.start, show);
+    game.facts = {};
+    game.facts.fen = fen;
+    game.pending = true;
+    hall.outside.rules(game.rules, fen, {},
+                       [&hall, serial = game.serial, names = waitingFor(game), show](PositionFacts facts) {
+                           Game* waiting = hall.gameBySerial(serial);
+                           if (waiting) takePosition(hall, *waiting, std::move(facts), show);
+                           resumePlayers(hall, names);
+                       });
+}
+
+void showBoard(Hall& hall, const Game& game) {
+    const auto now = hall.outside.now();
+    const std::string tried =
+        game.examiner.empty() || game.moves.empty()
+            ? std::string()
+            : "\nGame " + std::to_string(game.number) + ": " + game.examiner + " moves: " + game.moves.back().pretty;
+    for (const std::string& name : waitingFor(game)) hall.show(name, boardLineFor(game, name, now) + tried);
+    for (const std::string& name : game.observers) hall.show(name, boardLineFor(game, name, now) + tried);
 }
 
 void playMove(Hall& hall, Game& game, const std::string& move) {
@@ -205,10 +243,11 @@ void playMove(Hall& hall, Game& game, const std::string& move) {
     played.doublePushFile = doublePushFile(position, move);
     played.taken = game.clock.press(game.toMove(), hall.outside.now());
     // A move turns down what the opponent offered.
-    if (game.offer != Offer::None && game.offeredBy != game.toMove()) game.offer = Offer::None;
+    const auto mover = static_cast<std::size_t>(game.toMove());
+    if (game.examiner.empty()) hall.offers.dropForMover(game.names[mover], game.names[1 - mover]);
     game.pending = true;
-    hall.outside.rules(game.facts.fen, move,
-                       [&hall, serial = game.serial, names = game.names, played](PositionFacts facts) {
+    hall.outside.rules(game.rules, game.facts.fen, move,
+                       [&hall, serial = game.serial, names = waitingFor(game), played](PositionFacts facts) {
                            moveWasJudged(hall, serial, played, std::move(facts));
                            // Their lines waited, and do so no more even if the game has ended meanwhile.
                            resumePlayers(hall, names);
@@ -218,12 +257,12 @@ void playMove(Hall& hall, Game& game, const std::string& move) {
 void endGame(Hall& hall, Game& game, const std::string& reason, const std::string& result) {
     showEnd(hall, game, endLine(game, reason, result));
     releasePlayers(hall, game);
+    if (result != "*") hall.archive.keep(keptGame(game, reason, result, hall.outside.wallClock()));
     const bool pairOver = betweenComputers(hall, game);
+    hall.offers.dropWithinGame(game.names[0], game.names[1]);
     hall.games.erase(game.number);
     if (pairOver) startPairLater(hall);
 }
-
-std::string lossOf(int side) { return side == 0 ? "0-1" : "1-0"; }
 
 bool callFlag(Hall& hall, Game& game, bool claimed) {
     // While a move is judged its clock is already pressed, but the side to move is not yet the other one.

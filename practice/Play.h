@@ -11,6 +11,19 @@ namespace practice {
 // first player asked for them, else the hall's dice.
 Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms);
 
+// Puts a new game up under the lowest free number, without players and with its start position drawn.
+Game& openGame(Hall& hall, const Terms& terms);
+
+// Seats the two players of a game and shows them its start; `verb` is "Creating" or "Continuing".
+void seatBoth(Hall& hall, Game& game, const std::string& verb);
+
+// Asks the rules engine for the facts of a game's position, which becomes `fen`; then shows the board, if wanted, and
+// lets a computer think. Lines of the players wait meanwhile.
+void learnPosition(Hall& hall, Game& game, const std::string& fen, bool show);
+
+// Shows the board to players or the examiner, and to observers.
+void showBoard(Hall& hall, const Game& game);
+
 // Plays a legal move in engine form for the side to move. The rules engine is asked, and its answer tells players
 // and observers, and ends the game at mate, stalemate, repetition, fifty moves, or the limit of moves.
 void playMove(Hall& hall, Game& game, const std::string& move);
@@ -18,9 +31,6 @@ void playMove(Hall& hall, Game& game, const std::string& move);
 // Ends a game: the end line goes to everybody concerned and the game is gone afterwards. `result` is "1-0", "0-1",
 // "1/2-1/2" or "*".
 void endGame(Hall& hall, Game& game, const std::string& reason, const std::string& result);
-
-// "1-0" or "0-1": the result when `side` loses.
-std::string lossOf(int side);
 
 // Ends the game if a flag is down and the opponent of its owner wants that or claims it now; true if it ended.
 // Computers and players with the variable "autoflag" want it.

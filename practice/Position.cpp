@@ -26,6 +26,9 @@ bool readPlacement(std::string_view text, std::array<char, 64>& board) {
             file = 0;
         } else if (c >= '1' && c <= '8') {
             file += c - '0';
+        } else if (c == '~' && file > 0) {
+            // The piece before was a pawn once; only the hand it goes to when taken depends on that.
+            continue;
         } else if (isPieceLetter(c) && file < 8) {
             board[static_cast<std::size_t>(8 * rank + file++)] = c;
         } else {
@@ -34,6 +37,16 @@ bool readPlacement(std::string_view text, std::array<char, 64>& board) {
         if (file > 8) return false;
     }
     return rank == 0 && file == 8;
+}
+
+// "RNBQKBNR[QPbp]": takes the hand off the placement; false when its bracket is not closed.
+bool cutHand(std::string& placement, std::string& hand) {
+    const auto open = placement.find('[');
+    if (open == std::string::npos) return true;
+    if (placement.back() != ']') return false;
+    hand = placement.substr(open + 1, placement.size() - open - 2);
+    placement.resize(open);
+    return std::all_of(hand.begin(), hand.end(), isPieceLetter);
 }
 
 // Clients show these sums; the king has no price.
@@ -65,10 +78,36 @@ std::string Position::rank(int which) const {
     return std::string(first, first + 8);
 }
 
+std::string Position::handOf(bool white) const {
+    std::string result;
+    for (const char kind : std::string_view("PNBRQ")) {
+        const char piece = white ? kind : static_cast<char>(kind - 'A' + 'a');
+        result.append(static_cast<std::size_t>(std::count(hand.begin(), hand.end(), piece)), kind);
+    }
+    return result;
+}
+
+// "KQkq", or "HAha" when rooks may have stood anywhere. A king on the d-file has his short side to the left.
+bool Position::mayCastle(bool white, bool shortSide) const {
+    const char king = white ? 'K' : 'k';
+    const std::string back = rank(white ? 1 : 8);
+    const auto kingFile = back.find(king);
+    for (const char right : castling == "-" ? std::string() : castling) {
+        if ((right >= 'A' && right <= 'Z') != white || kingFile == std::string::npos) continue;
+        const char letter = static_cast<char>(right | 0x20);
+        if (letter == 'k' && shortSide == (kingFile != 3)) return true;
+        if (letter == 'q' && shortSide == (kingFile == 3)) return true;
+        const bool toTheRight = letter - 'a' > static_cast<int>(kingFile);
+        if (letter <= 'h' && shortSide == toTheRight) return true;
+    }
+    return false;
+}
+
 std::optional<Position> readFen(std::string_view fen) {
-    const auto parts = words(fen);
+    auto parts = words(fen);
     Position result;
-    if (parts.size() < 2 || !readPlacement(parts[0], result.board)) return std::nullopt;
+    if (parts.size() < 2 || !cutHand(parts[0], result.hand)) return std::nullopt;
+    if (!readPlacement(parts[0], result.board)) return std::nullopt;
     result.whiteToMove = parts[1] == "w";
     if (parts.size() > 2) result.castling = parts[2];
     if (parts.size() > 4) result.halfmoves = number(parts[4]).value_or(0);
@@ -94,6 +133,11 @@ int materialStrength(const Position& position, bool white) {
         if (belongsTo(piece, white)) sum += pieceValue(piece);
     }
     return sum;
+}
+
+int countPieces(const Position& position, bool white) {
+    const auto& board = position.board;
+    return static_cast<int>(std::count_if(board.begin(), board.end(), [&](char p) { return belongsTo(p, white); }));
 }
 
 bool hasMatingMaterial(const Position& position, bool white) {

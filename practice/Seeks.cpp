@@ -2,17 +2,13 @@
 #include "practice/Seeks.h"
 
 #include "practice/Text.h"
+#include "practice/Variants.h"
 
 namespace practice {
 
 namespace {
 
 std::string ratedText(const Terms& terms) { return terms.rated ? "rated" : "unrated"; }
-
-std::string colourText(const Terms& terms) {
-    if (terms.colour == WantedColour::White) return "[white]";
-    return terms.colour == WantedColour::Black ? "[black]" : "";
-}
 
 // "800-1300"; false unless both numbers are there.
 bool readRange(const std::string& word, Terms& terms) {
@@ -64,13 +60,20 @@ int SeekTable::countOf(const std::string& owner) const {
 TermsReading readTerms(const std::vector<std::string>& arguments, const Terms& standard) {
     TermsReading result{standard, {}};
     std::vector<int> times;
-    for (const std::string& word : arguments) {
+    for (std::size_t at = 0; at < arguments.size(); ++at) {
+        const std::string& word = arguments[at];
         const auto value = number(word);
+        const VariantReading kind = readVariant(arguments, at);
         if (value && times.size() < 2) {
             if (*value > 999) return {standard, "Times go from 0 to 999."};
             times.push_back(*value);
+        } else if (!kind.refusal.empty()) {
+            return {standard, kind.refusal};
+        } else if (kind.variant) {
+            result.terms.variant = kind.variant->name;
+            at += kind.words - 1;
         } else if (value || !readWord(word, result.terms)) {
-            return {standard, "\"" + printable(word) + "\" is not understood here; only standard chess is played."};
+            return {standard, "\"" + printable(word) + "\" is not understood here."};
         }
     }
     if (!times.empty()) {
@@ -88,16 +91,24 @@ std::string gameKind(int minutes, int increment) {
     return seconds < 900 ? "blitz" : "standard";
 }
 
+std::string kindText(const Terms& terms) {
+    return terms.variant.empty() ? gameKind(terms.minutes, terms.increment) : terms.variant;
+}
+
+std::string colourText(const Terms& terms) {
+    if (terms.colour == WantedColour::White) return "[white]";
+    return terms.colour == WantedColour::Black ? "[black]" : "";
+}
+
 std::string termsText(const Terms& terms) {
-    return ratedText(terms) + " " + gameKind(terms.minutes, terms.increment) + " " + std::to_string(terms.minutes) +
-           " " + std::to_string(terms.increment);
+    return ratedText(terms) + " " + kindText(terms) + " " + std::to_string(terms.minutes) + " " +
+           std::to_string(terms.increment);
 }
 
 std::string announcement(int number, const Seek& seek) {
     const Terms& terms = seek.terms;
     std::string text = seek.owner + seek.title + " (" + seek.rating + ") seeking " + std::to_string(terms.minutes) +
-                       " " + std::to_string(terms.increment) + " " + ratedText(terms) + " " +
-                       gameKind(terms.minutes, terms.increment);
+                       " " + std::to_string(terms.increment) + " " + ratedText(terms) + " " + kindText(terms);
     if (terms.colour != WantedColour::Any) text += " " + colourText(terms);
     if (terms.manual) text += " m";
     if (terms.formula) text += " f";
@@ -109,9 +120,8 @@ std::string soughtRow(int number, const Seek& seek) {
     const Terms& terms = seek.terms;
     return padLeft(number, 3) + " " + seek.rating + " " + padRight(seek.owner + seek.title, 17) + " " +
            padLeft(terms.minutes, 3) + " " + padLeft(terms.increment, 3) + " " + padRight(ratedText(terms), 7) + " " +
-           padRight(gameKind(terms.minutes, terms.increment), 10) + " " + padRight(colourText(terms), 7) + " " +
-           padLeft(terms.lowest, 5) + "-" + padRight(std::to_string(terms.highest), 4) + " " +
-           (terms.manual ? "m" : "") + (terms.formula ? "f" : "");
+           padRight(kindText(terms), 10) + " " + padRight(colourText(terms), 7) + " " + padLeft(terms.lowest, 5) + "-" +
+           padRight(std::to_string(terms.highest), 4) + " " + (terms.manual ? "m" : "") + (terms.formula ? "f" : "");
 }
 
 // Clients find the end of the list by the words of its last line.

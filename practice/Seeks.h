@@ -20,6 +20,9 @@ struct Terms {
     int highest = 9999;
     bool manual = false;  // only shown: here the first answer starts the game
     bool formula = false; // only shown
+    std::string variant;  // name of the kind of chess; empty for standard chess
+
+    bool operator==(const Terms&) const = default;
 };
 
 // One open ad.
@@ -52,12 +55,18 @@ struct TermsReading {
     std::string error; // empty when the words made sense
 };
 
-// Reads "[time inc] [rated|unrated] [white|black] [low-high]" in any order behind the times, letter case ignored;
+// Reads "[time inc] [rated|unrated] [white|black] [kind] [low-high]" in any order, letter case ignored;
 // `standard` gives what is not said.
 TermsReading readTerms(const std::vector<std::string>& arguments, const Terms& standard);
 
 // The kind of a time control: "untimed", "lightning", "blitz" or "standard".
 std::string gameKind(int minutes, int increment);
+
+// "blitz", "crazyhouse", "wild/5": what the games of these terms are called.
+std::string kindText(const Terms& terms);
+
+// "[white]", "[black]" or nothing.
+std::string colourText(const Terms& terms);
 
 // "rated blitz 5 0": the tail of the lines that open a game.
 std::string termsText(const Terms& terms);

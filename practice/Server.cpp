@@ -45,10 +45,11 @@ Server::Server(const ServerSettings& settings, std::function<void(quint16)> onLi
     hall_.moveDelay = settings_.moveDelay;
     fillOutside();
     fillHost();
+    if (!settings_.log.empty()) host_.log.open(settings_.log);
     hall_.began = hall_.outside.now();
     QObject::connect(&listener_, &QTcpServer::newConnection, &listener_, [this] { accept(); });
     QObject::connect(&clockWatch_, &QTimer::timeout, &clockWatch_, [this] { watchClocks(hall_); });
-    engines_.rules(std::string(startFen), {}, [this](PositionFacts facts) {
+    engines_.rules({}, std::string(startFen), {}, [this](PositionFacts facts) {
         hall_.start = std::move(facts);
         open();
     });
@@ -68,8 +69,8 @@ void Server::fillOutside() {
     hall_.outside.later = [this](int milliseconds, std::function<void()> what) {
         QTimer::singleShot(milliseconds, &clockWatch_, std::move(what));
     };
-    hall_.outside.rules = [this](const std::string& fen, const std::string& move, auto then) {
-        engines_.rules(fen, move, std::move(then));
+    hall_.outside.rules = [this](const Rules& rules, const std::string& fen, const std::string& move, auto then) {
+        engines_.rules(rules, fen, move, std::move(then));
     };
     hall_.outside.search = [this](const SearchOrder& order, auto then) { engines_.search(order, std::move(then)); };
 }

@@ -22,6 +22,7 @@ struct ServerSettings {
     int moveDelay = 2500; // milliseconds
     QString engine;       // path of the program
     Accounts accounts;
+    std::string log; // file for what clients send; empty for none
 };
 
 // Owns the whole. It listens on 127.0.0.1 once the rules engine has answered.

@@ -16,7 +16,7 @@ void addNumbers(std::string& text, std::initializer_list<int> values) {
     for (const int value : values) add(text, std::to_string(value));
 }
 
-int may(const Position& position, char right) { return position.castling.find(right) == std::string::npos ? 0 : 1; }
+int may(const Position& position, bool white, bool shortSide) { return position.mayCastle(white, shortSide) ? 1 : 0; }
 
 } // namespace
 
@@ -25,8 +25,8 @@ std::string composeStyle12(const BoardLine& line) {
     std::string text = "<12>";
     for (int rank = 8; rank >= 1; --rank) add(text, at.rank(rank));
     add(text, at.whiteToMove ? "W" : "B");
-    addNumbers(text, {line.doublePushFile, may(at, 'K'), may(at, 'Q'), may(at, 'k'), may(at, 'q'), at.halfmoves,
-                      line.gameNumber});
+    addNumbers(text, {line.doublePushFile, may(at, true, true), may(at, true, false), may(at, false, true),
+                      may(at, false, false), at.halfmoves, line.gameNumber});
     add(text, line.white);
     add(text, line.black);
     addNumbers(text, {line.relation, line.minutes, line.increment, materialStrength(at, true),
@@ -37,6 +37,11 @@ std::string composeStyle12(const BoardLine& line) {
     // The last token is the lag of the connection, which the loopback interface has none of.
     addNumbers(text, {line.flip ? 1 : 0, line.ticking ? 1 : 0, 0});
     return text;
+}
+
+std::string composeHoldings(int gameNumber, const Position& position) {
+    return "<b1> game " + std::to_string(gameNumber) + " white [" + position.handOf(true) + "] black [" +
+           position.handOf(false) + "]";
 }
 
 } // namespace practice

@@ -14,7 +14,7 @@ struct BoardLine {
     int gameNumber = 0;
     std::string white;
     std::string black;
-    int relation = 0; // 1 own move, -1 the opponent's move, 0 watching
+    int relation = 0; // 1 own move, -1 the opponent's move, 0 watching, 2 examining, -2 watching an examiner
     int minutes = 0;
     int increment = 0;  // seconds a move
     int whiteClock = 0; // seconds left, below zero after the flag fell
@@ -28,5 +28,8 @@ struct BoardLine {
 
 // The line with its 33 tokens and without a line end.
 std::string composeStyle12(const BoardLine& line);
+
+// "<b1> game 12 white [PN] black []": what both sides may drop.
+std::string composeHoldings(int gameNumber, const Position& position);
 
 } // namespace practice

@@ -99,7 +99,7 @@ Answer comment(Hall& hall, Player& player, const Game& game, const std::string& 
     int heard = 0;
     for (const Player& other : hall.players) {
         const bool observes = std::count(game.observers.begin(), game.observers.end(), other.name) > 0;
-        const bool plays = !whisper && game.sideOf(other.name) >= 0;
+        const bool plays = (!whisper && game.sideOf(other.name) >= 0) || game.examiner == other.name;
         if ((!observes && !plays) || &other == &player || other.variables.value("kibitz") == 0) continue;
         speak(other, line);
         ++heard;
@@ -108,8 +108,8 @@ Answer comment(Hall& hall, Player& player, const Game& game, const std::string& 
 }
 
 Answer commentAtHand(Hall& hall, Player& player, const Arguments& arguments, bool whisper) {
-    const int number = player.playing != 0 || player.observing.empty() ? player.playing : player.observing.back();
-    const Game* game = hall.game(number);
+    const Game* own = hall.gameAtBoard(player);
+    const Game* game = own || player.observing.empty() ? own : hall.game(player.observing.back());
     if (!game) return {"You are neither playing nor observing a game."};
     if (arguments.rest.empty()) return {"There is nothing to say."};
     return comment(hall, player, *game, arguments.rest, whisper);

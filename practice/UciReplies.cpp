@@ -24,8 +24,10 @@ int scoreOf(const std::string& kind, const std::string& text) {
 
 bool isEngineMove(std::string_view text) {
     if (text.size() != 4 && text.size() != 5) return false;
+    const bool drop = text[1] == '@' && std::string_view("PNBRQ").find(text[0]) != std::string_view::npos;
+    if (drop) return text.size() == 4 && squareIndex(text.substr(2, 2)) >= 0;
     if (squareIndex(text.substr(0, 2)) < 0 || squareIndex(text.substr(2, 2)) < 0) return false;
-    return text.size() == 4 || std::string_view("qrbn").find(text[4]) != std::string_view::npos;
+    return text.size() == 4 || std::string_view("qrbnk").find(text[4]) != std::string_view::npos;
 }
 
 // Fen: rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1

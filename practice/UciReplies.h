@@ -10,14 +10,17 @@
 
 namespace practice {
 
+// Scores beyond this on either side are mates in sight, or other ends of the game.
+inline constexpr int mateInSight = 29'000;
+
 // A move that a search proposes, with its worth for the side to move in hundredths of a pawn; mates stand beyond
-// 29,000 on either side.
+// `mateInSight` on either side.
 struct Candidate {
     std::string move;
     int score = 0;
 };
 
-// True if `text` has the form of an engine's move: "e2e4" or "e7e8q".
+// True if `text` has the form of an engine's move: "e2e4", "e7e8q" or "N@f3".
 bool isEngineMove(std::string_view text);
 
 // Collects the answer to "d" followed by "go perft 1".

@@ -20,7 +20,7 @@ Game* gameNamed(Hall& hall, const std::string& word) {
 
 // The game that a command without a word is about: the own one, else the one observed last.
 Game* gameAtHand(Hall& hall, const Player& player) {
-    if (player.playing != 0) return hall.game(player.playing);
+    if (Game* own = hall.gameAtBoard(player)) return own;
     return player.observing.empty() ? nullptr : hall.game(player.observing.back());
 }
 

@@ -37,7 +37,7 @@ TEST(CommandNames, AFullNameIsNotAmbiguousThoughAnotherBeginsWithIt) {
 TEST(CommandNames, SeveralFittingCommandsAreAllNamed) {
     const auto match = matchCommand("r");
     EXPECT_EQ(match.name, "");
-    EXPECT_EQ(match.ambiguous, (std::vector<std::string>{"refresh", "resign"}));
+    EXPECT_EQ(match.ambiguous, (std::vector<std::string>{"refresh", "rematch", "resign", "revert"}));
 }
 
 TEST(CommandNames, LeavingIsNeverAMatterOfOneLetter) {
@@ -58,7 +58,7 @@ TEST(CommandNames, NamesAreSortedAndEachHasOneRoutine) {
     EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
     for (const std::string& name : names) {
         int routines = 0;
-        for (const auto subject : {gameCommand, watchCommand, talkCommand, infoCommand}) {
+        for (const auto subject : {gameCommand, offerCommand, examineCommand, watchCommand, talkCommand, infoCommand}) {
             routines += subject(name) != nullptr ? 1 : 0;
         }
         EXPECT_EQ(routines, 1) << name;

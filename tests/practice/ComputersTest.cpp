@@ -25,9 +25,21 @@ TEST(Computers, ThreeSeekAtDifferentTimeControlsAndGrowStronger) {
     EXPECT_EQ(controls.size(), 3U);
 }
 
-TEST(Computers, TwoPlayEachOtherOnly) {
+TEST(Computers, OneAnswersAtOnceAndAlwaysTheSame) {
+    int prompt = 0;
+    for (const Computer& computer : computers()) {
+        if (!computer.prompt) continue;
+        ++prompt;
+        EXPECT_EQ(computer.depth, 1);
+        EXPECT_EQ(computer.proposals, 1) << "no choice, no chance";
+        EXPECT_FALSE(computer.seeks);
+    }
+    EXPECT_EQ(prompt, 1);
+}
+
+TEST(Computers, TwoPlayEachOtherAlways) {
     int pair = 0;
-    for (const Computer& computer : computers()) pair += computer.seeks ? 0 : 1;
+    for (const Computer& computer : computers()) pair += computer.always ? 1 : 0;
     EXPECT_EQ(pair, 2);
 }
 

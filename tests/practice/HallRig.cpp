@@ -27,12 +27,28 @@ std::string placement(const Position& position) {
     return text;
 }
 
-void carryOut(Position& position, const std::string& move) {
+char ofSide(char piece, bool white) { return static_cast<char>(white ? piece & ~0x20 : piece | 0x20); }
+
+void drop(Position& position, char piece, const std::string& square) {
+    position.hand.erase(position.hand.find(piece), 1);
+    position.board[static_cast<std::size_t>(practice::squareIndex(square))] = piece;
+}
+
+void step(Position& position, const std::string& move, bool keepTaken) {
     const auto from = static_cast<std::size_t>(practice::squareIndex(move.substr(0, 2)));
     const auto to = static_cast<std::size_t>(practice::squareIndex(move.substr(2, 2)));
     const bool irreversible = position.board[to] != '-' || position.board[from] == 'P' || position.board[from] == 'p';
     position.halfmoves = irreversible ? 0 : position.halfmoves + 1;
+    if (keepTaken && position.board[to] != '-') position.hand += ofSide(position.board[to], position.whiteToMove);
     position.board[to] = std::exchange(position.board[from], '-');
+}
+
+void carryOut(Position& position, const std::string& move, bool keepTaken) {
+    if (move[1] == '@') {
+        drop(position, ofSide(move[0], position.whiteToMove), move.substr(2));
+    } else {
+        step(position, move, keepTaken);
+    }
     if (!position.whiteToMove) ++position.moveNumber;
     position.whiteToMove = !position.whiteToMove;
 }
@@ -45,7 +61,9 @@ HallRig::HallRig() {
     hall.outside.later = [this](int milliseconds, std::function<void()> what) {
         timers_.push_back({now + milliseconds, std::move(what)});
     };
-    hall.outside.rules = [this](const std::string& fen, const std::string& move, auto then) {
+    hall.outside.rules = [this](const practice::Rules& rules, const std::string& fen, const std::string& move,
+                                auto then) {
+        askedRules = rules;
         auto answer = [this, fen, move, then] { then(factsOf(fen, move)); };
         if (holdRules) return held_.push_back(answer);
         answer();
@@ -96,13 +114,18 @@ void HallRig::release() {
 
 practice::PositionFacts HallRig::factsOf(const std::string& fen, const std::string& move) const {
     auto position = practice::readFen(fen).value();
-    if (!move.empty()) carryOut(position, move);
+    const bool drops = askedRules.engineName == "crazyhouse";
+    if (!move.empty()) carryOut(position, move, drops);
     practice::PositionFacts facts;
-    facts.fen = placement(position) + (position.whiteToMove ? " w KQkq - " : " b KQkq - ") +
-                std::to_string(position.halfmoves) + " " + std::to_string(position.moveNumber);
+    facts.fen = placement(position) + (drops ? "[" + position.hand + "]" : std::string()) +
+                (position.whiteToMove ? " w KQkq - " : " b KQkq - ") + std::to_string(position.halfmoves) + " " +
+                std::to_string(position.moveNumber);
     facts.check = check;
+    facts.outcome = outcome.value_or(check ? practice::Outcome::Lost : practice::Outcome::Drawn);
     for (const std::string& each : known) {
-        const char piece = position.at(each.substr(0, 2));
+        const bool fromHand =
+            each[1] == '@' && position.hand.find(ofSide(each[0], position.whiteToMove)) != std::string::npos;
+        const char piece = fromHand ? ofSide(each[0], position.whiteToMove) : position.at(each.substr(0, 2));
         if (piece != '-' && (piece < 'a') == position.whiteToMove) facts.legal.push_back(each);
     }
     return facts;

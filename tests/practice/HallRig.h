@@ -6,11 +6,13 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
-// Moves are carried out on the board whatever they are; the legal moves of a position are those of `known` whose piece
-// belongs to the side to move. A search answers with `proposals`; without any the first legal move is played.
+// Moves are carried out on the board whatever they are, in crazyhouse with hands and drops; the legal moves of a
+// position are those of `known` whose piece belongs to the side to move. A search answers with `proposals`; without any
+// the first legal move is played.
 struct HallRig {
     practice::Hall hall;
     std::int64_t now = 1'000'000;
@@ -18,6 +20,8 @@ struct HallRig {
                                    "g8f6", "f6g8", "f1c4", "d1h5", "h5f7"};
     std::vector<practice::Candidate> proposals;
     bool check = false;                       // what the rules say of the next position
+    std::optional<practice::Outcome> outcome; // of a position without moves; else lost in check and drawn without
+    practice::Rules askedRules;               // what the last question to the rules was about
     bool holdRules = false;                   // keep the rules' answers back until release()
     std::map<std::string, std::string> shown; // all blocks by handle, each behind a "|"
     std::map<std::string, int> resumed;       // how often a player's lines could go on

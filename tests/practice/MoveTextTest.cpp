@@ -136,5 +136,51 @@ TEST(MoveText, OnlyAPawnsDoubleStepHasAFile) {
     EXPECT_EQ(doublePushFile(start, "g1f3"), -1);
 }
 
+TEST(MoveText, ADropIsTypedWithAnAtSign) {
+    const PositionFacts facts{"4k3/8/8/8/8/8/8/4K3[Qp] w - - 0 1", {"e1e2", "Q@e4", "Q@d4"}};
+    EXPECT_EQ(read(facts, "Q@e4"), "Q@e4");
+    EXPECT_EQ(read(facts, "q@d4"), "Q@d4");
+    EXPECT_EQ(read(facts, "Q@h8"), "illegal");
+    EXPECT_EQ(read(facts, "P@e4"), "illegal");
+    EXPECT_EQ(read(facts, "Qe4"), "illegal");
+    EXPECT_TRUE(looksLikeMove("P@e4"));
+    EXPECT_FALSE(looksLikeMove("K@e4"));
+    EXPECT_FALSE(looksLikeMove("Q@e9"));
+}
+
+TEST(MoveText, ADropHasNoFromSquareInTheLongForm) {
+    const Position position = readFen("4k3/8/8/8/8/8/8/4K3[Qp] w - - 0 1").value();
+    EXPECT_EQ(verboseForm(position, "Q@e4"), "Q/@@-e4");
+    EXPECT_EQ(shortForm(position, {"Q@e4"}, "Q@e4"), "Q@e4");
+    EXPECT_EQ(doublePushFile(position, "P@e4"), -1);
+}
+
+TEST(MoveText, CastlingByTakingTheRookIsTypedInAllForms) {
+    const PositionFacts facts{"1r3k1r/8/8/8/8/8/8/1R3K1R w HBhb - 0 1", {"f1h1", "f1b1", "f1g1", "f1e1", "h1h8"}};
+    EXPECT_EQ(read(facts, "O-O"), "f1h1");
+    EXPECT_EQ(read(facts, "O-O-O"), "f1b1");
+    EXPECT_EQ(read(facts, "f1h1"), "f1h1");
+    EXPECT_EQ(read(facts, "f1-c1"), "f1b1") << "the king's own way";
+    EXPECT_EQ(read(facts, "f1g1"), "f1g1") << "one step is a plain move";
+    const Position position = readFen(facts.fen).value();
+    EXPECT_EQ(shortForm(position, facts.legal, "f1h1"), "O-O");
+    EXPECT_EQ(shortForm(position, facts.legal, "f1b1"), "O-O-O");
+    EXPECT_EQ(verboseForm(position, "f1h1"), "o-o");
+    EXPECT_EQ(shortForm(position, facts.legal, "f1e1"), "Ke1");
+}
+
+TEST(MoveText, AKingOnTheDFileHasHisShortSideOnTheLeft) {
+    const PositionFacts facts{"3k4/8/8/8/8/8/8/R2K3R w KQ - 0 1", {"d1b1", "d1f1", "d1c1"}};
+    EXPECT_EQ(read(facts, "O-O"), "d1b1");
+    EXPECT_EQ(read(facts, "O-O-O"), "d1f1");
+    EXPECT_EQ(shortForm(readFen(facts.fen).value(), facts.legal, "d1b1"), "O-O");
+}
+
+TEST(MoveText, WherePiecesAreLostAPawnMayBecomeAKing) {
+    const PositionFacts facts{"8/4P3/8/8/8/8/8/8 w - - 0 1", {"e7e8q", "e7e8k"}};
+    EXPECT_EQ(read(facts, "e8=K"), "e7e8k");
+    EXPECT_EQ(read(facts, "e8"), "e7e8q");
+}
+
 } // namespace
 } // namespace practice

@@ -75,5 +75,31 @@ TEST(Position, RepetitionKeyLeavesTheCountersOut) {
     EXPECT_NE(repetitionKey("8/8/8/4k3/8/4K3/8/8 w KQ - 3 9"), repetitionKey("8/8/8/4k3/8/4K3/8/8 w K - 3 9"));
 }
 
+TEST(Position, AHandStandsInBracketsBehindTheRanks) {
+    const auto position = readFen("4k3/8/8/8/8/8/8/4K1Q~1[QPNpbP] w - - 0 1");
+    ASSERT_TRUE(position);
+    EXPECT_EQ(position->handOf(true), "PPNQ");
+    EXPECT_EQ(position->handOf(false), "PB");
+    EXPECT_EQ(position->at("g1"), 'Q') << "a mark of promotion is no square";
+    EXPECT_FALSE(readFen("4k3/8/8/8/8/8/8/4K3[Q w - - 0 1"));
+    EXPECT_FALSE(readFen("4k3/8/8/8/8/8/8/4K3[Q3] w - - 0 1"));
+}
+
+TEST(Position, CastlingRightsAreLettersOfSidesOrOfRooks) {
+    const auto usual = readFen("r3k2r/8/8/8/8/8/8/R3K2R w Kq - 0 1").value();
+    EXPECT_TRUE(usual.mayCastle(true, true));
+    EXPECT_FALSE(usual.mayCastle(true, false));
+    EXPECT_FALSE(usual.mayCastle(false, true));
+    EXPECT_TRUE(usual.mayCastle(false, false));
+    const auto shuffled = readFen("1r3k1r/8/8/8/8/8/8/1R3K1R w Hb - 0 1").value();
+    EXPECT_TRUE(shuffled.mayCastle(true, true));
+    EXPECT_FALSE(shuffled.mayCastle(true, false));
+    EXPECT_TRUE(shuffled.mayCastle(false, false));
+    const auto turned = readFen("r2k3r/8/8/8/8/8/8/R2K3R w Kq - 0 1").value();
+    EXPECT_TRUE(turned.mayCastle(true, false)) << "right of a king on d is his long side";
+    EXPECT_TRUE(turned.mayCastle(false, true));
+    EXPECT_FALSE(turned.mayCastle(true, true));
+}
+
 } // namespace
 } // namespace practice

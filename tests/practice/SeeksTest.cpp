@@ -59,7 +59,7 @@ TEST(Seeks, TermsNotSaidComeFromTheStandard) {
 }
 
 TEST(Seeks, StrangeTermsAreComplainedAbout) {
-    EXPECT_NE(readTerms({"5", "0", "crazyhouse"}, {}).error, "");
+    EXPECT_NE(readTerms({"5", "0", "bughouse"}, {}).error, "");
     EXPECT_NE(readTerms({"1000", "0"}, {}).error, "");
     EXPECT_NE(readTerms({"5", "0", "3"}, {}).error, "");
     EXPECT_NE(readTerms({"5", "0", "10000-20000"}, {}).error, "");

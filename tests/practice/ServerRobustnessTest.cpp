@@ -73,7 +73,7 @@ TEST(ServerRobustness, TwentyClientsComeAtOnce) {
     clients[0]->line("shout hello");
     for (std::size_t i = 1; i < clients.size(); ++i) clients[i]->until(" shouts: hello\n\rfics% ");
     clients[0]->line("who");
-    clients[0]->until(" 25 players displayed (of 25).");
+    clients[0]->until(" 26 players displayed (of 26).");
 }
 
 TEST(ServerRobustness, AClientThatAsksMuchAndReadsLateGetsAllAnswers) {

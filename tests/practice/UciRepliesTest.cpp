@@ -9,7 +9,9 @@ namespace {
 TEST(UciReplies, MovesAreToldFromOtherWords) {
     EXPECT_TRUE(isEngineMove("e2e4"));
     EXPECT_TRUE(isEngineMove("e7e8q"));
-    for (const char* text : {"", "e2", "e2e9", "e7e8k", "0000", "(none)", "e2e4e5", "Nodes"}) {
+    EXPECT_TRUE(isEngineMove("e7e8k")) << "where pieces are to be lost";
+    EXPECT_TRUE(isEngineMove("Q@e4"));
+    for (const char* text : {"", "e2", "e2e9", "e7e8p", "Q@e9", "q@e4", "Q@e44", "0000", "(none)", "e2e4e5", "Nodes"}) {
         EXPECT_FALSE(isEngineMove(text)) << text;
     }
 }

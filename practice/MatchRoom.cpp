@@ -1,0 +1,136 @@
+// Challenges: putting one before a player, and what becomes of it.
+#include "practice/MatchRoom.h"
+
+#include "practice/Adjournment.h"
+#include "practice/ComputerRoom.h"
+#include "practice/Play.h"
+#include "practice/Text.h"
+
+namespace practice {
+
+namespace {
+
+std::string complaintAbout(const Player& from, const Player& to, const Terms& terms) {
+    if (&from == &to) return "You can't match yourself.";
+    if (to.playing != 0) return to.name + " is playing a game.";
+    if (to.examining != 0) return to.name + " is examining a game.";
+    if (to.variables.value("open") == 0) return to.name + " is not open to match requests.";
+    if (terms.rated && (from.isGuest() || to.isGuest())) return "A rated game needs two registered players.";
+    return {};
+}
+
+// The same game as the other sees it.
+Terms seenFromOther(Terms terms) {
+    if (terms.colour == WantedColour::White) {
+        terms.colour = WantedColour::Black;
+    } else if (terms.colour == WantedColour::Black) {
+        terms.colour = WantedColour::White;
+    }
+    return terms;
+}
+
+void showChallenge(Hall& hall, Player& to, const PendingOffer& offer, bool update) {
+    const auto width = static_cast<std::size_t>(to.variables.value("width"));
+    to.show((update ? offer.from + " updates the match request.\n" : std::string()) +
+            wrapped("Challenge: " + challengeText(hall, offer) + ".", width) +
+            "\nYou can \"accept\" or \"decline\", or propose different parameters.");
+}
+
+// The challenge of `to` that asks for the same game; 0 if there is none.
+int fittingChallenge(const Hall& hall, const PendingOffer& offer) {
+    const int number = hall.offers.find(OfferKind::Match, offer.to, offer.from);
+    return number != 0 && hall.offers.open.at(number).terms == seenFromOther(offer.terms) ? number : 0;
+}
+
+std::string post(Hall& hall, Player& from, Player& to, const PendingOffer& offer, bool update) {
+    const int number = hall.offers.post(offer);
+    if (number == 0) return "You have too many offers pending.";
+    showChallenge(hall, to, offer, update);
+    if (to.isComputer()) considerChallenge(hall, hall.offers.open.at(number));
+    const auto width = static_cast<std::size_t>(from.variables.value("width"));
+    const std::string text = challengeText(hall, offer) + ".";
+    if (!update) return wrapped("Issuing: " + text, width);
+    return "Updating offer already made to \"" + to.name + "\".\n" +
+           wrapped("Updating match request to: " + text, width);
+}
+
+void tellDropped(Hall& hall, const PendingOffer& offer, const Player& gone, const std::string& opponent) {
+    const bool made = offer.from == gone.name;
+    const std::string why = opponent.empty() ? "has departed." : "has joined a match with " + opponent + ".";
+    const std::string relation = made ? ", who was challenging you, " : ", whom you were challenging, ";
+    hall.show(made ? offer.to : offer.from,
+              gone.name + relation + why + "\n" +
+                  (made ? "Challenge from " + gone.name + " removed." : "Challenge to " + gone.name + " withdrawn."));
+}
+
+} // namespace
+
+std::string challengeText(Hall& hall, const PendingOffer& offer) {
+    const auto ratingOf = [&](const std::string& name) {
+        const Player* player = hall.find(name);
+        return player ? trim(player->rating) : std::string("----");
+    };
+    const Terms& terms = offer.terms;
+    const std::string colour = colourText(terms);
+    const bool wild = startsWith(terms.variant, "wild/");
+    const std::string kind = wild ? (terms.rated ? "rated wild " : "unrated wild ") + std::to_string(terms.minutes) +
+                                        " " + std::to_string(terms.increment) + " Loaded from " + terms.variant
+                                  : termsText(terms);
+    return offer.from + " (" + ratingOf(offer.from) + ") " + (colour.empty() ? "" : colour + " ") + offer.to + " (" +
+           ratingOf(offer.to) + ") " + kind + (offer.adjourned ? " (adjourned)" : "");
+}
+
+std::string challenge(Hall& hall, Player& from, Player& to, Terms terms) {
+    const KeptGamePtr adjourned = hall.archive.adjournedBetween(from.name, to.name);
+    if (adjourned) terms = adjourned->game.terms;
+    if (adjourned) terms.colour = WantedColour::Any;
+    const std::string complaint = complaintAbout(from, to, terms);
+    if (!complaint.empty()) return complaint;
+    PendingOffer offer;
+    offer.adjourned = adjourned != nullptr;
+    offer.from = from.name;
+    offer.to = to.name;
+    offer.terms = std::move(terms);
+    if (const int fitting = fittingChallenge(hall, offer); fitting != 0) {
+        const PendingOffer theirs = hall.offers.open.at(fitting);
+        from.show("Your challenge intercepts " + to.name + "'s challenge.");
+        to.show(from.name + "'s challenge intercepts your challenge.");
+        return startMatch(hall, theirs) ? std::string() : to.name + " is busy.";
+    }
+    const int earlier = hall.offers.find(OfferKind::Match, from.name, to.name);
+    if (earlier != 0 && hall.offers.open.at(earlier).terms == offer.terms) {
+        return "You are already offering an identical match to " + to.name + ".";
+    }
+    if (earlier != 0) hall.offers.open.erase(earlier);
+    return post(hall, from, to, offer, earlier != 0);
+}
+
+bool startMatch(Hall& hall, const PendingOffer& accepted) {
+    // A copy: the start of the game drops both players' challenges.
+    const PendingOffer offer = accepted;
+    Player* from = hall.find(offer.from);
+    Player* to = hall.find(offer.to);
+    if (!from || !to || from->playing != 0 || to->playing != 0) return false;
+    if (from->examining != 0 || to->examining != 0) return false;
+    hall.offers.open.erase(hall.offers.find(OfferKind::Match, offer.from, offer.to));
+    if (const KeptGamePtr adjourned = hall.archive.takeAdjourned(offer.from, offer.to)) {
+        resumeGame(hall, *adjourned);
+        return true;
+    }
+    startGame(hall, *from, *to, offer.terms);
+    return true;
+}
+
+// A computer plays several at once, so its challenges stand.
+void dropChallenges(Hall& hall, const Player& player, const std::string& opponent) {
+    if (player.isComputer()) return;
+    auto& open = hall.offers.open;
+    for (auto at = open.begin(); at != open.end();) {
+        const PendingOffer offer = at->second;
+        const bool concerned = offer.kind == OfferKind::Match && (offer.from == player.name || offer.to == player.name);
+        at = concerned ? open.erase(at) : std::next(at);
+        if (concerned) tellDropped(hall, offer, player, opponent);
+    }
+}
+
+} // namespace practice

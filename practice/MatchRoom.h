@@ -1,0 +1,25 @@
+// Challenges: putting one before a player, and what becomes of it.
+#pragma once
+
+#include "practice/Hall.h"
+
+#include <string>
+
+namespace practice {
+
+// "Ada (1711) [white] Bert (++++) unrated blitz 5 0": a challenge's terms.
+std::string challengeText(Hall& hall, const PendingOffer& offer);
+
+// Challenges `to`; gives the answer for `from`. A challenge to the same player takes the place of an earlier one, one
+// that fits his own starts the game, an adjourned game of the two is gone on with whatever the terms, and a computer
+// accepts in a moment. Empty when the game has started.
+std::string challenge(Hall& hall, Player& from, Player& to, Terms terms);
+
+// Starts the game of a challenge that was accepted; false if one of the two is busy or gone.
+bool startMatch(Hall& hall, const PendingOffer& offer);
+
+// Takes back all challenges of and to a player who plays now or has left, and tells those concerned; `opponent` is
+// empty when he has left.
+void dropChallenges(Hall& hall, const Player& player, const std::string& opponent);
+
+} // namespace practice
