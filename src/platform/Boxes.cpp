@@ -41,9 +41,10 @@ bool realOkCancel(QWidget* parent, const std::string& title, const std::string& 
     return ask(parent, title, text, QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
-std::optional<std::string> realInput(QWidget* parent, const std::string& prompt, const std::string& title,
-                                     const std::string& proposal) {
+std::optional<std::string> askForText(QWidget* parent, const std::optional<QPoint>& place, const std::string& prompt,
+                                      const std::string& title, const std::string& proposal) {
     const QPointer<QInputDialog> box(new QInputDialog(owner(parent)));
+    if (place) box->move(*place);
     box->setWindowTitle(shown(title));
     box->setLabelText(shown(prompt));
     box->setTextValue(shown(proposal));
@@ -52,6 +53,16 @@ std::optional<std::string> realInput(QWidget* parent, const std::string& prompt,
     if (accepted) answer = bytesOf(box->textValue());
     delete box;
     return answer;
+}
+
+std::optional<std::string> realInput(QWidget* parent, const std::string& prompt, const std::string& title,
+                                     const std::string& proposal) {
+    return askForText(parent, std::nullopt, prompt, title, proposal);
+}
+
+std::optional<std::string> realInputAt(QWidget* parent, int left, int top, const std::string& prompt,
+                                       const std::string& title, const std::string& proposal) {
+    return askForText(parent, QPoint(left, top), prompt, title, proposal);
 }
 
 std::optional<std::int32_t> realColour(QWidget* parent, std::int32_t start) {
@@ -85,7 +96,7 @@ std::optional<std::string> realFolder(QWidget* parent, const std::string& title,
 } // namespace
 
 Boxes::Boxes()
-    : message(realMessage), yesNo(realYesNo), okCancel(realOkCancel), input(realInput), colour(realColour),
-      fileOpen(realFileOpen), fileSave(realFileSave), folder(realFolder) {}
+    : message(realMessage), yesNo(realYesNo), okCancel(realOkCancel), input(realInput), inputAt(realInputAt),
+      colour(realColour), fileOpen(realFileOpen), fileSave(realFileSave), folder(realFolder) {}
 
 Boxes boxes;

@@ -11,6 +11,18 @@
 #include <QDir>
 #include <QUrl>
 
+namespace {
+
+// Of the oldest chat box.
+WindowPlace runningChatPlace() {
+    for (const OpenWindow& open : openWindows.windows) {
+        if (open.chat) return static_cast<const frmChat*>(open.window)->place();
+    }
+    return frmChat::startPlace();
+}
+
+} // namespace
+
 void frmChessClient::wireKeys() {
     TypingHooks& hooks = typingKeys.hooks;
     hooks.text = [this] { return txtSend->line(); };
@@ -21,7 +33,7 @@ void frmChessClient::wireKeys() {
         constexpr int Enter = 13;
         return code == Enter ? typingKeys.zTxtSend(code) : typingKeys.typingKeyDown(code, shift);
     };
-    txtOutput->upKey = [this] { return typingKeys.consoleKeyDown(KeyUp); };
+    txtOutput->keyDown = [this](int code) { return typingKeys.consoleKeyDown(code); };
     txtOutput->beep = [] { QApplication::beep(); };
     txtOutput->typed = [this](const QString& text) {
         for (const char c : text.toLatin1()) {
@@ -91,7 +103,10 @@ void frmChessClient::takeMenuTicks() {
 void frmChessClient::dumpRegistry() {
     collectSettings();
     RunningWindows windows;
-    windows.place = [](const WindowSection&) { return WindowPlace{}; };
+    windows.place = [](const WindowSection& section) {
+        const bool chat = std::string_view(section.className) == ChatSection.className;
+        return chat ? runningChatPlace() : WindowPlace{};
+    };
     windows.match = [] { return MatchSettings{}; };
     const QDir startDirectory(QString::fromLocal8Bit(connection.StartDirectory.c_str()));
     const QString file = startDirectory.filePath(QString::fromLatin1(RegDumpFile));

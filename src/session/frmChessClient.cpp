@@ -65,6 +65,7 @@ frmChessClient::frmChessClient(const ClientRoads& roads) : roads_(roads) {
     wireTimers();
     wireKeys();
     wireMenus();
+    wireChat();
     openWindows.add({"frmChessClient", this, nullptr, [this] { close(); }});
 }
 
@@ -100,8 +101,7 @@ QWidget* frmChessClient::buildRow() {
     row->addLayout(buildTellButtons(bar));
     cmdAcc = commandButton(bar, "cmdAcc", "Accept");
     cmdDec = commandButton(bar, "cmdDec", "Decline");
-    QPushButton* cmdChat = commandButton(bar, "cmdChat", "Chat");
-    cmdChat->setEnabled(false); // chat boxes are not built yet
+    cmdChat = commandButton(bar, "cmdChat", "Chat");
     for (QPushButton* button : {cmdAcc, cmdDec, cmdChat}) row->addWidget(button);
     return bar;
 }

@@ -7,6 +7,7 @@
 #include "platform/tcpClient.h"
 #include "session/BlockMode.h"
 #include "session/Captures.h"
+#include "session/ChatRouting.h"
 #include "session/ClientMenus.h"
 #include "session/Connection.h"
 #include "session/Console.h"
@@ -15,6 +16,7 @@
 #include "session/ServerLines.h"
 #include "session/TextPipeline.h"
 #include "session/TypingKeys.h"
+#include "session/frmChat.h"
 #include "settings/ClientSettings.h"
 #include "settings/Placement.h"
 #include "settings/SettingsStore.h"
@@ -52,6 +54,8 @@ public:
     void queryUnload();
     // Stops the socket and all timers; what remains of the program cannot be reached by events any more.
     void stopEverything();
+    // Opens a chat box, which proposes the sender of the latest tell; also what a board's Shift+F9 leads to.
+    void zNewChat();
     // The font of the command line, which the boards take for theirs.
     QFont typingFont() const { return txtSend->font(); }
 
@@ -65,6 +69,7 @@ public:
     BlockMode blockMode;
     Connection connection;
     GameRouting routing;
+    ChatRouting chatRouting;
     ClientSettings settings;
     ClientMenus menus;
 
@@ -96,6 +101,7 @@ private:
     void wireTimers();
     void wireKeys();
     void wireMenus();
+    void wireChat();
     void wireConsoleMenu();
     void takeMenuTicks();
     void panelNotBuilt(const char* panel);
@@ -103,6 +109,7 @@ private:
     void dumpRegistry();
 
     const ClientRoads& roads_;
+    ChatRoads chatRoads_;
     tcpClient tcpClient_;
     Console* txtOutput = nullptr;
     TypingLine* txtSend = nullptr;
@@ -110,6 +117,7 @@ private:
     std::array<QToolButton*, 10> cmdTell{};
     QPushButton* cmdAcc = nullptr;
     QPushButton* cmdDec = nullptr;
+    QPushButton* cmdChat = nullptr;
     QTimer tmrArrival_;
     QTimer tmrPrompt_;
     QTimer tmrState_;
