@@ -22,7 +22,7 @@ constexpr int AboveAndBelow = 750 / TwipsPerPixel;
 constexpr int TellGap = 30 / TwipsPerPixel;
 constexpr int TopMargin = 6;
 constexpr int BottomMargin = 6;
-constexpr int TellIndent = 4; // of the text, which so begins below that of the conversation
+constexpr int TellIndent = 2; // of the text, which so begins below that of the conversation
 
 // Where the question for the buddy stands to the window.
 constexpr QPoint QuestionOffset(420 / TwipsPerPixel, 210 / TwipsPerPixel);
