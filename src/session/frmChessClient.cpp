@@ -200,7 +200,7 @@ void frmChessClient::queryUnload() {
     tcpClient_.Close();
     collectSettings();
     zSaveReg(roads_.store, settings);
-    connection.hooks.terminateTimeSeal();
+    connection.zTerminateTimeSeal();
     stopEverything();
     Q_EMIT closed();
 }

@@ -15,6 +15,7 @@
 #include "session/LogOn.h"
 #include "session/ServerLines.h"
 #include "session/TextPipeline.h"
+#include "session/TimesealBridge.h"
 #include "session/TypingKeys.h"
 #include "session/frmChat.h"
 #include "settings/ClientSettings.h"
@@ -98,6 +99,7 @@ private:
     void wireRoad();
     void wireSocket();
     void wireConnection();
+    void wireBridge();
     void wireTimers();
     void wireKeys();
     void wireMenus();
@@ -111,6 +113,7 @@ private:
     const ClientRoads& roads_;
     ChatRoads chatRoads_;
     tcpClient tcpClient_;
+    TimesealBridge bridge_;
     Console* txtOutput = nullptr;
     TypingLine* txtSend = nullptr;
     QLabel* lblPrompt = nullptr;
