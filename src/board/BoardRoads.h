@@ -11,10 +11,11 @@
 #include <string>
 #include <string_view>
 
-// Filled in by whoever opens boards; shared by all of them and outlives them. What is not filled in does nothing.
+// Filled in by whoever opens boards; shared by all of them and outlives them. What is not filled in does nothing; only
+// the history must be there before a key is typed.
 struct BoardRoads {
     SettingsStore store; // section "Board"
-    // The lines typed so far, shared with the console.
+    // The console's own: the lines typed so far, wherever they were typed.
     CommandHistory* history = nullptr;
     // The console's zSendMsg: a command that the program makes up; dropped when not connected.
     std::function<void(const std::string& text)> zSendMsg = [](const std::string&) {};

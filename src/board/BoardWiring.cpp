@@ -1,9 +1,10 @@
 // A board window: what its game shows where, and what its menus and keys do.
 #include "board/frmChessBoard.h"
 
-#include "common/modChess.h"
+#include "common/TypingKey.h"
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
+#include "platform/StreamText.h"
 
 #include <QApplication>
 #include <QStatusBar>
@@ -27,23 +28,21 @@ void frmChessBoard::fillSurface() {
 
 void frmChessBoard::fillLabels() {
     GameSurface& surface = game.surface;
-    surface.setLastMove = [this](const std::string& text) {
-        parts_.lblMove->setText(QString::fromLatin1(text.c_str()));
-    };
+    surface.setLastMove = [this](const std::string& text) { parts_.lblMove->setText(shownText(text)); };
     surface.setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); };
     surface.setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); };
     surface.showHoldings = [this](const std::string& white, const std::string& black) {
-        parts_.lblBug[0]->setText(QString::fromLatin1(white.c_str()));
-        parts_.lblBug[1]->setText(QString::fromLatin1(black.c_str()));
+        parts_.lblBug[0]->setText(shownText(white));
+        parts_.lblBug[1]->setText(shownText(black));
         for (QLabel* label : parts_.lblBug) label->show();
     };
     surface.hideHoldings = [this] {
         for (QLabel* label : parts_.lblBug) label->hide();
     };
     surface.setPanel = [this](int panel, const std::string& text) {
-        parts_.panels[panel - 1]->setText(QString::fromLatin1(text.c_str()));
+        parts_.panels[panel - 1]->setText(shownText(text));
     };
-    surface.setTitle = [this](const std::string& text) { setWindowTitle(QString::fromLatin1(text.c_str())); };
+    surface.setTitle = [this](const std::string& text) { setWindowTitle(shownText(text)); };
     surface.showUn = [this](bool shown) {
         unShown_ = shown;
         if (shown) {
@@ -52,7 +51,6 @@ void frmChessBoard::fillLabels() {
             parts_.cmdUn->hide();
         }
     };
-    surface.enableSavePGN = [](bool) {}; // the PGN writer is not built yet
     surface.bringToFront = [this] {
         setWindowState(windowState() & ~Qt::WindowMinimized);
         show();
@@ -88,7 +86,7 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuQuorl, [this] { setPieceSet(1); });
     on(menus_.mnuGNU, [this] { setPieceSet(2); });
     on(menus_.mnuAbout,
-       [this] { boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString()); });
+       [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
     on(menus_.mnuExit, [this] { close(); });
     on(menus_.mnuExit1, [this] { close(); });
 }
@@ -98,7 +96,7 @@ void frmChessBoard::connectTyping() {
     connect(parts_.cmdUn, &QPushButton::clicked, this, [this] { game.cmdUn(); });
     for (QToolButton* button : parts_.cmdTell) {
         connect(button, &QToolButton::clicked, this, [this, button] {
-            const std::string text = button->toolTip().toLatin1().toStdString();
+            const std::string text = bytesOf(button->toolTip());
             parts_.txtSend->setFocus();
             if (text.empty()) return;
             parts_.txtSend->setLine(text);
@@ -116,37 +114,14 @@ void frmChessBoard::sendLine() {
     if (roads_.zSend(parts_.txtSend->line())) parts_.txtSend->clear();
 }
 
-// The history is the console's own.
-void frmChessBoard::walkHistory(bool up) {
-    if (roads_.history == nullptr) return;
-    const auto line = up ? roads_.history->up(parts_.txtSend->line()) : roads_.history->down();
-    if (line) parts_.txtSend->setLine(*line);
-    parts_.txtSend->end(false);
-}
-
 bool frmChessBoard::answerTypingKey(int code, bool shift) {
-    const std::string gameNumber = std::to_string(game.gameIndex);
-    switch (code) {
-    case 13: // Enter
+    if (code == KeyEnter) {
         sendLine();
         return true;
-    case 38: // Up
-    case 40: // Down
-        walkHistory(code == 38);
-        return true;
-    case 116: // F5
-        parts_.txtSend->setLine("Say ");
-        return true;
-    case 118: // F7
-        parts_.txtSend->setLine("xKibitz " + gameNumber + " ");
-        return true;
-    case 119: // F8
-        parts_.txtSend->setLine("xWhisper " + gameNumber + " ");
-        return true;
-    case 120: // F9; with Shift it asks for a chat box
-        if (!shift) parts_.txtSend->setLine("Tell " + modChess.TellTarget + " ");
-        return true;
-    default:
-        return false;
     }
+    if (code == KeyF9 && shift) return true; // asks for a chat box
+    const TypingAnswer answer = typingAnswer(code, *roads_.history, parts_.txtSend->line(), game.gameIndex);
+    if (answer.text) parts_.txtSend->setLine(*answer.text);
+    if (answer.taken) parts_.txtSend->end(false);
+    return answer.taken;
 }

@@ -6,7 +6,7 @@
 #include "board/BoardRoads.h"
 #include "board/Game.h"
 #include "platform/PaintHold.h"
-#include "settings/Placement.h"
+#include "settings/WindowPlacer.h"
 #include "view/ResizeWatch.h"
 
 #include <QMainWindow>
@@ -23,6 +23,8 @@ public:
 
     // Places and shows the window with the start position; pumps.
     void load();
+    // Part of the board's interface, and does nothing.
+    void zBuildMask(std::int16_t, std::int16_t) {}
     // Takes colours and font of the console's command line for the own one.
     void takeColors();
 
@@ -33,6 +35,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void zObjectSetup();
     void connectMenus();
     void connectTyping();
     void fillSurface();
@@ -45,10 +48,9 @@ private:
     void unload();
     void finishClosing();
     void sendLine();
-    void walkHistory(bool up);
     bool answerTypingKey(int code, bool shift);
-    WindowPlace place() const;
     QSize frame() const;
+    QSize sizeFor(int square) const;
     void fitWindow(const BoardGeometry& geometry);
 
     const BoardRoads& roads_;
@@ -56,6 +58,7 @@ private:
     BoardMenus menus_;
     BoardParts parts_;
     PaintHold paintHold_{this};
+    WindowPlacer placer_{this};
     QTimer tmrClock_;
     QTimer tmrNoPlay_;
     QTimer tmrResize_;

@@ -1,7 +1,9 @@
 // A line to type commands in, whose window answers the keys.
 #include "platform/TypingLine.h"
 
+#include "common/TypingKey.h"
 #include "platform/Colors.h"
+#include "platform/StreamText.h"
 
 #include <QKeyEvent>
 
@@ -11,14 +13,14 @@ namespace {
 int keyCode(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Up:
-        return 38;
+        return KeyUp;
     case Qt::Key_Down:
-        return 40;
+        return KeyDown;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return 13;
+        return KeyEnter;
     default:
-        return event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F12 ? 112 + event.key() - Qt::Key_F1 : 0;
+        return event.key() >= Qt::Key_F5 && event.key() <= Qt::Key_F9 ? KeyF5 + event.key() - Qt::Key_F5 : 0;
     }
 }
 
@@ -30,10 +32,10 @@ TypingLine::TypingLine(QWidget* parent) : QLineEdit(parent) {
     setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: 42 }")); // "*"
 }
 
-std::string TypingLine::line() const { return text().toLatin1().toStdString(); }
+std::string TypingLine::line() const { return bytesOf(text()); }
 
 void TypingLine::setLine(const std::string& text) {
-    setText(QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+    setText(shownText(text));
     end(false);
 }
 

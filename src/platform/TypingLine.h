@@ -19,7 +19,7 @@ public:
     // Background and text colour, 0xBBGGRR.
     void setColors(std::int32_t background, std::int32_t text);
 
-    // A key went down: the prescribed code (38 Up, 40 Down, 13 Enter, 116 F5 ...) and Shift; true takes the key.
+    // A key went down: its code (common/TypingKey.h) and Shift; true takes the key.
     std::function<bool(int code, bool shift)> keyDown = [](int, bool) { return false; };
 
 protected:

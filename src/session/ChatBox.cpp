@@ -4,15 +4,21 @@
 #include "common/Numbers.h"
 #include "common/Text.h"
 #include "common/modChess.h"
-#include "session/TypingKeys.h"
+
+#include <algorithm>
 
 namespace {
 
 constexpr int Backspace = 8;
-constexpr int Enter = 13;
 
 // "tell bob hi" is a command of the user's own. It takes five characters to be one.
 bool isTellCommand(const std::string& text) { return text.size() >= 5 && lower(text.substr(0, 4)) == "tell"; }
+
+// Pasted text may have several lines; what is behind the first would go out as a command.
+std::string oneLine(std::string text) {
+    std::ranges::replace_if(text, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return text;
+}
 
 } // namespace
 
@@ -29,8 +35,8 @@ void ChatBox::show(const std::string& text, std::size_t position) {
 }
 
 bool ChatBox::zTxtTell(int keyAscii) {
-    if (keyAscii != Enter || road.hooks.socketState() != ServerRoad::Connected) return false;
-    const std::string typed = hooks.text();
+    if (keyAscii != KeyEnter || road.hooks.socketState() != ServerRoad::Connected) return false;
+    const std::string typed = oneLine(hooks.text());
     const std::string sent = isTellCommand(typed) ? typed : "Tell " + xBuddy + " " + typed;
     road.zSendRaw(sent);
     road.idleSeconds = 0;
@@ -56,8 +62,8 @@ bool ChatBox::keyDown(int key) {
 }
 
 void ChatBox::chatKeyPress(int keyAscii) {
-    if (keyAscii == Enter) {
-        zTxtTell(Enter);
+    if (keyAscii == KeyEnter) {
+        zTxtTell(KeyEnter);
     } else {
         std::string text = hooks.text();
         if (keyAscii != Backspace) {

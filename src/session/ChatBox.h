@@ -3,6 +3,7 @@
 
 #include "common/CommandHistory.h"
 #include "common/ServerRoad.h"
+#include "common/TypingKey.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -6,7 +6,7 @@
 
 void frmChessClient::wireChat() {
     chatRoads_.store = roads_.store;
-    chatRoads_.typingFont = [this] { return typingFont(); };
+    chatRoads_.typingFont = [this] { return txtSend->font(); };
     chatRouting.consoleLength = [this] { return txtOutput->length(); };
     ClassifierHooks& hooks = classifier.hooks;
     hooks.zChatBox = [this](const std::string& line) { return chatRouting.zChatBox(line); };

@@ -4,7 +4,7 @@
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
-#include "settings/RegDump.h"
+#include "platform/StreamText.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -30,13 +30,12 @@ void frmChessClient::wireKeys() {
     hooks.caretToEnd = [this] { txtSend->end(false); };
     hooks.focus = [this] { txtSend->setFocus(); };
     txtSend->keyDown = [this](int code, bool shift) {
-        constexpr int Enter = 13;
-        return code == Enter ? typingKeys.zTxtSend(code) : typingKeys.typingKeyDown(code, shift);
+        return code == KeyEnter ? typingKeys.zTxtSend(code) : typingKeys.typingKeyDown(code, shift);
     };
     txtOutput->keyDown = [this](int code) { return typingKeys.consoleKeyDown(code); };
     txtOutput->beep = [] { QApplication::beep(); };
     txtOutput->typed = [this](const QString& text) {
-        for (const char c : text.toLatin1()) {
+        for (const char c : bytesOf(text)) {
             if (static_cast<unsigned char>(c) >= ' ' && c != 127)
                 typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
         }
@@ -44,14 +43,13 @@ void frmChessClient::wireKeys() {
     };
     for (QToolButton* button : cmdTell) {
         connect(button, &QToolButton::clicked, this,
-                [this, button] { typingKeys.pressButton(button->toolTip().toLatin1().toStdString()); });
+                [this, button] { typingKeys.pressButton(bytesOf(button->toolTip())); });
     }
     connect(cmdAcc, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Accept"); });
     connect(cmdDec, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Decline"); });
 }
 
 void frmChessClient::wireMenus() {
-    const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
     for (QAction* profile : menus.mnuConnect) {
         on(profile,
            [this, profile] { connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
@@ -65,19 +63,16 @@ void frmChessClient::wireMenus() {
     on(menus.mnuBoard, [this] { routing.zNewBoard(); });
     on(menus.mnuTest, [this] { dumpRegistry(); });
     on(menus.mnuAbout,
-       [this] { boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString()); });
+       [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
 }
 
 void frmChessClient::wireConsoleMenu() {
-    blockMode.hooks.caption = [this] { return windowTitle().toLatin1().toStdString(); };
-    blockMode.hooks.setCaption = [this](const std::string& caption) {
-        setWindowTitle(QString::fromLatin1(caption.data(), static_cast<qsizetype>(caption.size())));
-    };
+    blockMode.hooks.caption = [this] { return bytesOf(windowTitle()); };
+    blockMode.hooks.setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); };
     blockMode.hooks.insertAtEnd = [this](const std::string& text) {
         txtOutput->moveToEnd();
         txtOutput->insert(text);
     };
-    const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
     on(menus.mnuBlocked, [this] {
         blockMode.toggle(classifier.menu.mnuBlocked);
         menus.mnuBlocked->setChecked(classifier.menu.mnuBlocked);
@@ -102,15 +97,12 @@ void frmChessClient::takeMenuTicks() {
 
 void frmChessClient::dumpRegistry() {
     collectSettings();
-    RunningWindows windows;
-    windows.place = [](const WindowSection& section) {
-        const bool chat = std::string_view(section.className) == ChatSection.className;
-        return chat ? runningChatPlace() : WindowPlace{};
+    RunningWindows windows = roads_.runningWindows;
+    windows.place = [this](const WindowSection& section) {
+        const bool chat = std::string_view(section.name) == ChatSection.name;
+        return chat ? runningChatPlace() : roads_.runningWindows.place(section);
     };
-    windows.match = [] { return MatchSettings{}; };
-    const QDir startDirectory(QString::fromLocal8Bit(connection.StartDirectory.c_str()));
-    const QString file = startDirectory.filePath(QString::fromLatin1(RegDumpFile));
-    if (writeRegDump(zDumpReg(roads_.store, settings, windows), file.toLocal8Bit().toStdString())) {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    if (writeRegDump(zDumpReg(roads_.store, settings, windows))) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QDir::current().filePath(QString::fromLatin1(RegDumpFile))));
     }
 }

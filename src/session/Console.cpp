@@ -1,8 +1,10 @@
 // The text surface of the console and of the chat boxes: coloured text that goes in at the insertion point.
 #include "session/Console.h"
 
+#include "common/TypingKey.h"
 #include "platform/Colors.h"
 #include "platform/LightScrollBar.h"
+#include "platform/StreamText.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
@@ -10,8 +12,6 @@
 namespace {
 constexpr int FrameMilliseconds = 16;
 constexpr qsizetype LongestLine = 4096; // characters
-constexpr int UpCode = 38;
-constexpr int DownCode = 40;
 
 // `text` with a line break wherever a line of the screen would get longer than `LongestLine`: the toolkit's time for a
 // line grows with the square of its length. The line begins `column` characters before the text.
@@ -58,7 +58,7 @@ void Console::setPaper(std::int32_t color) {
 }
 
 void Console::insert(const std::string& text) {
-    const QString piece = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+    const QString piece = shownText(text);
     if (!waiting_.empty() && waiting_.back().format == format_) {
         waiting_.back().text += piece;
     } else {
@@ -135,7 +135,7 @@ std::size_t Console::length() {
 
 std::string Console::text() {
     flush();
-    return toPlainText().toLatin1().toStdString();
+    return bytesOf(toPlainText());
 }
 
 void Console::clearScreen() {
@@ -146,7 +146,7 @@ void Console::clearScreen() {
 // The console never keeps the focus for typing: characters go to the command line, Ctrl+C stays for copying.
 void Console::keyPressEvent(QKeyEvent* event) {
     flush();
-    const int walk = event->key() == Qt::Key_Up ? UpCode : event->key() == Qt::Key_Down ? DownCode : 0;
+    const int walk = event->key() == Qt::Key_Up ? KeyUp : event->key() == Qt::Key_Down ? KeyDown : 0;
     if (walk != 0 && keyDown(walk)) return;
     const QString text = event->text();
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);

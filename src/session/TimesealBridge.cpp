@@ -1,6 +1,8 @@
 // The relay program of the chess server's side, run as a child process of the client.
 #include "session/TimesealBridge.h"
 
+#include "platform/StreamText.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -15,10 +17,6 @@ namespace {
 constexpr int PartingMs = 500;
 
 bool runs(const QProcess& process) { return process.state() != QProcess::NotRunning; }
-
-QString fromBytes(const std::string& text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 // Runs in the child before the program: from now on the system asks it to end when the client is gone.
 void endWithClient(pid_t client) {
@@ -47,7 +45,7 @@ bool TimesealBridge::programFound() {
 
 void TimesealBridge::start(const std::vector<std::string>& arguments) {
     QStringList list;
-    for (const std::string& argument : arguments) list << fromBytes(argument);
+    for (const std::string& argument : arguments) list << shownText(argument);
     auto process = std::make_unique<QProcess>();
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());

@@ -2,11 +2,8 @@
 #include "session/TypingKeys.h"
 
 #include "common/Abbrev.h"
-#include "common/modChess.h"
 
 namespace {
-
-constexpr int Enter = 13;
 
 bool opensPanel(std::string text) { return zAbbrev(text, "help", 2) || zAbbrev(text, "history", 2); }
 
@@ -15,12 +12,12 @@ bool opensPanel(std::string text) { return zAbbrev(text, "help", 2) || zAbbrev(t
 TypingKeys::TypingKeys(ServerRoad& serverRoad, LogOn& log) : road(serverRoad), logOn(log) {
     logOn.enter = [this](const std::string& text) {
         hooks.setText(text);
-        zTxtSend(Enter);
+        zTxtSend(KeyEnter);
     };
 }
 
 bool TypingKeys::zTxtSend(int keyAscii) {
-    if (keyAscii != Enter) return false;
+    if (keyAscii != KeyEnter) return false;
     const std::string text = hooks.text();
     if (road.hooks.socketState() != ServerRoad::Connected && !opensPanel(text)) return false;
     road.zSend(text);
@@ -29,70 +26,32 @@ bool TypingKeys::zTxtSend(int keyAscii) {
 }
 
 bool TypingKeys::typingKeyDown(int key, bool shift) {
-    switch (key) {
-    case KeyUp:
-        if (!logOn.answer()) walkUp();
+    if (key == KeyF9 && shift) {
+        hooks.zNewChat();
         hooks.caretToEnd();
-        return true;
-    case KeyDown:
-        walkDown();
-        return true;
-    case KeyF5:
-        show("Say ");
-        return true;
-    case KeyF7:
-        return wordKey("Kibitz ");
-    case KeyF8:
-        return wordKey("Whisper ");
-    case KeyF9:
-        return tellKey(shift);
-    default:
         return false;
     }
+    const bool prompted = key == KeyUp && logOn.answer();
+    const TypingAnswer answer = prompted ? TypingAnswer{true, {}} : typingAnswer(key, road.history, hooks.text());
+    if (answer.text) hooks.setText(*answer.text);
+    if (answer.taken) hooks.caretToEnd();
+    if (key == KeyF7 || key == KeyF8) hooks.focus();
+    return answer.taken;
 }
 
 void TypingKeys::pressButton(const std::string& command) {
     if (command.empty()) return;
     hooks.setText(command);
     hooks.focus();
-    zTxtSend(Enter);
+    zTxtSend(KeyEnter);
 }
 
 bool TypingKeys::consoleKeyDown(int key) { return key == KeyUp && logOn.answer(); }
 
 bool TypingKeys::consoleKeyPress(int keyAscii) {
     if (keyAscii == 3 || keyAscii == 22 || keyAscii == 24) return false;
-    show(hooks.text() + static_cast<char>(keyAscii));
-    hooks.focus();
-    return true;
-}
-
-void TypingKeys::show(const std::string& text) {
-    hooks.setText(text);
+    hooks.setText(hooks.text() + static_cast<char>(keyAscii));
     hooks.caretToEnd();
-}
-
-void TypingKeys::walkUp() {
-    if (const auto text = road.history.up(hooks.text())) hooks.setText(*text);
-}
-
-void TypingKeys::walkDown() {
-    if (const auto text = road.history.down()) hooks.setText(*text);
-    hooks.caretToEnd();
-}
-
-bool TypingKeys::tellKey(bool shift) {
-    if (shift) {
-        hooks.zNewChat();
-        hooks.caretToEnd();
-        return false;
-    }
-    show("Tell " + modChess.TellTarget + " ");
-    return true;
-}
-
-bool TypingKeys::wordKey(const std::string& word) {
-    show(word);
     hooks.focus();
     return true;
 }

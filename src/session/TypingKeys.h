@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/ServerRoad.h"
+#include "common/TypingKey.h"
 #include "session/LogOn.h"
 
 #include <functional>
@@ -17,9 +18,6 @@ struct TypingHooks {
     std::function<void()> zNewChat = [] {};
 };
 
-// Virtual key codes of KeyDown.
-enum TypingKey : int { KeyUp = 38, KeyDown = 40, KeyF5 = 116, KeyF7 = 118, KeyF8 = 119, KeyF9 = 120 };
-
 struct TypingKeys {
     ServerRoad& road;
     LogOn& logOn;
@@ -34,7 +32,8 @@ struct TypingKeys {
     // While not connected the text stays, unless it is a help or history command, which needs no server.
     bool zTxtSend(int keyAscii);
 
-    // KeyDown of txtSend; true if the key is consumed. Up and Down walk the history, and Up answers a log-on prompt.
+    // KeyDown of txtSend; true if the key is consumed. Up answers a pending log-on prompt; Shift+F9 asks for a chat box
+    // and stays; all else as typingAnswer() says.
     bool typingKeyDown(int key, bool shift);
 
     // A button with a stored command: types it and presses Enter; an empty command does nothing.
@@ -46,11 +45,4 @@ struct TypingKeys {
     // KeyPress of the console: the character goes to the end of the typing line. False, and so left to the console, for
     // Ctrl+C, Ctrl+V and Ctrl+X (codes 3, 22 and 24).
     bool consoleKeyPress(int keyAscii);
-
-private:
-    void show(const std::string& text);
-    void walkUp();
-    void walkDown();
-    bool tellKey(bool shift);
-    bool wordKey(const std::string& word);
 };

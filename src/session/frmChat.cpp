@@ -1,35 +1,31 @@
 // A chat box: a small window for the talk with one buddy or on one channel.
 #include "session/frmChat.h"
 
+#include "common/Twips.h"
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
+#include "platform/StreamText.h"
 #include "settings/WindowSettings.h"
 
 #include <QCloseEvent>
 #include <QPointer>
-#include <QScreen>
 
 namespace {
 
-constexpr int TwipsPerPixel = 15;
 constexpr QSize DesignedSize(420, 300); // pixels, as are those below
 constexpr QSize LeastSize(180, 130);
 
 // What the conversation leaves of the window, and how that is shared out.
-constexpr int Beside = 120 / TwipsPerPixel;
-constexpr int AboveAndBelow = 750 / TwipsPerPixel;
-constexpr int TellGap = 30 / TwipsPerPixel;
+constexpr int Beside = 120 / TwipsPerPixelX;
+constexpr int AboveAndBelow = 750 / TwipsPerPixelY;
+constexpr int TellGap = 30 / TwipsPerPixelY;
 constexpr int TopMargin = 6;
 constexpr int BottomMargin = 6;
 constexpr int TellIndent = 2; // of the text, which so begins below that of the conversation
 
 // Where the question for the buddy stands to the window.
-constexpr QPoint QuestionOffset(420 / TwipsPerPixel, 210 / TwipsPerPixel);
-
-QString shownText(const std::string& text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
+constexpr QPoint QuestionOffset(420 / TwipsPerPixelX, 210 / TwipsPerPixelY);
 
 } // namespace
 
@@ -72,7 +68,7 @@ void frmChat::connectKeys() {
     txtTell->keyDown = [this](int code, bool) { return box.zTxtTell(code) || box.keyDown(code); };
     txtChat->keyDown = [this](int code) { return box.keyDown(code); };
     txtChat->typed = [this](const QString& text) {
-        for (const char c : text.toLatin1()) {
+        for (const char c : bytesOf(text)) {
             const int code = static_cast<unsigned char>(c);
             if ((code >= ' ' && code != 127) || code == 8 || code == 13) box.chatKeyPress(code);
         }
@@ -95,24 +91,14 @@ void frmChat::takeColors() {
 }
 
 void frmChat::loadPlace() {
-    const WindowPlace designed = startPlace();
-    WindowPlace read = designed;
+    WindowPlace read = startPlace();
     readWindow(roads_.store, ChatSection, read);
-    const QSize pixels = screen()->geometry().size() * TwipsPerPixel;
-    const WindowPlace at = placed(read, {designed.Width, designed.Height},
-                                  {float(pixels.width()), float(pixels.height())}, ChatSection.limit);
-    move(int(at.Left) / TwipsPerPixel, int(at.Top) / TwipsPerPixel);
-    resize(int(at.Width) / TwipsPerPixel, int(at.Height) / TwipsPerPixel);
+    placer_.moveTo(placed(read, twipsOf(DesignedSize), screenOf(*this), ChatSection.limit));
 }
 
 WindowPlace frmChat::startPlace() {
-    return {0, 0, float(DesignedSize.width() * TwipsPerPixel), float(DesignedSize.height() * TwipsPerPixel)};
-}
-
-WindowPlace frmChat::place() const {
-    const QRect shown = isMaximized() ? normalGeometry() : QRect(pos(), size());
-    return {float(shown.x() * TwipsPerPixel), float(shown.y() * TwipsPerPixel), float(shown.width() * TwipsPerPixel),
-            float(shown.height() * TwipsPerPixel)};
+    const Extent designed = twipsOf(DesignedSize);
+    return {0, 0, designed.Width, designed.Height};
 }
 
 // The program may close the box while the question is up.
@@ -130,9 +116,9 @@ void frmChat::askForBuddy() {
 }
 
 void frmChat::closeEvent(QCloseEvent* event) {
-    if (isMinimized()) showNormal();
+    placer_.unminimise();
     tmrStart_.stop();
-    zSaveReg(roads_.store, ChatSection, place());
+    zSaveReg(roads_.store, ChatSection, placer_.place());
     openWindows.remove(this);
     event->accept();
 }

@@ -4,8 +4,8 @@
 #include "platform/TypingLine.h"
 #include "session/ChatBox.h"
 #include "session/Console.h"
-#include "settings/Placement.h"
 #include "settings/SettingsStore.h"
+#include "settings/WindowPlacer.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -33,7 +33,7 @@ public:
     // Takes the colours of the options and the font of the console's command line.
     void takeColors();
     // Where it stands, in twips; of one that is not loaded see `startPlace`.
-    WindowPlace place() const;
+    WindowPlace place() const { return placer_.place(); }
     // The start values of a box's place: 0, 0 and the designed size, in twips.
     static WindowPlace startPlace();
 
@@ -50,6 +50,7 @@ private:
     void askForBuddy();
 
     const ChatRoads& roads_;
+    WindowPlacer placer_{this};
     Console* txtChat = nullptr;
     TypingLine* txtTell = nullptr;
     QTimer tmrStart_;

@@ -17,9 +17,6 @@ protected:
     // The window's own server is `loopback`, TimeSeal is ticked, and the waits of a start end as soon as a relay has
     // opened its port.
     void startWithBridge() {
-        ASSERT_TRUE(loopback.listen());
-        set("IP", "127.0.0.1");
-        set("Port", std::to_string(loopback.server.serverPort()));
         set("Use_Timeseal", "True");
         start();
         client->connection.hooks.wait = [this](double) { waitUntil([this] { return relay.hasNoted("ready"); }, 200); };
@@ -28,7 +25,7 @@ protected:
         relay.put();
         startWithBridge();
         client->connection.mnuConnectClick(0);
-        return waitUntil([this] { return loopback.peer && socketState() == 7; });
+        return waitUntil([this] { return loopback.hasClient() && socketState() == 7; });
     }
 
 private:

@@ -8,6 +8,7 @@
 class ChatWindowRig : public ClientRig {
 protected:
     ChatWindowRig() {
+        roads.playSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); };
         boxes.inputAt = [this](QWidget*, int left, int top, const std::string& prompt, const std::string& title,
                                const std::string& proposal) {
             messages.push_back(title + ": " + prompt + "/" + proposal);
@@ -45,4 +46,5 @@ protected:
     std::optional<std::string> buddy = "Bob";
     std::function<void()> whileAsked;
     QPoint askedAt;
+    std::vector<std::string> sounds;
 };

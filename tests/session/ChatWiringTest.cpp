@@ -113,7 +113,7 @@ TEST_F(ChatWiring, AClosedBoxGetsNothingMore) {
 TEST_F(ChatWiring, TheEndOfTheConnectionClosesNoBox) {
     loggedOn();
     openChat("Bob");
-    loopback.peer->disconnectFromHost();
+    loopback.hangUp();
     ASSERT_TRUE(waitUntil([this] { return socketState() == 0; }));
     client->connection.tmrTCPTimer();
     EXPECT_EQ(openWindows.count("frmChat"), 1);
