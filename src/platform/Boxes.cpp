@@ -42,9 +42,10 @@ bool realOkCancel(QWidget* parent, const std::string& title, const std::string& 
     return ask(parent, title, text, QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
-std::optional<std::string> realInput(QWidget* parent, const std::string& prompt, const std::string& title,
-                                     const std::string& proposal) {
+std::optional<std::string> askForText(QWidget* parent, const std::optional<QPoint>& place, const std::string& prompt,
+                                      const std::string& title, const std::string& proposal) {
     const QPointer<QInputDialog> box(new QInputDialog(owner(parent)));
+    if (place) box->move(*place);
     box->setWindowTitle(shownText(title));
     box->setLabelText(shownText(prompt));
     box->setTextValue(shownText(proposal));
@@ -53,6 +54,16 @@ std::optional<std::string> realInput(QWidget* parent, const std::string& prompt,
     if (accepted) answer = bytesOf(box->textValue());
     delete box;
     return answer;
+}
+
+std::optional<std::string> realInput(QWidget* parent, const std::string& prompt, const std::string& title,
+                                     const std::string& proposal) {
+    return askForText(parent, std::nullopt, prompt, title, proposal);
+}
+
+std::optional<std::string> realInputAt(QWidget* parent, int left, int top, const std::string& prompt,
+                                       const std::string& title, const std::string& proposal) {
+    return askForText(parent, QPoint(left, top), prompt, title, proposal);
 }
 
 std::optional<std::int32_t> realColour(QWidget* parent, std::int32_t start) {
@@ -87,7 +98,7 @@ void realPopup(QMenu& menu) { menu.exec(QCursor::pos()); }
 } // namespace
 
 Boxes::Boxes()
-    : message(realMessage), yesNo(realYesNo), okCancel(realOkCancel), input(realInput), colour(realColour),
-      fileOpen(realFileOpen), fileSave(realFileSave), folder(realFolder), popup(realPopup) {}
+    : message(realMessage), yesNo(realYesNo), okCancel(realOkCancel), input(realInput), inputAt(realInputAt),
+      colour(realColour), fileOpen(realFileOpen), fileSave(realFileSave), folder(realFolder), popup(realPopup) {}
 
 Boxes boxes;

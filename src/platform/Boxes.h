@@ -28,6 +28,11 @@ struct Boxes {
                                              const std::string& proposal)>
         input;
 
+    // The same with the box's upper left corner at `left` and `top` on the screen (pixels).
+    std::function<std::optional<std::string>(QWidget* parent, int left, int top, const std::string& prompt,
+                                             const std::string& title, const std::string& proposal)>
+        inputAt;
+
     // A colour 0xBBGGRR chosen from `start`; nothing on Cancel.
     std::function<std::optional<std::int32_t>(QWidget* parent, std::int32_t start)> colour;
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+struct ChatBox;
 struct Game;
 
 // One loaded window. `window` is its identity only and is never dereferenced here.
@@ -15,6 +16,7 @@ struct OpenWindow {
     const void* window = nullptr;
     Game* game = nullptr;         // of a "frmChessBoard", null for all others
     std::function<void()> unload; // asks the window to close; it may refuse
+    ChatBox* chat = nullptr;      // of a "frmChat", null for all others
 };
 
 // A window number is a position in `windows` and is good only until a window opens or closes.

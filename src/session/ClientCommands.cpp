@@ -11,6 +11,18 @@
 #include <QDir>
 #include <QUrl>
 
+namespace {
+
+// Of the oldest chat box.
+WindowPlace runningChatPlace() {
+    for (const OpenWindow& open : openWindows.windows) {
+        if (open.chat) return static_cast<const frmChat*>(open.window)->place();
+    }
+    return frmChat::startPlace();
+}
+
+} // namespace
+
 void frmChessClient::wireKeys() {
     TypingHooks& hooks = typingKeys.hooks;
     hooks.text = [this] { return txtSend->line(); };
@@ -20,7 +32,7 @@ void frmChessClient::wireKeys() {
     txtSend->keyDown = [this](int code, bool shift) {
         return code == KeyEnter ? typingKeys.zTxtSend(code) : typingKeys.typingKeyDown(code, shift);
     };
-    txtOutput->upKey = [this] { return typingKeys.consoleKeyDown(KeyUp); };
+    txtOutput->keyDown = [this](int code) { return typingKeys.consoleKeyDown(code); };
     txtOutput->beep = [] { QApplication::beep(); };
     txtOutput->typed = [this](const QString& text) {
         for (const char c : bytesOf(text)) {
@@ -85,7 +97,12 @@ void frmChessClient::takeMenuTicks() {
 
 void frmChessClient::dumpRegistry() {
     collectSettings();
-    if (writeRegDump(zDumpReg(roads_.store, settings, roads_.runningWindows))) {
+    RunningWindows windows = roads_.runningWindows;
+    windows.place = [this](const WindowSection& section) {
+        const bool chat = std::string_view(section.name) == ChatSection.name;
+        return chat ? runningChatPlace() : roads_.runningWindows.place(section);
+    };
+    if (writeRegDump(zDumpReg(roads_.store, settings, windows))) {
         QDesktopServices::openUrl(QUrl::fromLocalFile(QDir::current().filePath(QString::fromLatin1(RegDumpFile))));
     }
 }

@@ -41,7 +41,7 @@ void buildWindows(ClientMenus& menus, QMenu* menu) {
     menus.mnuSeekGrf = addTick(menu, "mnuSeekGrf", "&Seek Graph");
     menus.mnuSeekGrf->setEnabled(false);
     addUnbuilt(menu, "mnuMatch", "&Match");
-    addUnbuilt(menu, "mnuChat", "C&hat");
+    menus.mnuChat = addEntry(menu, "mnuChat", "C&hat");
     addUnbuilt(menu, "mnuHistory", "H&istory")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
     menu->addSeparator();
     addUnbuilt(menu, "mnuVars", "&Variables");

@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr double LoopTurn = 0.01; // seconds; lets the processor rest while a relay is waited for
+
 template <typename Act>
 void eachBoard(Act act) {
     for (const OpenWindow& open : openWindows.windows) {
@@ -147,7 +149,17 @@ void frmChessClient::wireConnection() {
     hooks.countIdle = [this](bool isConnected) { road.countIdle(isConnected); };
     hooks.endAllGames = [this] { routing.zEndAllGames(); };
     hooks.clearBoards = [] { eachBoard(clearBoard); };
+    wireBridge();
+}
+
+void frmChessClient::wireBridge() {
+    ConnectionHooks& hooks = connection.hooks;
     hooks.wait = [](double seconds) { zWait(seconds); };
+    hooks.pump = [] { zWait(LoopTurn); };
+    hooks.bridgeProgramFound = TimesealBridge::programFound;
+    hooks.startBridge = [this](const std::vector<std::string>& arguments) { bridge_.start(arguments); };
+    hooks.zTimeSealHandle = [this] { return bridge_.zTimeSealHandle(); };
+    hooks.closeTimeSeal = [this](std::int32_t handle) { bridge_.requestEnd(handle); };
 }
 
 void frmChessClient::wireTimers() {

@@ -5,6 +5,7 @@
 #include "common/ServerRoad.h"
 #include "common/Text.h"
 #include "common/modChess.h"
+#include "platform/Clock.h"
 
 #include <cmath>
 #include <filesystem>
@@ -16,6 +17,7 @@ namespace {
 constexpr int CloseBeeps = 3;
 constexpr double BridgeStopWait = 0.55; // seconds
 constexpr double BridgePortWait = 1.1;  // seconds
+constexpr double BridgeEndWait = 7;     // seconds
 
 struct Server {
     std::string host;
@@ -84,7 +86,7 @@ void Connection::direct(const std::string& host, std::int32_t port, const std::s
 }
 
 void Connection::throughBridge(const std::string& host, std::int32_t port) {
-    hooks.terminateTimeSeal();
+    zTerminateTimeSeal();
     hooks.wait(BridgeStopWait);
     if (modChess.AppClosing) return; // the user closed the program during the wait
     if (!hooks.bridgeProgramFound()) {
@@ -93,7 +95,7 @@ void Connection::throughBridge(const std::string& host, std::int32_t port) {
         hooks.checksChanged();
         return direct(host, port, "FICS");
     }
-    hooks.startBridge("timeseal.exe " + host + " " + std::to_string(port) + " -p " + std::to_string(BridgePort));
+    hooks.startBridge({host, std::to_string(port), "-p", std::to_string(BridgePort)});
     hooks.wait(BridgePortWait);
     if (modChess.AppClosing) return;
     direct("localhost", BridgePort, "Timeseal");
@@ -108,7 +110,22 @@ void Connection::askForServer() {
 void Connection::mnuCloseClick() {
     hooks.closeSocket();
     ClosedByUser = true;
-    hooks.terminateTimeSeal();
+    zTerminateTimeSeal();
+}
+
+// A clock that stands before the noted time has passed midnight.
+void Connection::zTerminateTimeSeal() {
+    const double noted = wallClock.secondsOfDay();
+    hooks.setCaption(std::string(ClientTitle) + "Closing Timeseal");
+    std::int32_t handle = 0;
+    double passed = 0;
+    do {
+        handle = hooks.zTimeSealHandle();
+        hooks.pump();
+        passed = wallClock.secondsOfDay() - noted;
+    } while (handle != 0 && passed >= 0 && passed < BridgeEndWait);
+    hooks.setCaption("Brightrank - Client");
+    if (handle != 0) hooks.closeTimeSeal(handle);
 }
 
 void Connection::mnuAutoConClick() {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 inline constexpr const char* FicsHost = "freechess.org";
 inline constexpr std::int32_t FicsPort = 5000;
@@ -41,10 +42,14 @@ struct ConnectionHooks {
     std::function<void()> clearBoards = [] {};
 
     // The TimeSeal bridge
-    std::function<void()> terminateTimeSeal = [] {};                 // `zTerminateTimeSeal`
     std::function<void(double seconds)> wait = [](double) {};        // `zWait`; the message loop runs meanwhile
+    std::function<void()> pump = [] {};                              // runs the message loop once
     std::function<bool()> bridgeProgramFound = [] { return false; }; // "timeseal.exe" in the current directory
-    std::function<void(const std::string& commandLine)> startBridge = [](const std::string&) {}; // hidden
+    // Starts the program, hidden, with these arguments: host, port, "-p", "6000".
+    std::function<void(const std::vector<std::string>& arguments)> startBridge = [](const std::vector<std::string>&) {};
+    std::function<std::int32_t()> zTimeSealHandle = [] { return 0; }; // of a running bridge, 0 for none
+    // Asks the bridge with this handle to end.
+    std::function<void(std::int32_t handle)> closeTimeSeal = [](std::int32_t) {};
 };
 
 // One connection at a time. It keeps no state of its own about it but a copy of the socket's state at the latest tick,
@@ -78,6 +83,10 @@ struct Connection {
 
     void socketClosed();                              // the Close event of the socket
     void socketError(const std::string& description); // the Error event of the socket
+
+    // Gives a running bridge up to seven seconds to end by itself, the caption saying so, and then asks it once to end.
+    // The message loop runs meanwhile. Also runs at close-down.
+    void zTerminateTimeSeal();
 
     // To be called on every arrival: the first text through the bridge names the connection.
     void textArrived();

@@ -1,6 +1,7 @@
-// The console's text surface: coloured text that goes in at the insertion point.
+// The text surface of the console and of the chat boxes: coloured text that goes in at the insertion point.
 #include "session/Console.h"
 
+#include "common/TypingKey.h"
 #include "platform/Colors.h"
 #include "platform/LightScrollBar.h"
 #include "platform/StreamText.h"
@@ -106,6 +107,32 @@ void Console::moveToEnd() {
     verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 
+// An insertion point at the end moves along with the waiting text, which so need not go in. A line end of two
+// characters becomes one, and a line that is broken gets one more for thousands.
+bool Console::staysAtEnd(std::size_t position) const {
+    auto longest = static_cast<std::size_t>(document()->characterCount());
+    for (const Run& run : waiting_) longest += 2 * static_cast<std::size_t>(run.text.size());
+    const QTextCursor shown = textCursor();
+    return position >= longest && shown.atEnd() && !shown.hasSelection();
+}
+
+void Console::moveTo(std::size_t position) {
+    if (staysAtEnd(position)) return;
+    flush();
+    QScrollBar* bar = verticalScrollBar();
+    const bool following = bar->value() >= bar->maximum();
+    const int seen = bar->value();
+    QTextCursor point = textCursor();
+    point.setPosition(static_cast<int>(std::min(position, length())));
+    setTextCursor(point);
+    bar->setValue(following ? bar->maximum() : seen);
+}
+
+std::size_t Console::length() {
+    flush();
+    return static_cast<std::size_t>(document()->characterCount()) - 1; // without the document's own end
+}
+
 std::string Console::text() {
     flush();
     return bytesOf(toPlainText());
@@ -119,7 +146,8 @@ void Console::clearScreen() {
 // The console never keeps the focus for typing: characters go to the command line, Ctrl+C stays for copying.
 void Console::keyPressEvent(QKeyEvent* event) {
     flush();
-    if (event->key() == Qt::Key_Up && upKey()) return;
+    const int walk = event->key() == Qt::Key_Up ? KeyUp : event->key() == Qt::Key_Down ? KeyDown : 0;
+    if (walk != 0 && keyDown(walk)) return;
     const QString text = event->text();
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     if (text.isEmpty() || control || text.at(0).unicode() == 27) {
@@ -132,7 +160,7 @@ void Console::keyPressEvent(QKeyEvent* event) {
 
 void Console::mousePressEvent(QMouseEvent* event) {
     flush();
-    if (event->button() == Qt::RightButton) {
+    if (rightButtonEnds && event->button() == Qt::RightButton) {
         beep();
         moveToEnd();
     } else {
@@ -141,5 +169,11 @@ void Console::mousePressEvent(QMouseEvent* event) {
     setFocus();
 }
 
-// A right press belongs to the insertion point; it opens no menu.
-void Console::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
+// A right press that belongs to the insertion point opens no menu.
+void Console::contextMenuEvent(QContextMenuEvent* event) {
+    if (rightButtonEnds) {
+        event->accept();
+    } else {
+        QPlainTextEdit::contextMenuEvent(event);
+    }
+}

@@ -1,4 +1,4 @@
-// The console's text surface: coloured text that goes in at the insertion point.
+// The text surface of the console and of the chat boxes: coloured text that goes in at the insertion point.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-// `txtOutput`. Only grows; nothing is ever cut off its front. Text waits for at most one frame (16 ms) and then goes in
-// together, so a flood is laid out and painted at the screen's pace; everything that looks at the text or moves the
-// insertion point lets the waiting text in first, so nobody can see the difference.
+// `txtOutput` and `txtChat`. Only grows; nothing is ever cut off its front. Text waits for at most one frame (16 ms)
+// and then goes in together, so a flood is laid out and painted at the screen's pace; everything that looks at the text
+// or moves the insertion point lets the waiting text in first, so nobody can see the difference.
 class Console : public QPlainTextEdit {
     Q_OBJECT
 public:
@@ -26,6 +26,11 @@ public:
     void insert(const std::string& text);
     // The insertion point goes to the end of the text, and the view follows.
     void moveToEnd();
+    // The insertion point goes behind the first `position` characters, or to the end if there are fewer; the view stays
+    // where it is, or follows the end if it was there.
+    void moveTo(std::size_t position);
+    // The number of characters; a line end counts as one.
+    std::size_t length();
     // The whole text, a line feed between lines.
     std::string text();
     // Empties the console.
@@ -35,10 +40,12 @@ public:
     // Colour (0xBBGGRR) of the paper.
     void setPaper(std::int32_t color);
 
-    // Up was pressed; true takes the key, false lets it scroll.
-    std::function<bool()> upKey = [] { return false; };
+    // Up (38) or Down (40) was pressed; true takes the key, false lets it scroll.
+    std::function<bool(int code)> keyDown = [](int) { return false; };
     // A character was typed that belongs to the command line.
     std::function<void(const QString& text)> typed = [](const QString&) {};
+    // A right press beeps and moves to the end; otherwise it opens the menu with which text is copied.
+    bool rightButtonEnds = true;
     std::function<void()> beep = [] {};
 
 protected:
@@ -53,6 +60,7 @@ private:
     };
 
     void insertWaiting();
+    bool staysAtEnd(std::size_t position) const;
     void keepSelection(int anchor, int position);
 
     std::vector<Run> waiting_;

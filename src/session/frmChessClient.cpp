@@ -64,6 +64,7 @@ frmChessClient::frmChessClient(const ClientRoads& roads) : roads_(roads) {
     wireTimers();
     wireKeys();
     wireMenus();
+    wireChat();
     openWindows.add({"frmChessClient", this, nullptr, [this] { close(); }});
 }
 
@@ -99,8 +100,7 @@ QWidget* frmChessClient::buildRow() {
     row->addLayout(buildTellButtons(bar));
     cmdAcc = commandButton(bar, "cmdAcc", "Accept");
     cmdDec = commandButton(bar, "cmdDec", "Decline");
-    QPushButton* cmdChat = commandButton(bar, "cmdChat", "Chat");
-    cmdChat->setEnabled(false); // chat boxes are not built yet
+    cmdChat = commandButton(bar, "cmdChat", "Chat");
     for (QPushButton* button : {cmdAcc, cmdDec, cmdChat}) row->addWidget(button);
     return bar;
 }
@@ -187,7 +187,7 @@ void frmChessClient::queryUnload() {
     tcpClient_.Close();
     collectSettings();
     zSaveReg(roads_.store, settings);
-    connection.hooks.terminateTimeSeal();
+    connection.zTerminateTimeSeal();
     stopEverything();
     Q_EMIT closed();
 }

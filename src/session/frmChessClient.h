@@ -8,6 +8,7 @@
 #include "platform/tcpClient.h"
 #include "session/BlockMode.h"
 #include "session/Captures.h"
+#include "session/ChatRouting.h"
 #include "session/ClientMenus.h"
 #include "session/Connection.h"
 #include "session/Console.h"
@@ -15,7 +16,9 @@
 #include "session/LogOn.h"
 #include "session/ServerLines.h"
 #include "session/TextPipeline.h"
+#include "session/TimesealBridge.h"
 #include "session/TypingKeys.h"
+#include "session/frmChat.h"
 #include "settings/ClientSettings.h"
 #include "settings/RegDump.h"
 #include "settings/SettingsStore.h"
@@ -58,6 +61,8 @@ public:
     void stopEverything();
     // What a board needs of the console; good as long as the window lives.
     BoardRoads boardRoads();
+    // Opens a chat box, which proposes the sender of the latest tell; also what a board's Shift+F9 leads to.
+    void zNewChat();
 
     ServerLines serverLines;
     TextPipeline pipeline{serverLines};
@@ -69,6 +74,7 @@ public:
     BlockMode blockMode;
     Connection connection;
     GameRouting routing;
+    ChatRouting chatRouting;
     ClientSettings settings;
     ClientMenus menus;
 
@@ -101,23 +107,28 @@ private:
     void wireRoad();
     void wireSocket();
     void wireConnection();
+    void wireBridge();
     void wireTimers();
     void wireKeys();
     void wireMenus();
+    void wireChat();
     void wireConsoleMenu();
     void takeMenuTicks();
     void panelNotBuilt(const char* panel);
     void dumpRegistry();
 
     const ClientRoads& roads_;
+    ChatRoads chatRoads_;
     WindowPlacer placer_{this};
     tcpClient tcpClient_;
+    TimesealBridge bridge_;
     Console* txtOutput = nullptr;
     TypingLine* txtSend = nullptr;
     QLabel* lblPrompt = nullptr;
     std::array<QToolButton*, 10> cmdTell{};
     QPushButton* cmdAcc = nullptr;
     QPushButton* cmdDec = nullptr;
+    QPushButton* cmdChat = nullptr;
     QTimer tmrArrival_;
     QTimer tmrPrompt_;
     QTimer tmrState_;

@@ -52,11 +52,14 @@ protected:
     ~ConnectionTest() override { modChess = {}; }
 
     void fillBridge() {
-        connection.hooks.terminateTimeSeal = [this] { log.push_back("terminate"); };
+        connection.hooks.pump = [this] { log.push_back("pump"); };
         connection.hooks.wait = [this](double seconds) {
             log.push_back("wait " + std::to_string(seconds).substr(0, 4));
         };
-        connection.hooks.startBridge = [this](const std::string& command) { log.push_back("start " + command); };
+        connection.hooks.startBridge = [this](const std::vector<std::string>& arguments) {
+            log.push_back("start");
+            for (const std::string& argument : arguments) log.back() += " " + argument;
+        };
     }
 
     void tickIn(int newState) {
@@ -155,7 +158,7 @@ TEST_F(ConnectionTest, TheOldBridgeIsEndedAndGivenTimeBeforeTheProgramIsLookedFo
         return false;
     };
     connection.mnuConnectClick(3);
-    EXPECT_EQ((Log{log.begin(), log.begin() + 3}), (Log{"terminate", "wait 0.55", "look"}));
+    EXPECT_EQ((Log{log.begin(), log.begin() + 3}), (Log{"pump", "wait 0.55", "look"}));
 }
 
 TEST_F(ConnectionTest, AFoundBridgeIsStartedAndConnectedToOnThisMachine) {
@@ -163,8 +166,8 @@ TEST_F(ConnectionTest, AFoundBridgeIsStartedAndConnectedToOnThisMachine) {
     connection.hooks.bridgeProgramFound = [] { return true; };
     connection.mnuUseTS = true;
     connection.mnuConnectClick(1);
-    EXPECT_EQ(log, (Log{"terminate", "wait 0.55", "start timeseal.exe freechess.org 5000 -p 6000", "wait 1.10",
-                        "connect localhost:6000"}));
+    EXPECT_EQ(log,
+              (Log{"pump", "wait 0.55", "start freechess.org 5000 -p 6000", "wait 1.10", "connect localhost:6000"}));
     EXPECT_EQ(connection.ConnectionLabel, "Timeseal");
     EXPECT_EQ(connection.LabelAfterBridge, "FICS");
     EXPECT_TRUE(connection.mnuUseTS);
@@ -391,7 +394,7 @@ TEST_F(ConnectionTest, MnuCloseClosesTheSocketAndTheBridge) {
     fillBridge();
     connection.ClosedByUser = false;
     connection.mnuCloseClick();
-    EXPECT_EQ(log, (Log{"close", "terminate"}));
+    EXPECT_EQ(log, (Log{"close", "pump"}));
     EXPECT_TRUE(connection.ClosedByUser);
 }
 

@@ -193,7 +193,8 @@ TEST(Console, UpGoesToTheWindowFirstAndScrollsIfItIsNotTaken) {
     Console console;
     bool take = true;
     int asked = 0;
-    console.upKey = [&] {
+    console.keyDown = [&](int code) {
+        EXPECT_EQ(code, 38);
         ++asked;
         return take;
     };

@@ -1,5 +1,5 @@
 // The diagnostic dump from the Help menu.
-#include "session/ClientRig.h"
+#include "session/ChatWindowRig.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -9,7 +9,7 @@
 
 namespace {
 
-class RegistryDump : public ClientRig {
+class RegistryDump : public ChatWindowRig {
 protected:
     RegistryDump() {
         QDir::setCurrent(folder.path());
@@ -45,6 +45,16 @@ TEST_F(RegistryDump, GivesTheRunningPlaceOfTheConsole) {
     client->move(40, 30);
     entry("mnuTest").trigger();
     EXPECT_NE(dumped().find("\nLeft:  600\nTop:  450\nWidth:  11400\nHeight:  8400\n"), std::string::npos);
+}
+
+TEST_F(RegistryDump, GivesTheRunningPlaceOfTheOldestChatBoxOrTheOneItWouldStartWith) {
+    start();
+    entry("mnuTest").trigger();
+    EXPECT_NE(dumped().find("Chat\nLeft:  0\nTop:  0\nWidth:  6300\nHeight:  4500\n"), std::string::npos);
+    openChat("Bob").setGeometry(100, 50, 500, 400);
+    openChat("Ann");
+    entry("mnuTest").trigger();
+    EXPECT_NE(dumped().find("Chat\nLeft:  1500\nTop:  750\nWidth:  7500\nHeight:  6000\n"), std::string::npos);
 }
 
 TEST_F(RegistryDump, WritesNothingIntoTheStore) {

@@ -1,0 +1,64 @@
+// A chat box without its window: the buddy it is bound to, what its keys do, and what it sends.
+#pragma once
+
+#include "common/CommandHistory.h"
+#include "common/ServerRoad.h"
+#include "common/TypingKey.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+// What a box reaches out to: its window. Unset members do nothing.
+struct ChatHooks {
+    std::function<void(const std::string& caption)> setCaption = [](const std::string&) {};
+
+    // The conversation, txtChat
+    // Colour (0xBBGGRR) of what is inserted from now on.
+    std::function<void(std::int32_t color)> setColor = [](std::int32_t) {};
+    // At the insertion point.
+    std::function<void(const std::string& text)> insert = [](const std::string&) {};
+    // The insertion point goes behind that many characters, or to the end if there are fewer.
+    std::function<void(std::size_t position)> moveTo = [](std::size_t) {};
+    std::function<void()> moveToEnd = [] {};
+
+    // The typing line, txtTell
+    std::function<std::string()> text = [] { return std::string(); };
+    // The insertion point goes to the end of the new text.
+    std::function<void(const std::string& text)> setText = [](const std::string&) {};
+    std::function<void()> focus = [] {};
+};
+
+// One box of frmChat. Its window keeps it in openWindows, where ChatRouting finds it.
+struct ChatBox {
+    ServerRoad& road;
+    ChatHooks hooks;
+
+    // A handle, which may be abbreviated until the first tell completes it, or a channel number in digits; empty until
+    // the user has named one.
+    std::string xBuddy;
+    CommandHistory ChatHistory; // ChatCursor is its CommandCursor
+
+    explicit ChatBox(ServerRoad& serverRoad) : road(serverRoad) {}
+
+    // Binds the box to `buddy` and says so in the caption.
+    void name(const std::string& buddy);
+
+    // Shows what the buddy said; the insertion point then goes to `position` (see ChatHooks::moveTo).
+    void show(const std::string& text, std::size_t position);
+
+    // KeyPress of the typing line: Enter (13) tells its text to the buddy, or sends it as it is if it is a tell
+    // command. True if the key is consumed; while not connected nothing happens and the text stays.
+    bool zTxtTell(int keyAscii);
+
+    // Makes `text` the newest line of ChatHistory.
+    void zShiftReg(const std::string& text) { ChatHistory.zPushCommand(text); }
+
+    // KeyDown of the typing line and of the conversation: Up and Down walk through ChatHistory. True if consumed.
+    bool keyDown(int key);
+
+    // KeyPress of the conversation, always consumed: the character goes to the end of the typing line, which gets the
+    // focus; code 8 takes the last one off, Enter (13) sends.
+    void chatKeyPress(int keyAscii);
+};

@@ -1,0 +1,110 @@
+// How a running relay is given time and then asked to end: the caption, the seven seconds, the one request.
+#include "session/Connection.h"
+
+#include "common/modChess.h"
+#include "platform/Clock.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+using testing::ElementsAre;
+
+namespace {
+
+constexpr const char* Closing = "caption Brightrank - Client  Closing Timeseal";
+constexpr const char* Closed = "caption Brightrank - Client";
+
+// Each turn of the message loop takes half a second.
+struct TimesealTest : testing::Test {
+    Connection connection;
+    std::vector<std::string> log;
+    double clock = 1000;
+    int turns = 0;
+    std::int32_t handle = 0;
+    int endsAtTurn = 1000;
+
+    TimesealTest() {
+        modChess = {};
+        wallClock.secondsOfDay = [this] { return clock; };
+        auto& hooks = connection.hooks;
+        hooks.setCaption = [this](const std::string& caption) { log.push_back("caption " + caption); };
+        hooks.zTimeSealHandle = [this] { return turns < endsAtTurn ? handle : 0; };
+        hooks.pump = [this] {
+            ++turns;
+            clock += 0.5;
+            if (clock >= 86400) clock -= 86400;
+        };
+        hooks.closeTimeSeal = [this](std::int32_t asked) { log.push_back("close " + std::to_string(asked)); };
+        hooks.closeSocket = [this] { log.emplace_back("close socket"); };
+    }
+    ~TimesealTest() override { wallClock = Clock{}; }
+};
+
+} // namespace
+
+TEST_F(TimesealTest, WithoutABridgeTheFirstPassLeaves) {
+    connection.zTerminateTimeSeal();
+    EXPECT_EQ(turns, 1);
+    EXPECT_THAT(log, ElementsAre(Closing, Closed));
+}
+
+TEST_F(TimesealTest, ABridgeThatEndsByItselfIsNotAsked) {
+    handle = 4711;
+    endsAtTurn = 5;
+    connection.zTerminateTimeSeal();
+    EXPECT_EQ(turns, 6);
+    EXPECT_THAT(log, ElementsAre(Closing, Closed));
+}
+
+TEST_F(TimesealTest, ABridgeThatStaysIsAskedOnceAfterSevenSeconds) {
+    handle = 4711;
+    connection.zTerminateTimeSeal();
+    EXPECT_EQ(clock, 1007);
+    EXPECT_THAT(log, ElementsAre(Closing, Closed, "close 4711"));
+}
+
+TEST_F(TimesealTest, MidnightEndsTheWait) {
+    handle = 4711;
+    clock = 86399;
+    connection.zTerminateTimeSeal();
+    EXPECT_EQ(turns, 2);
+    EXPECT_THAT(log, ElementsAre(Closing, Closed, "close 4711"));
+}
+
+TEST_F(TimesealTest, TheLatestHandleIsTheOneThatIsAsked) {
+    handle = 4711;
+    connection.hooks.zTimeSealHandle = [this] { return turns < 3 ? 4711 : 4712; };
+    connection.zTerminateTimeSeal();
+    EXPECT_EQ(log.back(), "close 4712");
+}
+
+TEST_F(TimesealTest, ClosingTheConnectionClosesTheSocketFirst) {
+    handle = 4711;
+    endsAtTurn = 1;
+    connection.mnuCloseClick();
+    EXPECT_THAT(log, ElementsAre("close socket", Closing, Closed));
+}
+
+TEST_F(TimesealTest, AnOldBridgeIsAskedBeforeTheProgramIsLookedFor) {
+    handle = 4711;
+    connection.hooks.bridgeProgramFound = [this] {
+        log.emplace_back("look");
+        return false;
+    };
+    connection.mnuConnectClick(3);
+    EXPECT_THAT(log, ElementsAre(Closing, Closed, "close 4711", "look"));
+}
+
+TEST_F(TimesealTest, AHostOfAnyTextIsOneArgument) {
+    std::vector<std::string> given;
+    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.hooks.startBridge = [&](const std::vector<std::string>& arguments) { given = arguments; };
+    modChess.ServerPort = 70000;
+    for (const std::string host : {"10.0.0.1", "a b; c\"d' $(e) \\", ""}) {
+        modChess.ServerIP = host;
+        connection.mnuConnectClick(3);
+        EXPECT_THAT(given, ElementsAre(host, "70000", "-p", "6000"));
+    }
+}
