@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The queued pre-move, with the pointer on the built program: played, refused, replaced, taken back."""
 from game import QUIET, PlayedByHand, time, unittest, waitFor
-from rig import DARK, LIGHT, PRE_MOVED
+from rig import DARK, LIGHT, MOVED, PRE_MOVED
 
 
 class PreMoves(PlayedByHand):
@@ -31,7 +31,7 @@ class PreMoves(PlayedByHand):
         self.awaitSent("e2-e4", "g1-f3")
         waitFor(lambda: len(self.wire.positions()) >= 4, 5, "the server's answer")
         self.awaitPosition()
-        self.assertPlain("g1")
+        waitFor(lambda: self.screen.mark("g1") == MOVED, 3, "the mark of the last move")
 
     def testAPreMoveThatBecameIllegalIsNotSent(self):
         self.beginWithTheOpponentToMove()

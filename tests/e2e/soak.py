@@ -1,0 +1,161 @@
+#!/usr/bin/env python3
+"""Many games between two runs of the program, each with a pointer of its own, at the practice server.
+
+    tests/e2e/soak.py [--games 1000] [--plies 24] [--pace 0.02] [--seed 1]
+
+Legal moves at random, by the packaged engine; every third one is answered by a move that was queued before it.
+After each move both screens have to show the position that the server sent. Prints the memory of both every hundred
+games."""
+import argparse
+import contextlib
+import random
+import re
+import shutil
+import subprocess
+import time
+
+from learn import learnPieces
+from rig import Client, Display, PracticeServer, Screen, Wire, waitFor
+
+NAMES = ("Pupil", "Rookery")  # white and black
+
+
+class Engine:
+    """Lists legal moves."""
+
+    def __init__(self):
+        path = shutil.which("fairy-stockfish", path="/usr/games:/usr/bin:/usr/local/bin")
+        self.process = subprocess.Popen([path], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, bufsize=1)
+
+    def legalMoves(self, moves):
+        self.process.stdin.write(f"position startpos moves {' '.join(moves)}\ngo perft 1\n")
+        found = []
+        for line in self.process.stdout:
+            if line.startswith("Nodes searched"):
+                return found
+            if move := re.match(r"([a-h][1-8][a-h][1-8]q?): 1$", line):
+                found.append(move[1])
+
+    def randomGame(self, dice, plies):
+        moves = []
+        while len(moves) < plies and (legal := self.legalMoves(moves)):
+            moves.append(dice.choice(legal))
+        return moves
+
+    def end(self):
+        self.process.stdin.write("quit\n")
+        self.process.wait(5)
+
+
+class Player:
+    """One run of the program with its display and its wire."""
+
+    def __init__(self, stack, port, name):
+        self.display = stack.enter_context(Display())
+        pieces = learnPieces(self.display)
+        self.wire = Wire(port)
+        stack.callback(self.wire.end)
+        self.client = Client(self.display, self.wire.port, handle=name, PreMove_OK=1, AutoQueen=1)
+        stack.callback(self.client.end)
+        self.screen = Screen(self.display, flipped=name == NAMES[1])
+        self.screen.pieces = pieces
+        waitFor(lambda: "Set Style 12" in self.wire.lines(), 20, "the log-on")
+
+    def liftTheFourSecondsRule(self):
+        """Board, Clean: else no piece can be lifted yet."""
+        self.display.keys("alt+b", "l")
+
+    def drag(self, move):
+        self.display.move(*self.screen.centre(move[:2]))
+        self.display.press()
+        self.display.move(*self.screen.centre(move[2:4]))
+        self.display.release()
+        self.display.move(self.screen.left - 3, self.screen.top - 3)  # a pointer at rest on a piece queues it again
+
+    def shows(self):
+        return self.screen.read() == self.wire.positions()[-1][:8]
+
+
+class Soak:
+    def __init__(self, stack, options):
+        self.options = options
+        self.dice = random.Random(options.seed)
+        self.practice = PracticeServer()
+        stack.callback(self.practice.end)
+        self.engine = Engine()
+        stack.callback(self.engine.end)
+        self.players = [Player(stack, self.practice.port, name) for name in NAMES]
+        self.moves = self.preMoves = 0
+
+    def agree(self, count, move):
+        """Both sides have got the position behind `count` plies of this game, and both screens show it."""
+        for player in self.players:
+            waitFor(lambda: len(player.wire.positions()) > count, 10, f"the position behind {move}")
+            waitFor(player.shows, 5, f"{player.wire.positions()[-1][:8]} on the screen behind {move}")
+
+    def start(self):
+        for player in self.players:
+            player.wire.received.clear()
+        white, black = self.players
+        white.wire.sayForUser(f"match {NAMES[1]} 60 0 u white")
+        waitFor(lambda: b"Challenge: Pupil" in black.wire.received, 5, "the challenge")
+        black.wire.sayForUser("accept")
+        for player in self.players:
+            waitFor(player.wire.positions, 5, "the first position")
+            if not hasattr(player.screen, "side"):
+                waitFor(player.screen.find, 10, "a board")
+            waitFor(player.shows, 5, "the start position")
+            player.liftTheFourSecondsRule()
+
+    def play(self):
+        moves = self.engine.randomGame(self.dice, self.options.plies)
+        self.start()
+        ply = 0
+        while ply < len(moves):
+            due = time.monotonic() + self.options.pace
+            ply += self.preMove(moves, ply) if ply % 3 == 2 and ply + 1 < len(moves) else self.move(moves, ply)
+            time.sleep(max(0.0, due - time.monotonic()))
+        self.finish()
+        self.moves += len(moves)
+
+    def move(self, moves, ply):
+        self.players[ply % 2].drag(moves[ply])
+        self.agree(ply + 1, moves[ply])
+        return 1
+
+    def preMove(self, moves, ply):
+        """He who has just moved queues his next move, and the other one makes his."""
+        self.players[(ply + 1) % 2].drag(moves[ply + 1])
+        self.players[ply % 2].drag(moves[ply])
+        self.agree(ply + 2, moves[ply + 1])
+        self.preMoves += 1
+        return 2
+
+    def finish(self):
+        ended = re.compile(rb"\{Game \d+ \(Pupil vs\. Rookery\) [^}]*\} [01*]")
+        if not ended.search(bytes(self.players[0].wire.received)):
+            self.players[0].wire.sayForUser("resign")
+        for player in self.players:
+            waitFor(lambda: ended.search(bytes(player.wire.received)), 5, "the end of the game")
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Plays many games between two runs of the program.")
+    parser.add_argument("--games", type=int, default=1000)
+    parser.add_argument("--plies", type=int, default=24, help="of a game; it is resigned then")
+    parser.add_argument("--pace", type=float, default=0.02, help="seconds from one move to the next, at the least")
+    parser.add_argument("--seed", type=int, default=1)
+    options = parser.parse_args()
+    with contextlib.ExitStack() as stack:
+        soak = Soak(stack, options)
+        begin = time.monotonic()
+        for game in range(1, options.games + 1):
+            soak.play()
+            if game % 100 == 0 or game in (1, options.games):
+                memory = ", ".join(f"{player.client.memory():.1f}" for player in soak.players)
+                print(f"{game} games, {soak.moves} moves, {soak.preMoves} of them queued: {memory} MB resident, "
+                      f"{time.monotonic() - begin:.0f} s", flush=True)
+
+
+if __name__ == "__main__":
+    main()
