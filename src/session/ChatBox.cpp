@@ -16,7 +16,8 @@ bool isTellCommand(const std::string& text) { return text.size() >= 5 && lower(t
 
 // Pasted text may have several lines; what is behind the first would go out as a command.
 std::string oneLine(std::string text) {
-    std::ranges::replace_if(text, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    std::ranges::replace_if(
+        text, [](char c) { return c == '\r' || c == '\n'; }, ' ');
     return text;
 }
 
