@@ -39,8 +39,9 @@ BoardRoads boardRoads(frmChessClient& client, Sounds& sounds, const SettingsStor
     return roads;
 }
 
-const void* openBoard(const BoardRoads& roads) {
+const void* openBoard(const BoardRoads& roads, frmChessClient& client) {
     auto* board = new frmChessBoard(roads); // deletes itself after closing
+    QObject::connect(board, &frmChessBoard::chatWanted, &client, [&client] { client.typingKeys.hooks.zNewChat(); });
     board->load();
     return board;
 }
@@ -60,12 +61,12 @@ int main(int argc, char** argv) {
     ClientRoads roads;
     roads.store = openIniStore();
     roads.playSound = [&sounds](const std::string& name, std::int16_t mode) { sounds.zPlaySound(name, mode); };
-    roads.openBoard = [&boards] { return openBoard(boards); };
     roads.showHandle = [](const std::string& handle) {
         eachBoard([&handle](Game& game) { game.surface.setPanel(1, handle); });
     };
 
     frmChessClient client(roads);
+    roads.openBoard = [&boards, &client] { return openBoard(boards, client); };
     boards = boardRoads(client, sounds, roads.store);
     EndRequests endRequests([&client] { client.close(); });
     application.stopEverything = [&client, &endRequests] {

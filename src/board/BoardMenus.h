@@ -14,6 +14,8 @@ struct BoardMenus {
     QAction* mnuBookup = nullptr;
     QAction* mnuQuorl = nullptr;
     QAction* mnuGNU = nullptr;
+    QAction* mnuDraw = nullptr;
+    QAction* mnuRes = nullptr;
     QAction* mnuSelfCheck = nullptr; // not shown but with a command line that holds "est"
     QAction* mnuAbout = nullptr;
     QAction* mnuExit1 = nullptr;

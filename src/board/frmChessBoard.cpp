@@ -120,14 +120,7 @@ void frmChessBoard::fitWindow(const BoardGeometry& geometry) {
     const QSize inner = (free ? fitted : size()) - frame();
     inner_->setGeometry(Margin, Margin, inner.width(), inner.height() - BoardParts::StatusHeight);
     parts_.place(inner, geometry.SquarePixels, game.Flipped);
-    if (unShown_) parts_.zSolveConflict(parts_.cmdUn);
-}
-
-void frmChessBoard::setPieceSet(std::int16_t set) {
-    modChess.ChessSet = set;
-    if (!game.zBoardSetup(false)) return; // closed by what came in meanwhile
-    menus_.checkPieces(set);
-    game.zBoardSetup(false);
+    if (unShown_) zSolveConflict(parts_.cmdUn);
 }
 
 // The program closes the window. With its own question still up it is taken along, question and all.
