@@ -27,7 +27,7 @@ void BoardMenus::build(QMenuBar& bar) {
     mnuInvert = addEntry(board, "mnuInvert", "&Flip");
     mnuInvert->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
     mnuClean = addEntry(board, "mnuClean", "C&lean");
-    addUnbuilt(board, "mnuColors", "&Colors");
+    mnuColors = addEntry(board, "mnuColors", "&Colors");
     board->addSeparator();
     mnuBookup = addTick(board, "mnuBookup", "Bookup");
     mnuQuorl = addTick(board, "mnuQuorl", "Quorl");

@@ -11,6 +11,7 @@ struct BoardMenus {
     QAction* mnuExit = nullptr;
     QAction* mnuInvert = nullptr;
     QAction* mnuClean = nullptr;
+    QAction* mnuColors = nullptr;
     QAction* mnuBookup = nullptr;
     QAction* mnuQuorl = nullptr;
     QAction* mnuGNU = nullptr;

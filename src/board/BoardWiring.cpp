@@ -4,6 +4,7 @@
 #include "common/TypingKey.h"
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
+#include "view/frmBoardColors.h"
 
 #include <QApplication>
 #include <QStatusBar>
@@ -84,6 +85,7 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuNew, [this] { game.mnuNew(); });
     on(menus_.mnuInvert, [this] { game.mnuInvert(); });
     on(menus_.mnuClean, [this] { game.mnuClean(); });
+    on(menus_.mnuColors, [this] { frmBoardColors::showAt(pos()); });
     on(menus_.mnuBookup, [this] { setPieceSet(0); });
     on(menus_.mnuQuorl, [this] { setPieceSet(1); });
     on(menus_.mnuGNU, [this] { setPieceSet(2); });

@@ -6,6 +6,7 @@
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
 #include "settings/WindowSettings.h"
+#include "view/frmBoardColors.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -37,7 +38,11 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     fillSurface();
     connectMenus();
     connectTyping();
-    openWindows.add({"frmChessBoard", this, &game, [this] { unload(); }});
+    openWindows.add({.className = "frmChessBoard",
+                     .window = this,
+                     .game = &game,
+                     .unload = [this] { unload(); },
+                     .zBoardSetup = [this] { game.zBoardSetup(false); }});
 }
 
 frmChessBoard::~frmChessBoard() {
@@ -62,10 +67,13 @@ void frmChessBoard::load() {
         parts_.cmdTell[index]->setToolTip(text);
         parts_.cmdTell[index]->setEnabled(!text.isEmpty());
     }
-    paintBoard();
+    const QPointer<frmChessBoard> self(this);
+    frmBoardColors::loaded().zSave();
+    if (!self || !game.isOpen()) return; // closed by what came in meanwhile
     show();
     parts_.grdMoves->countVisibleRows(); // a hidden grid has no rows yet
     if (!game.finishLoad()) return;
+    openWindows.unload("frmBoardColors");
     parts_.txtSend->setFocus();
     resizeWatch_.Muted = false;
     tmrResize_.start(); // its first firing fits nothing; it should not be the one of the user's first resize
@@ -166,6 +174,9 @@ bool frmChessBoard::mayClose() {
     const CloseDecision decision = queryUnload(game, facts);
     if (decision.enableBoardMenu) roads_.enableBoardMenu();
     if (decision.refused) return false;
+    if (decision.unloadPanels) {
+        for (const char* panel : {"frmBoardColors", "frmMatch", "frmPGN", "frmExamine"}) openWindows.unload(panel);
+    }
     if (!decision.send.empty()) roads_.zSendMsg(decision.send);
     asking_ = decision.ask;
     return !decision.ask || boxes.okCancel(this, std::string(CloseBoxTitle), std::string(CloseBoxText));
