@@ -4,6 +4,7 @@
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/OpenWindows.h"
+#include "seek/frmMatch.h"
 #include "session/frmChessClient.h"
 #include "settings/IniStore.h"
 #include "settings/Sounds.h"
@@ -18,6 +19,13 @@ void eachBoard(Act act) {
     for (const OpenWindow& open : openWindows.windows) {
         if (open.game != nullptr) act(*open.game);
     }
+}
+
+MatchRoads matchRoads(frmChessClient& client, const SettingsStore& store) {
+    MatchRoads roads;
+    roads.store = store;
+    roads.zSendMsg = [&client](const std::string& text) { client.road.zSendMsg(text); };
+    return roads;
 }
 
 BoardRoads boardRoads(frmChessClient& client, Sounds& sounds, const SettingsStore& store) {
@@ -58,9 +66,11 @@ int main(int argc, char** argv) {
 
     Sounds sounds;
     BoardRoads boards;
+    MatchRoads match;
     ClientRoads roads;
     roads.store = openIniStore();
     roads.playSound = [&sounds](const std::string& name, std::int16_t mode) { sounds.zPlaySound(name, mode); };
+    roads.showMatch = [&match] { frmMatch::showIt(match); };
     roads.showHandle = [](const std::string& handle) {
         eachBoard([&handle](Game& game) { game.surface.setPanel(1, handle); });
     };
@@ -68,6 +78,8 @@ int main(int argc, char** argv) {
     frmChessClient client(roads);
     roads.openBoard = [&boards, &client] { return openBoard(boards, client); };
     boards = boardRoads(client, sounds, roads.store);
+    boards.showMatch = roads.showMatch;
+    match = matchRoads(client, roads.store);
     EndRequests endRequests([&client] { client.close(); });
     application.stopEverything = [&client, &endRequests] {
         endRequests.endAtOnce();

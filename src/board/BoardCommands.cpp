@@ -42,3 +42,8 @@ void frmChessBoard::sendConfirmed(const std::string& word) {
     parts_.txtSend->setFocus();
     if (confirmed) sendTyped(word);
 }
+
+void frmChessBoard::openMatch(bool challenge) {
+    modChess.MatchMode = challenge;
+    roads_.showMatch();
+}

@@ -34,8 +34,8 @@ void BoardMenus::build(QMenuBar& bar) {
     mnuGNU = addTick(board, "mnuGNU", "GNU");
 
     QMenu* actions = addMenu(bar, "mnuActions", "&Actions");
-    addUnbuilt(actions, "mnuSeek", "&Seek");
-    addUnbuilt(actions, "mnuMatch", "&Match");
+    mnuSeek = addEntry(actions, "mnuSeek", "&Seek");
+    mnuMatch = addEntry(actions, "mnuMatch", "&Match");
     actions->addSeparator();
     mnuDraw = addEntry(actions, "mnuDraw", "&Draw");
     mnuRes = addEntry(actions, "mnuRes", "&Resign");

@@ -15,6 +15,8 @@ struct BoardMenus {
     QAction* mnuBookup = nullptr;
     QAction* mnuQuorl = nullptr;
     QAction* mnuGNU = nullptr;
+    QAction* mnuSeek = nullptr;
+    QAction* mnuMatch = nullptr;
     QAction* mnuDraw = nullptr;
     QAction* mnuRes = nullptr;
     QAction* mnuSelfCheck = nullptr; // not shown but with a command line that holds "est"

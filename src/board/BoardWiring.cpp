@@ -89,6 +89,8 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuBookup, [this] { setPieceSet(0); });
     on(menus_.mnuQuorl, [this] { setPieceSet(1); });
     on(menus_.mnuGNU, [this] { setPieceSet(2); });
+    on(menus_.mnuSeek, [this] { openMatch(false); });
+    on(menus_.mnuMatch, [this] { openMatch(true); });
     on(menus_.mnuDraw, [this] { sendConfirmed("Draw"); });
     on(menus_.mnuRes, [this] { sendConfirmed("Resign"); });
     on(menus_.mnuAbout,

@@ -63,6 +63,7 @@ private:
     bool mayClose();
     void unload();
     void finishClosing();
+    void openMatch(bool challenge);
     void sendTyped(const std::string& text);
     void sendConfirmed(const std::string& word);
     bool answerTypingKey(int code, bool shift);

@@ -3,7 +3,8 @@
 
 #include "common/modChess.h"
 #include "platform/Boxes.h"
-#include "platform/OpenWindows.h"
+#include "platform/LoadedWindow.h"
+#include "seek/frmMatch.h"
 #include "settings/RegDump.h"
 
 #include <QApplication>
@@ -50,6 +51,10 @@ void frmChessClient::wireMenus() {
     on(menus.mnuExit, [this] { close(); });
     wireConsoleMenu();
     on(menus.mnuBoard, [this] { routing.zNewBoard(); });
+    on(menus.mnuMatch, [this] {
+        modChess.MatchMode = true;
+        roads_.showMatch();
+    });
     on(menus.mnuTest, [this] { dumpRegistry(); });
     on(menus.mnuAbout,
        [this] { boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString()); });
@@ -90,8 +95,12 @@ void frmChessClient::takeMenuTicks() {
 void frmChessClient::dumpRegistry() {
     collectSettings();
     RunningWindows windows;
-    windows.place = [](const WindowSection&) { return WindowPlace{}; };
-    windows.match = [] { return MatchSettings{}; };
+    const auto* match = loadedWindow<frmMatch>();
+    windows.place = [match](const WindowSection& section) {
+        const bool isMatch = std::string_view(section.name) == MatchSection.name;
+        return isMatch && match != nullptr ? match->place() : WindowPlace{};
+    };
+    windows.match = [match] { return match != nullptr ? match->fields() : MatchSettings{}; };
     const QDir startDirectory(QString::fromLocal8Bit(connection.StartDirectory.c_str()));
     const QString file = startDirectory.filePath(QString::fromLatin1(RegDumpFile));
     if (writeRegDump(zDumpReg(roads_.store, settings, windows), file.toLocal8Bit().toStdString())) {

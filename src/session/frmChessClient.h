@@ -34,6 +34,8 @@ struct ClientRoads {
     std::function<void(const std::string& name, std::int16_t mode)> playSound = [](const std::string&, std::int16_t) {};
     // Creates, shows and loads a board window; gives its identity in openWindows.
     std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
+    // Shows frmMatch as modChess.MatchMode says.
+    std::function<void()> showMatch = [] {};
     // The user's handle has been learnt: every board shows it in panel 1.
     std::function<void(const std::string& handle)> showHandle = [](const std::string&) {};
 };
