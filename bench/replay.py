@@ -8,7 +8,6 @@ says the same in steps of 10 ms). A stretch of text ends with thirty underscores
 Style 12" as soon as it has read them; it counts as visible when the program has then used no CPU for 150 ms.
 """
 import argparse
-import ctypes
 import os
 import pathlib
 import re
@@ -17,10 +16,14 @@ import shutil
 import socket
 import statistics
 import subprocess
+import sys
 import tempfile
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT / "tools"))
+from desktop import Display  # noqa: E402
+
 GAME = ROOT / "tests/data/streams/server-b/03_long_game_smoves.raw"
 PROMPT = b"\n\rfics% "
 MARK = b"\n\r" + b"_" * 30 + PROMPT
@@ -73,40 +76,6 @@ def channelTells(count):
     return [[f"\n\rName(50): {n} {' '.join(words[n % 5:n % 5 + 4 + n % 11])}".encode() + PROMPT for n in range(count)]]
 
 
-class Display:
-    """A virtual display, and on it an eye for the first window that is mapped."""
-
-    def __enter__(self):
-        read, write = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1920x1080x24", "-nolisten", "tcp"],
-            pass_fds=[write], stderr=subprocess.DEVNULL)
-        os.close(write)
-        with os.fdopen(read) as pipe:
-            self.name = ":" + pipe.readline().strip()
-        self.x11 = ctypes.CDLL("libX11.so.6")
-        self.x11.XOpenDisplay.restype = ctypes.c_void_p
-        self.x11.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
-        self.x11.XDefaultRootWindow.restype = ctypes.c_ulong
-        self.x11.XSelectInput.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_long]
-        self.x11.XNextEvent.argtypes = [ctypes.c_void_p, ctypes.c_void_p]
-        self.connection = self.x11.XOpenDisplay(self.name.encode())
-        substructureNotify = 1 << 19
-        self.x11.XSelectInput(self.connection, self.x11.XDefaultRootWindow(self.connection), substructureNotify)
-        self.x11.XSync(ctypes.c_void_p(self.connection), 0)
-        return self
-
-    def awaitMap(self):
-        event = (ctypes.c_long * 24)()
-        while ctypes.cast(event, ctypes.POINTER(ctypes.c_int))[0] != 19:  # MapNotify
-            self.x11.XNextEvent(self.connection, event)
-
-    def __exit__(self, *_):
-        self.x11.XCloseDisplay(ctypes.c_void_p(self.connection))
-        self.server.terminate()
-        self.server.wait()
-
-
 class Program:
     """One run of the program, with a settings store of its own."""
 
@@ -116,9 +85,7 @@ class Program:
         store.parent.mkdir(parents=True)
         store.write_text(STORE.format(port=port, connect=connect, sound=int(sound)))
         self.log = open(pathlib.Path(self.folder, "log"), "wb")
-        surroundings = dict(os.environ, DISPLAY=display.name, XDG_CONFIG_HOME=self.folder + "/config",
-                            QT_QPA_PLATFORM="xcb")
-        surroundings.pop("WAYLAND_DISPLAY", None)
+        surroundings = display.environment() | {"XDG_CONFIG_HOME": self.folder + "/config"}
         self.process = subprocess.Popen([path], cwd=self.folder, env=surroundings, stdout=self.log, stderr=self.log)
 
     def cpu(self):
@@ -239,8 +206,7 @@ def replay(options, display):
     measure(f"{options.paced} observed updates, 100 a second", observedGames(options.paced), "ms", 1e3, 0.01)
     measure(f"{options.updates} observed updates at once", observedGames(options.updates), "ms", 1e3)
     if options.picture:
-        subprocess.run(["import", "-display", display.name, "-window", "root", options.picture + "-games.png"],
-                       check=True)
+        display.save(options.picture + "-games.png")
     measure("200 lines of the console, 50 a second", channelTells(200), "us", 1e6, 0.02)
     tells = channelTells(options.long)[0]
     part = min(10000, options.long // 2)
@@ -250,8 +216,7 @@ def replay(options, display):
         stretch(program, server, [tells[part + options.lines:-part]])
         measure(f"last {part} of {options.long} lines", [tells[-part:]], "us", 1e6)
     if options.picture:
-        subprocess.run(["import", "-display", display.name, "-window", "root", options.picture + "-tells.png"],
-                       check=True)
+        display.save(options.picture + "-tells.png")
     program.end()
     server.end()
     return figures

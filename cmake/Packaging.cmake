@@ -1,20 +1,14 @@
-# What `cmake --install` puts where, and the Debian package that `cpack` makes of it (cpack --config build/release/CPackConfig.cmake).
+# What `cmake --install` puts where, and the Debian package that `cpack --config build/release/CPackConfig.cmake` makes
+# of it.
 include(GNUInstallDirs)
 
 foreach(program brightrank brightrank-practice)
-    if(TARGET ${program})
-        install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-        install(FILES packaging/${program}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-    endif()
+    install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(FILES packaging/${program}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
 
-set(assets ${PROJECT_SOURCE_DIR}/assets)
-if(IS_DIRECTORY ${assets}/sounds)
-    install(DIRECTORY ${assets}/sounds DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank FILES_MATCHING PATTERN "*.wav")
-endif()
-if(EXISTS ${assets}/icon/brightrank.svg)
-    install(FILES ${assets}/icon/brightrank.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-endif()
+install(DIRECTORY assets/sounds DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank FILES_MATCHING PATTERN "*.wav")
+install(FILES assets/icon/brightrank.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES packaging/net.brightrank.Brightrank.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/net.brightrank.Brightrank.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES LICENSE RENAME copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})

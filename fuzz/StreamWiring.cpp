@@ -98,8 +98,6 @@ void StreamRig::fillSurface(RigBoard& board) {
 // The grid's window reads the cell that it is told to show.
 void StreamRig::fillGrid(RigBoard& board) {
     MoveGridState& grid = board.game.grdMoves;
-    const auto readCell = [&grid](int row, int col) { static_cast<void>(grid.text(row, col).size()); };
-    grid.surface.showCell = readCell;
-    grid.surface.moveTo = readCell;
+    grid.surface.showCell = [&grid](int row, int col) { static_cast<void>(grid.text(row, col).size()); };
     grid.surface.scrollTo = [&grid](int row) { static_cast<void>(grid.text(row, 0).size()); };
 }

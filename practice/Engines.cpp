@@ -47,8 +47,7 @@ Engines::Engines(const QString& program, const std::function<void()>& onGone)
 void Engines::rules(const std::string& fen, const std::string& move, std::function<void(PositionFacts)> then) {
     const auto reader = std::make_shared<FactsReader>();
     EngineProcess::Request request;
-    request.text = "position " + (fen.empty() ? std::string("startpos") : "fen " + fen) +
-                   (move.empty() ? std::string() : " moves " + move) + "\nd\ngo perft 1\n";
+    request.text = "position fen " + fen + (move.empty() ? "" : " moves " + move) + "\nd\ngo perft 1\n";
     request.restart = [reader] { *reader = {}; };
     request.take = [reader](std::string_view line) { return reader->take(line); };
     request.done = [reader, then = std::move(then)] { then(reader->facts); };

@@ -21,7 +21,7 @@ public:
     // Starts three processes; `onGone` is called when one of them cannot be kept alive.
     Engines(const QString& program, const std::function<void()>& onGone);
 
-    // Plays `move` on `fen`, or takes the start position when `fen` is empty, and hands over what is legal then.
+    // Plays `move` (none if empty) on `fen` and hands over what is legal then.
     void rules(const std::string& fen, const std::string& move, std::function<void(PositionFacts)> then);
 
     // Looks for moves; the thinker with the shorter queue gets the order.

@@ -89,20 +89,22 @@ Answer abortGame(Hall& hall, Player& player, const Arguments&) {
     return {"Requesting to abort game " + std::to_string(game->number) + "."};
 }
 
-Answer accept(Hall& hall, Player& player, const Arguments&) {
+// The player's game if his opponent has an offer standing there, else null.
+Game* gameWithOffer(Hall& hall, const Player& player) {
     Game* game = hall.game(player.playing);
-    if (!game || game->offer == Offer::None || !isOffered(*game, player, game->offer)) {
-        return {"There are no offers to accept."};
-    }
+    return game && game->offer != Offer::None && isOffered(*game, player, game->offer) ? game : nullptr;
+}
+
+Answer accept(Hall& hall, Player& player, const Arguments&) {
+    Game* game = gameWithOffer(hall, player);
+    if (!game) return {"There are no offers to accept."};
     endByAgreement(hall, *game, game->offer);
     return quiet;
 }
 
 Answer decline(Hall& hall, Player& player, const Arguments&) {
-    Game* game = hall.game(player.playing);
-    if (!game || game->offer == Offer::None || !isOffered(*game, player, game->offer)) {
-        return {"There are no offers to decline."};
-    }
+    Game* game = gameWithOffer(hall, player);
+    if (!game) return {"There are no offers to decline."};
     const std::string what = game->offer == Offer::Draw ? "draw offer" : "abort request";
     game->offer = Offer::None;
     const Player* opponent = opponentIn(hall, *game, player);

@@ -64,12 +64,14 @@ std::string ratingText(const Player& player) {
            "     80.0       0       0       0       0";
 }
 
+Answer noSuchPlayer(const std::string& name) { return {"There is no player matching the name " + name + "."}; }
+
 Answer finger(Hall& hall, Player& player, const Arguments& arguments) {
     const std::string name = arguments.word(0);
     const Player* about = name.empty() ? &player : hall.findByHead(name);
     if (!about) {
         const Account* account = hall.accounts.find(name);
-        if (!account) return {"There is no player matching the name " + name + "."};
+        if (!account) return noSuchPlayer(name);
         return {"Finger of " + account->name + ":\n\n" + account->name + " is not logged on."};
     }
     const auto now = hall.outside.now();
@@ -88,7 +90,7 @@ Answer next(Hall&, Player&, const Arguments&) { return {"There is no more."}; }
 
 Answer variables(Hall& hall, Player& player, const Arguments& arguments) {
     const Player* about = arguments.words.empty() ? &player : hall.findByHead(arguments.word(0));
-    if (!about) return {"There is no player matching the name " + arguments.word(0) + "."};
+    if (!about) return noSuchPlayer(arguments.word(0));
     return {variablesTable(about->name, about->variables)};
 }
 

@@ -29,13 +29,7 @@ std::string LoginDialog::greeting() {
 LoginDialog::Step LoginDialog::take(const std::string& line, const Questions& ask) {
     const std::string typed = trim(printable(line));
     if (stage == Stage::Name) return takeName(typed, ask);
-    if (stage == Stage::Password) return takePassword(typed, ask);
-    // The name may have been taken while the question stood.
-    if (ask.isOnline(name)) {
-        stage = Stage::Name;
-        return {std::string(echoOn) + "\n" + name + " is logged on already.  Try again.\n" + loginPrompt()};
-    }
-    return {std::string(echoOn) + "\n", true};
+    return stage == Stage::Password ? takePassword(typed, ask) : takeGuest(ask);
 }
 
 LoginDialog::Step LoginDialog::takeName(const std::string& typed, const Questions& ask) {
@@ -66,6 +60,13 @@ LoginDialog::Step LoginDialog::takePassword(const std::string& typed, const Ques
     }
     guest = false;
     return {std::string(echoOn) + "\n", true};
+}
+
+// The name may have been taken while the question stood.
+LoginDialog::Step LoginDialog::takeGuest(const Questions& ask) {
+    if (!ask.isOnline(name)) return {std::string(echoOn) + "\n", true};
+    stage = Stage::Name;
+    return {std::string(echoOn) + "\n" + name + " is logged on already.  Try again.\n" + loginPrompt()};
 }
 
 LoginDialog::Step LoginDialog::askGuest(const std::string& reason) {

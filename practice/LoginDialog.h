@@ -38,9 +38,11 @@ struct LoginDialog {
     Step take(const std::string& line, const Questions& ask);
 
 private:
-    // The three kinds of answers: a handle, a password, and nothing for the guest's question.
+    // Take the answers by their stages; what is typed to the guest's question does not matter.
     Step takeName(const std::string& typed, const Questions& ask);
     Step takePassword(const std::string& typed, const Questions& ask);
+    Step takeGuest(const Questions& ask);
+    // Asks whoever has no account to enter as a guest, behind the `reason` for it.
     Step askGuest(const std::string& reason);
 };
 

@@ -32,12 +32,12 @@ void addOptions(QCommandLineParser& parser) {
     parser.addOptions({
         {QStringLiteral("help"), QStringLiteral("Shows this text.")},
         {QStringLiteral("port"), QStringLiteral("Port to listen on; 0 takes a free one (default 0)."),
-         QStringLiteral("N"), QStringLiteral("0")},
+         QStringLiteral("N")},
         {QStringLiteral("seed"), QStringLiteral("Makes the computers' games come out the same again."),
          QStringLiteral("N")},
         {QStringLiteral("move-delay"),
          QStringLiteral("Milliseconds between the moves of the two computers that play each other (default 2500)."),
-         QStringLiteral("MS"), QStringLiteral("2500")},
+         QStringLiteral("MS")},
         {QStringLiteral("engine"), QStringLiteral("The chess engine (default: fairy-stockfish, wherever it is)."),
          QStringLiteral("PATH")},
         {QStringLiteral("users"), QStringLiteral("Registered users, one \"NAME PASSWORD [RATING]\" a line."),
@@ -50,7 +50,7 @@ void addOptions(QCommandLineParser& parser) {
 // An option that was not given keeps the value that the caller put there.
 bool readNumber(const QCommandLineParser& parser, const char* name, qint64 highest, qint64& value) {
     const QString key = QString::fromLatin1(name);
-    if (parser.value(key).isEmpty() && !parser.isSet(key)) return true;
+    if (!parser.isSet(key)) return true;
     bool good = false;
     value = parser.value(key).toLongLong(&good);
     if (good && value >= 0 && value <= highest) return true;
@@ -59,9 +59,9 @@ bool readNumber(const QCommandLineParser& parser, const char* name, qint64 highe
 }
 
 bool readNumbers(const QCommandLineParser& parser, Options& options) {
-    qint64 port = 0;
+    qint64 port = options.port;
     qint64 seed = std::random_device{}();
-    qint64 delay = 0;
+    qint64 delay = options.moveDelay;
     const bool good = readNumber(parser, "port", 65'535, port) && readNumber(parser, "seed", 4'294'967'295, seed) &&
                       readNumber(parser, "move-delay", 600'000, delay) &&
                       readNumber(parser, "owner-pid", 2'147'483'647, options.ownerPid);

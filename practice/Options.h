@@ -14,7 +14,7 @@ namespace practice {
 // What the command line asks for.
 struct Options {
     quint16 port = 0;       // 0 takes a free one
-    std::uint32_t seed = 0; // taken from the clock unless given
+    std::uint32_t seed = 0; // from the system's random numbers unless given
     int moveDelay = 2500;   // milliseconds
     QString engine;         // path of the engine; empty if none was found
     qint64 ownerPid = 0;    // 0 for no owner

@@ -136,7 +136,7 @@ void showEnd(Hall& hall, const Game& game, const std::string& line) {
     for (const std::string& name : game.names) hall.show(name, line);
     for (const std::string& name : game.observers) {
         hall.show(name, line);
-        hall.show(name, "Removing game " + std::to_string(game.number) + " from observation list.");
+        hall.show(name, unobservedLine(game.number));
     }
     for (Player& other : hall.players) {
         const bool concerned =
@@ -267,6 +267,8 @@ bool unobserveGame(Hall& hall, Player& player, int number) {
     if (Game* game = hall.game(number)) std::erase(game->observers, player.name);
     return true;
 }
+
+std::string unobservedLine(int number) { return "Removing game " + std::to_string(number) + " from observation list."; }
 
 void unobserveAll(Hall& hall, Player& player) {
     while (!player.observing.empty()) unobserveGame(hall, player, player.observing.back());

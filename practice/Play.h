@@ -36,6 +36,9 @@ void abandonGame(Hall& hall, Player& player);
 void observeGame(Game& game, Player& player);
 bool unobserveGame(Hall& hall, Player& player, int number);
 
+// "Removing game 1 from observation list.": the word to somebody who observes no more.
+std::string unobservedLine(int number);
+
 // Takes a player off all games without a word.
 void unobserveAll(Hall& hall, Player& player);
 

@@ -110,7 +110,7 @@ std::string soughtRow(int number, const Seek& seek) {
     return padLeft(number, 3) + " " + seek.rating + " " + padRight(seek.owner + seek.title, 17) + " " +
            padLeft(terms.minutes, 3) + " " + padLeft(terms.increment, 3) + " " + padRight(ratedText(terms), 7) + " " +
            padRight(gameKind(terms.minutes, terms.increment), 10) + " " + padRight(colourText(terms), 7) + " " +
-           padLeft(terms.lowest, 4 + 1) + "-" + padRight(std::to_string(terms.highest), 4) + " " +
+           padLeft(terms.lowest, 5) + "-" + padRight(std::to_string(terms.highest), 4) + " " +
            (terms.manual ? "m" : "") + (terms.formula ? "f" : "");
 }
 

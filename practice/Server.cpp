@@ -48,7 +48,7 @@ Server::Server(const ServerSettings& settings, std::function<void(quint16)> onLi
     hall_.began = hall_.outside.now();
     QObject::connect(&listener_, &QTcpServer::newConnection, &listener_, [this] { accept(); });
     QObject::connect(&clockWatch_, &QTimer::timeout, &clockWatch_, [this] { watchClocks(hall_); });
-    engines_.rules({}, {}, [this](PositionFacts facts) {
+    engines_.rules(std::string(startFen), {}, [this](PositionFacts facts) {
         hall_.start = std::move(facts);
         open();
     });

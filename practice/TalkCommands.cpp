@@ -13,10 +13,11 @@ namespace {
 
 constexpr int highestChannel = 255;
 
-// Shows talk to somebody, wrapped to the width of his screen.
-void speak(const Player& to, const std::string& text) {
-    to.show(wrapped(text, static_cast<std::size_t>(to.variables.value("width"))));
+std::string wrappedFor(const Player& reader, const std::string& text) {
+    return wrapped(text, static_cast<std::size_t>(reader.variables.value("width")));
 }
+
+void speak(const Player& to, const std::string& text) { to.show(wrappedFor(to, text)); }
 
 bool isOn(const Player& player, int channel) { return player.channels.count(channel) > 0; }
 
@@ -31,15 +32,14 @@ Answer tellChannel(Hall& hall, Player& player, int channel, const std::string& t
         if (&other != &player) speak(other, line);
         ++heard;
     }
-    const auto width = static_cast<std::size_t>(player.variables.value("width"));
-    return {wrapped(line, width) + "\n(told " + counted(heard, "player") + " in channel " + number + ")"};
+    return {wrappedFor(player, line) + "\n(told " + counted(heard, "player") + " in channel " + number + ")"};
 }
 
 // Ada tells you: hello
-Answer tellPlayer(Hall& hall, Player& player, Player& to, const std::string& text, const std::string& verb) {
+Answer tellPlayer(Hall& hall, Player& player, Player& to, const std::string& text) {
     if (player.isGuest() && to.variables.value("tell") == 0)
         return {to.name + " does not listen to unregistered users."};
-    speak(to, player.titled() + " " + verb + ": " + text);
+    speak(to, player.titled() + " tells you: " + text);
     player.lastTold = to.name;
     if (to.isComputer()) answerTell(hall, to, player.name);
     const bool playing = !hall.gamesOf(to).empty();
@@ -57,7 +57,7 @@ Answer tell(Hall& hall, Player& player, const Arguments& arguments) {
     if (name.empty()) return {"You have told nobody anything yet."};
     Player* to = hall.findByHead(name);
     if (!to) return {"No player named \"" + name + "\" is online."};
-    return tellPlayer(hall, player, *to, text, "tells you");
+    return tellPlayer(hall, player, *to, text);
 }
 
 Answer say(Hall& hall, Player& player, const Arguments& arguments) {
@@ -79,8 +79,7 @@ Answer shoutLine(Hall& hall, Player& player, const std::string& line, const std:
         speak(other, line);
         ++heard;
     }
-    const auto width = static_cast<std::size_t>(player.variables.value("width"));
-    return {wrapped(line, width) + "\n(" + verb + " to " + counted(heard, "player") + ")"};
+    return {wrappedFor(player, line) + "\n(" + verb + " to " + counted(heard, "player") + ")"};
 }
 
 Answer shout(Hall& hall, Player& player, const Arguments& arguments) {
@@ -140,10 +139,10 @@ Answer whisperOn(Hall& hall, Player& player, const Arguments& arguments) {
     return commentOn(hall, player, arguments, true);
 }
 
-Answer tellOpponent(Hall& hall, Player& player, const Arguments& arguments) {
-    const auto which = number(arguments.word(0));
-    if (!which) return tell(hall, player, arguments);
-    return {"Usage: xtell NAME TEXT"};
+// A number is no channel here.
+Answer tellName(Hall& hall, Player& player, const Arguments& arguments) {
+    if (number(arguments.word(0))) return {"Usage: xtell NAME TEXT"};
+    return tell(hall, player, arguments);
 }
 
 // 50: Ada Bert(U)
@@ -184,7 +183,7 @@ CommandRoutine talkCommand(const std::string& name) {
         {"kibitz", kibitz},       {"say", say},
         {"shout", shout},         {"tell", tell},
         {"whisper", whisper},     {"xkibitz", kibitzOn},
-        {"xtell", tellOpponent},  {"xwhisper", whisperOn},
+        {"xtell", tellName},      {"xwhisper", whisperOn},
     };
     const auto at = routines.find(name);
     return at == routines.end() ? nullptr : at->second;

@@ -4,7 +4,6 @@
 #include "practice/Position.h"
 
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>

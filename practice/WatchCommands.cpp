@@ -68,18 +68,19 @@ Answer observe(Hall& hall, Player& player, const Arguments& arguments) {
     return {"You are now observing game " + number + ".\n" + boardBlock(*game, player, hall.outside.now())};
 }
 
+std::string unobservedAll(Hall& hall, Player& player) {
+    std::string text;
+    for (const int number : player.observing) text += (text.empty() ? "" : "\n") + unobservedLine(number);
+    unobserveAll(hall, player);
+    return text;
+}
+
 Answer unobserve(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.observing.empty()) return {"You are not observing any games."};
-    const auto numbers = arguments.words.empty() ? player.observing : std::vector<int>{};
-    std::string text;
-    for (const int number : numbers) {
-        unobserveGame(hall, player, number);
-        text += (text.empty() ? "" : "\n") + ("Removing game " + std::to_string(number) + " from observation list.");
-    }
-    if (!numbers.empty()) return {text};
+    if (arguments.words.empty()) return {unobservedAll(hall, player)};
     const Game* game = gameNamed(hall, arguments.word(0));
     if (!game || !unobserveGame(hall, player, game->number)) return {"You are not observing that game."};
-    return {"Removing game " + std::to_string(game->number) + " from observation list."};
+    return {unobservedLine(game->number)};
 }
 
 Answer refresh(Hall& hall, Player& player, const Arguments& arguments) {

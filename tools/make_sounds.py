@@ -1,14 +1,16 @@
 #!/usr/bin/env python3
 """Synthesizes the program's wave files into DIR, or with --check compares DIR with what would be written."""
 
-import argparse
 import array
 import io
 import math
-import pathlib
 import random
 import sys
 import wave
+
+sys.dont_write_bytecode = True  # keeps the tree clean when the check runs from it
+
+import generated  # noqa: E402
 
 RATE = 44100
 PEAK = 10 ** (-4 / 20)
@@ -133,23 +135,11 @@ def encoded(samples):
     return target.getvalue()
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("directory", type=pathlib.Path)
-    parser.add_argument("--check", action="store_true", help="write nothing; fail if a file differs")
-    options = parser.parse_args()
-    bad = 0
+def sounds():
+    """Yields (file name, bytes) for every sound."""
     for name, voice in SOUNDS.items():
-        path, data = options.directory / name, encoded(finished(voice()))
-        if options.check:
-            if not path.is_file() or path.read_bytes() != data:
-                print(f"differs: {path}", file=sys.stderr)
-                bad = 1
-        else:
-            path.parent.mkdir(parents=True, exist_ok=True)
-            path.write_bytes(data)
-    return bad
+        yield name, encoded(finished(voice()))
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(generated.run(__doc__, sounds()))

@@ -6,12 +6,14 @@
 #include <QStatusBar>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int BugHeight = 16; // pixels, a line of holdings
 constexpr int BoardTop = BugHeight + 1;
-constexpr int BoardFrame = 4; // both edges of picChess together
 constexpr int ClockHeight = 21;
+constexpr int TypingHeight = 21;
 constexpr int ScrollHeight = 20;
 constexpr int ScrollWidth = 17;
 constexpr int ScrollMiddle = 5; // cmdScroll(2) has no effect and no picture
@@ -39,16 +41,24 @@ Button* button(QWidget* parent, const QString& name, const QString& caption) {
 
 constexpr std::array PanelShares{2, 6, 2}; // of stbGame's width
 
-QString tellCaption(std::size_t index) { return QString::number((index + 1) % 10); }
-
 } // namespace
 
 void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves) {
     picChess = new BoardView(inner);
-    picChess->setObjectName(QStringLiteral("picChess"));
     grdMoves = new MoveGrid(moves, inner);
+    for (int side = 0; side < 2; ++side) lblTime[side] = new ClockFace(side, inner);
+    buildLabels(inner);
+    buildButtons(inner);
+    txtSend = new TypingLine(inner);
+    for (int panel = 0; panel <= panels.last; ++panel) {
+        panels[panel] = new ElidedLabel(stbGame);
+        panels[panel]->setObjectName(QStringLiteral("stbGame(%1)").arg(panel + 1));
+        stbGame->addWidget(panels[panel], PanelShares[static_cast<std::size_t>(panel)]);
+    }
+}
+
+void BoardParts::buildLabels(QWidget* inner) {
     for (int side = 0; side < 2; ++side) {
-        lblTime[side] = new ClockFace(side, inner);
         lblBug[side] = new ElidedLabel(inner);
         lblBug[side]->setObjectName(QStringLiteral("lblBug(%1)").arg(side));
         lblBug[side]->setAccessibleName(side == 0 ? QObject::tr("White's holdings") : QObject::tr("Black's holdings"));
@@ -58,6 +68,9 @@ void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves
     lblMove->setObjectName(QStringLiteral("lblMove"));
     lblMove->setAccessibleName(QObject::tr("Last move"));
     lblMove->setAutoFillBackground(true); // it changes at every move, and the panel below it need not be painted
+}
+
+void BoardParts::buildButtons(QWidget* inner) {
     cmdUn = button<QPushButton>(inner, QStringLiteral("cmdUn"), QStringLiteral("Unobserve"));
     cmdUn->hide();
     cmdDraw = button<QPushButton>(inner, QStringLiteral("cmdDraw"), QStringLiteral("Draw"));
@@ -74,20 +87,15 @@ void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves
         if (index != 2) cmdScroll[index]->setIcon(inner->style()->standardIcon(Pictures[index]));
     }
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        cmdTell[index] = button<QToolButton>(inner, QStringLiteral("cmdTell(%1)").arg(index), tellCaption(index));
+        const QString digit = QString::number((index + 1) % 10);
+        cmdTell[index] = button<QToolButton>(inner, QStringLiteral("cmdTell(%1)").arg(index), digit);
         cmdTell[index]->setAccessibleName(QObject::tr("Button command %1").arg(index + 1));
-    }
-    txtSend = new TypingLine(inner);
-    for (int panel = 0; panel <= panels.last; ++panel) {
-        panels[panel] = new ElidedLabel(stbGame);
-        panels[panel]->setObjectName(QStringLiteral("stbGame(%1)").arg(panel + 1));
-        stbGame->addWidget(panels[panel], PanelShares[static_cast<std::size_t>(panel)]);
     }
 }
 
 // The board's lower edge, the move buttons' and the last tell button's are one line; the command line stands below it.
 void BoardParts::place(QSize inner, int square, bool flipped) {
-    const int board = 8 * square + BoardFrame;
+    const int board = 8 * square + 2 * BoardView::BorderPixels;
     picChess->setGeometry(0, BoardTop, board, board);
     placeFoot(inner, BoardTop + board + Gap, board, flipped);
     const int tell = std::min(TellHeight, (board - 9 * Gap) / 10);
@@ -107,6 +115,7 @@ void BoardParts::placeFoot(QSize inner, int foot, int board, bool flipped) {
 }
 
 void BoardParts::placePanel(QSize inner) {
+    using namespace BoardDesign;
     const int left = inner.width() - PanelWidth;
     const int half = PanelWidth / 2;
     lblMove->setGeometry(left, 0, PanelWidth, BugHeight);

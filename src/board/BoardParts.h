@@ -18,13 +18,7 @@ class QStatusBar;
 // Everything between the menus and the window's edge, except the status bar. The window's height decides the size of a
 // square; all else follows from it.
 struct BoardParts {
-    // Design figures in pixels: what the parts need beside 8 squares, and the move panel.
-    static constexpr int MinHeight = 68;
-    static constexpr int MinWidth = 186;
-    static constexpr int PanelHeight = 109;
-    static constexpr int PanelWidth = 162;
-    static constexpr int StatusHeight = 22;
-    static constexpr int TypingHeight = 21;
+    static constexpr int StatusHeight = 22; // pixels; the other figures are those of BoardDesign
 
     BoardView* picChess = nullptr;
     MoveGrid* grdMoves = nullptr;
@@ -39,7 +33,7 @@ struct BoardParts {
     TypingLine* txtSend = nullptr;
     FixedArray<QLabel*, 2> panels; // of stbGame: own handle, players, game
 
-    // Makes all parts as children of `inner`, the panels as parts of `stbGame`.
+    // Makes all parts as children of `inner`, the panels as parts of `stbGame`. `moves` must outlive them.
     void build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves);
     // Places them for a square of `square` pixels in an inner window of this size, status bar included.
     void place(QSize inner, int square, bool flipped);
@@ -47,6 +41,8 @@ struct BoardParts {
     void zSolveConflict(QWidget* control) const;
 
 private:
+    void buildLabels(QWidget* inner);
+    void buildButtons(QWidget* inner);
     void placeFoot(QSize inner, int foot, int board, bool flipped);
     void placePanel(QSize inner);
 };

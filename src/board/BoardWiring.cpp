@@ -4,6 +4,7 @@
 #include "common/TypingKey.h"
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
+#include "platform/StreamText.h"
 #include "view/frmBoardColors.h"
 
 #include <QApplication>
@@ -28,23 +29,21 @@ void frmChessBoard::fillSurface() {
 
 void frmChessBoard::fillLabels() {
     GameSurface& surface = game.surface;
-    surface.setLastMove = [this](const std::string& text) {
-        parts_.lblMove->setText(QString::fromLatin1(text.c_str()));
-    };
+    surface.setLastMove = [this](const std::string& text) { parts_.lblMove->setText(shownText(text)); };
     surface.setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); };
     surface.setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); };
     surface.showHoldings = [this](const std::string& white, const std::string& black) {
-        parts_.lblBug[0]->setText(QString::fromLatin1(white.c_str()));
-        parts_.lblBug[1]->setText(QString::fromLatin1(black.c_str()));
+        parts_.lblBug[0]->setText(shownText(white));
+        parts_.lblBug[1]->setText(shownText(black));
         for (QLabel* label : parts_.lblBug) label->show();
     };
     surface.hideHoldings = [this] {
         for (QLabel* label : parts_.lblBug) label->hide();
     };
     surface.setPanel = [this](int panel, const std::string& text) {
-        parts_.panels[panel - 1]->setText(QString::fromLatin1(text.c_str()));
+        parts_.panels[panel - 1]->setText(shownText(text));
     };
-    surface.setTitle = [this](const std::string& text) { setWindowTitle(QString::fromLatin1(text.c_str())); };
+    surface.setTitle = [this](const std::string& text) { setWindowTitle(shownText(text)); };
     surface.showUn = [this](bool shown) {
         unShown_ = shown;
         if (shown) {
@@ -53,7 +52,6 @@ void frmChessBoard::fillLabels() {
             parts_.cmdUn->hide();
         }
     };
-    surface.enableSavePGN = [](bool) {}; // the PGN writer is not built yet
     surface.bringToFront = [this] {
         setWindowState(windowState() & ~Qt::WindowMinimized);
         show();
@@ -94,7 +92,7 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuDraw, [this] { sendConfirmed("Draw"); });
     on(menus_.mnuRes, [this] { sendConfirmed("Resign"); });
     on(menus_.mnuAbout,
-       [this] { boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString()); });
+       [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
     on(menus_.mnuExit, [this] { close(); });
     on(menus_.mnuExit1, [this] { close(); });
 }
@@ -106,7 +104,7 @@ void frmChessBoard::connectTyping() {
     connect(parts_.cmdRes, &QPushButton::clicked, this, [this] { sendConfirmed("Resign"); });
     for (QToolButton* button : parts_.cmdTell) {
         connect(button, &QToolButton::clicked, this, [this, button] {
-            const std::string text = button->toolTip().toLatin1().toStdString();
+            const std::string text = bytesOf(button->toolTip());
             parts_.txtSend->setFocus();
             if (!text.empty()) sendTyped(text);
         });

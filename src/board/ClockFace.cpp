@@ -3,6 +3,7 @@
 
 #include "board/BoardClock.h"
 #include "platform/Colors.h"
+#include "platform/StreamText.h"
 
 #include <QPainter>
 
@@ -25,7 +26,7 @@ ClockFace::ClockFace(int side, QWidget* parent) : QWidget(parent), side_(side), 
 void ClockFace::setText(const std::string& text) {
     if (text == text_) return;
     text_ = text;
-    setAccessibleDescription(QString::fromStdString(text));
+    setAccessibleDescription(shownText(text));
     update();
 }
 
@@ -47,7 +48,7 @@ void ClockFace::paintEvent(QPaintEvent*) {
     framed({6, (height() - Swatch) / 2, Swatch + 1, Swatch + 1}, QColor(96, 96, 96),
            side_ == 0 ? Qt::white : Qt::black);
     painter.setPen(waiting ? palette().color(QPalette::ButtonText) : QColor(Qt::black));
-    const QString text = QString::fromStdString(text_);
+    const QString text = shownText(text_);
     const QFontMetrics metrics = fontMetrics();
     const int left = std::max(Swatch + 8, width() - 6 - metrics.horizontalAdvance(text));
     painter.drawText(left, (height() + metrics.ascent() - metrics.descent()) / 2, text);

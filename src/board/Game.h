@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -78,6 +79,11 @@ struct Game {
     std::int16_t HiTo = 0;
     bool noPlay = false; // no piece can be lifted
 
+    // The move being made
+    std::int16_t EPGranted = 0;    // -1: a double pawn step beside an enemy pawn
+    std::int16_t EPCapture = 0;    // -1: zMoveLegal found the move to be an en passant capture
+    std::int16_t PromotePiece = 0; // 0 none; 2 queen, 3 rook, 4 bishop, 5 knight
+
     // The clock
     float LastSecond = 0; // whole second of the day at which the clock last counted
     FixedArray<std::uint32_t, 1> ClockBackground{};
@@ -134,6 +140,25 @@ struct Game {
     std::int16_t xGameNum() const { return Style12Record.GameNumber; }
     std::string xMyRel() const { return std::to_string(Style12Record.Relation); }
 
+    // Moves of the user and of stored games; what the rules leave out is told in MoveRules.h
+
+    // Whether the piece on `square` (0..64) may be taken up: -1 now, 1 as a pre-move, 0 not.
+    std::int16_t zMoveOK(int square) const;
+    // The move in hand begins on `square`, 64 for a drop.
+    void zSetFrom(int square);
+    // Whether the piece on `from` may move to `to`; sets EPCapture. Never faults: a square that is not there gives
+    // false.
+    bool zMoveLegal(int from, int to);
+    // Whether `side` (1 white, -1 black) attacks the other side's king.
+    bool zCheckTest(int side);
+    // The algebraic text of the move about to be made, without a check sign. Puts the promotion piece on `from`, and
+    // asks for it (popupPromote, pumps) unless PromotePiece names it already. Nothing: the window closed meanwhile.
+    std::optional<std::string> zMoveText(int from, int to);
+    // Makes the move from FromSq to `to`, tested by the rules if `check`, painted and listed if `display`; a live game
+    // sends it. Gives its text, empty if no move was made; nothing if the window closed meanwhile (pumps as zMoveText).
+    // Faults (subscript) past row 200.
+    std::optional<std::string> zMakeMove(int to, bool check, bool display);
+
     // The view and the grid
 
     void zFor(bool flag) { CanForward = flag; }
@@ -166,6 +191,16 @@ private:
     bool finishMoveInHand();
     void setClockColor(int side, std::uint32_t background);
     void paintMark(std::int16_t square, int mode);
+    void transferPiece(int from, int to, bool display);
+    std::string moveRook(int from, int to, bool display);
+    void takeEnPassant(int to, bool display);
+    void grantEnPassant();
+    void recordPromotion(bool drop);
+    void listOwnMove(const std::string& text);
+    void passTurn();
+    void sendMove(int from, int to, const std::string& text);
+    void setSquare(int square, int code, bool display);
+    FixedArray<std::int16_t, 7>& undo() { return MoveUndo[MoveRow][(1 - Turn) / 2]; }
 
     // Runs a hook that may pump, on a copy since the game may be gone before it returns; gives whether the window is
     // still open.

@@ -25,7 +25,7 @@ int firstBoard(Test fits) {
     return -1;
 }
 
-bool hasNoGame(const Game& game) { return leadingNumber(game.xMyRel()) == -100; }
+bool hasNoGame(const Game& game) { return game.Style12Record.Relation == -100; }
 
 const OpenWindow* windowOf(const void* identity) {
     for (const OpenWindow& window : openWindows.windows) {
@@ -110,7 +110,7 @@ void GameRouting::zEndGame(std::string_view line) {
     const int found = zFindBoardOrFree(number);
     if (found < 0) return;
     Game& board = boardAt(found);
-    const double relation = leadingNumber(board.xMyRel());
+    const int relation = board.Style12Record.Relation;
     if (std::abs(relation) < 4) {
         if (relation != 0) {
             hooks.playSound("fitebell.wav", modChess.SoundMove);

@@ -34,13 +34,11 @@ void Game::zHighlightMove(std::string_view verbose) {
     }
     paintMark(HiFrom, 0);
     paintMark(HiTo, 0);
-    if (mark) {
-        HiFrom = FromSq;
-        HiTo = ToSq;
-        paintMark(HiFrom, -1);
-        paintMark(HiTo, -1);
-    }
-    surface.refresh();
+    if (!mark) return;
+    HiFrom = FromSq;
+    HiTo = ToSq;
+    paintMark(HiFrom, -1);
+    paintMark(HiTo, -1);
 }
 
 void Game::paintMark(std::int16_t square, int mode) {

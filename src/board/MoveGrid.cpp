@@ -3,6 +3,7 @@
 
 #include "platform/Colors.h"
 #include "platform/LightScrollBar.h"
+#include "platform/StreamText.h"
 #include "view/BoardGeometry.h"
 
 #include <QAbstractTableModel>
@@ -14,8 +15,6 @@ namespace {
 
 constexpr int RowHeight = 18; // pixels
 constexpr int CellMargin = 4; // pixels left and right of a cell's text
-
-QString shown(const GridCell& cell) { return QString::fromLatin1(cell.text.data(), qsizetype(cell.text.size())); }
 
 // All digits are of one width.
 int digitsWidth(const QFontMetrics& metrics, const QString& text) {
@@ -34,7 +33,7 @@ public:
         if (cell.text.empty()) return;
         painter->setPen(plain ? option.palette.color(QPalette::Text) : QColor(Qt::black));
         constexpr int AlwaysFits = 7; // characters
-        QString text = shown(cell);
+        QString text = shownText(cell.text);
         const QFontMetrics& metrics = option.fontMetrics;
         const QRect inside = option.rect.adjusted(CellMargin, 0, -CellMargin, 0);
         if (text.size() > AlwaysFits) text = metrics.elidedText(text, Qt::ElideRight, inside.width());
@@ -59,13 +58,13 @@ public:
     }
 
     QVariant data(const QModelIndex& index, int role) const override {
-        if (role == Qt::DisplayRole) return shown(state_.cells[index.row() + 1][index.column()]);
+        if (role == Qt::DisplayRole) return shownText(state_.cells[index.row() + 1][index.column()].text);
         return {};
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
         if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-        return QString::fromStdString(state_.cells[0][section].text);
+        return shownText(state_.cells[0][section].text);
     }
 
     void cellChanged(int row, int col) {
@@ -112,8 +111,9 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
 
     state_.surface.showCell = [this](int row, int col) { model_->cellChanged(row, col); };
     state_.surface.scrollTo = [this](int row) {
-        updateGeometries(); // before the first layout the bar has no range
-        verticalScrollBar()->setValue(row - 1);
+        QScrollBar* const bar = verticalScrollBar();
+        if (bar->maximum() == 0) updateGeometries(); // before the first layout the bar has no range
+        bar->setValue(row - 1);
     };
     state_.surface.setUp = [this] {
         model_->allChanged();
@@ -136,8 +136,8 @@ void MoveGrid::resizeEvent(QResizeEvent* event) {
     fitColumns();
 }
 
-void MoveGrid::countVisibleRows() {
+void MoveGrid::zFindBottomRow() {
     // By the grid's own size: before it is shown its viewport has not been laid out.
     const int fitting = (height() - 2 * frameWidth() - horizontalHeader()->height()) / RowHeight;
-    zFindBottomRow([fitting](int row) { return row <= fitting; }, state_.VisibleRows);
+    ::zFindBottomRow([fitting](int row) { return row <= fitting; }, state_.VisibleRows);
 }

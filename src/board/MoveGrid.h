@@ -11,8 +11,9 @@ class MoveGrid : public QTableView {
 public:
     MoveGrid(MoveGridState& state, QWidget* parent);
 
-    // Counts the rows that fit into the state's `VisibleRows`; left alone when all 200 are visible.
-    void countVisibleRows();
+    // Sets the state's `VisibleRows` by the rows that fit; left alone when all 200 do. Good from the first layout on,
+    // before the grid is shown.
+    void zFindBottomRow();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

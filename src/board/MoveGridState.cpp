@@ -16,12 +16,16 @@ std::int32_t letGo(std::int32_t tint, bool offLine) {
 } // namespace
 
 void MoveGridState::setCell(int cellRow, int cellCol, std::string_view text) {
-    cells[cellRow][cellCol].text = text;
+    GridCell& cell = cells[cellRow][cellCol];
+    if (cell.text == text) return;
+    cell.text = text;
     surface.showCell(cellRow, cellCol);
 }
 
 void MoveGridState::setTint(int cellRow, int cellCol, std::int32_t tint) {
-    cells[cellRow][cellCol].tint = tint;
+    GridCell& cell = cells[cellRow][cellCol];
+    if (cell.tint == tint) return;
+    cell.tint = tint;
     surface.showCell(cellRow, cellCol);
 }
 
@@ -29,7 +33,6 @@ void MoveGridState::goTo(int cellRow, int cellCol) {
     static_cast<void>(cells[cellRow][cellCol]); // a cell that is not there faults before anything moves
     row = cellRow;
     col = cellCol;
-    surface.moveTo(row, col);
 }
 
 void MoveGridState::zGridSetup() {
@@ -41,9 +44,7 @@ void MoveGridState::zGridSetup() {
 
 void MoveGridState::blankMoves() {
     for (int cellRow = 1; cellRow <= LastRow; ++cellRow) {
-        for (int cellCol = 0; cellCol <= LastCol; ++cellCol) {
-            if (!text(cellRow, cellCol).empty()) setCell(cellRow, cellCol, "");
-        }
+        for (int cellCol = 0; cellCol <= LastCol; ++cellCol) setCell(cellRow, cellCol, "");
     }
 }
 

@@ -11,7 +11,6 @@
 // Where the grid shows itself. Every member may stay as it is: it then does nothing.
 struct MoveGridSurface {
     std::function<void(int row, int col)> showCell = [](int, int) {}; // its text or tint has changed
-    std::function<void(int row, int col)> moveTo = [](int, int) {};   // the current cell has moved there
     std::function<void(int row)> scrollTo = [](int) {};               // the top row below the heading
     std::function<void()> setUp = [] {};                              // all cells have changed; set the widths anew
 };
@@ -35,8 +34,7 @@ struct MoveGridState {
     static constexpr int LastRow = 200;
     static constexpr int LastCol = 2;
 
-    // Widths of the grid and its columns in pixels.
-    static constexpr int Width = 133;
+    // Widths of the columns in pixels.
     static constexpr int NumberWidth = 20;
     static constexpr int MoveWidth = 47;
 
@@ -49,6 +47,7 @@ struct MoveGridState {
     int tintedRow = 0;            // the cell tinted last; row 0 means none
     int tintedCol = 0;
 
+    // Shows the cell only when its text is another one than before.
     void setCell(int cellRow, int cellCol, std::string_view text);
     const std::string& text(int cellRow, int cellCol) const { return cells[cellRow][cellCol].text; }
     const std::string& currentText() const { return text(row, col); }

@@ -3,6 +3,19 @@
 
 #include <cstdint>
 
+// The kinds of piece, as the absolute value of a code.
+namespace Piece {
+inline constexpr int King = 1;
+inline constexpr int Queen = 2;
+inline constexpr int Rook = 3;
+inline constexpr int Bishop = 4;
+inline constexpr int Knight = 5;
+inline constexpr int Pawn = 6;
+} // namespace Piece
+
+// 1, -1 or 0.
+constexpr int signOf(int number) { return (number > 0) - (number < 0); }
+
 // The code of one character of a position text. Lower-cased it is compared with k, q, r, b, n, p; anything else is an
 // empty square. A character that sorts above "Z" is black, whatever its case.
 constexpr std::int16_t pieceCode(char letter) {

@@ -2,9 +2,11 @@
 #include "board/frmChessBoard.h"
 
 #include "board/CloseRules.h"
+#include "common/Twips.h"
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
+#include "platform/StreamText.h"
 #include "settings/WindowSettings.h"
 #include "view/frmBoardColors.h"
 
@@ -12,12 +14,10 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QPointer>
-#include <QScreen>
 #include <QStatusBar>
 
 namespace {
 
-constexpr int TwipsPerPixel = TwipsPerPixelX;
 constexpr int DesignSquare = 54; // pixels
 constexpr int Margin = 6;        // pixels round the parts, part of the window's frame
 
@@ -28,12 +28,7 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Brightrank - Board"));
     menus_.build(*menuBar());
-    setCentralWidget(new QWidget(this));
-    inner_ = new QWidget(centralWidget());
-    statusBar()->setSizeGripEnabled(false);
-    statusBar()->setFixedHeight(BoardParts::StatusHeight);
-    statusBar()->setContentsMargins(Margin - 2, 0, Margin, 0);
-    parts_.build(inner_, statusBar(), game.grdMoves);
+    zObjectSetup();
     parts_.picChess->pieceAt = [this](int square) { return game.Board[square]; };
     fillSurface();
     connectMenus();
@@ -50,20 +45,28 @@ frmChessBoard::~frmChessBoard() {
     openWindows.remove(this);
 }
 
+// The status bar and the parts, once; where the parts stand is paintBoard's.
+void frmChessBoard::zObjectSetup() {
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->setFixedHeight(BoardParts::StatusHeight);
+    statusBar()->setContentsMargins(Margin - 2, 0, Margin, 0);
+    setCentralWidget(new QWidget(this));
+    inner_ = new QWidget(centralWidget());
+    parts_.build(inner_, statusBar(), game.grdMoves);
+}
+
 void frmChessBoard::load() {
     game.beginLoad();
     resizeWatch_.Muted = true;
     menus_.mnuSelfCheck->setVisible(QApplication::arguments().mid(1).join(u' ').contains(QStringLiteral("est")));
     menus_.checkPieces(modChess.ChessSet);
-    const int least = frame().width() + 8 * 24 + BoardParts::MinWidth;
-    setMinimumSize(least, frame().height() + 8 * 24 + BoardParts::MinHeight);
-    resize(frame().width() + 8 * DesignSquare + BoardParts::MinWidth,
-           frame().height() + 8 * DesignSquare + BoardParts::MinHeight);
+    setMinimumSize(sizeFor(BoardDesign::SmallestSquare));
+    resize(sizeFor(DesignSquare));
     loadPlace();
     takeColors();
-    parts_.panels[0]->setText(QString::fromLatin1(modChess.MyHandle.c_str()));
+    parts_.panels[0]->setText(shownText(modChess.MyHandle));
     for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
-        const QString text = QString::fromLatin1(roads_.tellText(static_cast<int>(index)).c_str());
+        const QString text = shownText(roads_.tellText(static_cast<int>(index)));
         parts_.cmdTell[index]->setToolTip(text);
         parts_.cmdTell[index]->setEnabled(!text.isEmpty());
     }
@@ -71,7 +74,6 @@ void frmChessBoard::load() {
     frmBoardColors::loaded().zSave();
     if (!self || !game.isOpen()) return; // closed by what came in meanwhile
     show();
-    parts_.grdMoves->countVisibleRows(); // a hidden grid has no rows yet
     if (!game.finishLoad()) return;
     openWindows.unload("frmBoardColors");
     parts_.txtSend->setFocus();
@@ -80,20 +82,17 @@ void frmChessBoard::load() {
 }
 
 void frmChessBoard::loadPlace() {
-    const QSize screenSize = screen()->geometry().size() * TwipsPerPixel;
     move(0, 0);
-    const WindowPlace designed = place();
+    const WindowPlace designed = placer_.place();
     WindowPlace read = designed;
     readBoard(roads_.store, read);
     std::vector<float> lefts;
     for (const OpenWindow& open : openWindows.windows) {
         if (open.className != "frmChessBoard") continue;
-        lefts.push_back(static_cast<const frmChessBoard*>(open.window)->place().Left);
+        lefts.push_back(static_cast<const frmChessBoard*>(open.window)->placer_.place().Left);
     }
     cascade(read, lefts);
-    const WindowPlace at = placedBoard(read, designed, {float(screenSize.width()), float(screenSize.height())});
-    move(int(at.Left) / TwipsPerPixel, int(at.Top) / TwipsPerPixel);
-    resize(int(at.Width) / TwipsPerPixel, int(at.Height) / TwipsPerPixel);
+    placer_.moveTo(placedBoard(read, designed, screenOf(*this)));
 }
 
 void frmChessBoard::takeColors() {
@@ -101,24 +100,24 @@ void frmChessBoard::takeColors() {
     parts_.txtSend->setFont(roads_.typingFont());
 }
 
-WindowPlace frmChessBoard::place() const {
-    const QRect shown = isMaximized() ? normalGeometry() : QRect(pos(), size());
-    return {float(shown.x() * TwipsPerPixel), float(shown.y() * TwipsPerPixel), float(shown.width() * TwipsPerPixel),
-            float(shown.height() * TwipsPerPixel)};
-}
-
 // What the window has round the inner surface: the menus and the margins. The status bar belongs to the inner size.
 QSize frmChessBoard::frame() const { return {2 * Margin, menuBar()->sizeHint().height() + Margin}; }
+
+// The window round a board whose squares have sides of so many pixels.
+QSize frmChessBoard::sizeFor(int square) const {
+    return frame() + QSize(8 * square + BoardDesign::MinWidth, 8 * square + BoardDesign::MinHeight);
+}
 
 // Fits the board to the window, paints it whole, and gives the window its size: the height decides.
 void frmChessBoard::paintBoard() {
     BoardGeometry geometry = parts_.picChess->geometry();
     geometry.Flipped = game.Flipped;
-    geometry.zBoardSetup({height() * TwipsPerPixel, frame().width() * TwipsPerPixel, frame().height() * TwipsPerPixel},
-                         modChess.ChessSet);
+    geometry.zBoardSetup(
+        {height() * TwipsPerPixelY, frame().width() * TwipsPerPixelX, frame().height() * TwipsPerPixelY},
+        modChess.ChessSet);
     fitWindow(geometry);
     parts_.picChess->zBoardSetup(geometry);
-    parts_.grdMoves->countVisibleRows();
+    parts_.grdMoves->zFindBottomRow();
 }
 
 void frmChessBoard::fitWindow(const BoardGeometry& geometry) {
@@ -144,7 +143,7 @@ void frmChessBoard::unload() {
 
 void frmChessBoard::finishClosing() {
     game.windowClosed();
-    zSaveReg(roads_.store, BoardSection, place());
+    zSaveReg(roads_.store, BoardSection, placer_.place());
     openWindows.remove(this);
 }
 
@@ -155,7 +154,7 @@ void frmChessBoard::resizeEvent(QResizeEvent* event) {
 }
 
 void frmChessBoard::closeEvent(QCloseEvent* event) {
-    if (isMinimized()) showNormal();
+    placer_.unminimise();
     const QPointer<frmChessBoard> self(this);
     const bool may = mayClose();
     if (!self || !game.isOpen()) return; // taken along by the program while the box was up

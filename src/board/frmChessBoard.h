@@ -6,7 +6,7 @@
 #include "board/BoardRoads.h"
 #include "board/Game.h"
 #include "platform/PaintHold.h"
-#include "settings/Placement.h"
+#include "settings/WindowPlacer.h"
 #include "view/ResizeWatch.h"
 
 #include <QMainWindow>
@@ -23,6 +23,8 @@ public:
 
     // Places and shows the window with the start position; pumps.
     void load();
+    // Part of the board's interface, and does nothing.
+    void zBuildMask(std::int16_t, std::int16_t) {}
     // Takes colours and font of the console's command line for the own one.
     void takeColors();
 
@@ -52,6 +54,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void zObjectSetup();
     void connectMenus();
     void connectTyping();
     void fillSurface();
@@ -67,8 +70,8 @@ private:
     void sendTyped(const std::string& text);
     void sendConfirmed(const std::string& word);
     bool answerTypingKey(int code, bool shift);
-    WindowPlace place() const;
     QSize frame() const;
+    QSize sizeFor(int square) const;
     void fitWindow(const BoardGeometry& geometry);
 
     const BoardRoads& roads_;
@@ -76,6 +79,7 @@ private:
     BoardMenus menus_;
     BoardParts parts_;
     PaintHold paintHold_{this};
+    WindowPlacer placer_{this};
     QTimer tmrClock_;
     QTimer tmrNoPlay_;
     QTimer tmrResize_;

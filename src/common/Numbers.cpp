@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -29,9 +30,12 @@ Prefix numberAtFront(std::string_view text) {
     if (first >= text.size() || text[first] < '0' || text[first] > '9') return {};
     Prefix prefix;
     const auto result = std::from_chars(text.data() + digits, text.data() + text.size(), prefix.value);
-    if (result.ec == std::errc::result_out_of_range) prefix.value = std::numeric_limits<double>::max();
-    if (text[start] == '-') prefix.value = -prefix.value;
     prefix.length = static_cast<std::size_t>(result.ptr - text.data());
+    if (result.ec == std::errc::result_out_of_range) {
+        const bool tooSmall = lower(text.substr(digits, prefix.length - digits)).find("e-") != std::string::npos;
+        prefix.value = tooSmall ? 0 : std::numeric_limits<double>::max();
+    }
+    if (text[start] == '-') prefix.value = -prefix.value;
     return prefix;
 }
 
@@ -48,7 +52,9 @@ template <typename Field>
 Field narrow(double value) {
     const double whole = roundHalfEven(value);
     if (!(whole >= std::numeric_limits<Field>::min() && whole <= std::numeric_limits<Field>::max())) {
-        throw Fault(FaultKind::Overflow, "the number " + std::to_string(value) + " does not fit its field");
+        std::ostringstream text;
+        text << "the number " << value << " does not fit its field";
+        throw Fault(FaultKind::Overflow, text.str());
     }
     return static_cast<Field>(whole);
 }

@@ -11,8 +11,8 @@
 struct ModChess {
     // The stream
     std::string gPrompt; // the learnt prompt, trailing blank included; empty until learnt
-    FixedArray<std::int32_t, 2>
-        Deadlines{}; // 0 tmrArrival, 1 tmrState, 2 seek timer: due time in ms since midnight, < 1 idle
+    // 0 tmrArrival, 1 tmrState, 2 seek timer: due time in ms since midnight, below 1 while idle
+    FixedArray<std::int32_t, 2> Deadlines{};
 
     // Captures: which answer of the server is being collected
     bool gVarsCapture = false;
@@ -56,7 +56,7 @@ struct ModChess {
     bool GameRunning = false; // a live game has its clock going
     bool SelfCheckOK = true;
 
-    // Options, filled from the settings store
+    // Options: what the program starts with, and then what the settings store holds or gives in its place
     std::string RegistryState = "No";
     std::int32_t ColorMain = 0;
     std::int32_t ColorBackground = 0xC0FFFF;

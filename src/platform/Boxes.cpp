@@ -1,6 +1,9 @@
 // The real boxes behind the seam.
 #include "platform/Boxes.h"
 
+#include "platform/Colors.h"
+#include "platform/StreamText.h"
+
 #include <QApplication>
 #include <QColorDialog>
 #include <QFile>
@@ -12,16 +15,12 @@
 
 namespace {
 
-QString shown(const std::string& text) { return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())); }
-
-std::string bytesOf(const QString& text) { return text.toLatin1().toStdString(); }
-
 QWidget* owner(QWidget* parent) { return parent ? parent->window() : QApplication::activeWindow(); }
 
 // Runs a message box that may die with its parent while it is up; gives the button pressed.
 int ask(QWidget* parent, const std::string& title, const std::string& text, QMessageBox::Icon icon,
         QMessageBox::StandardButtons buttons) {
-    const QPointer<QMessageBox> box(new QMessageBox(icon, shown(title), shown(text), buttons, owner(parent)));
+    const QPointer<QMessageBox> box(new QMessageBox(icon, shownText(title), shownText(text), buttons, owner(parent)));
     box->setTextFormat(Qt::PlainText); // server text is never markup
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     const int answer = box->exec();
@@ -44,9 +43,9 @@ bool realOkCancel(QWidget* parent, const std::string& title, const std::string& 
 std::optional<std::string> realInput(QWidget* parent, const std::string& prompt, const std::string& title,
                                      const std::string& proposal) {
     const QPointer<QInputDialog> box(new QInputDialog(owner(parent)));
-    box->setWindowTitle(shown(title));
-    box->setLabelText(shown(prompt));
-    box->setTextValue(shown(proposal));
+    box->setWindowTitle(shownText(title));
+    box->setLabelText(shownText(prompt));
+    box->setTextValue(shownText(proposal));
     const bool accepted = box->exec() == QDialog::Accepted && box;
     std::optional<std::string> answer;
     if (accepted) answer = bytesOf(box->textValue());
@@ -55,10 +54,9 @@ std::optional<std::string> realInput(QWidget* parent, const std::string& prompt,
 }
 
 std::optional<std::int32_t> realColour(QWidget* parent, std::int32_t start) {
-    const QColor proposal(start & 0xFF, (start >> 8) & 0xFF, (start >> 16) & 0xFF);
-    const QColor chosen = QColorDialog::getColor(proposal, owner(parent));
+    const QColor chosen = QColorDialog::getColor(colorOf(start), owner(parent));
     if (!chosen.isValid()) return std::nullopt;
-    return chosen.red() | (chosen.green() << 8) | (chosen.blue() << 16);
+    return colorValue(chosen);
 }
 
 std::optional<std::string> pathOf(const QString& chosen) {
@@ -70,16 +68,16 @@ QString pathShown(const std::string& path) { return QFile::decodeName(path.c_str
 
 std::optional<std::string> realFileOpen(QWidget* parent, const std::string& title, const std::string& start,
                                         const std::string& filter) {
-    return pathOf(QFileDialog::getOpenFileName(owner(parent), shown(title), pathShown(start), shown(filter)));
+    return pathOf(QFileDialog::getOpenFileName(owner(parent), shownText(title), pathShown(start), shownText(filter)));
 }
 
 std::optional<std::string> realFileSave(QWidget* parent, const std::string& title, const std::string& start,
                                         const std::string& filter) {
-    return pathOf(QFileDialog::getSaveFileName(owner(parent), shown(title), pathShown(start), shown(filter)));
+    return pathOf(QFileDialog::getSaveFileName(owner(parent), shownText(title), pathShown(start), shownText(filter)));
 }
 
 std::optional<std::string> realFolder(QWidget* parent, const std::string& title, const std::string& start) {
-    return pathOf(QFileDialog::getExistingDirectory(owner(parent), shown(title), pathShown(start)));
+    return pathOf(QFileDialog::getExistingDirectory(owner(parent), shownText(title), pathShown(start)));
 }
 
 } // namespace

@@ -12,11 +12,15 @@ class QWidget;
 // belongs to, null for the active window. Texts are Latin-1, file names are in the file system's own bytes. A box
 // closed without an answer counts as No or Cancel. While a real box is up the message loop runs.
 struct Boxes {
+    using Question = std::function<bool(QWidget* parent, const std::string& title, const std::string& text)>;
+    using FileChoice = std::function<std::optional<std::string>(QWidget* parent, const std::string& title,
+                                                                const std::string& start, const std::string& filter)>;
+
     Boxes(); // fills in the real boxes
 
     std::function<void(QWidget* parent, const std::string& title, const std::string& text)> message;
-    std::function<bool(QWidget* parent, const std::string& title, const std::string& text)> yesNo;
-    std::function<bool(QWidget* parent, const std::string& title, const std::string& text)> okCancel;
+    Question yesNo;
+    Question okCancel;
 
     // The text entered; nothing on Cancel.
     std::function<std::optional<std::string>(QWidget* parent, const std::string& prompt, const std::string& title,
@@ -28,9 +32,8 @@ struct Boxes {
 
     // The path of a file to read, or to write (asked again before one that exists is replaced); nothing on Cancel.
     // `start` is a folder or a file to start from; `filter` reads "PGN Files (*.pgn);;All Files (*)".
-    std::function<std::optional<std::string>(QWidget*parent, const std::string&title, const std::string&start,
-                                             const std::string&filter)>
-        fileOpen, fileSave;
+    FileChoice fileOpen;
+    FileChoice fileSave;
 
     // A folder; nothing on Cancel.
     std::function<std::optional<std::string>(QWidget* parent, const std::string& title, const std::string& start)>

@@ -1,8 +1,11 @@
 // A scroll bar that follows a running text at little cost.
 #include "platform/LightScrollBar.h"
 
+#include <QPaintEvent>
+#include <QPainter>
 #include <QStyleOptionSlider>
 
+#include <algorithm>
 #include <utility>
 
 LightScrollBar::LightScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {}
@@ -14,7 +17,6 @@ QRect LightScrollBar::part(QStyle::SubControl which) const {
 }
 
 void LightScrollBar::sliderChange(SliderChange change) {
-    constexpr int Shadow = 2; // pixels that a style may draw beside the slider
     const bool atAnEnd = value() == minimum() || value() == maximum();
     const bool arrowsChange = std::exchange(atAnEnd_, atAnEnd) != atAnEnd;
     const QRect now = part(QStyle::SC_ScrollBarSlider);
@@ -23,8 +25,30 @@ void LightScrollBar::sliderChange(SliderChange change) {
         QScrollBar::sliderChange(change);
         return;
     }
-    if (before != now) update(before.united(now).adjusted(-Shadow, -Shadow, Shadow, Shadow));
+    if (before != now) update(before.united(now));
     if (!arrowsChange) return;
     update(part(QStyle::SC_ScrollBarSubLine));
     update(part(QStyle::SC_ScrollBarAddLine));
+}
+
+void LightScrollBar::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const QPalette& look = palette();
+    painter.fillRect(event->rect(), look.color(QPalette::Window));
+    if (maximum() == minimum()) return;
+    const QRect slider = part(QStyle::SC_ScrollBarSlider).adjusted(3, 1, -3, -1);
+    painter.fillRect(slider, look.color(isSliderDown() || underMouse() ? QPalette::Highlight : QPalette::Mid));
+    paintArrow(painter, QStyle::SC_ScrollBarSubLine, value() > minimum());
+    paintArrow(painter, QStyle::SC_ScrollBarAddLine, value() < maximum());
+}
+
+void LightScrollBar::paintArrow(QPainter& painter, QStyle::SubControl which, bool enabled) const {
+    const QRect area = part(which);
+    const int tall = std::max(2, area.width() / 4); // pixels from the arrow's base to its tip
+    const QColor color = palette().color(enabled ? QPalette::Active : QPalette::Disabled, QPalette::WindowText);
+    for (int line = 0; line < tall; ++line) {
+        const int fromTip = which == QStyle::SC_ScrollBarSubLine ? line : tall - 1 - line;
+        const int top = area.center().y() - tall / 2 + line;
+        painter.fillRect(area.center().x() - fromTip, top, 2 * fromTip + 1, 1, color);
+    }
 }

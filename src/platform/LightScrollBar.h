@@ -4,8 +4,9 @@
 #include <QScrollBar>
 #include <QStyle>
 
-// Looks as the style draws it. When its slider moves, or a range grows under it, it repaints only where the slider was
-// and is, and the arrows at the ends: a whole bar takes a style longer than all else that a move changes on a board.
+// Lies where the style lays it, but is drawn plainly: the style's shades took longer, on several threads, than all else
+// that a move changes on a board. When its slider moves, or a range grows under it, it repaints only where the slider
+// was and is, and the arrows at the ends.
 class LightScrollBar : public QScrollBar {
     Q_OBJECT
 public:
@@ -13,10 +14,12 @@ public:
 
 protected:
     void sliderChange(SliderChange change) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QRect part(QStyle::SubControl which) const;
+    void paintArrow(QPainter& painter, QStyle::SubControl which, bool enabled) const;
 
     QRect shownAt_;       // the slider when it was last told to move
-    bool atAnEnd_ = true; // an arrow may look different there
+    bool atAnEnd_ = true; // an arrow looks different there
 };

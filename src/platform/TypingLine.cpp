@@ -3,6 +3,7 @@
 
 #include "common/TypingKey.h"
 #include "platform/Colors.h"
+#include "platform/StreamText.h"
 
 #include <QKeyEvent>
 
@@ -31,10 +32,10 @@ TypingLine::TypingLine(QWidget* parent) : QLineEdit(parent) {
     setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: 42 }")); // "*"
 }
 
-std::string TypingLine::line() const { return text().toLatin1().toStdString(); }
+std::string TypingLine::line() const { return bytesOf(text()); }
 
 void TypingLine::setLine(const std::string& text) {
-    setText(QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+    setText(shownText(text));
     end(false);
 }
 

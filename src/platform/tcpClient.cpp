@@ -2,6 +2,7 @@
 #include "platform/tcpClient.h"
 
 #include "platform/Clock.h"
+#include "platform/StreamText.h"
 
 #include <QNetworkProxy>
 #include <QPointer>
@@ -31,7 +32,7 @@ std::string describe(QAbstractSocket::SocketError error, const QString& systemTe
     case QAbstractSocket::SocketTimeoutError:
         return "Connection is aborted due to timeout or other failure";
     default:
-        return systemText.toLatin1().toStdString();
+        return bytesOf(systemText);
     }
 }
 
@@ -94,8 +95,7 @@ void tcpClient::Connect() {
     socket_->setProxy(QNetworkProxy::NoProxy);
     socket_->setReadBufferSize(ReadBufferBytes);
     listenTo(*socket_);
-    socket_->connectToHost(QString::fromLatin1(RemoteHost.data(), static_cast<qsizetype>(RemoteHost.size())),
-                           static_cast<quint16>(RemotePort));
+    socket_->connectToHost(shownText(RemoteHost), static_cast<quint16>(RemotePort));
 }
 
 void tcpClient::listenTo(QTcpSocket& socket) {
@@ -133,16 +133,16 @@ void tcpClient::pull() {
 
 void tcpClient::peerClosed() {
     if (state_ == SocketStates::Connected) state_ = SocketStates::PeerClosing;
-    const QByteArray rest = socket_->readAll();
-    cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, wallClock.steadyMs());
-    cutter_.finish();
-    endDue_ = true;
-    schedule();
+    endReceiving();
 }
 
 void tcpClient::fail(const std::string& description) {
     state_ = SocketStates::Error;
     if (!failure_) failure_ = description;
+    endReceiving();
+}
+
+void tcpClient::endReceiving() {
     if (socket_ && socket_->isOpen()) {
         const QByteArray rest = socket_->readAll();
         cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, wallClock.steadyMs());

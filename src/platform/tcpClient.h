@@ -83,6 +83,7 @@ private:
     void pull();
     void peerClosed();
     void fail(const std::string& description);
+    void endReceiving();
     void schedule() { delivery_.start(0); }
     void deliver();
     void deliverText();

@@ -3,22 +3,17 @@
 
 #include "common/modChess.h"
 #include "platform/LoadedWindow.h"
+#include "platform/StreamText.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QPushButton>
-#include <QScreen>
 
 namespace {
 
-constexpr int TwipsPerPixel = 15;
 constexpr int OpponentHeight = 24; // pixels, what the window is lower without the opponent
 constexpr int Gap = 6;
 constexpr int NumberWidth = 64;
-
-QString shown(const std::string& text) { return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())); }
-
-std::string bytesOf(const QString& text) { return text.toLatin1().toStdString(); }
 
 ListChoice choiceOf(const QComboBox& box) {
     const int index = box.currentIndex();
@@ -39,7 +34,7 @@ QLabel* labelOf(QWidget* parent, const char* name, const QString& caption, QWidg
 }
 
 QLineEdit* numberBox(QWidget* parent, const char* name, const std::string& text) {
-    auto* box = named(new QLineEdit(shown(text), parent), name);
+    auto* box = named(new QLineEdit(shownText(text), parent), name);
     box->setFixedWidth(NumberWidth);
     return box;
 }
@@ -49,7 +44,7 @@ template <typename Items>
 QComboBox* listBox(QWidget* parent, const char* name, const Items& items, const ListChoice& designed) {
     auto* box = named(new QComboBox(parent), name);
     for (const char* item : items) box->addItem(QString::fromLatin1(item));
-    box->setPlaceholderText(shown(designed.text));
+    box->setPlaceholderText(shownText(designed.text));
     box->setCurrentIndex(designed.index);
     QPalette look = box->palette(); // a text that goes out should not look like a hint
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
@@ -158,13 +153,10 @@ QLayout* frmMatch::buildButtons() {
 }
 
 void frmMatch::load() {
-    const QSize designed = sizeHint() * TwipsPerPixel;
-    const QSize pixels = screen()->geometry().size() * TwipsPerPixel;
-    const Extent size{float(designed.width()), float(designed.height())};
-    WindowPlace read{0, 0, size.Width, size.Height};
+    const Extent designed = twipsOf(sizeHint());
+    WindowPlace read{0, 0, designed.Width, designed.Height};
     if (readMatch(roads_.store, read, fields_)) fill();
-    const WindowPlace at = placed(read, size, {float(pixels.width()), float(pixels.height())}, MatchSection.limit);
-    move(int(at.Left) / TwipsPerPixel, int(at.Top) / TwipsPerPixel);
+    placer_.moveTo(placed(read, designed, screenOf(*this), MatchSection.limit));
 }
 
 void frmMatch::fill() {
@@ -176,7 +168,7 @@ void frmMatch::fill() {
     chkServer_->setChecked(fields_.ServerSettings != 0);
     cboColor_->setCurrentIndex(fields_.Color);
     cboType_->setCurrentIndex(fields_.Type);
-    txtOpp_->setText(shown(modChess.LastOpponent));
+    txtOpp_->setText(shownText(modChess.LastOpponent));
 }
 
 // The type stays enabled, though the server's settings leave it out.
@@ -208,11 +200,6 @@ void frmMatch::cmdOK() {
     fields_ = fieldsOf(composed);
     roads_.zSendMsg(challengeLine(composed, modChess.MatchMode));
     close();
-}
-
-WindowPlace frmMatch::place() const {
-    return {float(x() * TwipsPerPixel), float(y() * TwipsPerPixel), float(width() * TwipsPerPixel),
-            float(height() * TwipsPerPixel)};
 }
 
 frmMatch& frmMatch::showIt(const MatchRoads& roads) {

@@ -3,6 +3,7 @@
 
 #include "seek/Challenge.h"
 #include "settings/SettingsStore.h"
+#include "settings/WindowPlacer.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -37,7 +38,7 @@ public:
 
     // The eight values as they were at the last OK or at opening, and the place, in twips.
     const MatchSettings& fields() const { return fields_; }
-    WindowPlace place() const;
+    WindowPlace place() const { return placer_.place(); }
 
     // Opens the dialog, or brings the one that is open; `roads` are for a new one. Gives the dialog.
     static frmMatch& showIt(const MatchRoads& roads);
@@ -58,6 +59,7 @@ private:
     void cmdOK();
 
     const MatchRoads& roads_;
+    WindowPlacer placer_{this};
     MatchSettings fields_;
     QWidget* opponent_ = nullptr; // the row of lblOpp and txtOpp
     QGroupBox* fraRating_ = nullptr;

@@ -3,9 +3,8 @@
 
 #include "common/modChess.h"
 #include "platform/Boxes.h"
-#include "platform/LoadedWindow.h"
-#include "seek/frmMatch.h"
-#include "settings/RegDump.h"
+#include "platform/OpenWindows.h"
+#include "platform/StreamText.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -24,7 +23,7 @@ void frmChessClient::wireKeys() {
     txtOutput->upKey = [this] { return typingKeys.consoleKeyDown(KeyUp); };
     txtOutput->beep = [] { QApplication::beep(); };
     txtOutput->typed = [this](const QString& text) {
-        for (const char c : text.toLatin1()) {
+        for (const char c : bytesOf(text)) {
             if (static_cast<unsigned char>(c) >= ' ' && c != 127)
                 typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
         }
@@ -32,14 +31,13 @@ void frmChessClient::wireKeys() {
     };
     for (QToolButton* button : cmdTell) {
         connect(button, &QToolButton::clicked, this,
-                [this, button] { typingKeys.pressButton(button->toolTip().toLatin1().toStdString()); });
+                [this, button] { typingKeys.pressButton(bytesOf(button->toolTip())); });
     }
     connect(cmdAcc, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Accept"); });
     connect(cmdDec, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Decline"); });
 }
 
 void frmChessClient::wireMenus() {
-    const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
     for (QAction* profile : menus.mnuConnect) {
         on(profile,
            [this, profile] { connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
@@ -57,19 +55,16 @@ void frmChessClient::wireMenus() {
     });
     on(menus.mnuTest, [this] { dumpRegistry(); });
     on(menus.mnuAbout,
-       [this] { boxes.message(this, "Brightrank", "Brightrank " + QApplication::applicationVersion().toStdString()); });
+       [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
 }
 
 void frmChessClient::wireConsoleMenu() {
-    blockMode.hooks.caption = [this] { return windowTitle().toLatin1().toStdString(); };
-    blockMode.hooks.setCaption = [this](const std::string& caption) {
-        setWindowTitle(QString::fromLatin1(caption.data(), static_cast<qsizetype>(caption.size())));
-    };
+    blockMode.hooks.caption = [this] { return bytesOf(windowTitle()); };
+    blockMode.hooks.setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); };
     blockMode.hooks.insertAtEnd = [this](const std::string& text) {
         txtOutput->moveToEnd();
         txtOutput->insert(text);
     };
-    const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
     on(menus.mnuBlocked, [this] {
         blockMode.toggle(classifier.menu.mnuBlocked);
         menus.mnuBlocked->setChecked(classifier.menu.mnuBlocked);
@@ -94,16 +89,7 @@ void frmChessClient::takeMenuTicks() {
 
 void frmChessClient::dumpRegistry() {
     collectSettings();
-    RunningWindows windows;
-    const auto* match = loadedWindow<frmMatch>();
-    windows.place = [match](const WindowSection& section) {
-        const bool isMatch = std::string_view(section.name) == MatchSection.name;
-        return isMatch && match != nullptr ? match->place() : WindowPlace{};
-    };
-    windows.match = [match] { return match != nullptr ? match->fields() : MatchSettings{}; };
-    const QDir startDirectory(QString::fromLocal8Bit(connection.StartDirectory.c_str()));
-    const QString file = startDirectory.filePath(QString::fromLatin1(RegDumpFile));
-    if (writeRegDump(zDumpReg(roads_.store, settings, windows), file.toLocal8Bit().toStdString())) {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    if (writeRegDump(zDumpReg(roads_.store, settings, roads_.runningWindows))) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QDir::current().filePath(QString::fromLatin1(RegDumpFile))));
     }
 }

@@ -37,7 +37,7 @@ void buildConsole(ClientMenus& menus, QMenu* menu) {
 }
 
 void buildWindows(ClientMenus& menus, QMenu* menu) {
-    menus.mnuBoard = addUnbuilt(menu, "mnuBoard", "&Board");
+    menus.mnuBoard = addEntry(menu, "mnuBoard", "&Board");
     menus.mnuSeekGrf = addTick(menu, "mnuSeekGrf", "&Seek Graph");
     menus.mnuSeekGrf->setEnabled(false);
     menus.mnuMatch = addEntry(menu, "mnuMatch", "&Match");

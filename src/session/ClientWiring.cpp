@@ -6,13 +6,23 @@
 #include "platform/Clock.h"
 #include "platform/MessageLoop.h"
 #include "platform/OpenWindows.h"
+#include "platform/StreamText.h"
 
 #include <QApplication>
 
 namespace {
 
-QString shownText(const std::string& text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+template <typename Act>
+void eachBoard(Act act) {
+    for (const OpenWindow& open : openWindows.windows) {
+        if (open.game != nullptr) act(*open.game);
+    }
+}
+
+void clearBoard(Game& game) {
+    for (int panel = 1; panel <= 3; ++panel) game.surface.setPanel(panel, std::string());
+    game.surface.setTitle("Brightrank - Board");
+    game.currentGame.clear();
 }
 
 } // namespace
@@ -29,10 +39,11 @@ void frmChessClient::wirePipeline() {
     hooks.stopTimer = [timer](SessionTimer which) { timer(which).stop(); };
     hooks.millisecondsOfDay = [] { return wallClock.msOfDay(); };
     hooks.clearMask = [this] { txtSend->setEchoMode(QLineEdit::Normal); };
-    hooks.connectionLabel = [this] { return connection.ConnectionLabel; };
-    hooks.bridgeAnswered = [this] { connection.textArrived(); };
-    hooks.showHandle = [this](const std::string& handle) { roads_.showHandle(handle); };
-    hooks.promptCaption = [this] { return lblPrompt->text().toLatin1().toStdString(); };
+    hooks.textArrived = [this] { connection.textArrived(); };
+    hooks.showHandle = [](const std::string& handle) {
+        eachBoard([&handle](Game& game) { game.surface.setPanel(1, handle); });
+    };
+    hooks.promptCaption = [this] { return bytesOf(lblPrompt->text()); };
     hooks.setPromptCaption = [this](const std::string& caption) { lblPrompt->setText(shownText(caption)); };
     hooks.dataParse = [this](const std::string& batch) { classifier.zDataParse(batch); };
 }
@@ -69,9 +80,7 @@ void frmChessClient::wireBoards() {
     };
     routing.hooks.pump = pumpMessages;
     routing.hooks.beep = [] { QApplication::beep(); };
-    routing.hooks.playSound = [this](std::string_view name, std::int16_t mode) {
-        roads_.playSound(std::string(name), mode);
-    };
+    routing.hooks.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
     routing.hooks.seekGraphChecked = [this] { return menus.mnuSeekGrf->isChecked(); };
 }
 
@@ -137,17 +146,8 @@ void frmChessClient::wireConnection() {
     };
     hooks.countIdle = [this](bool isConnected) { road.countIdle(isConnected); };
     hooks.endAllGames = [this] { routing.zEndAllGames(); };
-    hooks.clearBoards = [this] { clearBoards(); };
+    hooks.clearBoards = [] { eachBoard(clearBoard); };
     hooks.wait = [](double seconds) { zWait(seconds); };
-}
-
-void frmChessClient::clearBoards() {
-    for (const OpenWindow& open : openWindows.windows) {
-        if (open.game == nullptr) continue;
-        for (int panel = 1; panel <= 3; ++panel) open.game->surface.setPanel(panel, std::string());
-        open.game->surface.setTitle("Brightrank - Board");
-        open.game->currentGame.clear();
-    }
 }
 
 void frmChessClient::wireTimers() {
@@ -155,9 +155,6 @@ void frmChessClient::wireTimers() {
         once->setSingleShot(true);
         once->setTimerType(Qt::PreciseTimer); // others may fire 5% early
     }
-    tmrArrival_.setInterval(2000);
-    tmrPrompt_.setInterval(1000);
-    tmrState_.setInterval(3000);
     tmrTCP_.setInterval(1000);
     tmrClose_.setInterval(550);
     connect(&tmrArrival_, &QTimer::timeout, this, [this] {
@@ -168,4 +165,22 @@ void frmChessClient::wireTimers() {
     connect(&tmrState_, &QTimer::timeout, this, [this] { pipeline.tmrState(); });
     connect(&tmrTCP_, &QTimer::timeout, this, [this] { connection.tmrTCPTimer(); });
     connect(&tmrClose_, &QTimer::timeout, this, [this] { connection.tmrCloseTimer(); });
+}
+
+BoardRoads frmChessClient::boardRoads() {
+    BoardRoads roads;
+    roads.store = roads_.store;
+    roads.history = &road.history;
+    roads.zSendMsg = [this](const std::string& text) { road.zSendMsg(text); };
+    roads.zSend = [this](const std::string& text) {
+        if (road.hooks.socketState() != ServerRoad::Connected) return false;
+        road.zSend(text);
+        return true;
+    };
+    roads.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
+    roads.tellText = [this](int index) { return settings.Tell[index]; };
+    roads.showMatch = roads_.showMatch;
+    roads.typingFont = [this] { return txtSend->font(); };
+    roads.enableBoardMenu = [this] { menus.mnuBoard->setEnabled(true); };
+    return roads;
 }

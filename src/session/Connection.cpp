@@ -2,6 +2,7 @@
 #include "session/Connection.h"
 
 #include "common/Numbers.h"
+#include "common/ServerRoad.h"
 #include "common/Text.h"
 #include "common/modChess.h"
 
@@ -13,7 +14,6 @@
 namespace {
 
 constexpr int CloseBeeps = 3;
-constexpr int ConnectedState = 7;
 constexpr double BridgeStopWait = 0.55; // seconds
 constexpr double BridgePortWait = 1.1;  // seconds
 
@@ -135,7 +135,7 @@ void Connection::tmrTCPTimer() {
     }
     const int state = hooks.socketState();
     if (state == SocketState) {
-        hooks.countIdle(state == ConnectedState);
+        hooks.countIdle(state == ServerRoad::Connected);
     } else {
         stateChanged(state);
     }

@@ -3,6 +3,7 @@
 
 #include "platform/Colors.h"
 #include "platform/LightScrollBar.h"
+#include "platform/StreamText.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
@@ -56,7 +57,7 @@ void Console::setPaper(std::int32_t color) {
 }
 
 void Console::insert(const std::string& text) {
-    const QString piece = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+    const QString piece = shownText(text);
     if (!waiting_.empty() && waiting_.back().format == format_) {
         waiting_.back().text += piece;
     } else {
@@ -107,7 +108,7 @@ void Console::moveToEnd() {
 
 std::string Console::text() {
     flush();
-    return toPlainText().toLatin1().toStdString();
+    return bytesOf(toPlainText());
 }
 
 void Console::clearScreen() {

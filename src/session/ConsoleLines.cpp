@@ -58,19 +58,13 @@ void LineClassifier::classify(const std::string& line) {
         loginPrompt();
     } else if (holds.has(Phrase::Password)) {
         passwordPrompt();
-    } else if (holds.has(Phrase::SessionStart)) {
+    } else if (holds.hasAny(Phrase::SessionStart, Phrase::Underscores)) {
         hooks.zSendMsg("Set Style 12");
-    } else if (holds.has(Phrase::Underscores)) {
-        hooks.zSendMsg("Set Style 12");
-    } else if (holds.has(Phrase::BacksUp)) {
-        SuppressCount = -1;
-    } else if (holds.has(Phrase::GoesForward)) {
+    } else if (holds.hasAny(Phrase::BacksUp, Phrase::GoesForward)) {
         SuppressCount = -1;
     } else if (holds.hasAny(Phrase::WhiteWins, Phrase::Aborted)) {
         hooks.zEndGame(line);
-    } else if (holds.has(Phrase::HasArrived)) {
-        hooks.beep();
-    } else if (holds.has(Phrase::HasDeparted)) {
+    } else if (holds.hasAny(Phrase::HasArrived, Phrase::HasDeparted)) {
         hooks.beep();
     } else if (holds.has(Phrase::StyleSet)) {
         if (menu.mnuSeekGrf) hooks.showSeek();

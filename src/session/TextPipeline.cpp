@@ -5,6 +5,7 @@
 #include "common/modChess.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
@@ -34,24 +35,18 @@ bool holdsWord(std::string_view text, std::string_view wordWithColon) {
     return false;
 }
 
-bool* captureFlag(std::int16_t state) {
-    switch (state) {
-    case 3:
-        return &modChess.gVarsCapture;
-    case 4:
-        return &modChess.MovesCapture;
-    case 6:
-        return &modChess.gSoughtCapture;
-    case 7:
-        return &modChess.gNotesCapture;
-    case 8:
-        return &modChess.gHelpCapture;
-    case 9:
-        return &modChess.HistoryCapture;
-    default:
-        return nullptr;
-    }
-}
+using Flag = bool ModChess::*;
+
+constexpr std::array<std::pair<std::int16_t, Flag>, 6> captureFlags{{{3, &ModChess::gVarsCapture},
+                                                                     {4, &ModChess::MovesCapture},
+                                                                     {6, &ModChess::gSoughtCapture},
+                                                                     {7, &ModChess::gNotesCapture},
+                                                                     {8, &ModChess::gHelpCapture},
+                                                                     {9, &ModChess::HistoryCapture}}};
+
+// HistoryCapture is left out on purpose: a history that never finishes is armed until its own end line.
+constexpr std::array<Flag, 6> busyFlags{&ModChess::gNotesCapture,  &ModChess::gVarsCapture, &ModChess::gHelpCapture,
+                                        &ModChess::gSoughtCapture, &ModChess::MovesCapture, &ModChess::NewGameFlag};
 
 } // namespace
 
@@ -65,7 +60,7 @@ void TextPipeline::zDataArrival() {
     if (ParseBusy) return;
     const BusyMark busy(ParseBusy);
     disarm();
-    if (hooks.connectionLabel() == "Timeseal") hooks.bridgeAnswered();
+    hooks.textArrived();
     takeArrival(held);
 }
 
@@ -135,25 +130,20 @@ void TextPipeline::tmrPrompt() {
 }
 
 void TextPipeline::zSetstate(std::int16_t state) {
-    if (bool* const flag = captureFlag(state)) *flag = true;
+    for (const auto& [code, flag] : captureFlags) {
+        if (code == state) modChess.*flag = true;
+    }
     hooks.stopTimer(SessionTimer::tmrState);
     hooks.startTimer(SessionTimer::tmrState, CaptureMs);
     modChess.Deadlines[1] = hooks.millisecondsOfDay() + CaptureMs;
 }
 
-// HistoryCapture stays on purpose: a history that never finishes is armed until its own end line.
 void TextPipeline::tmrState() {
-    modChess.gHelpCapture = false;
-    modChess.MovesCapture = false;
-    modChess.gSoughtCapture = false;
-    modChess.NewGameFlag = false;
-    modChess.gVarsCapture = false;
-    modChess.gNotesCapture = false;
+    for (const Flag flag : busyFlags) modChess.*flag = false;
     hooks.stopTimer(SessionTimer::tmrState);
     modChess.Deadlines[1] = -1;
 }
 
 bool TextPipeline::BusyTest() {
-    return modChess.gNotesCapture || modChess.gVarsCapture || modChess.gHelpCapture || modChess.gSoughtCapture ||
-           modChess.MovesCapture || modChess.NewGameFlag;
+    return std::ranges::any_of(busyFlags, [](Flag flag) { return modChess.*flag; });
 }

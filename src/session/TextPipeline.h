@@ -21,10 +21,8 @@ struct PipelineHooks {
     std::function<std::int32_t()> millisecondsOfDay = [] { return 0; };
     // Shows the typing line's text unmasked.
     std::function<void()> clearMask = [] {};
-    // ConnectionLabel of the window.
-    std::function<std::string()> connectionLabel = [] { return std::string(); };
-    // The first text came through the bridge: takes LabelAfterBridge and sets the window caption.
-    std::function<void()> bridgeAnswered = [] {};
+    // Text has arrived; the first through the bridge names the connection.
+    std::function<void()> textArrived = [] {};
     // Writes the learnt handle on every open board.
     std::function<void(const std::string& handle)> showHandle = [](const std::string&) {};
     // The caption of lblPrompt.

@@ -5,6 +5,7 @@
 #include "common/modChess.h"
 #include "platform/Colors.h"
 #include "platform/OpenWindows.h"
+#include "platform/StreamText.h"
 #include "settings/Settings.h"
 
 #include <QApplication>
@@ -13,12 +14,10 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QMenuBar>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int TwipsPerPixel = 15;
 constexpr QSize DesignedSize(760, 560); // pixels
 constexpr int ConsolePointSize = 9;
 
@@ -138,8 +137,8 @@ void frmChessClient::load() {
     const QStringList arguments = QApplication::arguments().mid(1);
     if (arguments.join(u' ') == QStringLiteral("test")) QDir::setCurrent(QDir::tempPath());
     connection.StartDirectory = QDir::currentPath().toLocal8Bit().toStdString();
-    settings.Width = float(DesignedSize.width() * TwipsPerPixel);
-    settings.Height = float(DesignedSize.height() * TwipsPerPixel);
+    settings.Width = twipsOf(DesignedSize).Width;
+    settings.Height = twipsOf(DesignedSize).Height;
     zGetReg(roads_.store, settings);
     applySettings();
     loadPlace();
@@ -153,17 +152,11 @@ void frmChessClient::load() {
 }
 
 void frmChessClient::loadPlace() {
-    const QSize pixels = screen()->geometry().size() * TwipsPerPixel;
-    const Extent screenSize{float(pixels.width()), float(pixels.height())};
-    const Extent designed{float(DesignedSize.width() * TwipsPerPixel), float(DesignedSize.height() * TwipsPerPixel)};
-    if (!registryWritten()) {
-        const WindowPlace middle = centred(designed, screenSize); // the rule below moves it again
-        move(int(middle.Left) / TwipsPerPixel, int(middle.Top) / TwipsPerPixel);
-    }
+    const Extent designed = twipsOf(DesignedSize);
+    const Extent screenSize = screenOf(*this);
+    if (!registryWritten()) placer_.moveTo(centred(designed, screenSize)); // the rule below moves it again
     const WindowPlace read{settings.Left, settings.Top, settings.Width, settings.Height};
-    const WindowPlace at = placed(read, designed, screenSize, ClientLimit);
-    move(int(at.Left) / TwipsPerPixel, int(at.Top) / TwipsPerPixel);
-    resize(int(at.Width) / TwipsPerPixel, int(at.Height) / TwipsPerPixel);
+    placer_.moveTo(placed(read, designed, screenSize, ClientLimit));
 }
 
 void frmChessClient::takeLook() {
@@ -171,15 +164,9 @@ void frmChessClient::takeLook() {
     txtOutput->setColor(modChess.ColorMain);
     txtOutput->setPaper(modChess.ColorBackground);
     txtSend->setColors(modChess.ColorBar, modChess.ColorType);
-    if (!modChess.MainFont.empty()) font.setFamilies({QString::fromLatin1(modChess.MainFont.c_str())});
+    if (!modChess.MainFont.empty()) font.setFamilies({shownText(modChess.MainFont)});
     txtOutput->setFont(font);
     txtSend->setFont(font);
-}
-
-WindowPlace frmChessClient::place() const {
-    const QRect shown = isMaximized() ? normalGeometry() : QRect(pos(), size());
-    return {float(shown.x() * TwipsPerPixel), float(shown.y() * TwipsPerPixel), float(shown.width() * TwipsPerPixel),
-            float(shown.height() * TwipsPerPixel)};
 }
 
 void frmChessClient::closeEvent(QCloseEvent* event) {
@@ -196,7 +183,7 @@ void frmChessClient::queryUnload() {
         next.unload();
         openWindows.remove(next.window); // one that refused is taken down with the program
     }
-    if (isMinimized()) showNormal();
+    placer_.unminimise();
     tcpClient_.Close();
     collectSettings();
     zSaveReg(roads_.store, settings);
@@ -221,14 +208,14 @@ void frmChessClient::applySettings() {
     menus.mnuXP->setChecked(settings.mnuXP);
     takeMenuTicks();
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        const QString command = QString::fromLatin1(settings.Tell[long(index)].c_str());
+        const QString command = shownText(settings.Tell[long(index)]);
         cmdTell[index]->setToolTip(command);
         cmdTell[index]->setEnabled(!command.isEmpty());
     }
 }
 
 void frmChessClient::collectSettings() {
-    const WindowPlace at = place();
+    const WindowPlace at = placer_.place();
     settings.Left = at.Left;
     settings.Top = at.Top;
     settings.Width = at.Width;

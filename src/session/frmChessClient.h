@@ -1,6 +1,7 @@
 // The console: the main window, which owns the conversation with the server.
 #pragma once
 
+#include "board/BoardRoads.h"
 #include "board/GameRouting.h"
 #include "common/ServerRoad.h"
 #include "platform/TypingLine.h"
@@ -16,8 +17,9 @@
 #include "session/TextPipeline.h"
 #include "session/TypingKeys.h"
 #include "settings/ClientSettings.h"
-#include "settings/Placement.h"
+#include "settings/RegDump.h"
 #include "settings/SettingsStore.h"
+#include "settings/WindowPlacer.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -27,17 +29,19 @@
 
 #include <array>
 #include <functional>
+#include <string>
+#include <string_view>
 
 // What the console needs of the rest of the program; outlives the window. What is not filled in does nothing.
 struct ClientRoads {
     SettingsStore store;
-    std::function<void(const std::string& name, std::int16_t mode)> playSound = [](const std::string&, std::int16_t) {};
+    // What the dump of the settings says of the other windows.
+    RunningWindows runningWindows;
+    std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
     // Creates, shows and loads a board window; gives its identity in openWindows.
     std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
     // Shows frmMatch as modChess.MatchMode says.
     std::function<void()> showMatch = [] {};
-    // The user's handle has been learnt: every board shows it in panel 1.
-    std::function<void(const std::string& handle)> showHandle = [](const std::string&) {};
 };
 
 // Lives as long as the program. Its parts are window-free; the window carries events to them and their results to the
@@ -54,8 +58,8 @@ public:
     void queryUnload();
     // Stops the socket and all timers; what remains of the program cannot be reached by events any more.
     void stopEverything();
-    // The font of the command line, which the boards take for theirs.
-    QFont typingFont() const { return txtSend->font(); }
+    // What a board needs of the console; good as long as the window lives.
+    BoardRoads boardRoads();
 
     ServerLines serverLines;
     TextPipeline pipeline{serverLines};
@@ -79,6 +83,11 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    template <typename Answer>
+    void on(QAction* entry, Answer answer) {
+        connect(entry, &QAction::triggered, this, answer);
+    }
+
     QWidget* buildInner();
     QWidget* buildRow();
     QLayout* buildTellButtons(QWidget* bar);
@@ -87,7 +96,6 @@ private:
     void collectSettings();
     void loadPlace();
     void takeLook();
-    WindowPlace place() const;
 
     void wirePipeline();
     void wireClassifier();
@@ -101,10 +109,10 @@ private:
     void wireConsoleMenu();
     void takeMenuTicks();
     void panelNotBuilt(const char* panel);
-    void clearBoards();
     void dumpRegistry();
 
     const ClientRoads& roads_;
+    WindowPlacer placer_{this};
     tcpClient tcpClient_;
     Console* txtOutput = nullptr;
     TypingLine* txtSend = nullptr;

@@ -105,6 +105,15 @@ const std::vector<ClientKey>& clientKeys() {
     return keys;
 }
 
+void takeStartValues() {
+    const ModChess start;
+    const auto reset = Overloaded{
+        [&]<typename T>(T ModChess::*field) { modChess.*field = start.*field; },
+        [](const auto&) {}, // the client window's own
+    };
+    for (const ClientKey& key : clientKeys()) std::visit(reset, key.held);
+}
+
 std::string heldText(const ClientKey& key, const ClientSettings& client) {
     return std::visit(Overloaded{
                           [&](TellIndex tell) { return client.Tell[tell.index]; },

@@ -38,6 +38,9 @@ inline constexpr const char* DefaultServerIP = "167.114.65.195";
 // All keys, `Registry_OK` first. The key `Drag_Mode` holds SeekWhite and `Seek_Color` holds DragMode.
 const std::vector<ClientKey>& clientKeys();
 
+// Puts every field of modChess that a key stands for back to the value it has at the start of the program.
+void takeStartValues();
+
 // The value that `key` stands for now, as the text to be stored; `Registry_OK` gives RegistryState like any other.
 std::string heldText(const ClientKey& key, const ClientSettings& client);
 

@@ -44,16 +44,21 @@ DefValues::DefValues(std::string_view bytes) {
 
 const std::string* DefValues::next() { return taken_ < values_.size() ? &values_[taken_++] : nullptr; }
 
+std::optional<std::int16_t> DefValues::nextNumber() {
+    const std::string* value = next();
+    std::optional<std::int16_t> number;
+    passOver([&] {
+        if (value) number = strictInt16(*value);
+    });
+    return number;
+}
+
 void DefValues::take(float& field) {
-    std::int16_t whole = 0;
-    if (const std::string* value = next(); value && passOver([&] { whole = strictInt16(*value); })) field = whole;
+    if (const auto number = nextNumber()) field = *number;
 }
 
 void DefValues::take(std::int16_t& field) {
-    const std::string* value = next();
-    passOver([&] {
-        if (value) field = strictInt16(*value);
-    });
+    if (const auto number = nextNumber()) field = *number;
 }
 
 void DefValues::take(std::string& field) {

@@ -34,6 +34,7 @@ public:
 
 private:
     const std::string* next();
+    std::optional<std::int16_t> nextNumber();
 
     std::vector<std::string> values_;
     std::size_t taken_ = 0;

@@ -1,4 +1,4 @@
-// A settings store that lives in memory: for tests, and for a run that is to leave no trace.
+// A settings store that lives in memory: what tests and fuzz targets read from and look into.
 #pragma once
 
 #include "settings/SettingsStore.h"

@@ -7,12 +7,13 @@
 #include <functional>
 #include <string>
 
-// Where the dump gets the running values of the other windows.
+// Where the dump gets the running values of the other windows. What is not filled in gives 0, as a window that is not
+// built yet has no designed size.
 struct RunningWindows {
     // The window's current place; of one that is not loaded the start values (0, 0 and its designed size).
-    std::function<WindowPlace(const WindowSection&)> place;
+    std::function<WindowPlace(const WindowSection&)> place = [](const WindowSection&) { return WindowPlace{}; };
     // The dialog values of frmMatch; of one that is not loaded all 0.
-    std::function<MatchSettings()> match;
+    std::function<MatchSettings()> match = [] { return MatchSettings{}; };
 };
 
 inline constexpr const char* RegDumpFile = "regdump.txt"; // in the current directory

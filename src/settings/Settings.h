@@ -4,8 +4,8 @@
 #include "settings/ClientSettings.h"
 #include "settings/SettingsStore.h"
 
-// Puts the start values into modChess: the pastel console colours, the board colours, the sound switches, and the
-// built-in options (SeekWhite 0, DragMode 1, ServerIP and ServerPort of the default server). Runs before `zGetReg`.
+// Puts the start values of ModChess into modChess (the pastel console colours, the board colours, the sound switches
+// and the built-in options), and the default server's address. Runs before `zGetReg`.
 void zStartValues();
 
 // Reads every key of the section into modChess and `client`, in the order of the table. An absent key gives its

@@ -2,6 +2,7 @@
 #include "settings/Sounds.h"
 
 #include "common/modChess.h"
+#include "platform/StreamText.h"
 #include "settings/SoundChoice.h"
 
 #include <QCoreApplication>
@@ -18,9 +19,9 @@ QStringList soundFolders() {
 
 } // namespace
 
-QString waveFile(const std::string& name) {
+QString waveFile(std::string_view name) {
     for (const QString& folder : soundFolders()) {
-        const QFileInfo file(folder + u'/' + QString::fromStdString(name));
+        const QFileInfo file(folder + u'/' + shownText(name));
         if (file.isFile()) return file.absoluteFilePath();
     }
     return {};
@@ -30,7 +31,7 @@ Sounds::Sounds()
     : wave([this](const QString& path) { speaker_->playWave(path); }), beep([this] { speaker_->beep(); }),
       speaker_(std::make_unique<Speaker>()) {}
 
-void Sounds::zPlaySound(const std::string& name, int soundSwitch) {
+void Sounds::zPlaySound(std::string_view name, int soundSwitch) {
     switch (soundChoice(modChess.SoundOn, soundSwitch)) {
     case SoundKind::Wave:
         testWave(name);
@@ -43,7 +44,7 @@ void Sounds::zPlaySound(const std::string& name, int soundSwitch) {
     }
 }
 
-void Sounds::testWave(const std::string& name) {
+void Sounds::testWave(std::string_view name) {
     if (const QString path = waveFile(name); !path.isEmpty()) wave(path);
 }
 

@@ -7,7 +7,7 @@
 
 #include <functional>
 #include <memory>
-#include <string>
+#include <string_view>
 
 // One instance for the program, owned by whoever starts it.
 class Sounds {
@@ -18,10 +18,10 @@ public:
 
     // Sounds the wave file `name` ("move.wav") or the system beep, as `soundSwitch` says: 3 the wave, 1 the beep, any
     // other value nothing. Does nothing unless modChess.SoundOn is non-zero. Returns at once.
-    void zPlaySound(const std::string& name, int soundSwitch);
+    void zPlaySound(std::string_view name, int soundSwitch);
 
     // Sounds the wave file `name` whatever the switches say; for the test sounds of the options dialog.
-    void testWave(const std::string& name);
+    void testWave(std::string_view name);
 
     // Sounds a beep whatever the switches say.
     void testBeep();
@@ -37,4 +37,4 @@ private:
 
 // The file that `name` stands for: in the current directory, else in the program's own data folder; empty when it is in
 // neither.
-QString waveFile(const std::string& name);
+QString waveFile(std::string_view name);

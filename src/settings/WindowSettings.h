@@ -10,24 +10,23 @@
 #include <string>
 #include <string_view>
 
-// How one window is kept. `name` is the section in the store.
+// How one window is kept.
 struct WindowSection {
-    const char* name;
-    const char* className;
+    const char* name;         // of the section in the store
     const char* defFile;      // the older file, looked for in the current directory
     bool sized;               // the section has Width and Height
     std::optional<int> limit; // of the placement rule; none: no test (frmChessBoard has a rule of its own)
 };
 
-inline constexpr WindowSection BoardSection{"Board", "frmChessBoard", "peistenam.def", true, 1};
-inline constexpr WindowSection OptionsSection{"Options", "frmOptions", "options.def", false, 1};
-inline constexpr WindowSection SeekSection{"Seek", "frmSeek", "seek.def", true, 1};
-inline constexpr WindowSection HelpSection{"Help", "frmChessHelp", "chesshelp.def", true, 1};
-inline constexpr WindowSection NotesSection{"Notes", "frmNotes", "notes.def", false, 1};
-inline constexpr WindowSection VarsSection{"ICS_Vars", "frmICSVars", "vars.def", false, 1};
-inline constexpr WindowSection ChatSection{"Chat", "frmChat", "chesschat.def", true, 1};
-inline constexpr WindowSection HistorySection{"History", "frmHistory", "chesshist.def", false, std::nullopt};
-inline constexpr WindowSection MatchSection{"Match", "frmMatch", "match.def", false, 1};
+inline constexpr WindowSection BoardSection{"Board", "peistenam.def", true, 1};
+inline constexpr WindowSection OptionsSection{"Options", "options.def", false, 1};
+inline constexpr WindowSection SeekSection{"Seek", "seek.def", true, 1};
+inline constexpr WindowSection HelpSection{"Help", "chesshelp.def", true, 1};
+inline constexpr WindowSection NotesSection{"Notes", "notes.def", false, 1};
+inline constexpr WindowSection VarsSection{"ICS_Vars", "vars.def", false, 1};
+inline constexpr WindowSection ChatSection{"Chat", "chesschat.def", true, 1};
+inline constexpr WindowSection HistorySection{"History", "chesshist.def", false, std::nullopt};
+inline constexpr WindowSection MatchSection{"Match", "match.def", false, 1};
 
 // The eight dialog values of frmMatch, all 0 until something is read.
 struct MatchSettings {

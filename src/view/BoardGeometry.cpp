@@ -7,40 +7,22 @@
 #include "view/PieceLists.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace {
 
-constexpr std::int32_t SmallestSquare = 24; // pixels
-
 int rounded(double value) { return static_cast<int>(roundHalfEven(value)); }
-
-std::string describeSide(const std::function<std::int16_t(int)>& pieceAt, int firstImage) {
-    static constexpr std::array<const char*, 6> Words{"king", "queen", "rook", "bishop", "knight", "pawn"};
-    std::string text;
-    for (int kind = 0; kind < 6; ++kind) {
-        for (int square = 0; square < 64; ++square) {
-            if (pieceImage(pieceAt(square)) != firstImage + kind) continue;
-            if (!text.empty()) text += ", ";
-            text += std::string(Words[static_cast<std::size_t>(kind)]) + " " + squareName(square);
-        }
-    }
-    return text.empty() ? "none" : text;
-}
 
 } // namespace
 
 BoardGeometry::BoardGeometry() { fillDisplaySquare(); }
 
 void BoardGeometry::zBoardSetup(const FormMeasures& form, std::int16_t chessSet) {
-    MinHeight = 68 * TwipsPerPixelY + form.frameY;
-    MinWidth = 186 * TwipsPerPixelX + form.frameX;
-    PanelHeight = 109 * TwipsPerPixelY + form.frameY;
-    PanelWidth = 162 * TwipsPerPixelX + form.frameX;
+    MinHeight = BoardDesign::MinHeight * TwipsPerPixelY + form.frameY;
+    MinWidth = BoardDesign::MinWidth * TwipsPerPixelX + form.frameX;
 
     SquareTwips = toInt16((form.height - MinHeight) / 8.0);
-    SquareTwips = toInt16(std::max<std::int32_t>(SquareTwips, SmallestSquare * TwipsPerPixelX));
+    SquareTwips = toInt16(std::max<std::int32_t>(SquareTwips, BoardDesign::SmallestSquare * TwipsPerPixelX));
     SquarePixels = toInt16(static_cast<double>(SquareTwips) / TwipsPerPixelX);
     PieceList = choosePieceList(chessSet, SquarePixels);
     SquareTwips = toInt16(SquarePixels * TwipsPerPixelX);
@@ -49,9 +31,6 @@ void BoardGeometry::zBoardSetup(const FormMeasures& form, std::int16_t chessSet)
 
     FormHeight = 8 * SquareTwips + MinHeight;
     FormWidth = 8 * SquareTwips + MinWidth;
-    GridLeft = FormWidth - form.frameX - PanelWidth;
-    GridHeight = FormHeight - form.frameY - PanelHeight;
-    BoardSide = 8 * SquareTwips + 4 * TwipsPerPixelX;
 }
 
 void BoardGeometry::fillDisplaySquare() {
@@ -73,19 +52,13 @@ void BoardGeometry::zGetXY(std::int16_t square, float& x, float& y) const {
     y = static_cast<float>((7 - rankOf(square)) * SquarePixels);
 }
 
-int BoardGeometry::pieceOffset() const { return ::pieceOffset(SquarePixels, ImagePixels); }
+int BoardGeometry::pieceOffset() const { return std::max(0, rounded((SquarePixels - (ImagePixels - 1)) / 2.0)); }
 
-int BoardGeometry::highlightThickness() const { return ::highlightThickness(ImagePixels); }
+int BoardGeometry::highlightThickness() const { return rounded(ImagePixels / 20.0); }
 
-int pieceOffset(int squarePixels, int imagePixels) {
-    return std::max(0, rounded((squarePixels - (imagePixels - 1)) / 2.0));
-}
+std::string zConvertSquare(std::int16_t square) { return zSquareName(square); }
 
-int highlightThickness(int imagePixels) { return rounded(imagePixels / 20.0); }
-
-std::string zConvertSquare(std::int16_t square) { return squareName(square); }
-
-std::int32_t squareColor(std::int16_t square) {
+std::int32_t squareColor(int square) {
     return (fileOf(square) + rankOf(square)) % 2 == 0 ? modChess.ColorBlack : modChess.ColorWhite;
 }
 
@@ -95,8 +68,4 @@ void zFindBottomRow(const std::function<bool(int row)>& rowIsVisible, std::int16
         visibleRows = static_cast<std::int16_t>(row - 2);
         return;
     }
-}
-
-std::string describePosition(const std::function<std::int16_t(int square)>& pieceAt) {
-    return "White: " + describeSide(pieceAt, 1) + "; Black: " + describeSide(pieceAt, 7);
 }

@@ -2,17 +2,23 @@
 #pragma once
 
 #include "common/FixedArray.h"
+#include "common/Twips.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
 
-// Twips to a pixel of the screen, fixed.
-inline constexpr std::int32_t TwipsPerPixelX = 15;
-inline constexpr std::int32_t TwipsPerPixelY = 15;
-
 // What zGetSqr gives for a point beside the board.
 inline constexpr std::int16_t OffBoard = 64;
+
+// Design figures in pixels.
+namespace BoardDesign {
+inline constexpr int SmallestSquare = 24; // side of a square
+inline constexpr int MinHeight = 68;      // what a form needs inside besides eight squares
+inline constexpr int MinWidth = 186;      //
+inline constexpr int PanelHeight = 109;   // what it needs inside besides grdMoves
+inline constexpr int PanelWidth = 162;    // what stands to the right of the tell buttons
+} // namespace BoardDesign
 
 // A form as the window system has it, in twips.
 struct FormMeasures {
@@ -24,23 +30,18 @@ struct FormMeasures {
 // Squares are a1 = 0 to h8 = 63. A display square counts the same way from the bottom left of the screen. Pixel (0,0)
 // is the top left corner of the top left square. DisplaySquare is its own inverse.
 struct BoardGeometry {
-    std::int16_t SquareTwips = 24 * TwipsPerPixelX; // side of a square, a whole number of pixels
-    std::int16_t SquarePixels = 24;                 // side of a square, never below 24
-    std::int16_t ImagePixels = 24;                  // side of the piece images
-    std::int16_t PieceList = 7;                     // index 0 to 25 into imlPieces
-    bool Flipped = false;                           // black at the bottom
-    FixedArray<std::int16_t, 63> DisplaySquare;     // square to display square
+    std::int16_t SquareTwips = BoardDesign::SmallestSquare * TwipsPerPixelX; // side of a square, whole pixels
+    std::int16_t SquarePixels = BoardDesign::SmallestSquare;                 // the same, never below SmallestSquare
+    std::int16_t ImagePixels = 24;                                           // side of the piece images
+    std::int16_t PieceList = 7;                                              // index 0 to 25 into imlPieces
+    bool Flipped = false;                                                    // black at the bottom
+    FixedArray<std::int16_t, 63> DisplaySquare;                              // square to display square
 
     // In twips; set by zBoardSetup.
-    std::int32_t MinHeight = 0;   // what the form needs besides the squares
-    std::int32_t MinWidth = 0;    //
-    std::int32_t PanelHeight = 0; // what the form's inside needs besides grdMoves
-    std::int32_t PanelWidth = 0;  //
-    std::int32_t FormHeight = 0;  // the outer size to give to the form
-    std::int32_t FormWidth = 0;   //
-    std::int32_t GridLeft = 0;    // left edge of grdMoves
-    std::int32_t GridHeight = 0;  // height of grdMoves
-    std::int32_t BoardSide = 0;   // both sides of picChess: eight squares and four pixels
+    std::int32_t MinHeight = 0;  // what the form needs outside besides the squares
+    std::int32_t MinWidth = 0;   //
+    std::int32_t FormHeight = 0; // the outer size to give to the form
+    std::int32_t FormWidth = 0;  //
 
     // An unflipped board of the smallest size.
     BoardGeometry();
@@ -55,31 +56,22 @@ struct BoardGeometry {
     // The top left pixel of a display square.
     void zGetXY(std::int16_t square, float& x, float& y) const;
 
-    // Where an image stands in its square, in pixels from the square's left and top edge.
+    // Where an image stands in its square, in pixels from the square's left and top edge; never below 0.
     int pieceOffset() const;
 
-    // The thickness of a highlight frame in pixels.
+    // The thickness of a highlight frame in pixels, a twentieth of the image.
     int highlightThickness() const;
 
 private:
     void fillDisplaySquare();
 };
 
-// (squarePixels - (imagePixels - 1)) / 2, a half going to the even neighbour, never below 0.
-int pieceOffset(int squarePixels, int imagePixels);
-
-// imagePixels / 20, a half going to the even neighbour.
-int highlightThickness(int imagePixels);
-
 // The name of a square, such as "e4".
 std::string zConvertSquare(std::int16_t square);
 
 // The colour (0xBBGGRR) of a square: modChess.ColorBlack if file plus rank is even, as on a1, else modChess.ColorWhite.
-std::int32_t squareColor(std::int16_t square);
+std::int32_t squareColor(int square);
 
 // Asks for rows 1 to 200 of grdMoves whether they are in view. The first that is not, minus 2, goes to `visibleRows`,
 // which is left alone when all are.
 void zFindBottomRow(const std::function<bool(int row)>& rowIsVisible, std::int16_t& visibleRows);
-
-// The position in words, for assistive tools: "White: king e1, ...; Black: ...".
-std::string describePosition(const std::function<std::int16_t(int square)>& pieceAt);

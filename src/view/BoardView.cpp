@@ -2,8 +2,11 @@
 #include "view/BoardView.h"
 
 #include "common/modChess.h"
+#include "platform/Colors.h"
+#include "platform/StreamText.h"
 #include "view/BoardAccessibility.h"
 #include "view/PointerPictures.h"
+#include "view/PositionWords.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -14,8 +17,6 @@
 #include <cmath>
 
 namespace {
-
-QColor colorOf(std::int32_t bgr) { return QColor(bgr & 255, bgr >> 8 & 255, bgr >> 16 & 255); }
 
 int buttonsOf(Qt::MouseButtons buttons) {
     return static_cast<int>(buttons & (Qt::LeftButton | Qt::RightButton | Qt::MiddleButton));
@@ -72,12 +73,9 @@ void BoardView::compose() {
     const int side = static_cast<int>(std::lround(8 * geometry_.SquarePixels * ratio_));
     QImage composed(side, side, QImage::Format_RGB32);
     QPainter painter(&composed);
-    const auto paint = [&](int square) {
-        const auto index = static_cast<std::size_t>(square);
-        paintSquare(painter, square, shownMode_[index], shownBare_[index]);
-    };
+    const auto paint = [&](int square) { paintSquare(painter, square, shownMode_[square], shownBare_[square]); };
     for (int square = 0; square < 64; ++square) paint(square);
-    for (int square = 0; square < 8; ++square) paint(square);
+    for (int square = 0; square < 8; ++square) paint(square); // the first rank is always painted last
     painter.end();
     picture_ = std::move(composed);
 }
@@ -95,8 +93,8 @@ void BoardView::zDrawSquare(std::int16_t square, std::int16_t mode, std::int16_t
         return;
     }
     persist(); // a piece that landed here must not cover what is painted now
-    shownMode_[static_cast<std::size_t>(square)] = mode;
-    shownBare_[static_cast<std::size_t>(square)] = bare != 0;
+    shownMode_[square] = mode;
+    shownBare_[square] = bare != 0;
     QPainter painter(&picture_);
     paintSquare(painter, square, mode, bare != 0);
     updatePixels(squareArea(square));
@@ -104,7 +102,7 @@ void BoardView::zDrawSquare(std::int16_t square, std::int16_t mode, std::int16_t
 
 void BoardView::paintSquare(QPainter& painter, int square, int mode, bool bare) const {
     const QRect area = toDevice(squareArea(square));
-    painter.fillRect(area, colorOf(squareColor(static_cast<std::int16_t>(square))));
+    painter.fillRect(area, colorOf(squareColor(square)));
     if (mode != 0) {
         const auto thickness = static_cast<int>(std::lround(geometry_.highlightThickness() * ratio_));
         paintFrame(painter, area, thickness, colorOf(mode == -1 ? modChess.ColorMove : modChess.ColorPreMove));
@@ -125,7 +123,7 @@ void BoardView::paintPiece(QPainter& painter, const QRect& area, int image) cons
 void BoardView::zYankPiece(std::int16_t square) {
     if (!isSquare(square)) return;
     liftedImage_ = pieceImage(pieceAt(square));
-    zDrawSquare(square, shownMode_[static_cast<std::size_t>(square)], true);
+    zDrawSquare(square, shownMode_[square], 1);
 }
 
 void BoardView::zMovePiece(float x, float y, std::uint8_t xAlpha) {
@@ -142,6 +140,9 @@ void BoardView::persist() {
     if (layerAlpha_ != 255) return;
     QPainter painter(&picture_);
     paintPiece(painter, toDevice(layer_), liftedImage_);
+    const QPoint middle = layer_.center();
+    const auto landed = geometry_.zGetSqr(static_cast<float>(middle.x()), static_cast<float>(middle.y()));
+    if (landed != OffBoard) shownBare_[geometry_.DisplaySquare[landed]] = false;
     layer_ = QRect();
     layerAlpha_ = 0;
 }
@@ -166,7 +167,7 @@ void BoardView::showPointer(std::int16_t moveMode) {
     }
 }
 
-QString BoardView::description() const { return QString::fromStdString(describePosition(pieceAt)); }
+QString BoardView::description() const { return shownText(describePosition(pieceAt)); }
 
 QRect BoardView::squareArea(int square) const {
     float x = 0;
@@ -182,10 +183,14 @@ QRect BoardView::toDevice(const QRect& pixels) const {
     return QRect(topLeft, QPoint(device(pixels.x() + pixels.width()) - 1, device(pixels.y() + pixels.height()) - 1));
 }
 
-void BoardView::updatePixels(const QRect& pixels) {
-    if (pixels.isEmpty()) return;
+// At a ratio like 1.25 the edge of an area lies within a pixel of the device, which belongs to the neighbour too.
+QRect BoardView::withSpill(const QRect& pixels) const {
     const int spill = ratio_ == std::floor(ratio_) ? 0 : 1;
-    update(pixels.translated(BorderPixels, BorderPixels).adjusted(-spill, -spill, spill, spill));
+    return pixels.adjusted(-spill, -spill, spill, spill);
+}
+
+void BoardView::updatePixels(const QRect& pixels) {
+    if (!pixels.isEmpty()) update(withSpill(pixels.translated(BorderPixels, BorderPixels)));
 }
 
 void BoardView::paintEvent(QPaintEvent* event) {
@@ -202,9 +207,11 @@ void BoardView::paintEvent(QPaintEvent* event) {
     const auto border = std::lround(BorderPixels * ratio_);
     painter.scale(1 / ratio_, 1 / ratio_);
     painter.translate(static_cast<double>(border), static_cast<double>(border));
+    // Clipped to one rectangle at a time: a clip of several makes the toolkit paint a texture, on several threads.
     for (const QRect& area : event->region()) {
-        const QRect part = toDevice(area.translated(-BorderPixels, -BorderPixels).adjusted(-1, -1, 1, 1));
-        const QRect shown = part.intersected(picture_.rect());
+        const QRect pixels = withSpill(area.translated(-BorderPixels, -BorderPixels));
+        const QRect shown = toDevice(pixels).intersected(picture_.rect());
+        painter.setClipRect(shown);
         painter.drawImage(shown.topLeft(), picture_, shown);
     }
     if (layerAlpha_ == 0) return;

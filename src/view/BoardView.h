@@ -7,12 +7,11 @@
 #include <QImage>
 #include <QWidget>
 
-#include <array>
 #include <cstdint>
 #include <functional>
 
-// Paints into a picture of its own and shows that picture; nothing is ever painted twice to be shown again. All points
-// are in pixels from the top left corner of the top left square, which lies BorderPixels inside the widget.
+// Squares are painted into a picture in device pixels, and the screen shows copies of it. All points are in pixels
+// from the top left corner of the top left square, which lies BorderPixels inside the widget.
 class BoardView : public QWidget {
     Q_OBJECT
 
@@ -30,8 +29,8 @@ public:
 
     const BoardGeometry& geometry() const { return geometry_; }
 
-    // Takes over the measures, sizes the widget by them and repaints all squares, without highlights and without a
-    // dragged piece, off the screen; the screen changes in one step.
+    // Takes over the measures, sizes the widget by them and paints all squares anew, without highlights and without a
+    // dragged piece; the screen changes in one step.
     void zBoardSetup(const BoardGeometry& geometry);
 
     // Squares painted from now on take their pieces from image list 0 to 25 (faults on any other), until the next
@@ -88,6 +87,7 @@ private:
     QRect squareArea(int square) const;
     QRect toDevice(const QRect& pixels) const;
     bool isOnBoard(const QPointF& point) const;
+    QRect withSpill(const QRect& pixels) const;
     void updatePixels(const QRect& pixels);
     void paintSquare(QPainter& painter, int square, int mode, bool bare) const;
     void paintPiece(QPainter& painter, const QRect& area, int image) const;
@@ -97,8 +97,8 @@ private:
     QImage picture_;     // 8 squares in device pixels
     double ratio_ = 1;   // device pixels to the pixel, of picture_
     PieceImages images_; // of the list in use; shares its pixels with imlPieces
-    std::array<std::int16_t, 64> shownMode_{};
-    std::array<bool, 64> shownBare_{};
+    FixedArray<std::int16_t, 63> shownMode_;
+    FixedArray<bool, 63> shownBare_;
 
     int liftedImage_ = 0;         // 0 none
     QRect layer_;                 // where the lifted piece shows, in pixels; empty if nowhere

@@ -1,6 +1,7 @@
 // The piece images: 26 image lists drawn from our vector artwork when a board first asks for them.
 #include "view/PieceSets.h"
 
+#include "platform/Colors.h"
 #include "view/Artwork.h"
 
 #include <QPainter>
@@ -35,10 +36,9 @@ const PieceImages& PieceSets::images(int list, double ratio) {
 
 std::int32_t PieceSets::backgroundColor(int list) {
     QImage corner(1, 1, QImage::Format_RGB32);
-    corner.fill(QColor(MaskColor & 255, MaskColor >> 8 & 255, MaskColor >> 16 & 255));
+    corner.fill(colorOf(MaskColor));
     QPainter(&corner).drawImage(QPoint(-1, -1), images(list, 1)[1]);
-    const QRgb color = corner.pixel(0, 0);
-    return qBlue(color) << 16 | qGreen(color) << 8 | qRed(color);
+    return colorValue(corner.pixelColor(0, 0));
 }
 
 int PieceSets::count(int list) const {

@@ -34,8 +34,11 @@ BoardColor bandColor(int band) { return band % 2 == 0 ? BlackSquares : WhiteSqua
 // Every piece stands on a black and on a white square.
 void paintPieces(QPainter& painter, int firstImage, int firstBand) {
     const int list = choosePieceList(modChess.ChessSet, SampleSquare);
-    const int side = pieceListSize(list);
-    const int offset = pieceOffset(SampleSquare, side);
+    const std::int16_t side = pieceListSize(list);
+    BoardGeometry square;
+    square.SquarePixels = SampleSquare;
+    square.ImagePixels = side;
+    const int offset = square.pieceOffset();
     const PieceImages& images = imlPieces.images(list, painter.device()->devicePixelRatioF());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     for (int kind = 0; kind < PiecesInAList / 2; ++kind) {

@@ -46,14 +46,6 @@ TEST_F(BoardLife, Panel1ShowsTheHandleAndTheTellButtonsTheConsolesCommands) {
     EXPECT_FALSE(part(board, "cmdTell(1)").isEnabled());
 }
 
-TEST_F(BoardLife, TheTypingLineTakesTheConsolesColours) {
-    modChess.ColorBar = 255;
-    modChess.ColorType = 65280;
-    frmChessBoard& board = open();
-    EXPECT_EQ(part(board, "txtSend").palette().color(QPalette::Base), QColor(255, 0, 0));
-    EXPECT_EQ(part(board, "txtSend").palette().color(QPalette::Text), QColor(0, 255, 0));
-}
-
 TEST_F(BoardLife, SelfCheckIsHiddenWithoutItsCommandLine) { EXPECT_FALSE(entry(open(), "mnuSelfCheck").isVisible()); }
 
 TEST_F(BoardLife, EachBoardHasANumberOfItsOwn) { EXPECT_NE(open().game.id, open().game.id); }

@@ -107,7 +107,6 @@ private:
         GameSurface& s = game.surface;
         s.zDrawSquare = [this](int square, int mode) { note("draw", square, mode); };
         s.zMovePiece = [this](float x, float y, int alpha) { note("piece", x, y, alpha); };
-        s.refresh = [this] { note("refresh"); };
         s.paintBoard = [this] { note("paint"); };
         s.keepPicture = [this] { note("picture"); };
         s.pump = [this] { note("pump"); };

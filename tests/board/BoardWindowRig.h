@@ -1,9 +1,8 @@
 // Real board windows over a settings store in memory; what they send and play is written down.
 #pragma once
 
-#include "board/Style12Line.h"
+#include "board/BoardRig.h"
 #include "board/frmChessBoard.h"
-#include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
 #include "platform/WaitUntil.h"
@@ -19,7 +18,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -69,21 +67,25 @@ protected:
         keep("Height", height);
     }
 
-    // What the client does with a Style 12 line that has reached the board. "none" is the position before the first
-    // move, any other text the one after e4.
-    static bool position(Game& game, int relation, const std::string& pretty = "e4", bool first = true) {
-        const bool start = pretty == "none";
-        const std::string ranks = start ? "-------- PPPPPPPP RNBQKBNR W -1" : "----P--- -------- PPPP-PPP RNBQKBNR B 4";
-        const std::string line = "<12> rnbqkbnr pppppppp -------- -------- " + std::string(start ? "-------- " : "") +
-                                 ranks + " 1 1 1 1 0 12 Anders Berta " + std::to_string(relation) +
-                                 " 5 2 39 39 300 754 1 " + (start ? "none" : "P/e2-e4") + " (0:00) " + pretty +
-                                 " 0 1 0 0\r\n";
-        readStyle12(cutStyle12(line, LineEnd::RestIsToken).value(), Style12Fields::All, modChess.Record);
+    // What the client does with a line that has reached the board; gives whether the window is still open.
+    static bool receive(Game& game, const LineOf& line, bool first = true) {
         modChess.NewGameFlag = first;
+        modChess.Record = recordOf(line);
         game.zGS();
         const bool open = game.zSetPosition(false);
         modChess.NewGameFlag = false;
         return open;
+    }
+
+    // The same with a position of game 12: for "none" the one before the first move, for any other text that after e4.
+    static bool position(Game& game, int relation, const std::string& pretty = "e4", bool first = true) {
+        LineOf line{.relation = relation, .blackClock = 754, .pretty = pretty};
+        if (pretty != "none") {
+            line.ranks = AfterE4;
+            line.turn = "B";
+            line.verbose = "P/e2-e4";
+        }
+        return receive(game, line, first);
     }
 
     template <typename Widget = QWidget>

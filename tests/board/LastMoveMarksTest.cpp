@@ -65,7 +65,7 @@ TEST(LastMoveMarks, TheOldMarksAreRepaintedPlainFirst) {
     rig.game.zHighlightMove("P/e2-e4");
     rig.effects.clear();
     rig.game.zHighlightMove("P/e7-e5");
-    EXPECT_EQ(rig.effects, (Marks{"draw 12 0", "draw 28 0", "draw 52 -1", "draw 36 -1", "refresh"}));
+    EXPECT_EQ(rig.effects, (Marks{"draw 12 0", "draw 28 0", "draw 52 -1", "draw 36 -1"}));
 }
 
 TEST(LastMoveMarks, NoneOnlyRepaintsTheOldMarks) {
@@ -73,5 +73,5 @@ TEST(LastMoveMarks, NoneOnlyRepaintsTheOldMarks) {
     rig.game.zHighlightMove("P/e2-e4");
     rig.effects.clear();
     rig.game.zHighlightMove("None");
-    EXPECT_EQ(rig.effects, (Marks{"draw 12 0", "draw 28 0", "refresh"}));
+    EXPECT_EQ(rig.effects, (Marks{"draw 12 0", "draw 28 0"}));
 }

@@ -63,6 +63,20 @@ TEST(MoveGrid, BlankMovesKeepsTheHeading) {
     EXPECT_EQ(g.grid.text(200, 2), "");
 }
 
+TEST(MoveGrid, OnlyACellThatChangesIsShownAnew) {
+    GridWithMove g;
+    std::vector<std::pair<int, int>> shown;
+    g.grid.surface.showCell = [&](int row, int col) { shown.emplace_back(row, col); };
+    g.grid.setCell(1, 1, "e4");
+    g.grid.zGridLight("d4");
+    g.grid.blankMoves();
+    EXPECT_EQ(shown, (std::vector<std::pair<int, int>>{{1, 1}, {1, 2}}));
+    shown.clear();
+    g.grid.setCell(1, 1, "e4");
+    g.grid.zGridLight("e4");
+    EXPECT_EQ(shown, (std::vector<std::pair<int, int>>{{1, 1}, {1, 1}})) << "text and tint";
+}
+
 TEST(MoveGrid, SetTopLeavesARowBetweenTopAndBottom) {
     EXPECT_EQ(topAfter(5, 10, 6), 5);
     EXPECT_EQ(topAfter(5, 10, 13), 5);

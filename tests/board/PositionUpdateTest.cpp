@@ -34,10 +34,23 @@ TEST(SetPosition, DoesItsStepsInOrder) {
     BoardRig rig;
     rig.open();
     rig.receive(WhitePlaysE4);
-    const std::vector<std::string> expected{
-        "un 0",          "draw 12 0",  "draw 28 0",        "pump",          "picture",          "cell 1 0 [1]",
-        "cell 1 1 [e4]", "last 1. e4", "sound move.wav 3", "draw 0 0",      "draw 0 0",         "draw 12 -1",
-        "draw 28 -1",    "refresh",    "clock 0  5:00",    "clock 1  5:00", "color 1 16777215", "color 0 2147483663"};
+    const std::vector<std::string> expected{"un 0",
+                                            "draw 12 0",
+                                            "draw 28 0",
+                                            "pump",
+                                            "picture",
+                                            "cell 1 0 [1]",
+                                            "cell 1 1 [e4]",
+                                            "last 1. e4",
+                                            "sound move.wav 3",
+                                            "draw 0 0",
+                                            "draw 0 0",
+                                            "draw 12 -1",
+                                            "draw 28 -1",
+                                            "clock 0  5:00",
+                                            "clock 1  5:00",
+                                            "color 1 16777215",
+                                            "color 0 2147483663"};
     EXPECT_EQ(rig.effects, expected);
 }
 

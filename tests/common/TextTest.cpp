@@ -18,6 +18,11 @@ TEST(Text, FindGivesTheColumnOrZero) {
     EXPECT_EQ(find(9, "abc", "a"), 0);
 }
 
+TEST(Text, ContainsMindsTheCase) {
+    EXPECT_TRUE(contains("login: ", "login:"));
+    EXPECT_FALSE(contains("Login: ", "login:"));
+}
+
 TEST(Text, LowerTouchesOnlyTheLettersAToZ) { EXPECT_EQ(lower("AbZ\xC4"), "abz\xC4"); }
 
 TEST(Text, TrimTakesBlanksAtBothEnds) {

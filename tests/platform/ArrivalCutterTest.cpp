@@ -22,11 +22,26 @@ struct Session {
         now += ms;
         return take();
     }
-    std::string arrivalsOf(std::string_view bytes) { // separated by "|"
+    std::string arrivalsOf(std::string_view bytes) { // each followed by "|"
         append(bytes);
         std::string all;
         for (std::string arrival = take(); !arrival.empty(); arrival = take()) all += arrival + "|";
         return all;
+    }
+};
+
+// What the server sends at once, and the arrivals that it gives, each followed by "|".
+struct Step {
+    std::string_view bytes;
+    std::string_view arrivals;
+};
+
+struct ArrivalCutterTest : testing::Test {
+    Session session;
+
+    // The steps follow each other at once.
+    void expectArrivals(std::initializer_list<Step> steps) {
+        for (const auto& [bytes, arrivals] : steps) EXPECT_EQ(session.arrivalsOf(bytes), arrivals) << bytes;
     }
 };
 
@@ -38,41 +53,29 @@ std::string lines(std::size_t count, std::size_t length) {
 
 } // namespace
 
-TEST(ArrivalCutter, NothingWaitingGivesNothing) {
-    Session session;
+TEST_F(ArrivalCutterTest, NothingWaitingGivesNothing) {
     EXPECT_EQ(session.take(), "");
     session.append("");
     EXPECT_EQ(session.take(), "");
     EXPECT_FALSE(session.cutter.dueInMs(session.now).has_value());
 }
 
-TEST(ArrivalCutter, WholeLinesGoAtOnce) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("one\n\rtwo\n\r"), "one\n\rtwo\n\r|");
-    EXPECT_EQ(session.arrivalsOf("one\r\n"), "one\r\n|");
+TEST_F(ArrivalCutterTest, WholeLinesGoAtOnce) {
+    expectArrivals({{"one\n\rtwo\n\r", "one\n\rtwo\n\r|"}, {"one\r\n", "one\r\n|"}});
     EXPECT_EQ(session.cutter.waiting(), 0U);
 }
 
-TEST(ArrivalCutter, TheLearntPromptRestsAndGoesAtOnceWithWhatPrecedesIt) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("told Anders\n\rfics% "), "told Anders\n\rfics% |");
-    EXPECT_EQ(session.arrivalsOf("fics% "), "fics% |");
+TEST_F(ArrivalCutterTest, TheLearntPromptRestsAndGoesAtOnceWithWhatPrecedesIt) {
+    expectArrivals({{"told Anders\n\rfics% ", "told Anders\n\rfics% |"}, {"fics% ", "fics% |"}});
 }
 
-TEST(ArrivalCutter, LogonPromptsRest) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("\n\rlogin: "), "\n\rlogin: |");
-    EXPECT_EQ(session.arrivalsOf("password: "), "password: |");
+TEST_F(ArrivalCutterTest, LogonPromptsRest) {
+    expectArrivals({{"\n\rlogin: ", "\n\rlogin: |"}, {"password: ", "password: |"}});
 }
 
-TEST(ArrivalCutter, ATailThatOnlyBeginsLikeThePromptWaits) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("fics"), "");
-    EXPECT_EQ(session.arrivalsOf("% "), "fics% |");
-}
+TEST_F(ArrivalCutterTest, ATailThatOnlyBeginsLikeThePromptWaits) { expectArrivals({{"fics", ""}, {"% ", "fics% |"}}); }
 
-TEST(ArrivalCutter, BeforeAPromptIsLearntATailWaitsThirtyMilliseconds) {
-    Session session;
+TEST_F(ArrivalCutterTest, BeforeAPromptIsLearntATailWaitsThirtyMilliseconds) {
     session.prompt.clear();
     EXPECT_EQ(session.arrivalsOf("a\n\rfics% "), "a\n\r|");
     EXPECT_EQ(session.cutter.dueInMs(session.now), 30);
@@ -80,15 +83,13 @@ TEST(ArrivalCutter, BeforeAPromptIsLearntATailWaitsThirtyMilliseconds) {
     EXPECT_EQ(session.takeAfter(1), "fics% ");
 }
 
-TEST(ArrivalCutter, AnUnfinishedLineStaysBackUntilItsRestComes) {
-    Session session;
+TEST_F(ArrivalCutterTest, AnUnfinishedLineStaysBackUntilItsRestComes) {
     EXPECT_EQ(session.arrivalsOf("one\n\rtw"), "one\n\r|");
     session.now += 20;
     EXPECT_EQ(session.arrivalsOf("o\n\r"), "two\n\r|");
 }
 
-TEST(ArrivalCutter, TheThirtyMillisecondsCountFromTheLastByte) {
-    Session session;
+TEST_F(ArrivalCutterTest, TheThirtyMillisecondsCountFromTheLastByte) {
     session.append("on");
     session.now += 25;
     session.append("e");
@@ -96,22 +97,19 @@ TEST(ArrivalCutter, TheThirtyMillisecondsCountFromTheLastByte) {
     EXPECT_EQ(session.takeAfter(5), "one");
 }
 
-TEST(ArrivalCutter, AtMost8192BytesGoInOneArrival) {
-    Session session;
+TEST_F(ArrivalCutterTest, AtMost8192BytesGoInOneArrival) {
     session.append(lines(100, 100));
     const std::string arrival = session.take();
     EXPECT_EQ(arrival, lines(81, 100));
     EXPECT_EQ(session.take(), lines(19, 100));
 }
 
-TEST(ArrivalCutter, Exactly8192BytesAreOneArrival) {
-    Session session;
+TEST_F(ArrivalCutterTest, Exactly8192BytesAreOneArrival) {
     session.append(lines(64, 128));
     EXPECT_EQ(session.take().size(), 8192U);
 }
 
-TEST(ArrivalCutter, ALineWithoutEndIn8192BytesGoesInPieces) {
-    Session session;
+TEST_F(ArrivalCutterTest, ALineWithoutEndIn8192BytesGoesInPieces) {
     session.append(std::string(20000, 'x'));
     EXPECT_EQ(session.take().size(), 8192U);
     EXPECT_EQ(session.take().size(), 8192U);
@@ -119,35 +117,30 @@ TEST(ArrivalCutter, ALineWithoutEndIn8192BytesGoesInPieces) {
     EXPECT_EQ(session.takeAfter(30).size(), 20000U - 2 * 8192U);
 }
 
-TEST(ArrivalCutter, APairIsNotSplitAtTheLimit) {
-    Session session;
+TEST_F(ArrivalCutterTest, APairIsNotSplitAtTheLimit) {
     session.append(std::string(8191, 'x') + "\n\rfics% ");
     EXPECT_EQ(session.take(), std::string(8191, 'x'));
     EXPECT_EQ(session.take(), "\n\rfics% ");
 }
 
-TEST(ArrivalCutter, AForcedCutComesRightBehindThePromptInFrontOfIt) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("said\n\rfics% \n\r<12> rnbq"), "said\n\rfics% |");
-    EXPECT_EQ(session.arrivalsOf(" end\n\rfics% "), "\n\r<12> rnbq end\n\rfics% |");
+TEST_F(ArrivalCutterTest, AForcedCutComesRightBehindThePromptInFrontOfIt) {
+    expectArrivals(
+        {{"said\n\rfics% \n\r<12> rnbq", "said\n\rfics% |"}, {" end\n\rfics% ", "\n\r<12> rnbq end\n\rfics% |"}});
 }
 
-TEST(ArrivalCutter, ALineBreakBehindThePromptWaitsForTheLineThatItPrecedes) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("said\n\rfics% \n\r"), "said\n\rfics% |");
-    EXPECT_EQ(session.arrivalsOf("<12> rnbq\n\rfics% "), "\n\r<12> rnbq\n\rfics% |");
-    EXPECT_EQ(session.arrivalsOf("\n\r"), "");
-    EXPECT_EQ(session.arrivalsOf("<12> rnbq\n\r"), "\n\r<12> rnbq\n\r|");
+TEST_F(ArrivalCutterTest, ALineBreakBehindThePromptWaitsForTheLineThatItPrecedes) {
+    expectArrivals({{"said\n\rfics% \n\r", "said\n\rfics% |"},
+                    {"<12> rnbq\n\rfics% ", "\n\r<12> rnbq\n\rfics% |"},
+                    {"\n\r", ""},
+                    {"<12> rnbq\n\r", "\n\r<12> rnbq\n\r|"}});
 }
 
-TEST(ArrivalCutter, AnEmptyLineAtTheEndWaitsForTheLineThatItPrecedes) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("fics% Illegal move.\n\r\n\r"), "fics% |Illegal move.\n\r|");
-    EXPECT_EQ(session.arrivalsOf("<12> rnbq\n\r"), "\n\r<12> rnbq\n\r|");
+TEST_F(ArrivalCutterTest, AnEmptyLineAtTheEndWaitsForTheLineThatItPrecedes) {
+    expectArrivals(
+        {{"fics% Illegal move.\n\r\n\r", "fics% |Illegal move.\n\r|"}, {"<12> rnbq\n\r", "\n\r<12> rnbq\n\r|"}});
 }
 
-TEST(ArrivalCutter, ALineBreakAloneGoesAfterThirtyMilliseconds) {
-    Session session;
+TEST_F(ArrivalCutterTest, ALineBreakAloneGoesAfterThirtyMilliseconds) {
     EXPECT_EQ(session.arrivalsOf("fics% \n\r"), "fics% |");
     EXPECT_EQ(session.cutter.dueInMs(session.now), 30);
     EXPECT_EQ(session.takeAfter(29), "");
@@ -156,105 +149,82 @@ TEST(ArrivalCutter, ALineBreakAloneGoesAfterThirtyMilliseconds) {
     EXPECT_EQ(session.arrivalsOf("fics% \n\r"), "fics% \n\r|") << "no prompt is learnt";
 }
 
-TEST(ArrivalCutter, AtTheLimitTooTheCutComesRightBehindThePrompt) {
-    Session session;
+TEST_F(ArrivalCutterTest, AtTheLimitTooTheCutComesRightBehindThePrompt) {
     const std::string before = lines(80, 100) + "fics% \n\r";
     session.append(before + std::string(500, 'y') + "\n\r");
     EXPECT_EQ(session.take(), lines(80, 100) + "fics% ");
     EXPECT_EQ(session.take(), "\n\r" + std::string(500, 'y') + "\n\r");
 }
 
-TEST(ArrivalCutter, APromptEndsAnArrivalWhateverFollowsIt) {
-    Session session;
+TEST_F(ArrivalCutterTest, APromptEndsAnArrivalWhateverFollowsIt) {
     EXPECT_EQ(session.arrivalsOf("one\n\rfics% \n\rtwo\n\rfics% three\n\rfics% "),
               "one\n\rfics% |\n\rtwo\n\rfics% |three\n\rfics% |");
 }
 
-TEST(ArrivalCutter, APromptInTheMiddleOfALineIsNoPlaceToCut) {
-    Session session;
+TEST_F(ArrivalCutterTest, APromptInTheMiddleOfALineIsNoPlaceToCut) {
     EXPECT_EQ(session.arrivalsOf("my fics% \n\rab"), "my fics% \n\r|");
 }
 
-TEST(ArrivalCutter, AnEmptyLineStaysWithTheLineBehindIt) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("{Game 1}\n\r\n\r<12> rn"), "{Game 1}\n\r|");
-    EXPECT_EQ(session.arrivalsOf("bq\n\r"), "\n\r<12> rnbq\n\r|");
+TEST_F(ArrivalCutterTest, AnEmptyLineStaysWithTheLineBehindIt) {
+    expectArrivals({{"{Game 1}\n\r\n\r<12> rn", "{Game 1}\n\r|"}, {"bq\n\r", "\n\r<12> rnbq\n\r|"}});
 }
 
-TEST(ArrivalCutter, EmptyLinesAloneAreNotCutFromAnUnfinishedLine) {
-    Session session;
+TEST_F(ArrivalCutterTest, EmptyLinesAloneAreNotCutFromAnUnfinishedLine) {
     EXPECT_EQ(session.arrivalsOf("\n\r\n\rab"), "");
     EXPECT_EQ(session.takeAfter(30), "\n\r\n\rab");
 }
 
-TEST(ArrivalCutter, NothingButLineEndsBeyondTheLimitGoesOn) {
-    Session session;
+TEST_F(ArrivalCutterTest, NothingButLineEndsBeyondTheLimitGoesOn) {
     std::string all;
     session.append(std::string(20000, '\n'));
     for (std::string arrival = session.take(); !arrival.empty(); arrival = session.takeAfter(30)) all += arrival;
     EXPECT_EQ(all.size(), 20000U);
 }
 
-TEST(ArrivalCutter, ALoneLineEndAtTheVeryEndWaitsForItsPartner) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("one\n\rtwo\n"), "one\n\r|");
-    EXPECT_EQ(session.arrivalsOf("\rthree\n\r"), "two\n\rthree\n\r|");
+TEST_F(ArrivalCutterTest, ALoneLineEndAtTheVeryEndWaitsForItsPartner) {
+    expectArrivals({{"one\n\rtwo\n", "one\n\r|"}, {"\rthree\n\r", "two\n\rthree\n\r|"}});
 }
 
-TEST(ArrivalCutter, ALoneEndOfAnEmptyLineWaitsToo) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("one\n\r\n"), "one\n\r|");
-    EXPECT_EQ(session.arrivalsOf("\r<12> x\n\r"), "\n\r<12> x\n\r|");
+TEST_F(ArrivalCutterTest, ALoneEndOfAnEmptyLineWaitsToo) {
+    expectArrivals({{"one\n\r\n", "one\n\r|"}, {"\r<12> x\n\r", "\n\r<12> x\n\r|"}});
 }
 
-TEST(ArrivalCutter, AfterAVainWaitNoLineWaitsForPartners) {
-    Session session;
+TEST_F(ArrivalCutterTest, AfterAVainWaitNoLineWaitsForPartners) {
     EXPECT_EQ(session.arrivalsOf("one\n"), "");
     EXPECT_EQ(session.takeAfter(30), "one\n");
     EXPECT_EQ(session.arrivalsOf("two\n"), "two\n|");
 }
 
-TEST(ArrivalCutter, AnotherByteInThePartnersPlaceMakesTheWaitVain) {
-    Session session;
-    EXPECT_EQ(session.arrivalsOf("one\n"), "");
-    EXPECT_EQ(session.arrivalsOf("two\n"), "one\ntwo\n|");
-    EXPECT_EQ(session.arrivalsOf("three\n"), "three\n|");
+TEST_F(ArrivalCutterTest, AnotherByteInThePartnersPlaceMakesTheWaitVain) {
+    expectArrivals({{"one\n", ""}, {"two\n", "one\ntwo\n|"}, {"three\n", "three\n|"}});
 }
 
-TEST(ArrivalCutter, APairSplitOverArrivalsMakesLinesWaitForPartnersAgain) {
-    Session session;
+TEST_F(ArrivalCutterTest, APairSplitOverArrivalsMakesLinesWaitForPartnersAgain) {
     EXPECT_EQ(session.arrivalsOf("one\n"), "");
     EXPECT_EQ(session.takeAfter(30), "one\n");
-    EXPECT_EQ(session.arrivalsOf("two\n"), "two\n|");
-    EXPECT_EQ(session.arrivalsOf("\rthree\n\r"), "\rthree\n\r|");
-    EXPECT_EQ(session.arrivalsOf("four\n"), "");
-    EXPECT_EQ(session.arrivalsOf("\r"), "four\n\r|");
+    expectArrivals({{"two\n", "two\n|"}, {"\rthree\n\r", "\rthree\n\r|"}, {"four\n", ""}, {"\r", "four\n\r|"}});
 }
 
-TEST(ArrivalCutter, ThePartnerOfAGivenLineEndIsNotLone) {
-    Session session;
+TEST_F(ArrivalCutterTest, ThePartnerOfAGivenLineEndIsNotLone) {
     session.append("one\r");
     EXPECT_EQ(session.takeAfter(30), "one\r");
     EXPECT_EQ(session.arrivalsOf("\n"), "\n|");
 }
 
-TEST(ArrivalCutter, AfterTheEndNothingWaits) {
-    Session session;
+TEST_F(ArrivalCutterTest, AfterTheEndNothingWaits) {
     session.append("half a li");
     EXPECT_EQ(session.take(), "");
     session.cutter.finish();
     EXPECT_EQ(session.take(), "half a li");
 }
 
-TEST(ArrivalCutter, NulBytesPassUnchanged) {
-    Session session;
+TEST_F(ArrivalCutterTest, NulBytesPassUnchanged) {
     const std::string text("a\0b\0\n\r", 6);
     session.append(text);
     EXPECT_EQ(session.take(), text);
 }
 
-TEST(ArrivalCutter, OneByteASecondArrivesByteForByte) {
-    Session session;
+TEST_F(ArrivalCutterTest, OneByteASecondArrivesByteForByte) {
     std::string all;
     const std::string text = "ab\n\rfics% \n\r<12> x\n\r";
     for (const char c : text) {
@@ -267,8 +237,7 @@ TEST(ArrivalCutter, OneByteASecondArrivesByteForByte) {
     EXPECT_EQ(all, text);
 }
 
-TEST(ArrivalCutter, ATenMegabyteLineComesThroughWhole) {
-    Session session;
+TEST_F(ArrivalCutterTest, ATenMegabyteLineComesThroughWhole) {
     std::string text;
     for (int i = 0; text.size() < 10'000'000; ++i) text += std::to_string(i);
     session.append(text);
@@ -316,7 +285,7 @@ void expectWhole(const std::string& text, const std::vector<std::string>& arriva
 
 } // namespace
 
-TEST(ArrivalCutter, RandomSplitsOfRandomTextLoseDoubleAndReorderNothing) {
+TEST_F(ArrivalCutterTest, RandomSplitsOfRandomTextLoseDoubleAndReorderNothing) {
     std::mt19937 random(12);
     const std::vector<std::string> parts{"\n",
                                          "\r",
@@ -335,11 +304,10 @@ TEST(ArrivalCutter, RandomSplitsOfRandomTextLoseDoubleAndReorderNothing) {
     }
 }
 
-TEST(ArrivalCutter, LinesOfAFastStreamNeverSplit) {
+TEST_F(ArrivalCutterTest, LinesOfAFastStreamNeverSplit) {
     std::mt19937 random(5);
     std::string text;
     for (int i = 0; i < 3000; ++i) text += "line " + std::to_string(i * 7919) + (i % 9 ? "\n\r" : "\n\rfics% \n\r");
-    Session session;
     for (std::size_t at = 0; at < text.size(); at += 1460) {
         session.append(std::string_view(text).substr(at, 1460));
         for (std::string arrival = session.take(); !arrival.empty(); arrival = session.take()) {

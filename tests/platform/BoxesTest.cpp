@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
+#include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -40,6 +41,17 @@ protected:
         nextBox<QMessageBox>([button](QMessageBox& box) { box.button(button)->click(); });
     }
 
+    void nextFile(QFileDialog::AcceptMode mode) {
+        nextBox<QFileDialog>([mode](QFileDialog& box) {
+            EXPECT_EQ(box.acceptMode(), mode);
+            EXPECT_EQ(box.nameFilters().front().toStdString(), "PGN Files (*.pgn)");
+            QMetaObject::invokeMethod(&box, "accept");
+        });
+    }
+
+    std::string inFolder(const char* name) const { return (folder.path() + u'/').toStdString() + name; }
+
+    const QTemporaryDir folder;
     Boxes real;
     QTimer timer;
     int answered = 0;
@@ -116,18 +128,30 @@ TEST_F(BoxesTest, ColoursCountRedInTheLowestByte) {
 }
 
 TEST_F(BoxesTest, AFileToSaveComesBackWithItsPath) {
-    const QTemporaryDir folder;
-    const std::string path = folder.filePath(QStringLiteral("games.pgn")).toStdString();
-    nextBox<QFileDialog>([](QFileDialog& box) {
-        EXPECT_EQ(box.acceptMode(), QFileDialog::AcceptSave);
-        EXPECT_EQ(box.nameFilters().front().toStdString(), "PGN Files (*.pgn)");
-        QMetaObject::invokeMethod(&box, "accept");
-    });
-    EXPECT_EQ(real.fileSave(nullptr, "Save", path, "PGN Files (*.pgn)"), path);
-    nextBox<QFileDialog>([](QFileDialog& box) { box.reject(); });
-    EXPECT_EQ(real.fileOpen(nullptr, "Open", folder.path().toStdString(), "All Files (*)"), std::nullopt);
+    nextFile(QFileDialog::AcceptSave);
+    EXPECT_EQ(real.fileSave(nullptr, "Save", inFolder("new.pgn"), "PGN Files (*.pgn)"), inFolder("new.pgn"));
+}
+
+TEST_F(BoxesTest, AFileToOpenComesBackWithItsPath) {
+    QFile file(QString::fromStdString(inFolder("old.pgn")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    nextFile(QFileDialog::AcceptOpen);
+    EXPECT_EQ(real.fileOpen(nullptr, "Open", inFolder("old.pgn"), "PGN Files (*.pgn)"), inFolder("old.pgn"));
+}
+
+TEST_F(BoxesTest, AFolderComesBackWithItsPath) {
     nextBox<QFileDialog>([](QFileDialog& box) { QMetaObject::invokeMethod(&box, "accept"); });
     EXPECT_EQ(real.folder(nullptr, "Folder", folder.path().toStdString()), folder.path().toStdString());
+}
+
+TEST_F(BoxesTest, NoFileAndNoFolderComesBackOnCancel) {
+    const auto cancel = [this] { nextBox<QFileDialog>([](QFileDialog& box) { box.reject(); }); };
+    cancel();
+    EXPECT_EQ(real.fileOpen(nullptr, "Open", inFolder("old.pgn"), "All Files (*)"), std::nullopt);
+    cancel();
+    EXPECT_EQ(real.fileSave(nullptr, "Save", inFolder("new.pgn"), "All Files (*)"), std::nullopt);
+    cancel();
+    EXPECT_EQ(real.folder(nullptr, "Folder", folder.path().toStdString()), std::nullopt);
 }
 
 TEST_F(BoxesTest, ABoxWhoseParentDiesMeanwhileAnswersNo) {

@@ -134,12 +134,6 @@ void withABox() {
     });
 }
 
-// The same with the real box, for a display with somebody in front of it.
-void withTheRealBox() {
-    static_cast<Application*>(qApp)->interactive = [] { return true; };
-    QTimer::singleShot(1, meetFault);
-}
-
 const std::map<std::string, void (*)()> ways{
     {"start", meetFault},
     {"timer", inATimer},
@@ -153,7 +147,6 @@ const std::map<std::string, void (*)()> ways{
     {"exception", byAnotherException},
     {"unknown", byAnUnknownException},
     {"box", withABox},
-    {"realBox", withTheRealBox},
     {"none", [] { QTimer::singleShot(1, [] { QCoreApplication::exit(7); }); }},
 };
 

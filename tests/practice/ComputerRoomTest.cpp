@@ -18,7 +18,6 @@ struct ComputerRoomTest : testing::Test {
         rig.enter("Ada", "1711");
     }
 
-    // The number of the pair's game.
     Game& pairGame() { return *rig.hall.gamesOf(*rig.hall.find("Lantern")).front(); }
 };
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 // Moves are carried out on the board whatever they are; the legal moves of a position are those of `known` whose piece
-// belongs to the side to move. Searches propose the first legal move unless `proposals` says otherwise.
+// belongs to the side to move. A search answers with `proposals`; without any the first legal move is played.
 struct HallRig {
     practice::Hall hall;
     std::int64_t now = 1'000'000;

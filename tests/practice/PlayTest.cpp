@@ -20,8 +20,7 @@ struct PlayTest : testing::Test {
     }
 
     void play(std::initializer_list<const char*> moves) {
-        const Game* game = &rig.match("Ada", "Bert");
-        (void)game;
+        rig.match("Ada", "Bert");
         bool white = true;
         for (const char* move : moves) {
             EXPECT_EQ(rig.type(white ? "Ada" : "Bert", move), "") << move;

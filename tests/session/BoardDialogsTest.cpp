@@ -13,7 +13,10 @@ class BoardDialogs : public ClientRig {
 protected:
     BoardDialogs() {
         roads.showMatch = [this] { dialog = &frmMatch::showIt(matchRoads); };
-        boardRoads.showMatch = roads.showMatch;
+        roads.runningWindows.place = [this](const WindowSection& section) {
+            return dialog && section.name == std::string("Match") ? dialog->place() : WindowPlace{};
+        };
+        roads.runningWindows.match = [this] { return dialog ? dialog->fields() : MatchSettings{}; };
         matchRoads.store = roads.store;
         matchRoads.zSendMsg = [this](const std::string& text) { client->road.zSendMsg(text); };
     }

@@ -1,6 +1,7 @@
 // Floods: nothing is lost, nothing waits at the end, and no batch grows past its limit.
 #include "session/ProgramRig.h"
 
+#include "board/BoardRig.h"
 #include "common/modChess.h"
 #include "platform/WaitUntil.h"
 #include "settings/Sounds.h"
@@ -20,16 +21,24 @@ const std::string Resigned =
 constexpr int FloodMs = 60000;
 
 // White's and black's knights go out and home again; `ply` counts from 1.
+const char* moveOf(int ply) {
+    static const char* const moves[4] = {"Nc3", "Nc6", "Nb1", "Nb8"};
+    return moves[(ply - 1) % 4];
+}
+
 std::string record(int game, int ply, int moveNumber) {
     static const char* const ranks[4][2] = {
         {"rnbqkbnr", "R-BQKBNR"}, {"r-bqkbnr", "R-BQKBNR"}, {"r-bqkbnr", "RNBQKBNR"}, {"rnbqkbnr", "RNBQKBNR"}};
-    static const char* const moves[4] = {"Nc3", "Nc6", "Nb1", "Nb8"};
     const auto& [black, white] = ranks[(ply - 1) % 4];
-    const bool whiteMoved = ply % 2 == 1;
-    return std::string("\n\r<12> ") + black + " pppppppp -------- -------- -------- -------- PPPPPPPP " + white + " " +
-           (whiteMoved ? "B" : "W") + " -1 1 1 1 1 0 " + std::to_string(game) + " Anders Berta -1 5 0 39 39 " +
-           std::to_string(ply) + " 300 " + std::to_string(moveNumber) + " none (0:01) " + moves[(ply - 1) % 4] +
-           " 0\n\rfics% ";
+    const auto line =
+        LineOf{.ranks = std::string(black) + " pppppppp -------- -------- -------- -------- PPPPPPPP " + white,
+               .turn = ply % 2 == 1 ? "B" : "W",
+               .game = game,
+               .relation = -1,
+               .whiteClock = ply,
+               .moveNumber = moveNumber,
+               .pretty = moveOf(ply)};
+    return "\n\r" + line.text("\n\rfics% ");
 }
 
 // The record of a game's ply in its place; the game goes back to its first move after 200.
@@ -78,8 +87,7 @@ TEST_F(Burst, Of2000UpdatesLosesNoneAndEndsOnTheLast) {
     EXPECT_EQ(game.Style12Record.WhiteClock, 2000) << "the clock numbers the updates";
     EXPECT_EQ(game.Board[1], 5) << "the knight is home";
     for (int ply = 1; ply <= 400; ++ply) {
-        const char* const moves[4] = {"Nc3", "Nc6", "Nb1", "Nb8"};
-        ASSERT_EQ(game.MoveText[(ply + 1) / 2][(ply - 1) % 2], moves[(ply - 1) % 4]) << ply;
+        ASSERT_EQ(game.MoveText[(ply + 1) / 2][(ply - 1) % 2], moveOf(ply)) << ply;
     }
     expectNoBacklog();
 }
@@ -121,7 +129,7 @@ TEST_F(Burst, AGameNumberReusedAtOnceStartsAnewOnTheSameBoard) {
     ASSERT_EQ(rig.boards().size(), 1U);
     const frmChessBoard& board = *rig.boards().at(0);
     EXPECT_EQ(board.game.gameIndex, 7);
-    EXPECT_EQ(ProgramRig::labelOf(board, "stbGame(2)"), "Cesar - Doris    [5 0]");
+    EXPECT_EQ(ProgramRig::labelOf(board, "stbGame(2)"), "Cesar - Doris    [5 2]");
     EXPECT_EQ(ProgramRig::labelOf(board, "stbGame(3)"), "Game 7");
     EXPECT_EQ(board.game.MoveText[1][0], "Nc3");
     EXPECT_TRUE(modChess.GameRunning);

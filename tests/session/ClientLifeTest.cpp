@@ -1,6 +1,8 @@
 // Start-up, the loss of the connection, and close-down of the whole program.
 #include "session/ClientRig.h"
 
+#include "board/BoardRig.h"
+
 #include <QDir>
 
 namespace {
@@ -19,10 +21,8 @@ protected:
         connected();
         loopback.send("\r\n**** Starting FICS session as anders ****\r\n\r\nfics% ");
         ASSERT_TRUE(serverGot("Set Style 12"));
-        loopback.send(
-            "\r\n<12> rnbqkbnr pppppppp -------- -------- -------- -------- PPPPPPPP RNBQKBNR W -1 1 1 1 1 0 " +
-            std::to_string(number) + " Anders Berta " + std::to_string(relation) +
-            " 5 2 39 39 300 300 1 none (0:00) none 0 1 0\r\nfics% ");
+        const auto line = LineOf{.game = number, .relation = relation};
+        loopback.send("\r\n" + line.text() + "fics% ");
         ASSERT_TRUE(waitUntil([number] { return firstGame().gameIndex == number; }));
     }
     static constexpr QSize Designed{760, 560};
@@ -90,9 +90,6 @@ TEST_F(ClientLife, WithoutAMainFontTheConsoleHasFixedsysAtSize9) {
 }
 
 TEST_F(ClientLife, TheFirstTickConnectsWithAutoConnect) {
-    ASSERT_TRUE(loopback.listen());
-    set("IP", "127.0.0.1");
-    set("Port", std::to_string(loopback.server.serverPort()));
     set("Auto_Connect", "True");
     start();
     EXPECT_EQ(socketState(), 0);
@@ -110,7 +107,7 @@ TEST_F(ClientLife, TheTickShowsTheSocketsStateInTheTitle) {
 TEST_F(ClientLife, AServerCloseEndsTheGamesClearsTheHandleAndAsksNothing) {
     game(12, 1);
     modChess.MyHandle = "anders";
-    loopback.peer->disconnectFromHost();
+    loopback.hangUp();
     ASSERT_TRUE(waitUntil([this] { return socketState() == 0; }));
     client->connection.tmrTCPTimer();
     EXPECT_EQ(title(), "Brightrank - Client     Closed");
@@ -124,9 +121,8 @@ TEST_F(ClientLife, AServerCloseEndsTheGamesClearsTheHandleAndAsksNothing) {
 }
 
 TEST_F(ClientLife, ARefusedConnectionSaysThatTheServerWasNotFound) {
-    ASSERT_TRUE(loopback.listen());
-    answer = "127.0.0.1," + std::to_string(loopback.server.serverPort());
-    loopback.server.close();
+    answer = "127.0.0.1," + std::to_string(loopback.port());
+    loopback.refuse();
     start();
     client->menus.mnuConnect[2]->trigger();
     ASSERT_TRUE(waitUntil([this] { return messages.size() == 2; }));
@@ -236,6 +232,16 @@ TEST_F(ClientLife, AMinimisedWindowIsRestoredSoThatItsRealPlaceIsWritten) {
     client->showMinimized();
     client->close();
     EXPECT_EQ(stored("Client", "Left"), "600");
+    EXPECT_EQ(stored("Client", "Width"), "11400");
+}
+
+TEST_F(ClientLife, OfAMaximisedWindowThePlaceIsWrittenThatItGoesBackTo) {
+    start();
+    client->move(40, 30);
+    client->showMaximized();
+    client->close();
+    EXPECT_EQ(stored("Client", "Left"), "600");
+    EXPECT_EQ(stored("Client", "Top"), "450");
     EXPECT_EQ(stored("Client", "Width"), "11400");
 }
 

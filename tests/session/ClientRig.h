@@ -6,14 +6,13 @@
 #include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
 #include "platform/WaitUntil.h"
+#include "session/ScriptedServer.h"
 #include "session/frmChessClient.h"
 #include "settings/MemoryStore.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -21,25 +20,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-// The text goes out at once; what the client has sent so far is in `received`.
-struct LoopbackServer {
-    QTcpServer server;
-    QTcpSocket* peer = nullptr;
-    std::string received;
-
-    bool listen() {
-        QObject::connect(&server, &QTcpServer::newConnection, &server, [this] {
-            peer = server.nextPendingConnection();
-            QObject::connect(peer, &QTcpSocket::readyRead, peer, [this] { received += peer->readAll().toStdString(); });
-        });
-        return server.listen(QHostAddress::LocalHost);
-    }
-    void send(const std::string& text) const {
-        peer->write(text.data(), static_cast<qint64>(text.size()));
-        peer->flush();
-    }
-};
 
 class ClientRig : public testing::Test {
 protected:
@@ -52,7 +32,6 @@ protected:
             board->load();
             return board;
         };
-        roads.playSound = [this](const std::string& name, std::int16_t) { sounds.push_back(name); };
         boxes.message = [this](QWidget*, const std::string&, const std::string& text) { messages.push_back(text); };
         boxes.input = [this](QWidget*, const std::string& prompt, const std::string& title, const std::string&) {
             messages.push_back(title + ": " + prompt);
@@ -67,6 +46,8 @@ protected:
             return okay;
         };
         set("Use_Timeseal", "False");
+        set("IP", "127.0.0.1");
+        set("Port", std::to_string(loopback.port()));
     }
 
     ~ClientRig() override {
@@ -86,33 +67,16 @@ protected:
     // Builds and loads the window; the first board with it.
     frmChessClient& start() {
         client = std::make_unique<frmChessClient>(roads);
-        boardRoads.store = roads.store;
-        boardRoads.history = &client->road.history;
-        boardRoads.zSendMsg = [this](const std::string& text) { client->road.zSendMsg(text); };
-        boardRoads.zSend = [this](const std::string& text) {
-            if (client->road.hooks.socketState() != ServerRoad::Connected) return false;
-            client->road.zSend(text);
-            return true;
-        };
-        boardRoads.tellText = [this](int index) { return client->settings.Tell[index]; };
-        boardRoads.enableBoardMenu = [this] { client->menus.mnuBoard->setEnabled(true); };
-        roads.showHandle = [](const std::string& handle) {
-            for (const OpenWindow& open : openWindows.windows) {
-                if (open.game != nullptr) open.game->surface.setPanel(1, handle);
-            }
-        };
+        boardRoads = client->boardRoads();
         client->load();
         return *client;
     }
 
-    // The same, connected to the loopback server, prompt learnt.
+    // The same, connected to the loopback server.
     void connected() {
-        ASSERT_TRUE(loopback.listen());
-        set("IP", "127.0.0.1");
-        set("Port", std::to_string(loopback.server.serverPort()));
         start();
         client->menus.mnuConnect[1]->trigger();
-        ASSERT_TRUE(waitUntil([this] { return loopback.peer != nullptr && socketState() == 7; }));
+        ASSERT_TRUE(waitUntil([this] { return loopback.hasClient() && socketState() == 7; }));
         client->connection.tmrTCPTimer();
     }
 
@@ -152,9 +116,8 @@ protected:
     std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
     ClientRoads roads;
     BoardRoads boardRoads;
-    LoopbackServer loopback;
+    ScriptedServer loopback;
     std::unique_ptr<frmChessClient> client;
-    std::vector<std::string> sounds;
     std::vector<std::string> messages;
     std::optional<std::string> answer;
     bool okay = false;

@@ -1,24 +1,28 @@
 // The menus of the console window: Block Mode, Verbose Mode, Clear Screen, profiles and ticks.
 #include "session/ClientRig.h"
 
+#include "board/BoardRig.h"
+
 namespace {
 
 class ConsoleMenuWindow : public ClientRig {
 protected:
-    void learnPrompt() {
+    // A game to watch.
+    void sendPosition() {
+        const auto line = LineOf{.game = 7, .relation = 0};
+        loopback.send("\r\n" + line.text() + "fics% ");
+    }
+    void logOn() {
         connected();
         loopback.send("\r\n**** Starting FICS session as anders ****\r\n\r\nfics% ");
         ASSERT_TRUE(serverGot("Set Style 12"));
     }
 };
 
-const std::string Position = "<12> rnbqkbnr pppppppp -------- -------- -------- -------- PPPPPPPP RNBQKBNR W -1 1 1 1 "
-                             "1 0 7 Anders Berta 0 5 2 39 39 300 300 1 none (0:00) none 0 1 0\r\n";
-
 } // namespace
 
 TEST_F(ConsoleMenuWindow, BlockModePilesTextUpAndLetsItGoInOrder) {
-    learnPrompt();
+    logOn();
     const std::string caption = title();
     entry("mnuBlocked").trigger();
     EXPECT_EQ(title(), caption + " - Incomming Text Blocked");
@@ -40,22 +44,22 @@ TEST_F(ConsoleMenuWindow, BlockModeHasTheShortcutCtrlB) {
 }
 
 TEST_F(ConsoleMenuWindow, APositionIsTakenOffTheConsole) {
-    learnPrompt();
-    loopback.send("\r\n" + Position + "fics% ");
+    logOn();
+    sendPosition();
     ASSERT_TRUE(waitUntil([] { return firstGame().gameIndex == 7; }));
     EXPECT_EQ(console().find("<12>"), std::string::npos);
 }
 
 TEST_F(ConsoleMenuWindow, VerboseModeShowsTheRawStreamAndBoardsGoOnReadingIt) {
-    learnPrompt();
+    logOn();
     entry("mnuStupid").trigger();
-    loopback.send("\r\n" + Position + "fics% ");
+    sendPosition();
     EXPECT_TRUE(consoleHas("<12> rnbqkbnr"));
     EXPECT_EQ(firstGame().gameIndex, 7);
 }
 
 TEST_F(ConsoleMenuWindow, ClearScreenEmptiesTheConsole) {
-    learnPrompt();
+    logOn();
     type("something");
     ASSERT_TRUE(consoleHas("something"));
     entry("mnuClear").trigger();
@@ -74,15 +78,13 @@ TEST_F(ConsoleMenuWindow, TheProfilesStandAsPrescribed) {
 }
 
 TEST_F(ConsoleMenuWindow, OtherAsksForTheServerAndLabelsTheConnectionWithIt) {
-    ASSERT_TRUE(loopback.listen());
     start();
-    answer = "127.0.0.1," + std::to_string(loopback.server.serverPort());
+    answer = "127.0.0.1," + std::to_string(loopback.port());
     client->menus.mnuConnect[2]->trigger();
     EXPECT_EQ(messages, (std::vector<std::string>{"Alternate Server: Enter IP, Port"}));
     ASSERT_TRUE(waitUntil([this] { return socketState() == 7; }));
     client->connection.tmrTCPTimer();
-    EXPECT_EQ(title(),
-              "Brightrank - Client     Connected to 127.0.0.1 Port " + std::to_string(loopback.server.serverPort()));
+    EXPECT_EQ(title(), "Brightrank - Client     Connected to 127.0.0.1 Port " + std::to_string(loopback.port()));
     EXPECT_EQ(client->connection.LastServer, 0);
 }
 
@@ -119,9 +121,6 @@ TEST_F(ConsoleMenuWindow, TicksFollowTheirClicks) {
 }
 
 TEST_F(ConsoleMenuWindow, AutoConnectCheckedWhileClosedConnectsToTheLastServer) {
-    ASSERT_TRUE(loopback.listen());
-    set("IP", "127.0.0.1");
-    set("Port", std::to_string(loopback.server.serverPort()));
     start();
     entry("mnuAutoCon").trigger();
     EXPECT_TRUE(waitUntil([this] { return socketState() == 7; }));

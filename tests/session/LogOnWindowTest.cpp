@@ -13,6 +13,14 @@ protected:
         connected();
         loopback.send(prompt);
     }
+    // Both questions are answered without a key press.
+    void autoLogOn() {
+        set("Auto_Logon", "True");
+        serverAsks("\r\nlogin: ");
+        ASSERT_TRUE(serverGot("anders\n"));
+        loopback.send("\r\npassword: ");
+        ASSERT_TRUE(serverGot("anders\nsecret\n"));
+    }
     bool loginIs(int login) {
         return waitUntil([&] { return client->pipeline.login == login; });
     }
@@ -76,22 +84,14 @@ TEST_F(LogOnWindow, TheMaskVanishesWithTheNextTextOfTheServer) {
 }
 
 TEST_F(LogOnWindow, WithAutoLogonASessionNeedsNoKeyPress) {
-    set("Auto_Logon", "True");
-    serverAsks("\r\nlogin: ");
-    ASSERT_TRUE(serverGot("anders\n"));
-    loopback.send("\r\npassword: ");
-    ASSERT_TRUE(serverGot("anders\nsecret\n"));
+    autoLogOn();
     loopback.send("\r\n**** Starting FICS session as anders ****\r\n\r\nfics% ");
     EXPECT_TRUE(serverGot("anders\nsecret\nSet Style 12\n"));
     EXPECT_EQ(modChess.MyHandle, "anders");
 }
 
 TEST_F(LogOnWindow, TheHandleReachesPanel1OfEveryBoard) {
-    set("Auto_Logon", "True");
-    serverAsks("\r\nlogin: ");
-    ASSERT_TRUE(serverGot("anders\n"));
-    loopback.send("\r\npassword: ");
-    ASSERT_TRUE(serverGot("secret\n"));
+    autoLogOn();
     ASSERT_EQ(boards().size(), 1U);
     EXPECT_EQ(boards()[0]->findChild<QLabel*>(QStringLiteral("stbGame(1)"))->text(), QStringLiteral("anders"));
 }

@@ -1,6 +1,7 @@
 // How the program ends: in order by a signal, with its settings written; by a fault where one is told, without them.
 #include "session/RunningProgram.h"
 
+#include "board/BoardRig.h"
 #include "platform/WaitUntil.h"
 
 #include <gtest/gtest.h>
@@ -18,10 +19,10 @@ std::string repeated(const std::string& text, int times) {
     return all;
 }
 
-std::string record(int moveNumber, char side) {
-    return std::string("\n\r<12> rnbqkbnr pppppppp -------- -------- -------- -------- PPPPPPPP RNBQKBNR ") + side +
-           " -1 1 1 1 1 0 7 Anders Berta 0 5 0 39 39 300 300 " + std::to_string(moveNumber) +
-           " P/e2-e4 (0:01) e4 0\n\rfics% ";
+std::string record(int moveNumber, const char* turn) {
+    const auto line =
+        LineOf{.turn = turn, .game = 7, .relation = 0, .moveNumber = moveNumber, .verbose = "P/e2-e4", .pretty = "e4"};
+    return "\n\r" + line.text("\n\rfics% ");
 }
 
 std::string longGame() {
@@ -82,7 +83,7 @@ TEST(EndByFault, NotABatchOf1001Lines) {
 TEST(EndByFault, ABughouseLineForAGameThatHasLeftItsBoard) {
     expectFault("\n\r<b1> game 7 white [P] black []\n\r",
                 "brightrank: subscript error: bughouse holdings for a game that has no board\n",
-                record(1, 'B') + "\n\r{Game 7 (Anders vs. Berta) Berta resigns} 1-0\n\r");
+                record(1, "B") + "\n\r{Game 7 (Anders vs. Berta) Berta resigns} 1-0\n\r");
 }
 
 TEST(EndByFault, NotABughouseLineWhileABoardIsIdleAndNoGameWasSeen) {
@@ -94,19 +95,19 @@ TEST(EndByFault, NotABughouseLineWhileABoardIsIdleAndNoGameWasSeen) {
 }
 
 TEST(EndByFault, Ply401OfAGame) {
-    expectFault(record(1, 'B') + record(201, 'W') + record(201, 'B'),
+    expectFault(record(1, "B") + record(201, "W") + record(201, "B"),
                 "brightrank: subscript error: subscript 201 is outside 0 to 200\n");
 }
 
 TEST(EndByFault, APlyBeforeTheFirst) {
-    expectFault(record(0, 'W'), "brightrank: subscript error: subscript -2 is outside 0 to 400\n");
+    expectFault(record(0, "W"), "brightrank: subscript error: subscript -2 is outside 0 to 400\n");
 }
 
 TEST(EndByFault, NotPly400) {
     RunningProgram program;
     ASSERT_TRUE(program.start());
     ASSERT_TRUE(stillAnswers(program));
-    program.server.send(record(1, 'B') + record(200, 'B') + record(201, 'W'));
+    program.server.send(record(1, "B") + record(200, "B") + record(201, "W"));
     EXPECT_TRUE(stillAnswers(program));
     EXPECT_EQ(program.process.state(), QProcess::Running);
 }

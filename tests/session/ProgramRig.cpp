@@ -26,16 +26,20 @@ ProgramRig::ProgramRig() {
     modChess = ModChess{};
     wallClock.secondsOfDay = [] { return 0.0; }; // where a board's clock starts to look for the next second
     boxes.message = [this](QWidget*, const std::string&, const std::string& text) { messages.push_back(text); };
-    boxes.yesNo = [this](QWidget*, const std::string&, const std::string&) { return ++questions < 0; };
+    boxes.yesNo = [this](QWidget*, const std::string&, const std::string&) {
+        ++questions;
+        return false;
+    };
     fillStore();
-    roads.store = boardRoads.store = memoryStore(values);
+    roads.store = memoryStore(values);
+    roads.playSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); };
     roads.openBoard = [this]() -> const void* {
         auto* board = new frmChessBoard(boardRoads);
         board->load();
         return board;
     };
     client = std::make_unique<frmChessClient>(roads);
-    joinRoads();
+    boardRoads = client->boardRoads();
     noteTraffic();
     client->load();
 }
@@ -62,20 +66,6 @@ void ProgramRig::fillStore() {
     set("Auto_Connect", "True");
     set("Auto_Logon", "True");
     set("Use_Timeseal", "False");
-}
-
-void ProgramRig::joinRoads() {
-    const auto noteSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); };
-    roads.playSound = noteSound;
-    roads.showHandle = [this](const std::string& handle) {
-        for (frmChessBoard* board : boards()) board->game.surface.setPanel(1, handle);
-    };
-    boardRoads.playSound = noteSound;
-    boardRoads.history = &client->road.history;
-    boardRoads.zSendMsg = [this](const std::string& text) { client->road.zSendMsg(text); };
-    boardRoads.zSend = [this](const std::string& text) { return client->road.zSend(text), true; };
-    boardRoads.tellText = [this](int index) { return client->settings.Tell[index]; };
-    boardRoads.enableBoardMenu = [this] { client->menus.mnuBoard->setEnabled(true); };
 }
 
 // The client's own roads stay in place; the rig listens on them.

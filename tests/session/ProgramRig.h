@@ -69,7 +69,6 @@ public:
 
 private:
     void fillStore();
-    void joinRoads();
     void noteTraffic();
     void answerLogOn();
     void pumpOnce();

@@ -1,6 +1,7 @@
 // A session without windows: a recording console, boards and chat boxes by number, timers that a test fires.
 #pragma once
 
+#include "board/BoardRig.h"
 #include "common/ServerRoad.h"
 #include "common/modChess.h"
 #include "session/LineClassifier.h"
@@ -20,8 +21,8 @@ inline constexpr std::int32_t ShoutColor = 3;
 
 // A Style 12 line for `game`, without its line ending.
 inline std::string style12Line(int game) {
-    return "<12> rnbqkbnr pppppppp -------- -------- ----P--- -------- PPPP-PPP RNBQKBNR B 4 1 1 1 1 0 " +
-           std::to_string(game) + " Ann Ben 1 5 0 39 39 300 300 1 P/e2-e4 (0:00) e4 0 0 0";
+    const auto line = LineOf{.ranks = AfterE4, .turn = "B", .game = game, .verbose = "P/e2-e4", .pretty = "e4"};
+    return line.text(" 0 0");
 }
 
 // One line inserted at the console.
@@ -78,18 +79,11 @@ struct SessionRig : testing::Test {
     void hookBoards() {
         auto& hooks = classifier.hooks;
         hooks.zStyle12Line = [this](const std::string& line) {
-            const auto black = line.find(" B ");
-            const auto white = line.find(" W ");
-            const auto side = std::min(black, white);
-            if (side == line.npos) return false;
-            int fields[7] = {};
-            if (std::sscanf(line.c_str() + side + 3, "%d %d %d %d %d %d %d", &fields[0], &fields[1], &fields[2],
-                            &fields[3], &fields[4], &fields[5], &fields[6]) != 7) {
-                return false;
-            }
-            modChess.Record.GameNumber = static_cast<std::int16_t>(fields[6]);
+            const auto tokens = cutStyle12(line, LineEnd::RestIsToken);
+            if (!tokens) return false;
+            readStyle12PassingOver(*tokens, Style12Fields::All, modChess.Record);
             modChess.NewGameFlag = newGame;
-            return boardOfGame.contains(fields[6]);
+            return boardOfGame.contains(modChess.Record.GameNumber);
         };
         hooks.zFindBoard = [this](std::int16_t game) { return boardOfGame.contains(game) ? boardOfGame.at(game) : -1; };
         hooks.zSetBughouse = [this](int board, const std::string& line) {

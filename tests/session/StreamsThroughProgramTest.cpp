@@ -1,6 +1,9 @@
 // Recorded server text through the whole program, in packets of four sizes: what packets must not change.
 #include "session/ProgramRig.h"
 
+#include "common/modChess.h"
+#include "platform/Colors.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -235,4 +238,6 @@ TEST(StreamsThroughProgram, TellsAndShoutsOfARecordedSessionHaveTheirColours) {
     const auto red = rig.consoleLines(QColor(255, 0, 0));
     EXPECT_EQ(holds(red, " tells you: "), 2);
     EXPECT_EQ(holds(rig.consoleLines(), " tells you: "), 2);
+    EXPECT_EQ(holds(rig.consoleLines(colorOf(modChess.ColorShout)), " shouts: "), 1);
+    EXPECT_NE(modChess.ColorShout, modChess.ColorMain);
 }

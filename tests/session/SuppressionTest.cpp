@@ -111,7 +111,6 @@ TEST_F(SuppressionTest, AQuietConsoleKeepsTheCount) {
 }
 
 TEST_F(SuppressionTest, TheCountSurvivesTheBatch) {
-    batch("x");
     classifier.SuppressCount = 2;
     batch("1\n");
     batch("2\n");

@@ -204,17 +204,15 @@ TEST_F(TextPipelineTest, AFaultInADrainLeavesTheGuardDown) {
     EXPECT_EQ(pipeline.PendingText, "");
 }
 
-TEST_F(TextPipelineTest, TheFirstTextThroughTheBridgeAnswersIt) {
-    std::string label = "Timeseal";
-    int answered = 0;
-    pipeline.hooks.connectionLabel = [&] { return label; };
-    pipeline.hooks.bridgeAnswered = [&] {
-        ++answered;
-        label = "FICS";
-    };
+TEST_F(TextPipelineTest, TheConnectionHearsOfEachArrivalBeforeItIsDrained) {
+    int arrivals = 0;
+    int arrivalsAtDrain = 0;
+    pipeline.hooks.textArrived = [&] { ++arrivals; };
+    pipeline.hooks.dataParse = [&](const std::string&) { arrivalsAtDrain = arrivals; };
     arrive("a");
-    arrive("b");
-    EXPECT_EQ(answered, 1);
+    arrive("b fics% ");
+    EXPECT_EQ(arrivals, 2);
+    EXPECT_EQ(arrivalsAtDrain, 2);
 }
 
 TEST_F(TextPipelineTest, ATailStartsThePromptTimer) {

@@ -144,7 +144,7 @@ TEST_F(TypingWindow, CopyPasteAndCutKeysStayWithTheConsole) {
     EXPECT_EQ(txtSend().line(), "");
 }
 
-TEST_F(TypingWindow, UpOnTheConsoleScrollsWhenNoPromptWaits) {
+TEST_F(TypingWindow, UpOnTheConsoleLeavesTheLineAloneWhenNoPromptWaits) {
     start();
     txtSend().setLine("keep");
     QTest::keyClick(&txtOutput(), Qt::Key_Up);
@@ -152,7 +152,7 @@ TEST_F(TypingWindow, UpOnTheConsoleScrollsWhenNoPromptWaits) {
     EXPECT_EQ(console(), "");
 }
 
-TEST_F(TypingWindow, ARightPressBeepsAndTheNextTextGoesInAtTheEnd) {
+TEST_F(TypingWindow, AfterARightPressTheNextTextGoesInAtTheEnd) {
     connected();
     loopback.send("fics% ");
     type("one");

@@ -1,6 +1,7 @@
 // The settings store on disk: place, mode, content, and what happens when saving is cut short.
 #include "settings/IniStore.h"
 
+#include "EnvironmentVariable.h"
 #include "settings/IniText.h"
 #include "settings/Settings.h"
 
@@ -23,9 +24,6 @@ namespace {
 
 class IniStore : public testing::Test {
 protected:
-    IniStore() : before_(qgetenv("XDG_CONFIG_HOME")) { qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path())); }
-    ~IniStore() override { qputenv("XDG_CONFIG_HOME", before_); }
-
     QString path() const { return folder.path() + QStringLiteral("/Brightrank/Brightrank.ini"); }
 
     void put(const QByteArray& bytes, mode_t mode = 0600) const {
@@ -64,10 +62,8 @@ protected:
         return true;
     }
 
-    QTemporaryDir folder;
-
-private:
-    QByteArray before_;
+    const QTemporaryDir folder;
+    const EnvironmentVariable home{"XDG_CONFIG_HOME", QFile::encodeName(folder.path())};
 };
 
 } // namespace

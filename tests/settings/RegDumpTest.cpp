@@ -21,81 +21,48 @@ protected:
         return text.substr(value, text.find('\n', value) - value);
     }
 
+    // One value by its section and label.
+    struct Value {
+        const char* section;
+        const char* label;
+        const char* value;
+    };
+    void expectValues(std::initializer_list<Value> rows) {
+        for (const auto& [section, label, value] : rows) {
+            EXPECT_EQ(valueOf(section, label), value) << section << " " << label;
+        }
+    }
+
     RunningWindows windows{[](const WindowSection&) {
                                return WindowPlace{11, 12, 13, 14};
                            },
                            [] { return MatchSettings{1, 2, 3, 4, 5, 6, 7, 8}; }};
 };
 
-const char* const ClientLabels[] = {"Registry_OK",
-                                    "Left",
-                                    "Top",
-                                    "Width",
-                                    "Height",
-                                    "Handle",
-                                    "Password",
-                                    "Tell_0",
-                                    "Tell_0",
-                                    "Tell_0",
-                                    "Tell_0",
-                                    "Tell_0",
-                                    "Tell_0",
-                                    "Tell_0",
-                                    "Tell_0",
-                                    "Tell_0",
-                                    "Tell_0",
-                                    "Seek_Graph",
-                                    "Auto_Connect",
-                                    "Auto_Logon",
-                                    "Use_Timeseal",
-                                    "Last_Server",
-                                    "Color_Main",
-                                    "Color_Background",
-                                    "Color_Bar_Backgnd",
-                                    "Color_Tell",
-                                    "Color_Copy",
-                                    "Color_Type",
-                                    "Color_Shout",
-                                    "Color_White",
-                                    "Color_Black",
-                                    "Color_Move",
-                                    "Color_PreMove",
-                                    "Main_Font",
-                                    "Sound_On",
-                                    "Sound_Move",
-                                    "Sound_Arrive",
-                                    "Sound_Start",
-                                    "Sound_Tell",
-                                    "IP",
-                                    "Port",
-                                    "PreMove_OK",
-                                    "AutoQueen",
-                                    "Confirm_Resign",
-                                    "Chess_Set",
-                                    "Mouse_Slip",
-                                    "Drag_Mode",
-                                    "Seek_Color",
-                                    "Seek_Off",
-                                    "PGN_Path",
-                                    "Game_Path",
-                                    "Warn_Time"};
+constexpr const char* SectionsAndKeys =
+    "Client\n"
+    "Registry_OK\nLeft\nTop\nWidth\nHeight\nHandle\nPassword\nTell_0\nTell_0\nTell_0\nTell_0\nTell_0\n"
+    "Tell_0\nTell_0\nTell_0\nTell_0\nTell_0\nSeek_Graph\nAuto_Connect\nAuto_Logon\nUse_Timeseal\n"
+    "Last_Server\nColor_Main\nColor_Background\nColor_Bar_Backgnd\nColor_Tell\nColor_Copy\nColor_Type\n"
+    "Color_Shout\nColor_White\nColor_Black\nColor_Move\nColor_PreMove\nMain_Font\nSound_On\n"
+    "Sound_Move\nSound_Arrive\nSound_Start\nSound_Tell\nIP\nPort\nPreMove_OK\nAutoQueen\n"
+    "Confirm_Resign\nChess_Set\nMouse_Slip\nDrag_Mode\nSeek_Color\nSeek_Off\nPGN_Path\nGame_Path\n"
+    "Warn_Time\n"
+    "Options\nLeft\nTop\n"
+    "Seek\nLeft\nTop\nWidth\nHeight\n"
+    "ICS_Vars\nLeft\nTop\n"
+    "Help\nLeft\nTop\nWidth\nHeight\n"
+    "Notes\nLeft\nTop\n"
+    "Match\nLeft\nTop\nTime\nIncrement\nRated\nServer_Settings\nMinimum\nMaximum\nColor\nType\n"
+    "Chat\nLeft\nTop\nWidth\nHeight\n";
 
 } // namespace
 
 TEST_F(RegDump, TheSectionsAndKeysStandInTheirOrder) {
-    std::string expected = "Client\n";
-    for (const char* label : ClientLabels) expected += std::string(label) + "\n";
-    expected += "Options\nLeft\nTop\n"
-                "Seek\nLeft\nTop\nWidth\nHeight\n"
-                "ICS_Vars\nLeft\nTop\n"
-                "Help\nLeft\nTop\nWidth\nHeight\n"
-                "Notes\nLeft\nTop\n"
-                "Match\nLeft\nTop\nTime\nIncrement\nRated\nServer_Settings\nMinimum\nMaximum\nColor\nType\n"
-                "Chat\nLeft\nTop\nWidth\nHeight\n";
     std::string labels;
     std::istringstream lines(dump());
     for (std::string line; std::getline(lines, line);) labels += line.substr(0, line.find(':')) + "\n";
-    EXPECT_EQ(labels, expected);
+    EXPECT_EQ(labels, SectionsAndKeys);
 }
 
 TEST_F(RegDump, ALineIsTheKeyAColonTwoBlanksAndTheStoredValue) {
@@ -123,14 +90,14 @@ TEST_F(RegDump, AbsentNumbersAndTicksGiveTheRunningValue) {
     client.LastServer = 4;
     modChess.ColorMain = 7;
     modChess.WarnTime = 33;
-    EXPECT_EQ(valueOf("Client", "Left"), "150");
-    EXPECT_EQ(valueOf("Client", "Width"), "9000");
-    EXPECT_EQ(valueOf("Client", "Auto_Connect"), "True");
-    EXPECT_EQ(valueOf("Client", "Last_Server"), "4");
-    EXPECT_EQ(valueOf("Client", "Color_Main"), "7");
-    EXPECT_EQ(valueOf("Client", "Warn_Time"), "33");
-    EXPECT_EQ(valueOf("Seek", "Height"), "14");
-    EXPECT_EQ(valueOf("Match", "Maximum"), "6");
+    expectValues({{"Client", "Left", "150"},
+                  {"Client", "Width", "9000"},
+                  {"Client", "Auto_Connect", "True"},
+                  {"Client", "Last_Server", "4"},
+                  {"Client", "Color_Main", "7"},
+                  {"Client", "Warn_Time", "33"},
+                  {"Seek", "Height", "14"},
+                  {"Match", "Maximum", "6"}});
 }
 
 TEST_F(RegDump, AbsentTextsGiveTheirDefault) {
@@ -139,18 +106,17 @@ TEST_F(RegDump, AbsentTextsGiveTheirDefault) {
     modChess.ServerIP = "1.2.3.4";
     client.Handle = "fred";
     client.Tell[0] = "tell";
-    EXPECT_EQ(valueOf("Client", "Registry_OK"), "No");
-    EXPECT_EQ(valueOf("Client", "Main_Font"), "");
-    EXPECT_EQ(valueOf("Client", "IP"), "167.114.65.195");
-    EXPECT_EQ(valueOf("Client", "Handle"), "");
-    EXPECT_EQ(valueOf("Client", "Tell_0"), "");
+    expectValues({{"Client", "Registry_OK", "No"},
+                  {"Client", "Main_Font", ""},
+                  {"Client", "IP", "167.114.65.195"},
+                  {"Client", "Handle", ""},
+                  {"Client", "Tell_0", ""}});
 }
 
 TEST_F(RegDump, StoredValuesStandAsTheyAreEvenWhenTheyAreNoNumbers) {
     stored("Left", "abc");
     values->texts[{"Match", "Time"}] = "";
-    EXPECT_EQ(valueOf("Client", "Left"), "abc");
-    EXPECT_EQ(valueOf("Match", "Time"), "");
+    expectValues({{"Client", "Left", "abc"}, {"Match", "Time", ""}});
 }
 
 TEST_F(RegDump, TheFileReplacesAnOlderOneAndIsForItsOwnerAlone) {

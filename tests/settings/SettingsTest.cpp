@@ -2,51 +2,60 @@
 #include "SettingsFixture.h"
 
 namespace {
-class Settings : public SettingsFixture {};
+
+class Settings : public SettingsFixture {
+protected:
+    template <typename Field>
+    struct StartValue {
+        Field ModChess::*field;
+        Field value;
+    };
+
+    // Whatever the fields held before, start values give them those of their rows.
+    template <typename Field>
+    static void expectStart(std::initializer_list<StartValue<Field>> rows) {
+        constexpr Field Other = 99;
+        for (const auto& row : rows) modChess.*row.field = Other;
+        zStartValues();
+        int number = 0;
+        for (const auto& row : rows) EXPECT_EQ(modChess.*row.field, row.value) << "row " << number++;
+    }
+};
+
 } // namespace
 
 TEST_F(Settings, StartValuesPutThePastelSetIntoTheConsoleColours) {
-    modChess.ColorBackground = modChess.ColorBar = modChess.ColorMain = modChess.ColorTell = modChess.ColorCopy =
-        modChess.ColorType = modChess.ColorShout = 1;
-    zStartValues();
-    EXPECT_EQ(modChess.ColorBackground, 0xC0FFFF);
-    EXPECT_EQ(modChess.ColorBar, 0xC0FFFF);
-    EXPECT_EQ(modChess.ColorMain, 0);
-    EXPECT_EQ(modChess.ColorTell, 255);
-    EXPECT_EQ(modChess.ColorCopy, 0xFF0000);
-    EXPECT_EQ(modChess.ColorType, 0);
-    EXPECT_EQ(modChess.ColorShout, 0x800080);
+    expectStart<std::int32_t>({{&ModChess::ColorBackground, 0xC0FFFF},
+                               {&ModChess::ColorBar, 0xC0FFFF},
+                               {&ModChess::ColorMain, 0},
+                               {&ModChess::ColorTell, 255},
+                               {&ModChess::ColorCopy, 0xFF0000},
+                               {&ModChess::ColorType, 0},
+                               {&ModChess::ColorShout, 0x800080}});
 }
 
 TEST_F(Settings, StartValuesGiveTheBoardColoursAndSoundsTheirDefaults) {
-    modChess.ColorBlack = modChess.ColorWhite = modChess.ColorMove = modChess.ColorPreMove = 1;
-    modChess.SoundMove = modChess.SoundArrive = modChess.SoundStart = modChess.SoundTell = modChess.SoundOn = 9;
-    zStartValues();
-    EXPECT_EQ(modChess.ColorBlack, 0x2E83BC);
-    EXPECT_EQ(modChess.ColorWhite, 0xCDEAF1);
-    EXPECT_EQ(modChess.ColorMove, 255);
-    EXPECT_EQ(modChess.ColorPreMove, 0x00FF00);
-    EXPECT_EQ(modChess.SoundMove, 3);
-    EXPECT_EQ(modChess.SoundArrive, 1);
-    EXPECT_EQ(modChess.SoundStart, 3);
-    EXPECT_EQ(modChess.SoundTell, 3);
-    EXPECT_EQ(modChess.SoundOn, 1);
+    expectStart<std::int32_t>({{&ModChess::ColorBlack, 0x2E83BC},
+                               {&ModChess::ColorWhite, 0xCDEAF1},
+                               {&ModChess::ColorMove, 255},
+                               {&ModChess::ColorPreMove, 0x00FF00}});
+    expectStart<std::int16_t>({{&ModChess::SoundMove, 3},
+                               {&ModChess::SoundArrive, 1},
+                               {&ModChess::SoundStart, 3},
+                               {&ModChess::SoundTell, 3},
+                               {&ModChess::SoundOn, 1}});
 }
 
 TEST_F(Settings, StartValuesGiveTheOptionsTheirBuiltInValues) {
-    modChess.ServerPort = 1;
-    modChess.PreMoveOK = modChess.AutoQueen = modChess.ConfirmResign = modChess.MouseSlip = modChess.DragMode =
-        modChess.SeekOff = modChess.SeekWhite = 9;
-    zStartValues();
+    expectStart<std::int16_t>({{&ModChess::PreMoveOK, 0},
+                               {&ModChess::AutoQueen, 0},
+                               {&ModChess::ConfirmResign, 1},
+                               {&ModChess::MouseSlip, 0},
+                               {&ModChess::DragMode, 1},
+                               {&ModChess::SeekOff, 1},
+                               {&ModChess::SeekWhite, 0}});
+    expectStart<std::int32_t>({{&ModChess::ServerPort, 5000}});
     EXPECT_EQ(modChess.ServerIP, "167.114.65.195");
-    EXPECT_EQ(modChess.ServerPort, 5000);
-    EXPECT_EQ(modChess.PreMoveOK, 0);
-    EXPECT_EQ(modChess.AutoQueen, 0);
-    EXPECT_EQ(modChess.ConfirmResign, 1);
-    EXPECT_EQ(modChess.MouseSlip, 0);
-    EXPECT_EQ(modChess.DragMode, 1);
-    EXPECT_EQ(modChess.SeekOff, 1);
-    EXPECT_EQ(modChess.SeekWhite, 0);
 }
 
 TEST_F(Settings, MainFontHasNoStartValueAndStaysEmptyWithoutTheKey) {

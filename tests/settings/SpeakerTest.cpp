@@ -1,6 +1,8 @@
 // The loudspeaker: nothing happens in the caller's time, bursts end in their latest sound, and no device is silence.
 #include "settings/Speaker.h"
 
+#include "EnvironmentVariable.h"
+
 #include <QElapsedTimer>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -58,17 +60,14 @@ TEST_F(Loudspeaker, ServedSoundsAreSpacedWhenTheMessageLoopRunsBetweenRequests) 
 }
 
 TEST(SpeakerWithoutServer, PlaysNothingAndPrintsNothing) {
-    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
-    const QByteArray server = qgetenv("PULSE_SERVER");
     const QTemporaryDir empty;
-    qunsetenv("PULSE_SERVER");
-    qputenv("XDG_RUNTIME_DIR", empty.path().toLocal8Bit());
+    const EnvironmentVariable server("PULSE_SERVER", {});
+    const EnvironmentVariable folder("PULSE_RUNTIME_PATH", {});
+    const EnvironmentVariable runtime("XDG_RUNTIME_DIR", empty.path().toLocal8Bit());
     EXPECT_FALSE(soundServerAnswers());
     testing::internal::CaptureStderr();
     Speaker speaker;
     speaker.playWave(QStringLiteral("/a.wav"));
     QTest::qWait(60);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    qputenv("XDG_RUNTIME_DIR", runtime);
-    if (!server.isEmpty()) qputenv("PULSE_SERVER", server);
 }

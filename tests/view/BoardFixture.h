@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 
 // Starts as an empty board of 54-pixel squares. Put pieces into `pieces`, then call `setUp`.
 class BoardFixture : public testing::Test {
@@ -38,19 +39,25 @@ protected:
 
     int side() const { return view.geometry().SquarePixels; }
 
-    // The part of a picture that shows display square `square`.
+    // Device pixels to the pixel, and the device pixels of a length.
+    double ratio() const { return view.devicePixelRatioF(); }
+    int device(double pixels) const { return static_cast<int>(std::lround(pixels * ratio())); }
+
+    // The part of a picture in device pixels that shows display square `square`.
     QImage cut(const QImage& picture, int square) const {
         float x = 0;
         float y = 0;
         view.geometry().zGetXY(static_cast<std::int16_t>(square), x, y);
-        return picture.copy(static_cast<int>(x), static_cast<int>(y), side(), side());
+        return picture.copy(device(x), device(y), device(side()), device(side()));
     }
     QImage square(int display) const { return cut(view.picture(), display); }
 
-    // What the user sees, without the border.
+    // What the user sees, in device pixels, without the border.
     QImage screen() {
         const int border = BoardView::BorderPixels;
-        return view.grab(QRect(border, border, 8 * side(), 8 * side())).toImage().convertToFormat(QImage::Format_RGB32);
+        QImage seen = view.grab(QRect(border, border, 8 * side(), 8 * side())).toImage();
+        seen.setDevicePixelRatio(1);
+        return seen.convertToFormat(QImage::Format_RGB32);
     }
 
     static bool isPlain(const QImage& part, QRgb color) {

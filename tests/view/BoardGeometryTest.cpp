@@ -9,9 +9,10 @@
 
 namespace {
 
-BoardGeometry boardOf(std::int16_t squarePixels) {
+BoardGeometry boardOf(std::int16_t squarePixels, std::int16_t imagePixels = 24) {
     BoardGeometry board;
     board.SquarePixels = squarePixels;
+    board.ImagePixels = imagePixels;
     return board;
 }
 
@@ -97,24 +98,23 @@ TEST(SquareColor, A1AndH8AreBlackAndTheirNeighboursWhite) {
 }
 
 TEST(PieceOffset, RoundsHalvesToEvenAndIsNeverBelowZero) {
-    EXPECT_EQ(pieceOffset(54, 54), 0) << "0.5";
-    EXPECT_EQ(pieceOffset(55, 54), 1);
-    EXPECT_EQ(pieceOffset(56, 54), 2) << "1.5";
-    EXPECT_EQ(pieceOffset(58, 54), 2) << "2.5";
-    EXPECT_EQ(pieceOffset(24, 25), 0);
-    EXPECT_EQ(pieceOffset(24, 76), 0);
+    const auto offset = [](std::int16_t square, std::int16_t image) { return boardOf(square, image).pieceOffset(); };
+    EXPECT_EQ(offset(54, 54), 0) << "0.5";
+    EXPECT_EQ(offset(55, 54), 1);
+    EXPECT_EQ(offset(56, 54), 2) << "1.5";
+    EXPECT_EQ(offset(58, 54), 2) << "2.5";
+    EXPECT_EQ(offset(24, 25), 0);
+    EXPECT_EQ(offset(24, 76), 0);
 }
 
-TEST(Highlight, ThicknessIsATwentiethOfTheImage) {
-    EXPECT_EQ(highlightThickness(24), 1);
-    EXPECT_EQ(highlightThickness(25), 1);
-    EXPECT_EQ(highlightThickness(54), 3);
-    EXPECT_EQ(highlightThickness(76), 4);
-}
-
-TEST(Highlight, ThicknessRoundsHalvesToEven) {
-    EXPECT_EQ(highlightThickness(30), 2) << "1.5";
-    EXPECT_EQ(highlightThickness(50), 2) << "2.5";
+TEST(Highlight, ThicknessIsATwentiethOfTheImageAHalfGoingToTheEvenNeighbour) {
+    const auto thickness = [](std::int16_t image) { return boardOf(76, image).highlightThickness(); };
+    EXPECT_EQ(thickness(24), 1);
+    EXPECT_EQ(thickness(25), 1);
+    EXPECT_EQ(thickness(54), 3);
+    EXPECT_EQ(thickness(76), 4);
+    EXPECT_EQ(thickness(30), 2) << "1.5";
+    EXPECT_EQ(thickness(50), 2) << "2.5";
 }
 
 TEST(FindBottomRow, IsTheFirstHiddenRowMinusTwo) {
@@ -131,12 +131,4 @@ TEST(FindBottomRow, LeavesTheValueWhenAll200RowsShow) {
     zFindBottomRow([&](int row) { return ++asked == row; }, visible);
     EXPECT_EQ(visible, 33);
     EXPECT_EQ(asked, 200);
-}
-
-TEST(DescribePosition, NamesThePiecesOfBothSidesKingFirst) {
-    const auto pieces = [](int square) -> std::int16_t {
-        return square == 4 ? 1 : square == 0 ? 3 : square == 12 ? 6 : square == 60 ? -1 : std::int16_t{0};
-    };
-    EXPECT_EQ(describePosition(pieces), "White: king e1, rook a1, pawn e2; Black: king e8");
-    EXPECT_EQ(describePosition([](int) { return std::int16_t{127}; }), "White: none; Black: none");
 }

@@ -24,8 +24,6 @@ TEST(BoardSetup, TheFormKeepsRoomForItsBarsAndItsPanel) {
     const BoardGeometry board = fitted(8 * 54 * 15);
     EXPECT_EQ(board.MinHeight, 68 * 15 + FrameY);
     EXPECT_EQ(board.MinWidth, 186 * 15 + FrameX);
-    EXPECT_EQ(board.PanelHeight, 109 * 15 + FrameY);
-    EXPECT_EQ(board.PanelWidth, 162 * 15 + FrameX);
 }
 
 TEST(BoardSetup, TheHeightDecidesTheSquare) {
@@ -65,8 +63,8 @@ TEST(BoardSetup, TheSmallestBoardOfTheThirdFamilyHasImagesAPixelLargerThanItsSqu
 
 TEST(BoardSetup, TheFormTakesTheSizeOfTheSquares) {
     const BoardGeometry board = fitted(8 * 610);
-    EXPECT_EQ(board.FormHeight, 8 * 41 * 15 + board.MinHeight);
-    EXPECT_EQ(board.FormWidth, 8 * 41 * 15 + board.MinWidth);
+    EXPECT_EQ(board.FormHeight, (8 * 41 + 68) * 15 + FrameY);
+    EXPECT_EQ(board.FormWidth, (8 * 41 + 186) * 15 + FrameX);
 }
 
 TEST(BoardSetup, AFormOfItsOwnSizeIsFittedWithoutAChange) {
@@ -76,14 +74,6 @@ TEST(BoardSetup, AFormOfItsOwnSizeIsFittedWithoutAChange) {
     EXPECT_EQ(board.FormHeight, height);
     EXPECT_EQ(board.SquarePixels, 41);
 }
-
-TEST(BoardSetup, TheGridStandsAtTheRightOfTheInside) {
-    const BoardGeometry board = fitted(8 * 54 * 15);
-    EXPECT_EQ(board.GridLeft, board.FormWidth - FrameX - board.PanelWidth);
-    EXPECT_EQ(board.GridHeight, board.FormHeight - FrameY - board.PanelHeight);
-}
-
-TEST(BoardSetup, PicChessIsEightSquaresAndFourPixels) { EXPECT_EQ(fitted(8 * 54 * 15).BoardSide, (8 * 54 + 4) * 15); }
 
 TEST(BoardSetup, TheSquaresKeepTheirNumbersAndDisplaySquareTurns) {
     BoardGeometry board;

@@ -47,9 +47,9 @@ TEST_F(BoardViewTest, TheWidgetIsEightSquaresAndFourPixels) {
 TEST_F(BoardViewTest, APieceIsTheListsImageOverTheSquareColour) {
     pieces[0] = -2;
     setUp(58);
-    QImage expected(58, 58, QImage::Format_RGB32);
+    QImage expected(device(58), device(58), QImage::Format_RGB32);
     expected.fill(Black);
-    QPainter(&expected).drawImage(2, 2, imlPieces.images(2, 1)[8]);
+    QPainter(&expected).drawImage(device(2), device(2), imlPieces.images(2, ratio())[8]);
     EXPECT_EQ(square(0), expected);
     EXPECT_FALSE(isPlain(square(0), Black));
 }
@@ -114,17 +114,17 @@ TEST_F(BoardViewTest, ModeMinus1FramesInColorMoveAndAnyOtherInColorPreMove) {
 TEST_F(BoardViewTest, AFrameIs1PixelAt24And4At76) {
     setUp(24);
     view.zDrawSquare(0, -1);
-    EXPECT_EQ(frameAtLeft(square(0), Move), 1);
+    EXPECT_EQ(frameAtLeft(square(0), Move), device(1));
     setUp(76);
     view.zDrawSquare(0, -1);
-    EXPECT_EQ(frameAtLeft(square(0), Move), 4);
+    EXPECT_EQ(frameAtLeft(square(0), Move), device(4));
 }
 
 TEST_F(BoardViewTest, AFrameIsAsThickOnAllFourSidesAndLeavesTheInsideAlone) {
     view.zDrawSquare(9, -1);
-    QImage expected(54, 54, QImage::Format_RGB32);
+    QImage expected(device(54), device(54), QImage::Format_RGB32);
     expected.fill(Move);
-    QPainter(&expected).fillRect(3, 3, 48, 48, QColor::fromRgb(Black));
+    QPainter(&expected).fillRect(device(3), device(3), device(48), device(48), QColor::fromRgb(Black));
     EXPECT_EQ(square(9), expected);
 }
 
@@ -132,9 +132,10 @@ TEST_F(BoardViewTest, AFrameLeavesThePieceVisible) {
     pieces[9] = 2;
     view.zDrawSquare(9, -1);
     EXPECT_EQ(square(9).pixel(0, 0), Move);
-    const QImage framed = square(9).copy(6, 6, 42, 42);
+    const QRect inside(device(6), device(6), device(42), device(42));
+    const QImage framed = square(9).copy(inside);
     view.zDrawSquare(9);
-    EXPECT_EQ(square(9).copy(6, 6, 42, 42), framed);
+    EXPECT_EQ(square(9).copy(inside), framed);
     EXPECT_FALSE(isPlain(framed, Black));
 }
 
@@ -163,7 +164,7 @@ TEST_F(BoardViewTest, OnAFlippedBoardASquareIsDrawnWhereItShows) {
 
 TEST_F(BoardViewTest, AnImageLargerThanItsSquareIsCutAtItsEdge) {
     // The artwork is clear at its edge, so a full image takes its place for the test.
-    QImage& rook = const_cast<PieceImages&>(imlPieces.images(25, 1))[9];
+    QImage& rook = const_cast<PieceImages&>(imlPieces.images(25, ratio()))[9];
     const QImage artwork = rook;
     rook.fill(Qt::red);
     setUp(24, 2);
@@ -172,9 +173,7 @@ TEST_F(BoardViewTest, AnImageLargerThanItsSquareIsCutAtItsEdge) {
     pieces[27] = -3;
     view.zDrawSquare(27);
     rook = artwork;
-    for (int other = 0; other < 64; ++other) {
-        EXPECT_EQ(square(other), other == 27 ? square(27) : cut(before, other)) << other;
-    }
+    for (int other = 0; other < 64; ++other) EXPECT_EQ(square(other) == cut(before, other), other != 27) << other;
     EXPECT_TRUE(isPlain(square(27), qRgb(255, 0, 0)));
 }
 
@@ -200,7 +199,7 @@ TEST_F(BoardViewTest, ATargetIsPaintedInsteadOfTheBoard) {
     QImage target = before.copy();
     view.zDrawSquare(0, -1, 0, &target);
     EXPECT_EQ(view.picture(), before);
-    EXPECT_EQ(target.pixel(0, 8 * 54 - 1), Move);
+    EXPECT_EQ(target.pixel(0, target.height() - 1), Move);
 }
 
 TEST_F(BoardViewTest, ABoardThatWasNeverSetUpTakesAllCallsAndPaintsNothing) {

@@ -28,13 +28,15 @@ protected:
         const float half = static_cast<float>(side()) / 2;
         view.zMovePiece(x + half, y + half, alpha);
     }
+    // A square without its frame.
+    QImage inside(int display) const { return square(display).copy(device(3), device(3), device(48), device(48)); }
 };
 
 } // namespace
 
 TEST_F(DraggedPieceTest, TheYankedSquareLosesItsPieceAndKeepsItsFrame) {
     EXPECT_EQ(square(E2).pixel(0, 0), Move);
-    EXPECT_TRUE(isPlain(square(E2).copy(3, 3, 48, 48), White));
+    EXPECT_TRUE(isPlain(inside(E2), White));
 }
 
 TEST_F(DraggedPieceTest, AYankAloneShowsNoPiece) { EXPECT_EQ(screen(), view.picture()); }
@@ -55,7 +57,7 @@ TEST_F(DraggedPieceTest, OnlyTheSquareAroundThePointIsCovered) {
 }
 
 TEST_F(DraggedPieceTest, TheBlendIsByItsStrength) {
-    const PieceImages& images = imlPieces.images(2, 1);
+    const PieceImages& images = imlPieces.images(2, ratio());
     QImage expected = square(E4);
     QPainter painter(&expected);
     painter.setOpacity(128 / 255.0);
@@ -151,8 +153,8 @@ TEST_F(DraggedPieceTest, APieceBesideTheBoardIsCutAtTheEdgeOfTheSquares) {
     view.zMovePiece(0, 200, 128);
     const QImage after = view.grab().toImage();
     EXPECT_NE(after, before);
-    EXPECT_EQ(after.copy(0, 0, BoardView::BorderPixels, after.height()),
-              before.copy(0, 0, BoardView::BorderPixels, before.height()));
+    const int border = device(BoardView::BorderPixels);
+    EXPECT_EQ(after.copy(0, 0, border, after.height()), before.copy(0, 0, border, before.height()));
 }
 
 TEST_F(DraggedPieceTest, APointFarAwayOrNoNumberShowsNothing) {
@@ -172,5 +174,5 @@ TEST_F(DraggedPieceTest, ASetupTakesThePieceOffThePointer) {
     moveToMiddleOf(E4, 128);
     setUp();
     EXPECT_EQ(screen(), view.picture());
-    EXPECT_FALSE(isPlain(square(E2).copy(3, 3, 48, 48), White)) << "it is back on its square";
+    EXPECT_FALSE(isPlain(inside(E2), White)) << "it is back on its square";
 }

@@ -106,9 +106,9 @@ using SharedPieceSets = BoardFixture;
 
 TEST_F(SharedPieceSets, FortyBoardsShareOneDrawing) {
     const int drawn = imlPieces.drawnLists();
-    const QImage* king = &imlPieces.images(view.geometry().PieceList, 1)[1];
+    const QImage* king = &imlPieces.images(view.geometry().PieceList, ratio())[1];
     std::array<BoardView, 40> boards;
     for (BoardView& board : boards) board.zBoardSetup(view.geometry());
     EXPECT_EQ(imlPieces.drawnLists(), drawn);
-    EXPECT_EQ(&imlPieces.images(view.geometry().PieceList, 1)[1], king);
+    EXPECT_EQ(&imlPieces.images(view.geometry().PieceList, ratio())[1], king);
 }

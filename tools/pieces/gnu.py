@@ -1,6 +1,6 @@
 """Family "gnu": lathe-turned pieces of ivory and ebony with rounded shading and highlights."""
 
-from .svg import KNIGHT_NUDGE, disc, document, half_disc, shape, turned
+from .svg import KNIGHT_NUDGE, disc, document, shape, turned
 
 RIM = 6.4
 EDGE = {"w": "#4a3216", "b": "#0b0807"}

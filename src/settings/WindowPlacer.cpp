@@ -1,0 +1,42 @@
+// Where a window stands on the screen, and putting it back there.
+#include "settings/WindowPlacer.h"
+
+#include "common/Twips.h"
+
+#include <QScreen>
+#include <QWidget>
+
+namespace {
+
+bool fillsScreen(const QWidget& window) { return window.isMaximized() || window.isFullScreen(); }
+
+} // namespace
+
+Extent twipsOf(QSize size) { return {float(size.width() * TwipsPerPixelX), float(size.height() * TwipsPerPixelY)}; }
+
+Extent screenOf(const QWidget& window) { return twipsOf(window.screen()->geometry().size()); }
+
+WindowPlacer::WindowPlacer(QWidget* window) : window_(window) { window->installEventFilter(this); }
+
+WindowPlace WindowPlacer::place() const {
+    const bool fills = fillsScreen(*window_);
+    // The place to go back to is known without its frame, and a window that fills the screen may have another frame.
+    const QPoint corner = fills ? window_->normalGeometry().topLeft() - inside_ : window_->pos();
+    const Extent size = twipsOf(fills ? window_->normalGeometry().size() : window_->size());
+    return {float(corner.x() * TwipsPerPixelX), float(corner.y() * TwipsPerPixelY), size.Width, size.Height};
+}
+
+void WindowPlacer::moveTo(const WindowPlace& at) {
+    window_->move(int(at.Left) / TwipsPerPixelX, int(at.Top) / TwipsPerPixelY);
+    window_->resize(int(at.Width) / TwipsPerPixelX, int(at.Height) / TwipsPerPixelY);
+}
+
+void WindowPlacer::unminimise() {
+    if (window_->isMinimized()) window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+}
+
+// Any event is an occasion to look: of the frame itself, which comes and goes with the state, there are none.
+bool WindowPlacer::eventFilter(QObject*, QEvent*) {
+    if (!fillsScreen(*window_)) inside_ = window_->geometry().topLeft() - window_->pos();
+    return false;
+}

@@ -1,0 +1,41 @@
+// Where a window stands on the screen, in the twips of the settings, and putting it back there.
+#pragma once
+
+#include "settings/Placement.h"
+
+#include <QObject>
+#include <QPoint>
+#include <QSize>
+
+class QWidget;
+
+// `size`, in pixels, as an extent in twips.
+Extent twipsOf(QSize size);
+
+// The whole screen on which `window` is.
+Extent screenOf(const QWidget& window);
+
+// Of one window. A place has the position of the window's frame and the size of what the frame holds, so what `place`
+// gave puts the window back where it was when it goes to `moveTo`.
+class WindowPlacer : public QObject {
+    Q_OBJECT
+public:
+    // Watches `window`, a top-level widget, which must outlive this object.
+    explicit WindowPlacer(QWidget* window);
+
+    // The window's place; of a maximised or full-screen window the one that it goes back to.
+    WindowPlace place() const;
+
+    // Puts the window there.
+    void moveTo(const WindowPlace& at);
+
+    // Sets a minimised window back to what it was, for its real place.
+    void unminimise();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* window_;
+    QPoint inside_; // the inner corner, seen from the frame's, while the window is neither maximised nor full-screen
+};

@@ -1,0 +1,29 @@
+// A position in words, for assistive tools.
+#include "view/PositionWords.h"
+
+#include "common/Squares.h"
+#include "view/PieceLists.h"
+
+#include <array>
+
+namespace {
+
+// Of the side whose six images begin with `firstImage`.
+std::string describeSide(const std::function<std::int16_t(int)>& pieceAt, int firstImage) {
+    static constexpr std::array Words{"king", "queen", "rook", "bishop", "knight", "pawn"};
+    std::string text;
+    for (std::size_t kind = 0; kind < Words.size(); ++kind) {
+        for (int square = 0; square < 64; ++square) {
+            if (pieceImage(pieceAt(square)) != firstImage + static_cast<int>(kind)) continue;
+            if (!text.empty()) text += ", ";
+            text += std::string(Words[kind]) + " " + zSquareName(square);
+        }
+    }
+    return text.empty() ? "none" : text;
+}
+
+} // namespace
+
+std::string describePosition(const std::function<std::int16_t(int square)>& pieceAt) {
+    return "White: " + describeSide(pieceAt, 1) + "; Black: " + describeSide(pieceAt, 7);
+}

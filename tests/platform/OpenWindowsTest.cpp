@@ -1,0 +1,43 @@
+// The list of loaded windows.
+#include "platform/OpenWindows.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A console, two boards and a chat box, as they were opened.
+struct OpenWindowsTest : testing::Test {
+    OpenWindows list;
+    int console = 0;
+    int first = 0;
+    int second = 0;
+    int chat = 0;
+
+    OpenWindowsTest() {
+        list.add({"frmChessClient", &console, nullptr, {}});
+        list.add({"frmChessBoard", &first, nullptr, {}});
+        list.add({"frmChat", &chat, nullptr, {}});
+        list.add({"frmChessBoard", &second, nullptr, {}});
+    }
+};
+
+} // namespace
+
+TEST_F(OpenWindowsTest, TheOrderIsThatOfCreation) {
+    EXPECT_EQ(list.windows.front().window, &console);
+    EXPECT_EQ(list.windows.back().window, &second);
+}
+
+TEST_F(OpenWindowsTest, WindowsAreCountedByTheirClass) {
+    EXPECT_EQ(list.count("frmChessBoard"), 2);
+    EXPECT_EQ(list.count("frmHistory"), 0);
+}
+
+TEST_F(OpenWindowsTest, AWindowThatGoesLeavesTheOthersInTheirOrder) {
+    list.remove(&first);
+    ASSERT_EQ(list.windows.size(), 3U);
+    EXPECT_EQ(list.windows[1].window, &chat);
+    EXPECT_EQ(list.windows[2].window, &second);
+    list.remove(&first);
+    EXPECT_EQ(list.windows.size(), 3U) << "gone already";
+}
