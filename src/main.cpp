@@ -2,6 +2,8 @@
 #include "board/frmChessBoard.h"
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
+#include "platform/LoadedWindow.h"
+#include "seek/frmMatch.h"
 #include "session/frmChessClient.h"
 #include "settings/IniStore.h"
 #include "settings/Sounds.h"
@@ -13,10 +15,25 @@
 
 namespace {
 
-const void* openBoard(const BoardRoads& roads) {
+const void* openBoard(const BoardRoads& roads, frmChessClient& client) {
     auto* board = new frmChessBoard(roads); // deletes itself after closing
+    QObject::connect(board, &frmChessBoard::chatWanted, &client, [&client] { client.typingKeys.hooks.zNewChat(); });
     board->load();
     return board;
+}
+
+// What the dump of the settings asks of the windows.
+RunningWindows runningWindows() {
+    RunningWindows windows;
+    windows.place = [](const WindowSection& section) {
+        const auto* match = loadedWindow<frmMatch>();
+        return match && std::string_view(section.name) == MatchSection.name ? match->place() : WindowPlace{};
+    };
+    windows.match = [] {
+        const auto* match = loadedWindow<frmMatch>();
+        return match ? match->fields() : MatchSettings{};
+    };
+    return windows;
 }
 
 } // namespace
@@ -31,13 +48,17 @@ int main(int argc, char** argv) {
 
     Sounds sounds;
     BoardRoads boards;
+    MatchRoads match;
     ClientRoads roads;
     roads.store = openIniStore();
     roads.playSound = [&sounds](std::string_view name, std::int16_t mode) { sounds.zPlaySound(name, mode); };
-    roads.openBoard = [&boards] { return openBoard(boards); };
+    roads.showMatch = [&match] { frmMatch::showIt(match); };
+    roads.runningWindows = runningWindows();
 
     frmChessClient client(roads);
+    roads.openBoard = [&boards, &client] { return openBoard(boards, client); };
     boards = client.boardRoads();
+    match = {roads.store, boards.zSendMsg};
     EndRequests endRequests([&client] { client.close(); });
     application.stopEverything = [&client, &endRequests] {
         endRequests.endAtOnce();

@@ -5,41 +5,51 @@
 
 #include <QMenuBar>
 
+namespace {
+
+QMenu* addMenu(QMenuBar& bar, const char* name, const char* caption) {
+    QMenu* menu = bar.addMenu(QString::fromLatin1(caption));
+    menu->setObjectName(QString::fromLatin1(name));
+    return menu;
+}
+
+} // namespace
+
 void BoardMenus::build(QMenuBar& bar) {
-    QMenu* file = bar.addMenu(QStringLiteral("F&ile"));
+    QMenu* file = addMenu(bar, "mnuFile", "F&ile");
     mnuNew = addEntry(file, "mnuNew", "&New Game");
     addUnbuilt(file, "mnuPGN", "&Read PGN");
     mnuSavePGN = addUnbuilt(file, "mnuSavePGN", "Store &PGN");
     file->addSeparator();
     mnuExit = addEntry(file, "mnuExit", "&Exit");
 
-    QMenu* board = bar.addMenu(QStringLiteral("&Board"));
+    QMenu* board = addMenu(bar, "mnuBoard", "&Board");
     mnuInvert = addEntry(board, "mnuInvert", "&Flip");
     mnuInvert->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
     mnuClean = addEntry(board, "mnuClean", "C&lean");
-    addUnbuilt(board, "mnuColors", "&Colors");
+    mnuColors = addEntry(board, "mnuColors", "&Colors");
     board->addSeparator();
     mnuBookup = addTick(board, "mnuBookup", "Bookup");
     mnuQuorl = addTick(board, "mnuQuorl", "Quorl");
     mnuGNU = addTick(board, "mnuGNU", "GNU");
 
-    QMenu* actions = bar.addMenu(QStringLiteral("&Actions"));
-    addUnbuilt(actions, "mnuSeek", "&Seek");
-    addUnbuilt(actions, "mnuMatch", "&Match");
+    QMenu* actions = addMenu(bar, "mnuActions", "&Actions");
+    mnuSeek = addEntry(actions, "mnuSeek", "&Seek");
+    mnuMatch = addEntry(actions, "mnuMatch", "&Match");
     actions->addSeparator();
-    addUnbuilt(actions, "mnuDraw", "&Draw");
-    addUnbuilt(actions, "mnuRes", "&Resign");
+    mnuDraw = addEntry(actions, "mnuDraw", "&Draw");
+    mnuRes = addEntry(actions, "mnuRes", "&Resign");
     addUnbuilt(actions, "mnuExamine", "&Eval Player");
     mnuSelfCheck = addUnbuilt(actions, "mnuSelfCheck", "Self &Check");
     mnuSelfCheck->setVisible(false);
 
-    QMenu* panels = bar.addMenu(QStringLiteral("I&nterface"));
+    QMenu* panels = addMenu(bar, "mnuIfc", "I&nterface");
     addUnbuilt(panels, "mnuSeekGrf", "&Seek Graph");
     addUnbuilt(panels, "mnuVars", "&Variables");
     addUnbuilt(panels, "mnuNotes", "&Notes");
     addUnbuilt(panels, "mnuOptions", "&Options");
 
-    QMenu* help = bar.addMenu(QStringLiteral("&Help"));
+    QMenu* help = addMenu(bar, "mnuMHelp", "&Help");
     addUnbuilt(help, "mnuBRHelp", "&Brightrank Help");
     addUnbuilt(help, "mnuHelp", "&FICS Help Panel");
     help->addSeparator();

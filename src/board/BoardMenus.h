@@ -11,9 +11,14 @@ struct BoardMenus {
     QAction* mnuExit = nullptr;
     QAction* mnuInvert = nullptr;
     QAction* mnuClean = nullptr;
+    QAction* mnuColors = nullptr;
     QAction* mnuBookup = nullptr;
     QAction* mnuQuorl = nullptr;
     QAction* mnuGNU = nullptr;
+    QAction* mnuSeek = nullptr;
+    QAction* mnuMatch = nullptr;
+    QAction* mnuDraw = nullptr;
+    QAction* mnuRes = nullptr;
     QAction* mnuSelfCheck = nullptr; // not shown but with a command line that holds "est"
     QAction* mnuAbout = nullptr;
     QAction* mnuExit1 = nullptr;

@@ -24,6 +24,8 @@ struct BoardRoads {
     std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
     // The text of tell button 0 to 9, empty for none.
     std::function<std::string(int index)> tellText = [](int) { return std::string(); };
+    // Shows frmMatch as modChess.MatchMode says.
+    std::function<void()> showMatch = [] {};
     // The font of the console's command line.
     std::function<QFont()> typingFont = [] { return QFont(); };
     // The console's mnuBoard becomes available again: the last board closes.

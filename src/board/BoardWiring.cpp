@@ -5,6 +5,7 @@
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
 #include "platform/StreamText.h"
+#include "view/frmBoardColors.h"
 
 #include <QApplication>
 #include <QStatusBar>
@@ -21,7 +22,7 @@ void frmChessBoard::fillSurface() {
     surface.paintBoard = [this] { paintBoard(); };
     surface.pump = [this] { paintHold_.pump(); };
     surface.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
-    surface.zSendMsg = [this](const std::string& text) { roads_.zSendMsg(text); };
+    surface.zSendMsg = [this](const std::string& text) { zSendMsg(text); };
     fillLabels();
     fillTimers();
 }
@@ -46,7 +47,7 @@ void frmChessBoard::fillLabels() {
     surface.showUn = [this](bool shown) {
         unShown_ = shown;
         if (shown) {
-            parts_.zSolveConflict(parts_.cmdUn);
+            zSolveConflict(parts_.cmdUn);
         } else {
             parts_.cmdUn->hide();
         }
@@ -82,9 +83,14 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuNew, [this] { game.mnuNew(); });
     on(menus_.mnuInvert, [this] { game.mnuInvert(); });
     on(menus_.mnuClean, [this] { game.mnuClean(); });
+    on(menus_.mnuColors, [this] { frmBoardColors::showAt(pos()); });
     on(menus_.mnuBookup, [this] { setPieceSet(0); });
     on(menus_.mnuQuorl, [this] { setPieceSet(1); });
     on(menus_.mnuGNU, [this] { setPieceSet(2); });
+    on(menus_.mnuSeek, [this] { openMatch(false); });
+    on(menus_.mnuMatch, [this] { openMatch(true); });
+    on(menus_.mnuDraw, [this] { sendConfirmed("Draw"); });
+    on(menus_.mnuRes, [this] { sendConfirmed("Resign"); });
     on(menus_.mnuAbout,
        [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
     on(menus_.mnuExit, [this] { close(); });
@@ -94,32 +100,25 @@ void frmChessBoard::connectMenus() {
 void frmChessBoard::connectTyping() {
     parts_.txtSend->keyDown = [this](int code, bool shift) { return answerTypingKey(code, shift); };
     connect(parts_.cmdUn, &QPushButton::clicked, this, [this] { game.cmdUn(); });
+    connect(parts_.cmdDraw, &QPushButton::clicked, this, [this] { sendConfirmed("Draw"); });
+    connect(parts_.cmdRes, &QPushButton::clicked, this, [this] { sendConfirmed("Resign"); });
     for (QToolButton* button : parts_.cmdTell) {
         connect(button, &QToolButton::clicked, this, [this, button] {
             const std::string text = bytesOf(button->toolTip());
             parts_.txtSend->setFocus();
-            if (text.empty()) return;
-            parts_.txtSend->setLine(text);
-            sendLine();
+            if (!text.empty()) sendTyped(text);
         });
-    }
-    for (QWidget* unbuilt : {static_cast<QWidget*>(parts_.cmdDraw), static_cast<QWidget*>(parts_.cmdRes)}) {
-        unbuilt->setEnabled(false);
     }
     for (QToolButton* button : parts_.cmdScroll) button->setEnabled(false);
 }
 
-// Sends only while connected; the text stays otherwise.
-void frmChessBoard::sendLine() {
-    if (roads_.zSend(parts_.txtSend->line())) parts_.txtSend->clear();
-}
-
 bool frmChessBoard::answerTypingKey(int code, bool shift) {
-    if (code == KeyEnter) {
-        sendLine();
+    if (code == KeyEnter) return zTxtSend(code);
+    if (code == KeyF9 && shift) {
+        Q_EMIT chatWanted();
+        parts_.txtSend->end(false);
         return true;
     }
-    if (code == KeyF9 && shift) return true; // asks for a chat box
     const TypingAnswer answer = typingAnswer(code, *roads_.history, parts_.txtSend->line(), game.gameIndex);
     if (answer.text) parts_.txtSend->setLine(*answer.text);
     if (answer.taken) parts_.txtSend->end(false);

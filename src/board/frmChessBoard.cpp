@@ -8,6 +8,7 @@
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
 #include "settings/WindowSettings.h"
+#include "view/frmBoardColors.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -33,7 +34,11 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     input_.build(this, parts_);
     connectMenus();
     connectTyping();
-    openWindows.add({"frmChessBoard", this, &game, [this] { unload(); }});
+    openWindows.add({.className = "frmChessBoard",
+                     .window = this,
+                     .game = &game,
+                     .unload = [this] { unload(); },
+                     .zBoardSetup = [this] { game.zBoardSetup(false); }});
 }
 
 frmChessBoard::~frmChessBoard() {
@@ -66,9 +71,12 @@ void frmChessBoard::load() {
         parts_.cmdTell[index]->setToolTip(text);
         parts_.cmdTell[index]->setEnabled(!text.isEmpty());
     }
-    paintBoard();
+    const QPointer<frmChessBoard> self(this);
+    frmBoardColors::loaded().zSave();
+    if (!self || !game.isOpen()) return; // closed by what came in meanwhile
     show();
     if (!game.finishLoad()) return;
+    openWindows.unload("frmBoardColors");
     parts_.txtSend->setFocus();
     resizeWatch_.Muted = false;
     tmrResize_.start(); // its first firing fits nothing; it should not be the one of the user's first resize
@@ -121,14 +129,7 @@ void frmChessBoard::fitWindow(const BoardGeometry& geometry) {
     const QSize inner = (free ? fitted : size()) - frame();
     inner_->setGeometry(Margin, Margin, inner.width(), inner.height() - BoardParts::StatusHeight);
     parts_.place(inner, geometry.SquarePixels, game.Flipped);
-    if (unShown_) parts_.zSolveConflict(parts_.cmdUn);
-}
-
-void frmChessBoard::setPieceSet(std::int16_t set) {
-    modChess.ChessSet = set;
-    if (!game.zBoardSetup(false)) return; // closed by what came in meanwhile
-    menus_.checkPieces(set);
-    game.zBoardSetup(false);
+    if (unShown_) zSolveConflict(parts_.cmdUn);
 }
 
 // The program closes the window. With its own question still up it is taken along, question and all.
@@ -175,6 +176,9 @@ bool frmChessBoard::mayClose() {
     const CloseDecision decision = queryUnload(game, facts);
     if (decision.enableBoardMenu) roads_.enableBoardMenu();
     if (decision.refused) return false;
+    if (decision.unloadPanels) {
+        for (const char* panel : {"frmBoardColors", "frmMatch", "frmPGN", "frmExamine"}) openWindows.unload(panel);
+    }
     if (!decision.send.empty()) roads_.zSendMsg(decision.send);
     asking_ = decision.ask;
     return !decision.ask || boxes.okCancel(this, std::string(CloseBoxTitle), std::string(CloseBoxText));

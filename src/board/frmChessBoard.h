@@ -29,7 +29,26 @@ public:
     // Takes colours and font of the console's command line for the own one.
     void takeColors();
 
+    // Sends one command of the program's own by the console's road; dropped while not connected.
+    void zSendMsg(const std::string& text) { roads_.zSendMsg(text); }
+    // Key press of txtSend: Enter (13) sends the line by the console's typed road and empties it. True if the key is
+    // consumed; while not connected it is not, and the line stays.
+    bool zTxtSend(int key);
+    // Makes `text` the newest line of the history that all boards share with the console.
+    void zShiftReg(const std::string& text) { roads_.history->zPushCommand(text); }
+    // Shows `control` only if it clears the command line.
+    void zSolveConflict(QWidget* control) const { parts_.zSolveConflict(control); }
+    // Takes the check marks off the piece sets.
+    void zUnCheckPieces() { menus_.zUnCheckPieces(); }
+    // modChess.ChessSet takes `set`, and the squares their pieces from image list `set` + 1, or `set` if they are wider
+    // than `limit` pixels; the next zBoardSetup chooses a list anew.
+    void zSetBookup(std::int16_t set, std::int16_t limit);
+
     Game game;
+
+Q_SIGNALS:
+    // Shift+F9: a chat box for modChess.TellTarget is to open, or to come up if there is one.
+    void chatWanted();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -48,7 +67,9 @@ private:
     bool mayClose();
     void unload();
     void finishClosing();
-    void sendLine();
+    void openMatch(bool challenge);
+    void sendTyped(const std::string& text);
+    void sendConfirmed(const std::string& word);
     bool answerTypingKey(int code, bool shift);
     QSize frame() const;
     QSize sizeFor(int square) const;

@@ -42,6 +42,10 @@ struct ModChess {
     bool AppClosing = false; // the client window is taking the program down
     bool gTestOpen = false;  // the diagnostics panel is up
 
+    // Challenges and seeks
+    bool MatchMode = false;   // frmMatch composes a challenge, not a seek; set by whoever opens it
+    std::string LastOpponent; // what frmMatch held as the opponent when it closed
+
     // The console
     std::string BlockedText;    // console text held back in Block Mode
     bool gConsoleQuiet = false; // no output to the console at all

@@ -17,6 +17,8 @@ struct OpenWindow {
     Game* game = nullptr;         // of a "frmChessBoard", null for all others
     std::function<void()> unload; // asks the window to close; it may refuse
     ChatBox* chat = nullptr;      // of a "frmChat", null for all others
+    // Of a "frmChessBoard": fits and repaints it whole; pumps, so that any window may be gone afterwards.
+    std::function<void()> zBoardSetup = [] {};
 };
 
 // A window number is a position in `windows` and is good only until a window opens or closes.
@@ -32,6 +34,14 @@ struct OpenWindows {
     // How many windows of the class are loaded.
     int count(std::string_view className) const {
         return static_cast<int>(std::ranges::count(windows, className, &OpenWindow::className));
+    }
+
+    // Asks the window of the class to close, if one is loaded; for classes of which there is one at most.
+    void unload(std::string_view className) const {
+        const auto open = std::ranges::find(windows, className, &OpenWindow::className);
+        if (open == windows.end()) return;
+        const auto close = open->unload; // the entry goes meanwhile
+        close();
     }
 };
 

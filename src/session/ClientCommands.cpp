@@ -61,6 +61,10 @@ void frmChessClient::wireMenus() {
     on(menus.mnuExit, [this] { close(); });
     wireConsoleMenu();
     on(menus.mnuBoard, [this] { routing.zNewBoard(); });
+    on(menus.mnuMatch, [this] {
+        modChess.MatchMode = true;
+        roads_.showMatch();
+    });
     on(menus.mnuTest, [this] { dumpRegistry(); });
     on(menus.mnuAbout,
        [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });

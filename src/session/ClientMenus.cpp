@@ -40,7 +40,7 @@ void buildWindows(ClientMenus& menus, QMenu* menu) {
     menus.mnuBoard = addEntry(menu, "mnuBoard", "&Board");
     menus.mnuSeekGrf = addTick(menu, "mnuSeekGrf", "&Seek Graph");
     menus.mnuSeekGrf->setEnabled(false);
-    addUnbuilt(menu, "mnuMatch", "&Match");
+    menus.mnuMatch = addEntry(menu, "mnuMatch", "&Match");
     menus.mnuChat = addEntry(menu, "mnuChat", "C&hat");
     addUnbuilt(menu, "mnuHistory", "H&istory")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
     menu->addSeparator();

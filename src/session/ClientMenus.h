@@ -23,6 +23,7 @@ struct ClientMenus {
 
     QAction* mnuBoard = nullptr; // unavailable as long as a board is open
     QAction* mnuSeekGrf = nullptr;
+    QAction* mnuMatch = nullptr;
     QAction* mnuChat = nullptr;
     QAction* mnuTest = nullptr;
     QAction* mnuAbout = nullptr;

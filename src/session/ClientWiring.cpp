@@ -191,6 +191,7 @@ BoardRoads frmChessClient::boardRoads() {
     };
     roads.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
     roads.tellText = [this](int index) { return settings.Tell[index]; };
+    roads.showMatch = roads_.showMatch;
     roads.typingFont = [this] { return txtSend->font(); };
     roads.enableBoardMenu = [this] { menus.mnuBoard->setEnabled(true); };
     return roads;

@@ -43,6 +43,8 @@ struct ClientRoads {
     std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
     // Creates, shows and loads a board window; gives its identity in openWindows.
     std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
+    // Shows frmMatch as modChess.MatchMode says.
+    std::function<void()> showMatch = [] {};
 };
 
 // Lives as long as the program. Its parts are window-free; the window carries events to them and their results to the

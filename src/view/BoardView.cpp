@@ -80,6 +80,11 @@ void BoardView::compose() {
     picture_ = std::move(composed);
 }
 
+void BoardView::usePieceList(std::int16_t list) {
+    images_ = imlPieces.images(list, devicePixelRatioF());
+    geometry_.PieceList = list;
+}
+
 void BoardView::zDrawSquare(std::int16_t square, std::int16_t mode, std::int16_t bare, QImage* target) {
     if (!isSquare(square) || picture_.isNull()) return;
     if (target) {

@@ -33,6 +33,10 @@ public:
     // dragged piece; the screen changes in one step.
     void zBoardSetup(const BoardGeometry& geometry);
 
+    // Squares painted from now on take their pieces from image list 0 to 25 (faults on any other), until the next
+    // zBoardSetup.
+    void usePieceList(std::int16_t list);
+
     // Paints one square and no other. `mode` 0 paints it plain, -1 with a frame in modChess.ColorMove, any other with
     // one in modChess.ColorPreMove; `bare` not zero leaves its piece out. With a `target` (8 squares in device pixels)
     // it paints there and not on the board. A square outside 0 to 63 paints nothing.

@@ -263,12 +263,9 @@ TEST_F(BoardLife, ABoardMayCloseWhilePositionsArriveAndPump) {
 }
 
 TEST_F(BoardLife, ABoardMayCloseWhileItLoads) {
-    QTimer::singleShot(0, qApp, [] {
-        const OpenWindow newest = openWindows.windows.back();
-        newest.unload();
-    });
+    QTimer::singleShot(0, qApp, [] { openWindows.unload("frmChessBoard"); });
     made.emplace_back(new frmChessBoard(roads));
     made.back()->load();
     EXPECT_TRUE(waitUntil([this] { return made.back().isNull(); }));
-    EXPECT_EQ(openWindows.count("frmChessBoard"), 0);
+    EXPECT_TRUE(openWindows.windows.empty());
 }

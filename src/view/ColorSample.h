@@ -1,0 +1,34 @@
+// A picture of board squares in a fixed number of pixels, drawn as finely as the screen is.
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QWidget>
+
+#include <functional>
+
+class QPainter;
+
+// The side of a sample's square in pixels, whatever the boards' squares are.
+inline constexpr int SampleSquare = 40;
+
+class ColorSample : public QWidget {
+public:
+    // `size` in pixels, fixed.
+    ColorSample(QWidget* parent, const QString& name, QSize size);
+
+    // Draws the picture anew, by what whoever made the sample fills in; `begin` comes first in it.
+    std::function<void()> redraw = [] {};
+
+    // Makes the picture empty, at the scale of the screen on which it stands.
+    void begin();
+
+    // What is shown: painted into in pixels, whatever the scale.
+    QImage picture;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+// A frame two pixels thick inside the square with its top left corner at (x,y).
+void paintSampleFrame(QPainter& painter, int x, int y, const QColor& color);

@@ -1,0 +1,82 @@
+// OK with a text that is no number ends the program, before anything is sent.
+#include <QProcess>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+namespace {
+
+struct Ended {
+    int status = -1;
+    std::string out;
+    std::string error;
+};
+
+Ended runProgram(const QStringList& arguments) {
+    QProcess program;
+    program.start(QStringLiteral(MATCH_PROGRAM), arguments);
+    Ended ended;
+    if (!program.waitForFinished(20000) || program.exitStatus() != QProcess::NormalExit) {
+        program.kill();
+        program.waitForFinished();
+        ended.error = "did not exit";
+        return ended;
+    }
+    ended.status = program.exitCode();
+    ended.out = program.readAllStandardOutput().toStdString();
+    std::istringstream all(program.readAllStandardError().toStdString()); // the toolkit may warn in between
+    for (std::string line; std::getline(all, line);) {
+        if (line.starts_with("brightrank")) ended.error += line + "\n";
+    }
+    return ended;
+}
+
+void expectEnd(const QStringList& arguments, const std::string& line) {
+    const Ended ended = runProgram(arguments);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.error, "brightrank: " + line + "\n");
+    EXPECT_EQ(ended.out, "") << "nothing is sent and nothing is saved";
+}
+
+class MatchFault : public testing::TestWithParam<const char*> {
+protected:
+    QString box() const { return QString::fromLatin1(GetParam()); }
+};
+
+const QString Match = QStringLiteral("match");
+const QString Seek = QStringLiteral("seek");
+
+} // namespace
+
+TEST_P(MatchFault, AnEmptyBoxEndsTheProgram) {
+    expectEnd({Seek, box(), QString()}, "type mismatch error: \"\" is no number");
+}
+
+TEST_P(MatchFault, ATextThatIsNoNumberEndsTheProgramInAMatchToo) {
+    expectEnd({Match, box(), QStringLiteral("5 min")}, "type mismatch error: \"5 min\" is no number");
+}
+
+INSTANTIATE_TEST_SUITE_P(In, MatchFault, testing::Values("txtTime", "txtInc", "txtMin", "txtMax"),
+                         [](const auto& box) { return std::string(box.param); });
+
+TEST(MatchProgram, ANumberBeyond16BitsEndsIt) {
+    const Ended ended = runProgram({Seek, QStringLiteral("txtMax"), QStringLiteral("40000")});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.error.substr(0, 27), "brightrank: overflow error:");
+    EXPECT_EQ(ended.out, "");
+}
+
+TEST(MatchProgram, ABoxThatIsDisabledByTheServersSettingsEndsItToo) {
+    expectEnd({Match, QStringLiteral("txtTime"), QString(), QStringLiteral("server")},
+              "type mismatch error: \"\" is no number");
+}
+
+TEST(MatchProgram, WithNumbersItSendsSavesAndGoesOn) {
+    const Ended ended = runProgram({Match, QStringLiteral("txtOpp"), QStringLiteral("fred")});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.error, "");
+    EXPECT_EQ(ended.out, "sent Match fred 2 12 Normal r Auto Color \nkeys written 10\n");
+}
