@@ -142,8 +142,8 @@ protected:
         }
         return found;
     }
-    // Opens two boxes at once and runs `answer` when both ask.
-    void whenBothAsk(const std::function<void()>& answer) {
+    // Opens two boxes at once and runs `reply` when both ask.
+    void whenBothAsk(const std::function<void()>& reply) {
         start();
         client->zNewChat();
         client->zNewChat();
@@ -152,7 +152,7 @@ protected:
         look.callOnTimeout([&] {
             if (both || asked().size() < 2) return;
             both = true;
-            answer();
+            reply();
         });
         look.start(5);
         ASSERT_TRUE(waitUntil([&] { return both && asked().empty(); }));
