@@ -15,7 +15,7 @@ import subprocess
 import time
 
 from learn import learnPieces
-from rig import Client, Display, PracticeServer, Screen, Wire, waitFor
+from rig import SQUARES, Client, Display, PracticeServer, Screen, Wire, pieceOn, waitFor
 
 NAMES = ("Pupil", "Rookery")  # white and black
 
@@ -70,7 +70,12 @@ class Player:
         self.display.press()
         self.display.move(*self.screen.centre(move[2:4]))
         self.display.release()
-        self.display.move(self.screen.left - 3, self.screen.top - 3)  # a pointer at rest on a piece queues it again
+        self.display.move(*self.screen.centre(self.emptySquare(move[2:4])))
+
+    def emptySquare(self, taken):
+        """One to rest on: a pointer left on an own piece makes the board queue a pre-move again and not send it."""
+        rows = self.wire.positions()[-1][:8]
+        return next(square for square in SQUARES if square != taken and pieceOn(rows, square) == "-")
 
     def shows(self):
         return self.screen.read() == self.wire.positions()[-1][:8]
