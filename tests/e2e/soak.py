@@ -15,9 +15,10 @@ import subprocess
 import time
 
 from learn import learnPieces
-from rig import SQUARES, Client, Display, PracticeServer, Screen, Wire, pieceOn, waitFor
+from rig import MOVED, SQUARES, Client, Display, PracticeServer, Screen, Wire, pieceOn, waitFor
 
 NAMES = ("Pupil", "Rookery")  # white and black
+VERBOSE_MOVE = 26  # field of a Style 12 line, counted from its first row
 
 
 class Engine:
@@ -97,6 +98,12 @@ class Soak:
         for player in self.players:
             waitFor(lambda: len(player.wire.positions()) > count, 10, f"the position behind {move}")
             waitFor(player.shows, 5, f"{player.wire.positions()[-1][:8]} on the screen behind {move}")
+            # A move shows before the server has confirmed it; its mark comes with the confirmation.
+            fields = player.wire.positions()[-1]
+            if not fields[VERBOSE_MOVE].startswith("o-o"):
+                waitFor(lambda: player.screen.mark(move[2:4]) == MOVED, 5, f"the mark of {move}")
+            else:
+                time.sleep(0.05)
 
     def start(self):
         for player in self.players:
