@@ -121,9 +121,9 @@ TEST_F(ChatWiring, TheEndOfTheConnectionClosesNoBox) {
 
 TEST_F(ChatWiring, TheEndOfTheProgramClosesAndSavesEveryBox) {
     start();
-    openChat("Bob").setGeometry(100, 50, 500, 400);
+    put(openChat("Bob"), {100, 50, 500, 400});
     const QPointer<frmChat> other(&openChat("Ann"));
-    other->setGeometry(60, 40, 300, 200);
+    put(*other, {60, 40, 300, 200});
     client->close();
     EXPECT_EQ(openWindows.count("frmChat"), 0);
     EXPECT_EQ(stored("Chat", "Left"), "900") << "the younger one last";
