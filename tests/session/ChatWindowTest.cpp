@@ -316,7 +316,7 @@ TEST_F(ChatWindow, AHundredThousandTellsAreAllShownInOrder) {
     start();
     frmChat& chat = openChat("Bob");
     modChess.TellTarget = "Bob";
-    txtOutput().insert("a console of some length\r\n");
+    client->chatRouting.consoleLength = [] { return std::size_t{100000000}; };
     QElapsedTimer since;
     since.start();
     string expected;
