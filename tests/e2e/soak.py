@@ -15,7 +15,7 @@ import subprocess
 import time
 
 from learn import learnPieces
-from rig import MOVED, SQUARES, Client, Display, PracticeServer, Screen, Wire, pieceOn, waitFor
+from rig import MOVED, PRE_MOVED, SQUARES, Client, Display, PracticeServer, Screen, Wire, pieceOn, waitFor
 
 NAMES = ("Pupil", "Rookery")  # white and black
 VERBOSE_MOVE = 26  # field of a Style 12 line, counted from its first row
@@ -123,6 +123,7 @@ class Soak:
         moves = self.engine.randomGame(self.dice, self.options.plies)
         self.start()
         ply = 0
+        self.current = moves
         while ply < len(moves):
             due = time.monotonic() + self.options.pace
             ply += self.preMove(moves, ply) if ply % 3 == 2 and ply + 1 < len(moves) else self.move(moves, ply)
@@ -137,7 +138,10 @@ class Soak:
 
     def preMove(self, moves, ply):
         """He who has just moved queues his next move, and the other one makes his."""
-        self.players[(ply + 1) % 2].drag(moves[ply + 1])
+        waiting = self.players[(ply + 1) % 2]
+        waiting.drag(moves[ply + 1])
+        waitFor(lambda: waiting.screen.mark(moves[ply + 1][2:4]) == PRE_MOVED, 5, f"the queued {moves[ply + 1]}")
+        time.sleep(0.01)  # for the pointer to be seen at rest
         self.players[ply % 2].drag(moves[ply])
         self.agree(ply + 2, moves[ply + 1])
         self.preMoves += 1
@@ -162,7 +166,11 @@ def main():
         soak = Soak(stack, options)
         begin = time.monotonic()
         for game in range(1, options.games + 1):
-            soak.play()
+            try:
+                soak.play()
+            except AssertionError as error:
+                sent = [player.wire.lines()[-3:] for player in soak.players]
+                raise SystemExit(f"game {game}, {' '.join(soak.current)}: {error}; sent last: {sent}") from error
             if game % 100 == 0 or game in (1, options.games):
                 memory = ", ".join(f"{player.client.memory():.1f}" for player in soak.players)
                 print(f"{game} games, {soak.moves} moves, {soak.preMoves} of them queued: {memory} MB resident, "
