@@ -5,7 +5,7 @@
 
 Legal moves at random, by the packaged engine; every third one is answered by a move that was queued before it.
 After each move both screens have to show the position that the server sent. Prints the memory of both every hundred
-games."""
+games; the consoles, which keep all they ever showed, are cleared every fifty."""
 import argparse
 import contextlib
 import random
@@ -66,6 +66,12 @@ class Player:
         """Board, Clean: else no piece can be lifted yet."""
         self.display.keys("alt+b", "l")
 
+    def clearConsole(self):
+        """Console, Clear Screen; the console of `rig.STORE` stands at the lower left."""
+        self.display.click(80, 670)
+        time.sleep(0.1)
+        self.display.keys("c")
+
     def drag(self, move):
         self.display.move(*self.screen.centre(move[:2]))
         self.display.press()
@@ -99,8 +105,9 @@ class Soak:
             waitFor(lambda: len(player.wire.positions()) > count, 10, f"the position behind {move}")
             waitFor(player.shows, 5, f"{player.wire.positions()[-1][:8]} on the screen behind {move}")
             # A move shows before the server has confirmed it; its mark comes with the confirmation.
+            # Castling has none, and the repainting at a game's start takes that of the first move.
             fields = player.wire.positions()[-1]
-            if not fields[VERBOSE_MOVE].startswith("o-o"):
+            if count > 1 and not fields[VERBOSE_MOVE].startswith("o-o"):
                 waitFor(lambda: player.screen.mark(move[2:4]) == MOVED, 5, f"the mark of {move}")
             else:
                 time.sleep(0.05)
@@ -171,6 +178,10 @@ def main():
             except AssertionError as error:
                 sent = [player.wire.lines()[-3:] for player in soak.players]
                 raise SystemExit(f"game {game}, {' '.join(soak.current)}: {error}; sent last: {sent}") from error
+            if game % 50 == 0:
+                for player in soak.players:
+                    player.clearConsole()
+                time.sleep(0.3)
             if game % 100 == 0 or game in (1, options.games):
                 memory = ", ".join(f"{player.client.memory():.1f}" for player in soak.players)
                 print(f"{game} games, {soak.moves} moves, {soak.preMoves} of them queued: {memory} MB resident, "
