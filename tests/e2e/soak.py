@@ -63,8 +63,10 @@ class Player:
         waitFor(lambda: "Set Style 12" in self.wire.lines(), 20, "the log-on")
 
     def liftTheFourSecondsRule(self):
-        """Board, Clean: else no piece can be lifted yet."""
-        self.display.keys("alt+b", "l")
+        """Board, Clean: else no piece can be lifted yet. The menu stands above the board."""
+        self.display.click(self.screen.left + 62, self.screen.top - 35)
+        time.sleep(0.05)
+        self.display.keys("l")
 
     def clearConsole(self):
         """Console, Clear Screen; the console of `rig.STORE` stands at the lower left."""
