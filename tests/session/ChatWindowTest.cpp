@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QInputDialog>
 #include <QScrollBar>
 #include <QTemporaryDir>
 
@@ -78,6 +79,14 @@ TEST_F(ChatWindow, AnEmptyAnswerOrCancelClosesTheBox) {
     }
 }
 
+TEST_F(ChatWindow, ALineEndInAPastedNameIsNoPartOfIt) {
+    start();
+    EXPECT_EQ(openChat("Bob\r\n").box.xBuddy, "Bob");
+    buddy = "\n";
+    client->zNewChat();
+    EXPECT_TRUE(waitUntil([] { return openWindows.count("frmChat") == 1; }));
+}
+
 TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionStaysClosed) {
     start();
     whileAsked = [this] {
@@ -116,6 +125,87 @@ TEST_F(ChatWindow, TheRealQuestionGoesWithTheProgram) {
     ASSERT_TRUE(waitUntil([&] { return asked; }));
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_EQ(openWindows.count("frmChat"), 0);
+}
+
+namespace {
+
+// Real questions, of the boxes in the order of opening; what is up runs the message loop, so a timer looks at them.
+class ChatQuestions : public ChatWindow {
+protected:
+    ChatQuestions() { boxes.inputAt = Boxes().inputAt; }
+
+    static std::vector<QInputDialog*> asked() {
+        std::vector<QInputDialog*> found;
+        for (const frmChat* chat : chats()) {
+            auto* question = chat->findChild<QInputDialog*>();
+            if (question && question->isVisible()) found.push_back(question);
+        }
+        return found;
+    }
+    // Opens two boxes at once and runs `answer` when both ask.
+    void whenBothAsk(const std::function<void()>& answer) {
+        start();
+        client->zNewChat();
+        client->zNewChat();
+        bool both = false;
+        QTimer look;
+        look.callOnTimeout([&] {
+            if (both || asked().size() < 2) return;
+            both = true;
+            answer();
+        });
+        look.start(5);
+        ASSERT_TRUE(waitUntil([&] { return both && asked().empty(); }));
+    }
+};
+
+} // namespace
+
+TEST_F(ChatQuestions, OfTwoThatAreUpAtOnceEachNamesItsOwnBox) {
+    whenBothAsk([] {
+        const auto questions = asked();
+        questions[1]->setTextValue(QStringLiteral("Ann"));
+        questions[1]->accept();
+        questions[0]->setTextValue(QStringLiteral("Bob"));
+        questions[0]->accept();
+    });
+    EXPECT_EQ(chats()[0]->box.xBuddy, "Bob");
+    EXPECT_EQ(chats()[1]->box.xBuddy, "Ann");
+}
+
+TEST_F(ChatQuestions, OfTwoThatAreUpAtOnceOneMayBeCancelled) {
+    whenBothAsk([] {
+        const auto questions = asked();
+        questions[0]->reject();
+        questions[1]->setTextValue(QStringLiteral("Ann"));
+        questions[1]->accept();
+    });
+    ASSERT_TRUE(waitUntil([] { return openWindows.count("frmChat") == 1; }));
+    EXPECT_EQ(chats()[0]->box.xBuddy, "Ann");
+}
+
+TEST_F(ChatQuestions, TwoThatAreUpGoWithTheProgram) {
+    whenBothAsk([this] { client->close(); });
+    EXPECT_EQ(openWindows.count("frmChat"), 0);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(ChatQuestions, ATellThatNamesTheBoxMeanwhileIsShownAndTheAnswerStillNamesIt) {
+    start();
+    client->zNewChat();
+    QTimer look;
+    look.callOnTimeout([] {
+        const auto questions = asked();
+        if (questions.empty()) return;
+        chats()[0]->box.name("Bobby");
+        chats()[0]->box.show("hi\r\n", 1000);
+        questions[0]->setTextValue(QStringLiteral("Ann"));
+        questions[0]->accept();
+    });
+    look.start(5);
+    ASSERT_TRUE(waitUntil([] { return chats()[0]->box.xBuddy == "Ann"; }));
+    EXPECT_EQ(caption(*chats()[0]), "Chat with Ann");
+    EXPECT_EQ(txtChat(*chats()[0]).text(), "hi\n");
 }
 
 // Place
