@@ -125,17 +125,22 @@ class Hands:
             time.sleep(0.03)
         return [1000 * each for each in times]
 
+    def queue(self, start, end):
+        """Queues a move; a piece taken up while a position is being put on the board stays where it is."""
+        while self.screen.mark(end) != rig.PRE_MOVED:
+            self.lift(start)
+            self.display.move(*self.screen.centre(end))
+            self.display.release()
+            self.display.move(*self.screen.centre("e5"))
+            time.sleep(0.05)
+
     def preMoves(self, count):
         """Milliseconds from each opponent's move to the queued move's bytes."""
         times = []
         for start, end, rows in [("g1", "f3", HOME), ("f3", "g1", OUT)] * (count // 2):
             self.opponent.position(rows, "B", "P/h2-h3", "h3")
             time.sleep(0.05)
-            self.lift(start)
-            self.display.move(*self.screen.centre(end))
-            self.display.release()
-            self.display.move(*self.screen.centre("e5"))
-            time.sleep(0.05)
+            self.queue(start, end)
             self.opponent.number += 1
             handed = time.perf_counter()
             self.opponent.position(rows, "W", "p/h7-h6", "h6")

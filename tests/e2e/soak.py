@@ -81,6 +81,19 @@ class Player:
         self.display.release()
         self.display.move(*self.screen.centre(self.emptySquare(move[2:4])))
 
+    def dragUntil(self, move, done):
+        """A piece that is taken up while a position is being put on the board, or too early, stays where it is: on a
+        busy machine the hand has to try again."""
+        for _ in range(10):
+            self.drag(move)
+            with contextlib.suppress(AssertionError):
+                return waitFor(done, 1, f"{move}, taken up")
+        raise AssertionError(f"{move} could not be made")
+
+    def queue(self, move):
+        self.dragUntil(move, lambda: self.screen.mark(move[2:4]) == PRE_MOVED)
+        time.sleep(0.01)  # for the pointer to be seen at rest
+
     def emptySquare(self, taken):
         """One to rest on: a pointer left on an own piece makes the board queue a pre-move again and not send it."""
         rows = self.wire.positions()[-1][:8]
@@ -141,16 +154,17 @@ class Soak:
         self.moves += len(moves)
 
     def move(self, moves, ply):
-        self.players[ply % 2].drag(moves[ply])
+        player = self.players[ply % 2]
+        if ply == 0:
+            player.dragUntil(moves[0], lambda: len(player.wire.positions()) > 1)
+        else:
+            player.drag(moves[ply])
         self.agree(ply + 1, moves[ply])
         return 1
 
     def preMove(self, moves, ply):
         """He who has just moved queues his next move, and the other one makes his."""
-        waiting = self.players[(ply + 1) % 2]
-        waiting.drag(moves[ply + 1])
-        waitFor(lambda: waiting.screen.mark(moves[ply + 1][2:4]) == PRE_MOVED, 5, f"the queued {moves[ply + 1]}")
-        time.sleep(0.01)  # for the pointer to be seen at rest
+        self.players[(ply + 1) % 2].queue(moves[ply + 1])
         self.players[ply % 2].drag(moves[ply])
         self.agree(ply + 2, moves[ply + 1])
         self.preMoves += 1
