@@ -221,7 +221,7 @@ TEST_F(ChatWindow, ASavedPlaceIsTaken) {
     saved("1500", "750");
     start();
     client->zNewChat();
-    EXPECT_EQ(chats()[0]->geometry(), QRect(100, 50, 500, 400));
+    EXPECT_EQ(shownAt(*chats()[0]), QRect(100, 50, 500, 400));
 }
 
 TEST_F(ChatWindow, APlaceBelow1OrBeyondTheScreenGivesTheCornerAndTheDesignedSize) {
@@ -229,7 +229,7 @@ TEST_F(ChatWindow, APlaceBelow1OrBeyondTheScreenGivesTheCornerAndTheDesignedSize
         saved(left, top);
         if (!client) start();
         client->zNewChat();
-        EXPECT_EQ(chats().back()->geometry(), QRect(QPoint(0, 0), Designed)) << left << " " << top;
+        EXPECT_EQ(shownAt(*chats().back()), QRect(QPoint(0, 0), Designed)) << left << " " << top;
     }
 }
 
@@ -244,14 +244,14 @@ TEST_F(ChatWindow, BeforeTheFirstExitThePlaceComesFromTheOlderFile) {
     save("Left", "3000");
     start();
     client->zNewChat();
-    EXPECT_EQ(chats()[0]->geometry(), QRect(100, 50, 500, 400));
+    EXPECT_EQ(shownAt(*chats()[0]), QRect(100, 50, 500, 400));
     QDir::setCurrent(before);
 }
 
 TEST_F(ChatWindow, ClosingSavesThePlace) {
     start();
     client->zNewChat();
-    chats()[0]->setGeometry(100, 50, 500, 400);
+    put(*chats()[0], {100, 50, 500, 400});
     chats()[0]->close();
     EXPECT_EQ(stored("Chat", "Left"), "1500");
     EXPECT_EQ(stored("Chat", "Top"), "750");
@@ -262,7 +262,7 @@ TEST_F(ChatWindow, ClosingSavesThePlace) {
 TEST_F(ChatWindow, AMinimisedBoxIsSavedAsItStoodBefore) {
     start();
     client->zNewChat();
-    chats()[0]->setGeometry(100, 50, 500, 400);
+    put(*chats()[0], {100, 50, 500, 400});
     chats()[0]->showMinimized();
     chats()[0]->close();
     EXPECT_EQ(stored("Chat", "Left"), "1500");
@@ -406,7 +406,7 @@ TEST_F(ChatWindow, AHundredThousandTellsAreAllShownInOrder) {
     start();
     frmChat& chat = openChat("Bob");
     modChess.TellTarget = "Bob";
-    txtOutput().insert("a console of some length\r\n");
+    client->chatRouting.consoleLength = [] { return std::size_t{100000000}; };
     QElapsedTimer since;
     since.start();
     string expected;
