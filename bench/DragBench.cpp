@@ -26,6 +26,7 @@ std::unique_ptr<frmChessBoard> openBoard(const BoardRoads& roads, int side) {
     const auto line = cutStyle12(FixedStartLine, LineEnd::RestIsToken);
     readStyle12(line.value(), Style12Fields::All, modChess.Record);
     modChess.Record.Relation = 1;
+    modChess.Record.Flip = false;
     modChess.NewGameFlag = true;
     board->game.zGS();
     board->game.zSetPosition(false);
@@ -37,6 +38,15 @@ void send(BoardView& view, QEvent::Type type, QPointF point, Qt::MouseButton but
     QMouseEvent event(type, point, view.mapToGlobal(point), button, buttons, {});
     QCoreApplication::sendEvent(&view, &event);
 }
+
+// Counts how often the view is painted.
+struct Paints : QObject {
+    double count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++count;
+        return false;
+    }
+};
 
 // The pointer goes round over the board, a few pixels at a time.
 QPointF pointAt(std::int64_t step, int side) {
@@ -55,11 +65,15 @@ void pointerMove(benchmark::State& state, bool dragging) {
     if (board->game.Dragging != dragging || view.geometry().SquarePixels != side) {
         state.SkipWithError("the board is not as it should be");
     }
+    Paints paints;
+    view.installEventFilter(&paints);
     std::int64_t step = 0;
     for (auto _ : state) {
         send(view, QEvent::MouseMove, pointAt(++step, side), Qt::NoButton, dragging ? Qt::LeftButton : Qt::NoButton);
         QCoreApplication::processEvents(); // paints
     }
+    state.counters["paints"] = benchmark::Counter(paints.count, benchmark::Counter::kAvgIterations);
+    view.removeEventFilter(&paints);
 }
 
 void dragStep(benchmark::State& state) { pointerMove(state, true); }

@@ -69,7 +69,7 @@ void BoardInput::fillSurfaces(const BoardParts& parts) {
 
 void BoardInput::makeMenus(QWidget* window) {
     static constexpr std::array<std::pair<const char*, const char*>, 4> Promotions{
-        {{"mnuQueen", "&Queen"}, {"mnuRook", "&Rook"}, {"mnuBishop", "&Bishop"}, {"mnuKnight", "&Knight"}}};
+        {{"mnuQueen", "&Queen"}, {"mnuRook", "&Rook"}, {"mnuBishop", "&Bishop"}, {"mnuKnight", "K&night"}}};
     static constexpr std::array Drops{"mnuDQ", "mnuDR", "mnuDB", "mnuDN", "mnuDP"};
     mnuPromote_ = new QMenu(window);
     mnuPromote_->setObjectName(QStringLiteral("mnuPromote"));

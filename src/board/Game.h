@@ -151,8 +151,8 @@ struct Game {
     bool zMoveLegal(int from, int to);
     // Whether `side` (1 white, -1 black) attacks the other side's king.
     bool zCheckTest(int side);
-    // The algebraic text of the move about to be made, without a check sign. Puts the promotion piece on `from`, and
-    // asks for it (popupPromote, pumps) unless PromotePiece names it already. Nothing: the window closed meanwhile.
+    // The algebraic text of the move about to be made, without "+". Puts the promotion piece on `from`, asking for it
+    // (popupPromote, pumps) unless PromotePiece names it. Empty: its pawn or turn went meanwhile; nothing: the window.
     std::optional<std::string> zMoveText(int from, int to);
     // Makes the move from FromSq to `to`, tested by the rules if `check`, painted and listed if `display`; a live game
     // sends it. Gives its text, empty if no move was made; nothing if the window closed meanwhile (pumps as zMoveText).

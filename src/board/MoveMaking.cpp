@@ -26,8 +26,9 @@ std::optional<std::string> Game::zMakeMove(int to, bool check, bool display) {
     if (FromSet != 1) return "";
     FromSet = 0;
     const int from = FromSq;
-    if (to == from || to < 0 || to >= HandSquare) return "";
+    if (to == from) return "";
     ToSq = static_cast<std::int16_t>(to);
+    if (to < 0 || to >= HandSquare) return "";
     const bool drop = from == HandSquare;
     if (!drop && check && !zMoveLegal(from, to)) return "";
     const int piece = Board[from];
@@ -35,6 +36,11 @@ std::optional<std::string> Game::zMakeMove(int to, bool check, bool display) {
 
     std::optional<std::string> text = zMoveText(from, to);
     if (!text) return std::nullopt;
+    if (text->empty()) {
+        FromSq = static_cast<std::int16_t>(from); // for the repaint: what came has used both
+        ToSq = static_cast<std::int16_t>(to);
+        return text;
+    }
     transferPiece(from, to, display);
     if (!drop && zCastle(piece, from, to)) text = moveRook(from, to, display);
     if (!drop && EPCapture != 0) takeEnPassant(to, display);

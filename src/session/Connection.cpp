@@ -61,6 +61,7 @@ std::string stateText(int state, const std::string& connectionLabel) {
 }
 
 void Connection::mnuConnectClick(std::int16_t index) {
+    if (modChess.AppClosing) return;
     std::error_code ignored; // a folder that has gone leaves the current one
     if (!StartDirectory.empty()) std::filesystem::current_path(StartDirectory, ignored);
     const Server own{modChess.ServerIP, modChess.ServerPort};
@@ -81,23 +82,27 @@ void Connection::mnuConnectClick(std::int16_t index) {
 }
 
 void Connection::direct(const std::string& host, std::int32_t port, const std::string& label) {
+    ++wishes_;
     hooks.connectTo(host, port);
     ConnectionLabel = label;
 }
 
 void Connection::throughBridge(const std::string& host, std::int32_t port) {
+    const int wish = ++wishes_;
+    const auto overtaken = [&] { return modChess.AppClosing || wish != wishes_; };
     zTerminateTimeSeal();
     hooks.wait(BridgeStopWait);
-    if (modChess.AppClosing) return; // the user closed the program during the wait
+    if (overtaken()) return;
     if (!hooks.bridgeProgramFound()) {
         hooks.message("Timeseal.exe not found. TimeSeal is not activated.");
         mnuUseTS = false;
         hooks.checksChanged();
         return direct(host, port, "FICS");
     }
+    ++bridges_;
     hooks.startBridge({host, std::to_string(port), "-p", std::to_string(BridgePort)});
     hooks.wait(BridgePortWait);
-    if (modChess.AppClosing) return;
+    if (overtaken()) return;
     direct("localhost", BridgePort, "Timeseal");
     LabelAfterBridge = "FICS";
 }
@@ -108,6 +113,7 @@ void Connection::askForServer() {
 }
 
 void Connection::mnuCloseClick() {
+    ++wishes_;
     hooks.closeSocket();
     ClosedByUser = true;
     zTerminateTimeSeal();
@@ -115,6 +121,7 @@ void Connection::mnuCloseClick() {
 
 // A clock that stands before the noted time has passed midnight.
 void Connection::zTerminateTimeSeal() {
+    const int bridges = bridges_;
     const double noted = wallClock.secondsOfDay();
     hooks.setCaption(std::string(ClientTitle) + "Closing Timeseal");
     std::int32_t handle = 0;
@@ -122,6 +129,7 @@ void Connection::zTerminateTimeSeal() {
     do {
         handle = hooks.zTimeSealHandle();
         hooks.pump();
+        if (bridges != bridges_) return;
         passed = wallClock.secondsOfDay() - noted;
     } while (handle != 0 && passed >= 0 && passed < BridgeEndWait);
     hooks.setCaption("Brightrank - Client");

@@ -71,7 +71,8 @@ struct Connection {
     bool mnuAutoCon = false;
     bool mnuAutoLogon = false;
 
-    // Connects to the server profile `index`, 0 to 4; others do nothing.
+    // Connects to the server profile `index`, 0 to 4; others do nothing, nor does any while the program closes. The
+    // bridge takes seconds; what the user asks for meanwhile, another connection or none, ends its setting up.
     void mnuConnectClick(std::int16_t index);
     void mnuCloseClick();
     void mnuAutoConClick();
@@ -85,7 +86,8 @@ struct Connection {
     void socketError(const std::string& description); // the Error event of the socket
 
     // Gives a running bridge up to seven seconds to end by itself, the caption saying so, and then asks it once to end.
-    // The message loop runs meanwhile. Also runs at close-down.
+    // The message loop runs meanwhile; a bridge that is started there ends the wait and is left alone. Also runs at
+    // close-down.
     void zTerminateTimeSeal();
 
     // To be called on every arrival: the first text through the bridge names the connection.
@@ -98,6 +100,8 @@ private:
     void stateChanged(int state);
 
     bool firstTickRunning_ = false;
+    int wishes_ = 0;          // the user's so far: connections to set up, or to close
+    int bridges_ = 0;         // started so far
     int tickInterval_ = 1000; // milliseconds
 };
 

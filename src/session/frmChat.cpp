@@ -11,6 +11,8 @@
 #include <QCloseEvent>
 #include <QPointer>
 
+#include <string>
+
 namespace {
 
 constexpr QSize DesignedSize(420, 300); // pixels, as are those below
@@ -26,6 +28,12 @@ constexpr int TellIndent = 2; // of the text, which so begins below that of the 
 
 // Where the question for the buddy stands to the window.
 constexpr QPoint QuestionOffset(420 / TwipsPerPixelX, 210 / TwipsPerPixelY);
+
+// A name that was pasted may have a line end, behind which every tell would be a command of its own.
+std::string withoutLineEnds(std::string name) {
+    std::erase_if(name, [](char c) { return c == '\r' || c == '\n'; });
+    return name;
+}
 
 } // namespace
 
@@ -113,11 +121,12 @@ void frmChat::askForBuddy() {
     const QPoint at = pos() + QuestionOffset;
     const auto answer = boxes.inputAt(this, at.x(), at.y(), "Chat with ", "Chat Box", modChess.NewBuddy);
     if (!self || isHidden()) return;
-    if (!answer || answer->empty()) {
+    const std::string buddy = withoutLineEnds(answer.value_or(std::string()));
+    if (buddy.empty()) {
         close();
         return;
     }
-    box.name(*answer);
+    box.name(buddy);
     txtTell->setFocus();
 }
 

@@ -91,13 +91,14 @@ protected:
         }
     }
 
-    // What the window system holds of the board: the pixels that were really painted, none painted for this.
+    // What the window system holds of the board: the pixels that were really painted, none painted for this. The
+    // offscreen platform gives only a quarter of them at double scale; there the board is painted once more.
     static QImage screenOf(frmChessBoard& board) {
         QCoreApplication::processEvents();
-        const QWidget& target = view(board);
-        QImage window = board.screen()->grabWindow(board.winId()).toImage();
-        window.setDevicePixelRatio(double(window.width()) / board.width());
-        return cut(window, QRect(target.mapTo(&board, QPoint(0, 0)), target.size()));
+        BoardView& target = view(board);
+        if (board.devicePixelRatioF() != 1) return target.grab().toImage();
+        const QImage window = board.screen()->grabWindow(board.winId()).toImage();
+        return window.copy(QRect(target.mapTo(&board, QPoint(0, 0)), target.size()));
     }
     // A part of a picture, given in pixels of the window.
     static QImage cut(const QImage& picture, const QRect& part) {

@@ -112,6 +112,58 @@ TEST(ArrivingPosition, TheGameMayEndWhileThePromotionIsAskedFor) {
     EXPECT_FALSE(rig.game.Dragging);
 }
 
+TEST(ArrivingPosition, ANewGameUnderThePromotionMenuGetsNoMoveOfTheOldOne) {
+    MoveInputRig rig;
+    rig.openWith({.ranks = "----k--- P------- -------- -------- -------- -------- -------- ----K---"});
+    rig.game.surface.popupPromote = [&rig] {
+        rig.game.zEndParms();
+        rig.open({.game = 13});
+        rig.game.zExitMove();
+        rig.effects.clear();
+        rig.game.PromotePiece = 2;
+    };
+    rig.drag("a7", "a8");
+    EXPECT_TRUE(rig.all("send").empty());
+    EXPECT_EQ(rig.game.Board[48], -6);
+    EXPECT_EQ(rig.game.Board[56], -3);
+    EXPECT_EQ(rig.all("draw"), (Effects{"draw 48 0", "draw 56 0"}));
+}
+
+// The game ends
+
+TEST(GameEnds, InTheMiddleOfADragNothingIsSentAndTheBoardIsTheUsersOwn) {
+    MoveInputRig rig;
+    rig.openWith(MyMove);
+    rig.press("e2");
+    rig.game.zEndParms();
+    EXPECT_TRUE(rig.game.Dragging);
+    rig.release("e4");
+    EXPECT_TRUE(rig.all("send").empty());
+    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_EQ(rig.game.Board[28], 6);
+    EXPECT_EQ(rig.game.grdMoves.text(1, 1), "e4");
+}
+
+TEST(GameEnds, APreMoveInHandIsNotQueuedAnyMore) {
+    Waiting rig;
+    rig.press("g1");
+    rig.game.zEndParms();
+    rig.release("f3");
+    EXPECT_FALSE(rig.game.PreMoveSet);
+    EXPECT_TRUE(rig.all("send").empty());
+}
+
+TEST(GameEnds, TheDelayThatRunsSendsNothing) {
+    MoveInputRig rig;
+    rig.openWith(MyMove);
+    modChess.MouseSlip = 9;
+    rig.drag("e2", "e4");
+    rig.game.zEndParms();
+    rig.input.tmrSlip();
+    EXPECT_TRUE(rig.all("send").empty());
+    EXPECT_FALSE(rig.game.Dragging);
+}
+
 // A new game, a repaint
 
 TEST(MoveInHand, ANewGameOnTheBoardGivesItUp) {

@@ -74,6 +74,7 @@ TEST(MakeMove, APieceLetGoBesideTheBoardMakesNoMove) {
         rig.game.zSetFrom(0);
         EXPECT_EQ(rig.game.zMakeMove(to, true, true), "") << to;
         EXPECT_EQ(rig.game.FromSet, 0);
+        EXPECT_EQ(rig.game.ToSq, to) << "so that no square but the first is repainted";
         EXPECT_EQ(rig.at("a1"), 3) << "although the open file leads to square 64";
     }
 }
@@ -429,6 +430,35 @@ TEST(MakeMove, WhatIsSentIsTheUsersMoveAlthoughAPositionCameUnderTheMenu) {
     };
     rig.make("e7e8");
     EXPECT_EQ(rig.all("send"), (Effects{"send e7-e8=Q"}));
+}
+
+TEST(MakeMove, APositionUnderTheMenuInWhichThePawnIsGoneEndsTheMove) {
+    MoveRig rig("Pa7 Ke1 ke8");
+    rig.live().game.surface.popupPromote = [&rig] {
+        rig.put("pa7"); // a new game
+        rig.game.FromSq = 3;
+        rig.game.ToSq = 4;
+        rig.game.PromotePiece = 2;
+    };
+    EXPECT_EQ(rig.make("a7a8"), "");
+    EXPECT_TRUE(rig.effects.empty());
+    EXPECT_EQ(rig.at("a7"), -6);
+    EXPECT_EQ(rig.at("a8"), 0);
+    EXPECT_EQ(rig.game.Turn, 1);
+    EXPECT_EQ(rig.game.PromotePiece, 0) << "the next promotion asks again";
+    EXPECT_EQ(rig.game.FromSq, 48) << "both squares are repainted";
+    EXPECT_EQ(rig.game.ToSq, 56);
+}
+
+TEST(MakeMove, ATakebackUnderTheMenuThatGivesTheOtherSideTheMoveEndsTheMove) {
+    MoveRig rig("Pa7 Ke1 ke8");
+    rig.live().game.surface.popupPromote = [&rig] {
+        rig.game.Turn = -1;
+        rig.game.PromotePiece = 2;
+    };
+    EXPECT_EQ(rig.make("a7a8"), "");
+    EXPECT_TRUE(rig.effects.empty());
+    EXPECT_EQ(rig.at("a7"), 6);
 }
 
 TEST(MakeMove, Row200TakesAMoveOfWhiteAndFaultsAtTheGrantBehindBlacks) {

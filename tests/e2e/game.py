@@ -42,7 +42,8 @@ class PlayedByHand(unittest.TestCase):
         self.screen.pieces = self.pieces
         waitFor(self.screen.find, 10, "the board")
         self.awaitPosition()
-        time.sleep(4.2)  # no piece can be lifted in the first four seconds
+        self.display.keys("alt+b", "l")  # Board, Clean: else no piece can be lifted in the first four seconds
+        time.sleep(QUIET)
 
     def startGame(self, white, kind):
         time.sleep(0.5)

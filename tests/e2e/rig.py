@@ -29,7 +29,7 @@ Use_Timeseal=False
 Auto_Connect=True
 Auto_Logon=True
 Handle={handle}
-Password=practice
+Password={password}
 Last_Server=0
 Sound_On=0
 Left=150
@@ -242,15 +242,16 @@ def pieceOn(rows, square):
 class Client:
     """The built program with a store of its own, on a display of the test's."""
 
-    def __init__(self, display, port, handle="Pupil", boardWidth=10500, boardHeight=9000, **settings):
+    def __init__(self, display, port, handle="Pupil", password="practice", program=BUILD / "brightrank",
+                 boardWidth=10500, boardHeight=9000, **settings):
         self.folder = tempfile.mkdtemp(prefix="brightrank-e2e-")
         store = pathlib.Path(self.folder, "config/Brightrank/Brightrank.ini")
         store.parent.mkdir(parents=True)
         extra = "\n".join(f"{key}={value}" for key, value in settings.items())
-        store.write_text(STORE.format(port=port, handle=handle, extra=extra, boardWidth=boardWidth,
+        store.write_text(STORE.format(port=port, handle=handle, password=password, extra=extra, boardWidth=boardWidth,
                                       boardHeight=boardHeight))
         self.log = open(pathlib.Path(self.folder, "log"), "wb")
-        self.process = subprocess.Popen([str(BUILD / "brightrank")], cwd=self.folder, stdout=self.log, stderr=self.log,
+        self.process = subprocess.Popen([str(program)], cwd=self.folder, stdout=self.log, stderr=self.log,
                                         env=display.environment() | {"XDG_CONFIG_HOME": self.folder + "/config"})
 
     def memory(self):

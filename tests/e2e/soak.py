@@ -5,7 +5,7 @@
 
 Legal moves at random, by the packaged engine; every third one is answered by a move that was queued before it.
 After each move both screens have to show the position that the server sent. Prints the memory of both every hundred
-games."""
+games; the consoles, which keep all they ever showed, are cleared every fifty."""
 import argparse
 import contextlib
 import random
@@ -15,9 +15,10 @@ import subprocess
 import time
 
 from learn import learnPieces
-from rig import Client, Display, PracticeServer, Screen, Wire, waitFor
+from rig import MOVED, PRE_MOVED, SQUARES, Client, Display, PracticeServer, Screen, Wire, pieceOn, waitFor
 
 NAMES = ("Pupil", "Rookery")  # white and black
+VERBOSE_MOVE = 26  # field of a Style 12 line, counted from its first row
 
 
 class Engine:
@@ -62,15 +63,41 @@ class Player:
         waitFor(lambda: "Set Style 12" in self.wire.lines(), 20, "the log-on")
 
     def liftTheFourSecondsRule(self):
-        """Board, Clean: else no piece can be lifted yet."""
-        self.display.keys("alt+b", "l")
+        """Board, Clean: else no piece can be lifted yet. The menu stands above the board."""
+        self.display.click(self.screen.left + 62, self.screen.top - 35)
+        time.sleep(0.05)
+        self.display.keys("l")
+
+    def clearConsole(self):
+        """Console, Clear Screen; the console of `rig.STORE` stands at the lower left."""
+        self.display.click(80, 670)
+        time.sleep(0.1)
+        self.display.keys("c")
 
     def drag(self, move):
         self.display.move(*self.screen.centre(move[:2]))
         self.display.press()
         self.display.move(*self.screen.centre(move[2:4]))
         self.display.release()
-        self.display.move(self.screen.left - 3, self.screen.top - 3)  # a pointer at rest on a piece queues it again
+        self.display.move(*self.screen.centre(self.emptySquare(move[2:4])))
+
+    def dragUntil(self, move, done):
+        """A piece that is taken up while a position is being put on the board, or too early, stays where it is: on a
+        busy machine the hand has to try again."""
+        for _ in range(10):
+            self.drag(move)
+            with contextlib.suppress(AssertionError):
+                return waitFor(done, 1, f"{move}, taken up")
+        raise AssertionError(f"{move} could not be made")
+
+    def queue(self, move):
+        self.dragUntil(move, lambda: self.screen.mark(move[2:4]) == PRE_MOVED)
+        time.sleep(0.01)  # for the pointer to be seen at rest
+
+    def emptySquare(self, taken):
+        """One to rest on: a pointer left on an own piece makes the board queue a pre-move again and not send it."""
+        rows = self.wire.positions()[-1][:8]
+        return next(square for square in SQUARES if square != taken and pieceOn(rows, square) == "-")
 
     def shows(self):
         return self.screen.read() == self.wire.positions()[-1][:8]
@@ -92,6 +119,13 @@ class Soak:
         for player in self.players:
             waitFor(lambda: len(player.wire.positions()) > count, 10, f"the position behind {move}")
             waitFor(player.shows, 5, f"{player.wire.positions()[-1][:8]} on the screen behind {move}")
+            # A move shows before the server has confirmed it; its mark comes with the confirmation.
+            # Castling has none, and the repainting at a game's start takes that of the first move.
+            fields = player.wire.positions()[-1]
+            if count > 1 and not fields[VERBOSE_MOVE].startswith("o-o"):
+                waitFor(lambda: player.screen.mark(move[2:4]) == MOVED, 5, f"the mark of {move}")
+            else:
+                time.sleep(0.05)
 
     def start(self):
         for player in self.players:
@@ -111,6 +145,7 @@ class Soak:
         moves = self.engine.randomGame(self.dice, self.options.plies)
         self.start()
         ply = 0
+        self.current = moves
         while ply < len(moves):
             due = time.monotonic() + self.options.pace
             ply += self.preMove(moves, ply) if ply % 3 == 2 and ply + 1 < len(moves) else self.move(moves, ply)
@@ -119,13 +154,17 @@ class Soak:
         self.moves += len(moves)
 
     def move(self, moves, ply):
-        self.players[ply % 2].drag(moves[ply])
+        player = self.players[ply % 2]
+        if ply == 0:
+            player.dragUntil(moves[0], lambda: len(player.wire.positions()) > 1)
+        else:
+            player.drag(moves[ply])
         self.agree(ply + 1, moves[ply])
         return 1
 
     def preMove(self, moves, ply):
         """He who has just moved queues his next move, and the other one makes his."""
-        self.players[(ply + 1) % 2].drag(moves[ply + 1])
+        self.players[(ply + 1) % 2].queue(moves[ply + 1])
         self.players[ply % 2].drag(moves[ply])
         self.agree(ply + 2, moves[ply + 1])
         self.preMoves += 1
@@ -150,7 +189,15 @@ def main():
         soak = Soak(stack, options)
         begin = time.monotonic()
         for game in range(1, options.games + 1):
-            soak.play()
+            try:
+                soak.play()
+            except AssertionError as error:
+                sent = [player.wire.lines()[-3:] for player in soak.players]
+                raise SystemExit(f"game {game}, {' '.join(soak.current)}: {error}; sent last: {sent}") from error
+            if game % 50 == 0:
+                for player in soak.players:
+                    player.clearConsole()
+                time.sleep(0.3)
             if game % 100 == 0 or game in (1, options.games):
                 memory = ", ".join(f"{player.client.memory():.1f}" for player in soak.players)
                 print(f"{game} games, {soak.moves} moves, {soak.preMoves} of them queued: {memory} MB resident, "

@@ -39,6 +39,12 @@ protected:
         EXPECT_TRUE(waitUntil([&] { return messages.size() > asked; }));
         return *chats().back();
     }
+    // The corner of the window's frame and the size of what it holds, as settings keep them.
+    static QRect shownAt(const frmChat& chat) { return {chat.pos(), chat.size()}; }
+    static void put(frmChat& chat, const QRect& place) {
+        chat.move(place.topLeft());
+        chat.resize(place.size());
+    }
     static Console& txtChat(const frmChat& chat) { return *chat.findChild<Console*>(QStringLiteral("txtChat")); }
     static TypingLine& txtTell(const frmChat& chat) { return *chat.findChild<TypingLine*>(QStringLiteral("txtTell")); }
     static std::string caption(const frmChat& chat) { return chat.windowTitle().toStdString(); }

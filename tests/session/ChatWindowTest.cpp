@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QInputDialog>
 #include <QScrollBar>
 #include <QTemporaryDir>
 
@@ -78,6 +79,14 @@ TEST_F(ChatWindow, AnEmptyAnswerOrCancelClosesTheBox) {
     }
 }
 
+TEST_F(ChatWindow, ALineEndInAPastedNameIsNoPartOfIt) {
+    start();
+    EXPECT_EQ(openChat("Bob\r\n").box.xBuddy, "Bob");
+    buddy = "\n";
+    client->zNewChat();
+    EXPECT_TRUE(waitUntil([] { return openWindows.count("frmChat") == 1; }));
+}
+
 TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionStaysClosed) {
     start();
     whileAsked = [this] {
@@ -118,6 +127,87 @@ TEST_F(ChatWindow, TheRealQuestionGoesWithTheProgram) {
     EXPECT_EQ(openWindows.count("frmChat"), 0);
 }
 
+namespace {
+
+// Real questions, of the boxes in the order of opening; what is up runs the message loop, so a timer looks at them.
+class ChatQuestions : public ChatWindow {
+protected:
+    ChatQuestions() { boxes.inputAt = Boxes().inputAt; }
+
+    static std::vector<QInputDialog*> asked() {
+        std::vector<QInputDialog*> found;
+        for (const frmChat* chat : chats()) {
+            auto* question = chat->findChild<QInputDialog*>();
+            if (question && question->isVisible()) found.push_back(question);
+        }
+        return found;
+    }
+    // Opens two boxes at once and runs `answer` when both ask.
+    void whenBothAsk(const std::function<void()>& answer) {
+        start();
+        client->zNewChat();
+        client->zNewChat();
+        bool both = false;
+        QTimer look;
+        look.callOnTimeout([&] {
+            if (both || asked().size() < 2) return;
+            both = true;
+            answer();
+        });
+        look.start(5);
+        ASSERT_TRUE(waitUntil([&] { return both && asked().empty(); }));
+    }
+};
+
+} // namespace
+
+TEST_F(ChatQuestions, OfTwoThatAreUpAtOnceEachNamesItsOwnBox) {
+    whenBothAsk([] {
+        const auto questions = asked();
+        questions[1]->setTextValue(QStringLiteral("Ann"));
+        questions[1]->accept();
+        questions[0]->setTextValue(QStringLiteral("Bob"));
+        questions[0]->accept();
+    });
+    EXPECT_EQ(chats()[0]->box.xBuddy, "Bob");
+    EXPECT_EQ(chats()[1]->box.xBuddy, "Ann");
+}
+
+TEST_F(ChatQuestions, OfTwoThatAreUpAtOnceOneMayBeCancelled) {
+    whenBothAsk([] {
+        const auto questions = asked();
+        questions[0]->reject();
+        questions[1]->setTextValue(QStringLiteral("Ann"));
+        questions[1]->accept();
+    });
+    ASSERT_TRUE(waitUntil([] { return openWindows.count("frmChat") == 1; }));
+    EXPECT_EQ(chats()[0]->box.xBuddy, "Ann");
+}
+
+TEST_F(ChatQuestions, TwoThatAreUpGoWithTheProgram) {
+    whenBothAsk([this] { client->close(); });
+    EXPECT_EQ(openWindows.count("frmChat"), 0);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(ChatQuestions, ATellThatNamesTheBoxMeanwhileIsShownAndTheAnswerStillNamesIt) {
+    start();
+    client->zNewChat();
+    QTimer look;
+    look.callOnTimeout([] {
+        const auto questions = asked();
+        if (questions.empty()) return;
+        chats()[0]->box.name("Bobby");
+        chats()[0]->box.show("hi\r\n", 1000);
+        questions[0]->setTextValue(QStringLiteral("Ann"));
+        questions[0]->accept();
+    });
+    look.start(5);
+    ASSERT_TRUE(waitUntil([] { return chats()[0]->box.xBuddy == "Ann"; }));
+    EXPECT_EQ(caption(*chats()[0]), "Chat with Ann");
+    EXPECT_EQ(txtChat(*chats()[0]).text(), "hi\n");
+}
+
 // Place
 
 TEST_F(ChatWindow, AFirstBoxStandsAtTheCornerInTheDesignedSize) {
@@ -131,7 +221,7 @@ TEST_F(ChatWindow, ASavedPlaceIsTaken) {
     saved("1500", "750");
     start();
     client->zNewChat();
-    EXPECT_EQ(chats()[0]->geometry(), QRect(100, 50, 500, 400));
+    EXPECT_EQ(shownAt(*chats()[0]), QRect(100, 50, 500, 400));
 }
 
 TEST_F(ChatWindow, APlaceBelow1OrBeyondTheScreenGivesTheCornerAndTheDesignedSize) {
@@ -139,7 +229,7 @@ TEST_F(ChatWindow, APlaceBelow1OrBeyondTheScreenGivesTheCornerAndTheDesignedSize
         saved(left, top);
         if (!client) start();
         client->zNewChat();
-        EXPECT_EQ(chats().back()->geometry(), QRect(QPoint(0, 0), Designed)) << left << " " << top;
+        EXPECT_EQ(shownAt(*chats().back()), QRect(QPoint(0, 0), Designed)) << left << " " << top;
     }
 }
 
@@ -154,14 +244,14 @@ TEST_F(ChatWindow, BeforeTheFirstExitThePlaceComesFromTheOlderFile) {
     save("Left", "3000");
     start();
     client->zNewChat();
-    EXPECT_EQ(chats()[0]->geometry(), QRect(100, 50, 500, 400));
+    EXPECT_EQ(shownAt(*chats()[0]), QRect(100, 50, 500, 400));
     QDir::setCurrent(before);
 }
 
 TEST_F(ChatWindow, ClosingSavesThePlace) {
     start();
     client->zNewChat();
-    chats()[0]->setGeometry(100, 50, 500, 400);
+    put(*chats()[0], {100, 50, 500, 400});
     chats()[0]->close();
     EXPECT_EQ(stored("Chat", "Left"), "1500");
     EXPECT_EQ(stored("Chat", "Top"), "750");
@@ -172,7 +262,7 @@ TEST_F(ChatWindow, ClosingSavesThePlace) {
 TEST_F(ChatWindow, AMinimisedBoxIsSavedAsItStoodBefore) {
     start();
     client->zNewChat();
-    chats()[0]->setGeometry(100, 50, 500, 400);
+    put(*chats()[0], {100, 50, 500, 400});
     chats()[0]->showMinimized();
     chats()[0]->close();
     EXPECT_EQ(stored("Chat", "Left"), "1500");
@@ -316,7 +406,7 @@ TEST_F(ChatWindow, AHundredThousandTellsAreAllShownInOrder) {
     start();
     frmChat& chat = openChat("Bob");
     modChess.TellTarget = "Bob";
-    txtOutput().insert("a console of some length\r\n");
+    client->chatRouting.consoleLength = [] { return std::size_t{100000000}; };
     QElapsedTimer since;
     since.start();
     string expected;

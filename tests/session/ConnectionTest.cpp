@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -177,6 +178,69 @@ TEST_F(ConnectionTest, AProgramClosedDuringTheBridgesWaitDoesNotConnect) {
     connection.hooks.wait = [](double) { modChess.AppClosing = true; };
     connection.mnuConnectClick(3);
     EXPECT_TRUE(log.empty());
+}
+
+TEST_F(ConnectionTest, AProgramClosedDuringTheWaitForThePortDoesNotConnect) {
+    fillBridge();
+    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.hooks.wait = [](double seconds) { modChess.AppClosing = seconds > 1; };
+    connection.mnuConnectClick(3);
+    EXPECT_EQ(log.back(), "start 167.114.65.195 5000 -p 6000");
+}
+
+TEST_F(ConnectionTest, NoConnectionBeginsWhileTheProgramCloses) {
+    modChess.AppClosing = true;
+    answer = "h,1";
+    for (std::int16_t index = 0; index < 5; ++index) connection.mnuConnectClick(index);
+    EXPECT_TRUE(log.empty());
+}
+
+// The waits of a bridge let the user go on asking.
+
+TEST_F(ConnectionTest, AskedTwiceOnlyTheLaterConnectionIsSetUp) {
+    fillBridge();
+    connection.hooks.bridgeProgramFound = [] { return true; };
+    for (const double during : {0.55, 1.1}) {
+        log.clear();
+        bool again = false;
+        connection.hooks.wait = [&](double seconds) {
+            if (seconds == during && !std::exchange(again, true)) connection.mnuConnectClick(3);
+        };
+        connection.mnuConnectClick(3);
+        EXPECT_EQ(std::count(log.begin(), log.end(), "connect localhost:6000"), 1) << during;
+        EXPECT_EQ(log.back(), "connect localhost:6000");
+    }
+}
+
+TEST_F(ConnectionTest, ADirectConnectionThatIsAskedForDuringTheWaitStands) {
+    fillBridge();
+    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.hooks.wait = [this](double seconds) {
+        if (seconds > 1) connection.mnuConnectClick(4);
+    };
+    connection.mnuConnectClick(3);
+    EXPECT_EQ(log.back(), "connect chessclub.com:6000");
+    EXPECT_EQ(connection.ConnectionLabel, "ICC");
+}
+
+TEST_F(ConnectionTest, AnAlternateServerThatIsNotNamedDuringTheWaitChangesNothing) {
+    fillBridge();
+    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.hooks.wait = [this](double seconds) {
+        if (seconds > 1) connection.mnuConnectClick(2);
+    };
+    connection.mnuConnectClick(3);
+    EXPECT_EQ(log.back(), "connect localhost:6000");
+}
+
+TEST_F(ConnectionTest, ClosingTheConnectionDuringTheWaitEndsTheSettingUp) {
+    fillBridge();
+    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.hooks.wait = [this](double seconds) {
+        if (seconds > 1) connection.mnuCloseClick();
+    };
+    connection.mnuConnectClick(3);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "connect localhost:6000"), 0);
 }
 
 TEST_F(ConnectionTest, TheFirstTextThroughTheBridgeNamesTheConnection) {

@@ -51,7 +51,7 @@ TEST_F(RegistryDump, GivesTheRunningPlaceOfTheOldestChatBoxOrTheOneItWouldStartW
     start();
     entry("mnuTest").trigger();
     EXPECT_NE(dumped().find("Chat\nLeft:  0\nTop:  0\nWidth:  6300\nHeight:  4500\n"), std::string::npos);
-    openChat("Bob").setGeometry(100, 50, 500, 400);
+    put(openChat("Bob"), {100, 50, 500, 400});
     openChat("Ann");
     entry("mnuTest").trigger();
     EXPECT_NE(dumped().find("Chat\nLeft:  1500\nTop:  750\nWidth:  7500\nHeight:  6000\n"), std::string::npos);

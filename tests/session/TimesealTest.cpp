@@ -80,6 +80,36 @@ TEST_F(TimesealTest, TheLatestHandleIsTheOneThatIsAsked) {
     EXPECT_EQ(log.back(), "close 4712");
 }
 
+// The user closes the connection and asks for the next one while the old bridge still ends.
+TEST_F(TimesealTest, ABridgeThatIsStartedDuringTheWaitIsNotAsked) {
+    handle = 4711;
+    auto& hooks = connection.hooks;
+    hooks.bridgeProgramFound = [] { return true; };
+    hooks.startBridge = [this](const std::vector<std::string>&) {
+        log.emplace_back("start");
+        handle = 4712;
+    };
+    hooks.connectTo = [this](const std::string&, std::int32_t) { log.emplace_back("connect"); };
+    hooks.pump = [this, turn = hooks.pump] {
+        turn();
+        if (turns != 2) return;
+        handle = 0; // it has ended by itself
+        connection.mnuConnectClick(3);
+    };
+    connection.mnuCloseClick();
+    EXPECT_THAT(log, ElementsAre("close socket", Closing, Closing, Closed, "start", "connect"));
+}
+
+TEST_F(TimesealTest, ADirectConnectionDuringTheWaitDoesNotSpareTheOldBridge) {
+    handle = 4711;
+    connection.hooks.pump = [this, turn = connection.hooks.pump] {
+        turn();
+        if (turns == 2) connection.mnuConnectClick(4);
+    };
+    connection.mnuCloseClick();
+    EXPECT_EQ(log.back(), "close 4711");
+}
+
 TEST_F(TimesealTest, ClosingTheConnectionClosesTheSocketFirst) {
     handle = 4711;
     endsAtTurn = 1;

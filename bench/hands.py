@@ -1,0 +1,179 @@
+#!/usr/bin/env python3
+"""Measures what a hand on the board feels, with a real pointer on a virtual display and a server of its own.
+
+    bench/hands.py [--program build/release/brightrank] [--moves 100]
+
+- CPU of the program for one movement of the pointer with a piece in hand, squares of 76 pixels.
+- From letting go of the button to the move's bytes at the server, no delay against slips.
+- From handing the opponent's move to the socket to the bytes of the queued pre-move at the server.
+
+CPU is the run time of all threads as the kernel counts it. The times hold the display's and the loopback's share."""
+import argparse
+import os
+import pathlib
+import queue
+import statistics
+import socket
+import sys
+import threading
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests/e2e")]
+import rig  # noqa: E402
+from desktop import Display, waitFor  # noqa: E402
+
+HOME = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
+OUT = HOME[:5] + ["-----N--", "PPPPPPPP", "RNBQKB-R"]
+LINE = "<12> {} {} -1 1 1 1 1 0 7 Bench Other {} 60 0 39 39 3600 3600 {} {} (0:00) {} 0 0 0"
+
+
+class Opponent:
+    """A server at which the white knight goes to and fro, in one game that never ends."""
+
+    def __init__(self):
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.port = self.listener.getsockname()[1]
+        self.lines = queue.Queue()  # (moment, line) as the program sent them
+        self.number = 1
+        threading.Thread(target=self.listen, daemon=True).start()
+
+    def listen(self):
+        self.client, _ = self.listener.accept()
+        self.client.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+        self.client.sendall(b"login: ")
+        rest = b""
+        while piece := self.client.recv(4096):
+            now = time.perf_counter()
+            *lines, rest = (rest + piece).split(b"\n")
+            for line in lines:
+                self.lines.put((now, line.decode("latin-1")))
+
+    def logOn(self):
+        self.awaitLine("Bench")
+        self.say("\n\rpassword: ")
+        self.awaitLine("bench")
+        self.say("\n\r**** Starting FICS session as Bench ****\n\r\n\rfics% ")
+        self.awaitLine("Set Style 12")
+        self.say("\n\rStyle 12 set.\n\rfics% ")
+
+    def awaitLine(self, wanted):
+        """The moment at which that line came; others before it are an error."""
+        moment, line = self.lines.get(timeout=20)
+        if line != wanted:
+            raise SystemExit(f"hands: the program sent {line!r} and not {wanted!r}")
+        return moment
+
+    def say(self, text):
+        self.client.sendall(text.encode("latin-1"))
+
+    def position(self, rows, mover, move, pretty):
+        """Shows a position; `mover` W is the program's user."""
+        self.say("\n\r" + LINE.format(" ".join(rows), mover, 1 if mover == "W" else -1, self.number, move, pretty)
+                 + "\n\rfics% ")
+
+
+class Hands:
+    def __init__(self, display, options):
+        self.display = display
+        self.opponent = Opponent()
+        self.client = rig.Client(display, self.opponent.port, handle="Bench", password="bench",
+                                 program=options.program, boardWidth=12600, boardHeight=10700, PreMove_OK=1)
+        self.opponent.logOn()
+        self.screen = rig.Screen(display)
+        self.opponent.position(HOME, "W", "none", "none")
+        waitFor(self.screen.find, 15, "a board")
+        time.sleep(4.5)  # no piece can be lifted in the first four seconds
+        waitFor(self.screen.find, 5, "the board")
+
+    def cpu(self):
+        tasks = pathlib.Path(f"/proc/{self.client.process.pid}/task").iterdir()
+        return sum(int((task / "schedstat").read_text().split()[0]) for task in tasks) / 1e9
+
+    def lift(self, square):
+        self.display.move(*self.screen.centre(square))
+        self.display.press()
+
+    def pointerMoves(self, count):
+        """CPU milliseconds for each of `count` movements, 5 ms apart."""
+        self.lift("g1")
+        time.sleep(0.2)
+        x, y = self.screen.centre("d4")
+        before = self.cpu()
+        for step in range(count):
+            self.display.move(x + 7 * (step % 40) - 140, y + 5 * (step % 60) - 150)
+            time.sleep(0.005)
+        time.sleep(0.1)
+        spent = self.cpu() - before
+        self.display.move(*self.screen.centre("g1"))
+        self.display.release()
+        time.sleep(0.2)
+        return spent / count * 1000
+
+    def releases(self, count):
+        """Milliseconds from each mouse-up to the move's bytes."""
+        times = []
+        for start, end, rows in [("g1", "f3", OUT), ("f3", "g1", HOME)] * (count // 2):
+            self.lift(start)
+            self.display.move(*self.screen.centre(end))
+            time.sleep(0.03)
+            released = time.perf_counter()
+            self.display.release()
+            times.append(self.opponent.awaitLine(f"{start}-{end}") - released)
+            self.opponent.number += 1
+            self.opponent.position(rows, "W", "p/h7-h6", "h6")
+            time.sleep(0.03)
+        return [1000 * each for each in times]
+
+    def queue(self, start, end):
+        """Queues a move; a piece taken up while a position is being put on the board stays where it is."""
+        while self.screen.mark(end) != rig.PRE_MOVED:
+            self.lift(start)
+            self.display.move(*self.screen.centre(end))
+            self.display.release()
+            self.display.move(*self.screen.centre("e5"))
+            time.sleep(0.05)
+
+    def preMoves(self, count):
+        """Milliseconds from each opponent's move to the queued move's bytes."""
+        times = []
+        for start, end, rows in [("g1", "f3", HOME), ("f3", "g1", OUT)] * (count // 2):
+            self.opponent.position(rows, "B", "P/h2-h3", "h3")
+            time.sleep(0.05)
+            self.queue(start, end)
+            self.opponent.number += 1
+            handed = time.perf_counter()
+            self.opponent.position(rows, "W", "p/h7-h6", "h6")
+            times.append(self.opponent.awaitLine(f"{start}-{end}") - handed)
+            time.sleep(0.03)
+        return [1000 * each for each in times]
+
+    def end(self):
+        self.client.end()
+
+
+def show(name, times):
+    ordered = sorted(times)
+    print(f"{name}: median {statistics.median(ordered):.2f}, least {ordered[0]:.2f}, "
+          f"of a hundred the second longest {ordered[-max(2, len(ordered) // 50)]:.2f}, {len(ordered)} measured")
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Measures what a hand on the board feels.")
+    parser.add_argument("--program", default=str(ROOT / "build/release/brightrank"))
+    parser.add_argument("--moves", type=int, default=100)
+    options = parser.parse_args()
+    options.program = str(pathlib.Path(options.program).resolve())
+    with Display() as display:
+        hands = Hands(display, options)
+        try:
+            print(f"squares of {hands.screen.side} pixels, load {os.getloadavg()[0]:.1f}")
+            print(f"a movement with a piece in hand: {hands.pointerMoves(400):.3f} ms of CPU")
+            show("mouse-up to the move's bytes, ms", hands.releases(options.moves))
+            show("opponent's move to the pre-move's bytes, ms", hands.preMoves(options.moves))
+        finally:
+            hands.end()
+
+
+if __name__ == "__main__":
+    main()
