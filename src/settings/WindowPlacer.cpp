@@ -28,9 +28,7 @@ WindowPlace WindowPlacer::place() const {
 
 void WindowPlacer::moveTo(const WindowPlace& at) {
     window_->move(int(at.Left) / TwipsPerPixelX, int(at.Top) / TwipsPerPixelY);
-    // Without its least size it would be resized when it shows, and then stand without regard to its frame.
-    const QSize size(int(at.Width) / TwipsPerPixelX, int(at.Height) / TwipsPerPixelY);
-    window_->resize(size.expandedTo(window_->minimumSizeHint()));
+    window_->resize(int(at.Width) / TwipsPerPixelX, int(at.Height) / TwipsPerPixelY);
 }
 
 void WindowPlacer::unminimise() {

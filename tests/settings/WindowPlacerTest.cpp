@@ -4,7 +4,6 @@
 #include "platform/WaitUntil.h"
 
 #include <QScreen>
-#include <QVBoxLayout>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -47,16 +46,6 @@ TEST_F(WindowPlacerTest, WhatWasSavedPutsAnotherWindowThere) {
     next.show();
     EXPECT_EQ(next.frameGeometry(), window.frameGeometry());
     EXPECT_EQ(next.geometry(), window.geometry());
-}
-
-TEST_F(WindowPlacerTest, ASavedSizeThatIsTooSmallIsMadeFitBeforeTheWindowShows) {
-    QWidget next;
-    (new QVBoxLayout(&next))->addWidget(new QWidget);
-    next.layout()->itemAt(0)->widget()->setMinimumSize(400, 100);
-    WindowPlacer(&next).moveTo(Shown);
-    EXPECT_GE(next.width(), 400);
-    EXPECT_EQ(next.height(), 200);
-    EXPECT_EQ(next.pos(), QPoint(40, 30));
 }
 
 TEST_F(WindowPlacerTest, AMaximisedWindowGivesThePlaceThatItGoesBackTo) {
