@@ -17,7 +17,7 @@ namespace {
 
 const void* openBoard(const BoardRoads& roads, frmChessClient& client) {
     auto* board = new frmChessBoard(roads); // deletes itself after closing
-    QObject::connect(board, &frmChessBoard::chatWanted, &client, [&client] { client.typingKeys.hooks.zNewChat(); });
+    QObject::connect(board, &frmChessBoard::chatWanted, &client, [&client] { client.showChat(); });
     board->load();
     return board;
 }

@@ -16,7 +16,7 @@ QMenu* addMenu(QMenuBar& bar, const char* name, const char* caption) {
 } // namespace
 
 void BoardMenus::build(QMenuBar& bar) {
-    QMenu* file = addMenu(bar, "mnuFile", "F&ile");
+    QMenu* file = addMenu(bar, "mnuFile", "&File");
     mnuNew = addEntry(file, "mnuNew", "&New Game");
     addUnbuilt(file, "mnuPGN", "&Read PGN");
     mnuSavePGN = addUnbuilt(file, "mnuSavePGN", "Store &PGN");
@@ -43,7 +43,7 @@ void BoardMenus::build(QMenuBar& bar) {
     mnuSelfCheck = addUnbuilt(actions, "mnuSelfCheck", "Self &Check");
     mnuSelfCheck->setVisible(false);
 
-    QMenu* panels = addMenu(bar, "mnuIfc", "I&nterface");
+    QMenu* panels = addMenu(bar, "mnuIfc", "&Interface");
     addUnbuilt(panels, "mnuSeekGrf", "&Seek Graph");
     addUnbuilt(panels, "mnuVars", "&Variables");
     addUnbuilt(panels, "mnuNotes", "&Notes");

@@ -23,9 +23,11 @@ constexpr int Gap = 2;
 constexpr int BugWidth = 130;
 constexpr int UnWidth = 76;
 
+constexpr int LargestLetter = 12; // of a button, which has its size from the board and not from its caption
+
 QFont smaller(const QWidget* widget) {
     QFont font = widget->font();
-    font.setPointSizeF(font.pointSizeF() * 0.9);
+    font.setPixelSize(std::min(LargestLetter, qRound(QFontInfo(font).pixelSize() * 0.9)));
     return font;
 }
 

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -13,3 +14,11 @@ inline QString shownText(std::string_view bytes) {
 
 // The inverse; what Latin-1 does not hold becomes "?".
 inline std::string bytesOf(const QString& text) { return text.toLatin1().toStdString(); }
+
+// The same of a box of one line: a line break that was pasted into it is the blank as which the box shows it.
+inline std::string lineOf(const QString& text) {
+    std::string line = bytesOf(text);
+    std::ranges::replace_if(
+        line, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return line;
+}

@@ -32,7 +32,7 @@ TypingLine::TypingLine(QWidget* parent) : QLineEdit(parent) {
     setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: 42 }")); // "*"
 }
 
-std::string TypingLine::line() const { return bytesOf(text()); }
+std::string TypingLine::line() const { return lineOf(text()); }
 
 void TypingLine::setLine(const std::string& text) {
     setText(shownText(text));

@@ -12,7 +12,7 @@ class TypingLine : public QLineEdit {
 public:
     explicit TypingLine(QWidget* parent = nullptr);
 
-    // The text, one character a byte; what Latin-1 does not hold becomes "?".
+    // The text, one character a byte; what Latin-1 does not hold becomes "?", a pasted line break a blank.
     std::string line() const;
     // Replaces the text; the insertion point goes to its end.
     void setLine(const std::string& text);

@@ -62,6 +62,8 @@ frmMatch::frmMatch(const MatchRoads& roads) : roads_(roads) {
     auto* column = new QVBoxLayout(this);
     column->setSpacing(0);
     column->addWidget(buildOpponent());
+    gap_ = new QSpacerItem(0, 0);
+    column->addSpacerItem(gap_);
     auto* frames = new QHBoxLayout;
     frames->setSpacing(Gap);
     frames->addWidget(buildTiming());
@@ -72,6 +74,7 @@ frmMatch::frmMatch(const MatchRoads& roads) : roads_(roads) {
     column->addSpacing(2 * Gap);
     column->addLayout(buildButtons());
     column->setSizeConstraint(QLayout::SetFixedSize);
+    margins_ = column->contentsMargins();
     load();
     openWindows.add({"frmMatch", this, nullptr, [this] { close(); }});
 }
@@ -181,18 +184,30 @@ void frmMatch::enableByServer() {
 
 void frmMatch::present() {
     setWindowTitle(modChess.MatchMode ? tr("Match") : tr("Seek"));
-    opponent_->setVisible(modChess.MatchMode);
-    fraRating_->setVisible(!modChess.MatchMode);
-    layout()->activate();
+    takeGuise();
     show();
     raise();
     activateWindow();
+    QLineEdit* first = modChess.MatchMode ? txtOpp_ : txtTime_;
+    first->setFocus();
+    first->selectAll(); // typing replaces the last one
+}
+
+// The opponent takes the prescribed height and no more: the gap below it comes off the margin above.
+void frmMatch::takeGuise() {
+    opponent_->setVisible(modChess.MatchMode);
+    fraRating_->setVisible(!modChess.MatchMode);
+    const int gap = modChess.MatchMode ? std::min(Gap, margins_.top()) : 0;
+    layout()->setContentsMargins(margins_ - QMargins(0, gap, 0, 0));
+    gap_->changeSize(0, gap);
+    layout()->invalidate();
+    layout()->activate();
 }
 
 Challenge frmMatch::challenge() const {
-    return {bytesOf(txtTime_->text()), bytesOf(txtInc_->text()), bytesOf(txtMin_->text()),
-            bytesOf(txtMax_->text()),  bytesOf(txtOpp_->text()), chkRated_->isChecked(),
-            chkServer_->isChecked(),   choiceOf(*cboColor_),     choiceOf(*cboType_)};
+    return {lineOf(txtTime_->text()), lineOf(txtInc_->text()), lineOf(txtMin_->text()),
+            lineOf(txtMax_->text()),  lineOf(txtOpp_->text()), chkRated_->isChecked(),
+            chkServer_->isChecked(),  choiceOf(*cboColor_),    choiceOf(*cboType_)};
 }
 
 void frmMatch::cmdOK() {
@@ -212,6 +227,6 @@ frmMatch& frmMatch::showIt(const MatchRoads& roads) {
 void frmMatch::closeEvent(QCloseEvent* event) {
     openWindows.remove(this);
     zSaveReg(roads_.store, place(), fields_);
-    modChess.LastOpponent = bytesOf(txtOpp_->text());
+    modChess.LastOpponent = lineOf(txtOpp_->text());
     event->accept();
 }

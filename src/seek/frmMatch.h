@@ -11,8 +11,11 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMargins>
 
 #include <functional>
+
+class QSpacerItem;
 
 // What the dialog needs of the rest of the program; outlives it.
 struct MatchRoads {
@@ -56,12 +59,15 @@ private:
     void load();
     void fill();
     void enableByServer();
+    void takeGuise();
     void cmdOK();
 
     const MatchRoads& roads_;
     WindowPlacer placer_{this};
     MatchSettings fields_;
+    QMargins margins_;            // of a seek
     QWidget* opponent_ = nullptr; // the row of lblOpp and txtOpp
+    QSpacerItem* gap_ = nullptr;  // below it
     QGroupBox* fraRating_ = nullptr;
     QLabel* lblTime_ = nullptr;
     QLabel* lblInc_ = nullptr;

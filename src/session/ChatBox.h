@@ -13,6 +13,8 @@
 // What a box reaches out to: its window. Unset members do nothing.
 struct ChatHooks {
     std::function<void(const std::string& caption)> setCaption = [](const std::string&) {};
+    // Shows the box above all other windows.
+    std::function<void()> bringToFront = [] {};
 
     // The conversation, txtChat
     // Colour (0xBBGGRR) of what is inserted from now on.

@@ -29,3 +29,14 @@ void frmChessClient::zNewChat() {
     auto* box = new frmChat(road, chatRoads_); // deletes itself after closing
     box->load();
 }
+
+void frmChessClient::showChat() {
+    const int open = modChess.TellTarget.empty() ? -1 : zFindChat(modChess.TellTarget);
+    if (open == -1) {
+        zNewChat();
+        return;
+    }
+    const ChatBox& box = *openWindows.windows.at(static_cast<std::size_t>(open)).chat;
+    box.hooks.bringToFront();
+    box.hooks.focus();
+}

@@ -63,6 +63,12 @@ frmChat::~frmChat() { openWindows.remove(this); }
 void frmChat::fillHooks() {
     ChatHooks& hooks = box.hooks;
     hooks.setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); };
+    hooks.bringToFront = [this] {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+        show();
+        raise();
+        activateWindow();
+    };
     hooks.setColor = [this](std::int32_t color) { txtChat->setColor(color); };
     hooks.insert = [this](const std::string& text) { txtChat->insert(text); };
     hooks.moveTo = [this](std::size_t position) { txtChat->moveTo(position); };

@@ -63,8 +63,10 @@ public:
     void stopEverything();
     // What a board needs of the console; good as long as the window lives.
     BoardRoads boardRoads();
-    // Opens a chat box, which proposes the sender of the latest tell; also what a board's Shift+F9 leads to.
+    // Opens a chat box, which proposes the sender of the latest tell.
     void zNewChat();
+    // What a board's Shift+F9 leads to: the chat box of modChess.TellTarget comes up; where there is none, one opens.
+    void showChat();
 
     ServerLines serverLines;
     TextPipeline pipeline{serverLines};

@@ -5,6 +5,7 @@
 #include "common/TypingKey.h"
 
 #include <QMenu>
+#include <QMenuBar>
 
 #include <gmock/gmock.h>
 
@@ -282,6 +283,12 @@ TEST_F(BoardCommands, TheMenusHaveTheirEntriesInOrder) {
         }
         EXPECT_EQ(found, entries) << name;
     }
+}
+
+TEST_F(BoardCommands, TheMenuBarReadsAsDesktopsHaveIt) {
+    std::vector<std::string> captions;
+    for (const QAction* action : open().menuBar()->actions()) captions.push_back(action->text().toStdString());
+    EXPECT_THAT(captions, ElementsAre("&File", "&Board", "&Actions", "&Interface", "&Help"));
 }
 
 TEST_F(BoardCommands, EveryEntryOfOneMenuHasALetterOfItsOwn) {

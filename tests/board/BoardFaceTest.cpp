@@ -190,6 +190,20 @@ TEST_F(BoardFace, TheFormIsEightSquaresAndTheDesignFigures) {
     EXPECT_EQ(part(board, "txtSend").height(), 21);
 }
 
+TEST_F(BoardFace, ButtonsHoldTheirCaptionsWithALargeFontToo) {
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPixelSize(24);
+    QApplication::setFont(large);
+    frmChessBoard& board = open();
+    for (const char* name : {"cmdDraw", "cmdRes", "cmdUn", "cmdTell(0)"}) {
+        const auto& button = part<QAbstractButton>(board, name);
+        EXPECT_LE(button.fontMetrics().horizontalAdvance(button.text()) + 2, button.width()) << name;
+        EXPECT_LE(button.fontMetrics().ascent(), button.height()) << name;
+    }
+    QApplication::setFont(before);
+}
+
 TEST_F(BoardFace, NoTwoPartsOverlapAtAnySize) {
     frmChessBoard& board = open();
     position(board.game, 0);

@@ -14,6 +14,11 @@ TEST(StreamText, EveryByteIsOneCharacterAndComesBack) {
 
 TEST(StreamText, ANulByteEndsNothing) { EXPECT_EQ(shownText(std::string_view("a\0b", 3)).size(), 3); }
 
+TEST(StreamText, ALineBreakInABoxOfOneLineIsABlank) {
+    EXPECT_EQ(lineOf(QStringLiteral("a\nb\rc \u2654")), "a b c ?");
+    EXPECT_EQ(lineOf(QStringLiteral("a\r\nb")), "a  b");
+}
+
 TEST(StreamText, WhatLatin1DoesNotHoldBecomesAQuestionMark) {
     EXPECT_EQ(bytesOf(QStringLiteral("J\u00FCrgen \u2654")), "J\xFCrgen ?");
 }

@@ -3,6 +3,8 @@
 
 #include "common/TypingKey.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -67,4 +69,12 @@ TEST(TypingLine, AnyByteGoesInAndComesOut) {
     EXPECT_EQ(line.cursorPosition(), 8);
     line.setText(QStringLiteral("\u2654"));
     EXPECT_EQ(line.line(), "?");
+}
+
+TEST(TypingLine, APastedLineBreakIsTheBlankAsWhichItShows) {
+    QApplication::clipboard()->setText(QStringLiteral("finger a\nresign"));
+    TypingLine line;
+    line.paste();
+    EXPECT_EQ(line.displayText(), QStringLiteral("finger a resign"));
+    EXPECT_EQ(line.line(), "finger a resign");
 }

@@ -210,6 +210,22 @@ TEST_F(MatchWindow, ASeekIs24PixelsLowerAndItsFramesStandThatMuchHigher) {
     EXPECT_EQ(topOf("fraSettings"), settings - 360 / 15);
 }
 
+TEST_F(MatchWindow, TheOpponentStandsClearOfTheFrameBelow) {
+    open(true);
+    EXPECT_GE(topOf("fraTiming") - topOf("txtOpp") - part("txtOpp").height(), 6);
+}
+
+TEST_F(MatchWindow, TheFirstBoxHasTheFocusAndTypingReplacesItsText) {
+    stored({"1500", "750", "5", "8", "1", "0", "0", "9999", "0", "0"});
+    modChess.LastOpponent = "fred";
+    open(true);
+    QTest::keyClicks(dialog->focusWidget(), QStringLiteral("berta"));
+    EXPECT_EQ(text("txtOpp"), "berta");
+    open(false);
+    QTest::keyClicks(dialog->focusWidget(), QStringLiteral("3"));
+    EXPECT_EQ(text("txtTime"), "3");
+}
+
 TEST_F(MatchWindow, AskedForInTheOtherGuiseTheOpenDialogTakesItAndKeepsItsTexts) {
     open(false);
     type("txtTime", "7");
@@ -284,6 +300,16 @@ TEST_F(MatchWindow, EnterInABoxIsOk) {
     press("chkServer");
     QTest::keyClick(&part("txtOpp"), Qt::Key_Return);
     EXPECT_THAT(sent, ElementsAre("Match fred "));
+}
+
+TEST_F(MatchWindow, ALineBreakThatWasPastedInGoesOutAsTheBlankThatIsShown) {
+    open(true);
+    type("txtOpp", "fred\nresign");
+    type("txtTime", "5\n");
+    type("txtInc", "0\r\n");
+    press("cmdOK");
+    EXPECT_THAT(sent, ElementsAre("Match fred resign 5 0 Normal r Auto Color "));
+    EXPECT_EQ(modChess.LastOpponent, "fred resign");
 }
 
 TEST_F(MatchWindow, TheHeadFollowsMatchModeAsItStandsAtOk) {

@@ -58,6 +58,29 @@ TEST_F(ChatWiring, ASecondBoxDoesNotProposeTheSameBuddy) {
     EXPECT_EQ(messages, (std::vector<std::string>{"Chat Box: Chat with /Bob", "Chat Box: Chat with /"}));
 }
 
+TEST_F(ChatWiring, ShiftF9OnABoardRaisesTheBoxOfTheTellTargetAndOpensOneOnlyWhereThereIsNone) {
+    start();
+    modChess.TellTarget = "Bob";
+    client->showChat();
+    ASSERT_TRUE(waitUntil([this] { return messages.size() == 1; }));
+    EXPECT_EQ(messages.back(), "Chat Box: Chat with /Bob");
+    frmChat& bob = *chats().back();
+    openChat("Ann");
+    bob.showMinimized();
+    txtChat(bob).setFocus();
+    client->showChat();
+    EXPECT_EQ(openWindows.count("frmChat"), 2);
+    EXPECT_FALSE(bob.isMinimized());
+    EXPECT_EQ(bob.focusWidget(), &txtTell(bob));
+}
+
+TEST_F(ChatWiring, ShiftF9OnABoardWithoutATellTargetOpensABoxEvenBesideOneThatHasNoNameYet) {
+    start();
+    client->zNewChat();
+    client->showChat();
+    EXPECT_EQ(openWindows.count("frmChat"), 2);
+}
+
 // Talking
 
 TEST_F(ChatWiring, ATellReachesItsBoxAndNotTheConsole) {
