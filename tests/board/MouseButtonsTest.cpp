@@ -390,6 +390,23 @@ TEST(ZMouseUp, OnATurnedBoardItIsTheSquareUnderThePoint) {
     EXPECT_EQ(rig.all("send"), Effects{"send e2-e4"});
 }
 
+TEST(ZMouseUp, APieceLiftedWhileTheMessageLoopRanStaysInHand) {
+    Lifted rig;
+    rig.game.surface.pump = [&rig] { rig.press("e7"); };
+    rig.release("e4");
+    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_EQ(rig.game.MoveMode, -1) << "no hover rewrote it";
+}
+
+TEST(ZMouseUp, NoHoverFollowsWhereAMoveOfThePointerWouldBringNone) {
+    for (const bool checking : {false, true}) {
+        Lifted rig;
+        (checking ? modChess.SelfCheckOK : rig.game.noPlay) = !checking;
+        rig.input.zMouseUp(4 * 54 + 1, 4 * 54 + 52);
+        EXPECT_EQ(rig.effects.back(), "made") << checking;
+    }
+}
+
 TEST(ZMouseUp, APieceLetGoBesideTheBoardGoesBack) {
     Lifted rig;
     rig.input.zMouseUp(-300, 9000);

@@ -50,6 +50,13 @@ TEST(MoveText, APromotionOfBlackPutsABlackPiece) {
     EXPECT_EQ(rig.at("d2"), -5);
 }
 
+TEST(MoveText, ThePieceTakesTheColourOfTheSideToMoveWhateverThePawns) {
+    MoveRig rig("Pe7", -1);
+    rig.choice = 2;
+    rig.text("e7e8");
+    EXPECT_EQ(rig.at("e7"), -2);
+}
+
 TEST(MoveText, APawnOfEitherColourPromotesOnNamesEndingIn8Or1) {
     for (const char* pieces : {"Pe2", "pe2", "Pe7", "pe7"}) {
         MoveRig rig(pieces);
