@@ -1,5 +1,4 @@
 """One game of two people: Pupil at the program, with the pointer, and Rookery at the server's own text."""
-import contextlib
 import time
 import unittest
 
@@ -16,15 +15,10 @@ class PlayedByHand(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        cls.stack = contextlib.ExitStack()
-        cls.display = cls.stack.enter_context(Display())
+        cls.display = cls.enterClassContext(Display())
         cls.pieces = learnPieces(cls.display)
         cls.practice = PracticeServer()
-        cls.stack.callback(cls.practice.end)
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.stack.close()
+        cls.addClassCleanup(cls.practice.end)
 
     def begin(self, white=True, kind="", **settings):
         """A game is on, the program's user has that colour."""

@@ -16,7 +16,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 sys.path.insert(0, str(ROOT / "tools"))
 from desktop import LEFT, RIGHT, Display, waitFor  # noqa: E402, F401
 
-BUILD = pathlib.Path(os.environ.get("BRIGHTRANK_BUILD", ROOT / "build/dev"))
+BUILD = pathlib.Path(os.environ.get("BRIGHTRANK_BUILD", ROOT / "build/dev")).resolve()
 LIGHT, DARK = (241, 234, 205), (188, 131, 46)  # the default colours of the squares
 MOVED, PRE_MOVED = (255, 0, 0), (0, 255, 0)  # and of the marks
 TWIPS = 15  # a pixel
