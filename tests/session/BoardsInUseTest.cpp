@@ -56,6 +56,13 @@ protected:
         if (drop) QTest::mouseRelease(window, Qt::LeftButton, {}, at(to));
     }
 
+    // On the board, or on the console when it has gone with the button still down.
+    void release(Qt::MouseButton button, const char* square) {
+        const bool there = board && board->isVisible();
+        QWindow* window = there ? board->windowHandle() : rig.client->windowHandle();
+        QTest::mouseRelease(window, button, {}, there ? at(square) : QPoint(50, 150));
+    }
+
     // Runs `whileUp` as soon as a menu or a box is on the screen.
     void onceUp() {
         QObject::connect(&look, &QTimer::timeout, &look, [this] {
@@ -131,7 +138,8 @@ protected:
         case Use::DropMenu:
             board->game.zSetBughouse("<b1> game 77 white [QPPP] black [RB]");
             onceUp();
-            QTest::mouseClick(board->windowHandle(), Qt::RightButton, {}, at("e4"));
+            QTest::mousePress(board->windowHandle(), Qt::RightButton, {}, at("e4"));
+            release(Qt::RightButton, "e4");
             break;
         case Use::Question:
             boxes.yesNo = Boxes().yesNo;
@@ -151,10 +159,8 @@ protected:
         whileUp();
         if (slip != 0) {
             runFor(slipDelay(slip));
-        } else if (board && board->isVisible()) {
-            QTest::mouseRelease(board->windowHandle(), Qt::LeftButton, {}, at("b8"));
         } else {
-            QTest::mouseRelease(rig.client->windowHandle(), Qt::LeftButton, {}, QPoint(50, 150));
+            release(Qt::LeftButton, "b8");
         }
     }
     // What goes to the server when the use comes to its end.
