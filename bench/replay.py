@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Measures the whole program: a server of its own plays games and tells to it on a virtual display.
 
-    bench/replay.py [--program build/release/brightrank] [--runs 3] [--sound] [--picture FILE]
+    bench/replay.py [--program build/release/brightrank] [--runs 3] [--sound] [--picture FILE] [--only boards]
 
 CPU is the run time of all threads as the kernel counts it (/proc/PID/task/*/schedstat, nanoseconds; /proc/PID/stat
 says the same in steps of 10 ms). A stretch of text ends with thirty underscores, which the program answers with "Set
@@ -29,6 +29,7 @@ PROMPT = b"\n\rfics% "
 MARK = b"\n\r" + b"_" * 30 + PROMPT
 LAST_MOVE = 195  # of a replayed game; a board holds 200
 QUIET = 0.15  # seconds without work after which all counts as painted
+SECONDS = 10  # of updates on many boards
 
 STORE = """[Client]
 Registry_OK=Yes
@@ -48,26 +49,43 @@ Height=8400
 """
 
 
-def observedGames(updates):
-    """`updates` Style 12 lines of a recorded game, watched, as a list of games; each but the last ends at its end."""
+def recordedGame():
+    """The fields of the recorded game's Style 12 lines, from the start to the last move that a board holds."""
     recorded = [line.split(" ") for line in re.split(r"[\n\r]+", GAME.read_text("latin-1")) if line.startswith("<12>")]
     once = []
     for fields in recorded:
         if int(fields[26]) > LAST_MOVE or (once and fields[27] == "none"):
             break
         once.append(fields)
+    return once
+
+
+def observed(fields, game, white, black):
+    """One update of a game that is watched, with these clocks and its prompt."""
+    fields = list(fields)
+    fields[16], fields[19], fields[24], fields[25] = str(game), "0", str(white), str(black)
+    return ("\n\r" + " ".join(fields)).encode("latin-1") + PROMPT
+
+
+def observedGames(updates):
+    """`updates` Style 12 lines of a recorded game, watched, as a list of games; each but the last ends at its end."""
+    once = recordedGame()
     games = []
     for number in range(updates):
         game, ply = divmod(number, len(once))
         if ply == 0:
             games.append([])
-        fields = list(once[ply])
-        fields[16], fields[19] = str(game + 1), "0"
-        fields[24], fields[25] = str(3600 - number % 3000), str(3599 - number % 2999)
-        games[-1].append(("\n\r" + " ".join(fields)).encode("latin-1") + PROMPT)
+        games[-1].append(observed(once[ply], game + 1, 3600 - number % 3000, 3599 - number % 2999))
     for number, game in enumerate(games):
         game[-1] += f"\n\r{{Game {number + 1} (Mirabelle vs. oldpawn) Game aborted on move 1}} *".encode() + PROMPT
     return games
+
+
+def manyGames(count, rounds):
+    """`rounds` lists of one update of each of `count` games, which are the recorded game begun at different moves."""
+    once = recordedGame()
+    return [[observed(once[(7 * game + number) % (len(once) - 1) + 1], game, 3600 - number, 3600 - number)
+             for game in range(1, count + 1)] for number in range(rounds)]
 
 
 def channelTells(count):
@@ -222,6 +240,34 @@ def replay(options, display):
     return figures
 
 
+def boards(options, display):
+    """One board for each of many games that go on side by side at the pace of people."""
+    server = Server()
+    program = Program(options.program, display, server.port, True, options.sound)
+    server.logOn()
+    count = options.boards
+    first, *rounds = manyGames(count, 1 + SECONDS)
+    name = f"{count} boards"
+    figures = {f"{name}: resident with one, MB": program.memory()}
+    cpu, _, visible = stretch(program, server, [first])
+    figures[f"{name}: CPU until all have opened, s"] = cpu
+    figures[f"{name}: wall until all have opened, s"] = visible
+    figures[f"{name}: resident with all, MB"] = program.memory()
+    figures[f"{name}: of it not shared with files, MB"] = program.memory("RssAnon")
+    if options.picture:
+        display.save(options.picture + "-boards.png")
+    begin, cpu = time.monotonic(), program.cpu()
+    time.sleep(SECONDS / 2)
+    figures[f"{name}, no update: CPU of one second, ms"] = (program.cpu() - cpu) / (time.monotonic() - begin) * 1000
+    cpu, _, _ = stretch(program, server, [sum(rounds, [])], 1 / count)
+    figures[f"{name}, one update a second each: CPU of one second, ms"] = cpu / SECONDS * 1000
+    figures[f"{name}, one update a second each: CPU of one update, ms"] = cpu / SECONDS / count * 1000
+    figures[f"{name}, one update a second each: resident after {SECONDS} s, MB"] = program.memory()
+    program.end()
+    server.end()
+    return figures
+
+
 def main():
     parser = argparse.ArgumentParser(description="Measures the whole program on a virtual display.")
     parser.add_argument("--program", default=str(ROOT / "build/release/brightrank"))
@@ -231,12 +277,16 @@ def main():
     parser.add_argument("--lines", type=int, default=20000)
     parser.add_argument("--long", type=int, default=100000)
     parser.add_argument("--sound", action="store_true", help="with Sound_On=1")
-    parser.add_argument("--picture", help="saves FILE-games.png and FILE-tells.png")
+    parser.add_argument("--picture", help="saves FILE-games.png, FILE-tells.png, FILE-boards.png")
+    parser.add_argument("--boards", type=int, default=40)
+    parser.add_argument("--only", choices=["start", "replay", "boards"], help="one of the three parts")
     options = parser.parse_args()
     options.program = str(pathlib.Path(options.program).resolve())
     table = {}
     for _ in range(options.runs):
-        for part in (start, replay):
+        for part in (start, replay, boards):
+            if options.only not in (None, part.__name__):
+                continue
             with Display() as display:
                 for name, value in part(options, display).items():
                     table.setdefault(name, []).append(value)

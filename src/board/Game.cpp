@@ -25,6 +25,7 @@ bool readInto(Style12Record& record, std::string_view line, Style12Fields fields
 
 void Game::beginLoad() {
     modChess.SelfCheckOK = true;
+    Loading = true;
     Style12Record.Relation = -100;
     DragAlpha = 128;
     id = nextBoardId();
@@ -37,6 +38,7 @@ bool Game::finishLoad() {
     grdMoves.goTo(1, 1);
     Turn = 1;
     GameLoaded = false;
+    Loading = false;
     return true;
 }
 

@@ -44,6 +44,7 @@ struct Game {
     std::int32_t id = 0;        // unique per board, from `beginLoad` on
     std::int16_t gameIndex = 0; // game number the board answers to; 0 idle
     bool icsMode = false;       // a server game is on this board
+    bool Loading = false;       // from beginLoad to the end of finishLoad: not free for a game yet
     bool GameLoaded = false;    // the moves came from a stored or reviewed game
     std::string currentGame;    // text of panel 2 while a game is on
     std::string InitialLine;    // the Style 12 line the game started from

@@ -25,6 +25,9 @@ int firstBoard(Test fits) {
     return -1;
 }
 
+// A board whose load is pumping has no game yet, and must not get one: the load lays the start position over it.
+bool isFree(const Game& game) { return game.gameIndex == 0 && !game.Loading; }
+
 bool hasNoGame(const Game& game) { return game.Style12Record.Relation == -100; }
 
 const OpenWindow* windowOf(const void* identity) {
@@ -45,6 +48,7 @@ std::int16_t gameNumberIn(std::string_view line) {
 } // namespace
 
 int zFindBoard(std::int16_t game) {
+    if (game == 0) return firstBoard(isFree);
     return firstBoard([game](const Game& board) { return game < 0 || board.gameIndex == game; });
 }
 
@@ -68,10 +72,11 @@ Game& boardAt(int windowNumber) {
 }
 
 int GameRouting::zFindReviewBoard() {
-    const int found = firstBoard(hasNoGame);
+    const auto ready = [](const Game& board) { return hasNoGame(board) && !board.Loading; };
+    const int found = firstBoard(ready);
     if (found >= 0) return found;
     zNewBoard();
-    return firstBoard(hasNoGame);
+    return firstBoard(ready);
 }
 
 void GameRouting::zNewBoard() {

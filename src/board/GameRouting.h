@@ -9,7 +9,8 @@
 
 // A window number is a position in openWindows; it is good until the message loop is pumped. The older board wins.
 
-// First board whose gameIndex is `game`, or the first of all boards if `game` is negative; -1 if there is none.
+// First board whose gameIndex is `game`, or the first of all boards if `game` is negative; -1 if there is none. A board
+// that still loads is not found by 0.
 int zFindBoard(std::int16_t game);
 
 // zFindBoard; if that fails the first idle board or -1, and `game` becomes 0 whatever was found.
@@ -40,7 +41,7 @@ struct GameRoutingHooks {
 struct GameRouting {
     GameRoutingHooks hooks;
 
-    // First board with relation -100; opens one board if there is none, and gives -1 if that did not help.
+    // First loaded board with relation -100; opens one board if there is none, and gives -1 if that did not help.
     int zFindReviewBoard();
 
     // Opens one more board and returns when its load is finished (or when it was closed meanwhile). No time limit.

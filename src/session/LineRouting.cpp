@@ -21,13 +21,14 @@ bool isBughouse(const std::string& line) { return contains(line, "<b1>"); }
 void LineClassifier::zDataParse(const std::string& text) {
     const int count = lines.zParse(text);
     TellToChat = false;
-    for (int i = 0; i < count; ++i) {
+    // The close-down may come in a pump: then no board opens any more, and the rest of the batch has no place to go.
+    for (int i = 0; i < count && !modChess.AppClosing; ++i) {
         routeLine(i, count);
         detectTell(i, count);
     }
     // One copy for all lines keeps its room, and a batch that runs inside this one has its own.
     std::string line;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count && !modChess.AppClosing; ++i) {
         line = lines[i];
         printLine(line);
     }

@@ -54,6 +54,19 @@ TEST(GameRouting, ZFindBoardOrFreeSetsTheNumberToZeroAlsoWhenNothingIsFound) {
     EXPECT_EQ(game, 0);
 }
 
+// Its load would lay the start position over the game.
+TEST(GameRouting, ABoardThatStillLoadsIsNotFree) {
+    RoutingRig rig;
+    rig.add().beginLoad();
+    rig.addIdle();
+    std::int16_t game = 13;
+    EXPECT_EQ(zFindBoardOrFree(game), 1);
+    EXPECT_EQ(rig.routing.zFindReviewBoard(), 1);
+    ASSERT_TRUE(rig.boards.front()->finishLoad());
+    EXPECT_EQ(zFindBoardOrFree(game), 0);
+    EXPECT_EQ(rig.routing.zFindReviewBoard(), 0);
+}
+
 TEST(GameRouting, ZFindBoardByIdFindsTheBoard) {
     RoutingRig rig;
     rig.addIdle();

@@ -50,6 +50,15 @@ TEST_F(LineRoutingTest, ARecordThatIsFirstInItsBatchMovesTheBoardAndIsPrintedRaw
     EXPECT_EQ(classifier.LastStyle12Line, "");
 }
 
+// The close-down may come in the pump of any line.
+TEST_F(LineRoutingTest, TheRestOfABatchInWhichTheProgramIsClosedIsDropped) {
+    classifier.hooks.zSetPosition = [](int) { modChess.AppClosing = true; };
+    batch("\n" + style12Line(12) + "\nfics% \n" + style12Line(13) + "\n<b1> game 99 white [] black []\n" + LongLine +
+          "\n");
+    EXPECT_THAT(events, IsEmpty());
+    EXPECT_THAT(printed, IsEmpty());
+}
+
 TEST_F(LineRoutingTest, ARecordIsFoundAnywhereInItsLine) {
     batch("\nfics% " + style12Line(12) + "\n");
     EXPECT_THAT(events, ElementsAre("position 0"));
