@@ -58,7 +58,13 @@ void BoardInput::fillSurfaces(const BoardParts& parts) {
     moves.surface.zYankPiece = [view](int square) { view->zYankPiece(static_cast<std::int16_t>(square)); };
     moves.surface.startSlip = [this](int milliseconds) { tmrSlip_->start(milliseconds); };
     moves.surface.stopSlip = [this] { tmrSlip_->stop(); };
-    moves.surface.popupDrop = [this](const DropEntries& entries) { popupDrop(entries); };
+    // From the message loop: behind a right press the toolkit looks at the window again, which may have closed with the
+    // menu up.
+    moves.surface.popupDrop = [this, view](const DropEntries& entries) {
+        QTimer::singleShot(0, view, [this, entries] {
+            if (moves.game.isOpen()) popupDrop(entries);
+        });
+    };
     moves.surface.focusTyping = [txtSend] { txtSend->setFocus(); };
 
     GameSurface& surface = moves.game.surface;

@@ -140,6 +140,7 @@ protected:
             onceUp();
             QTest::mousePress(board->windowHandle(), Qt::RightButton, {}, at("e4"));
             release(Qt::RightButton, "e4");
+            EXPECT_TRUE(waitUntil([this] { return reached == 1; }));
             break;
         case Use::Question:
             boxes.yesNo = Boxes().yesNo;
