@@ -1,6 +1,7 @@
 // The menus of a board window.
 #include "board/BoardMenus.h"
 
+#include "platform/HelpFile.h"
 #include "platform/MenuEntry.h"
 
 #include <QMenuBar>
@@ -50,7 +51,8 @@ void BoardMenus::build(QMenuBar& bar) {
     addUnbuilt(panels, "mnuOptions", "&Options");
 
     QMenu* help = addMenu(bar, "mnuMHelp", "&Help");
-    addUnbuilt(help, "mnuBRHelp", "&Brightrank Help");
+    QObject::connect(addEntry(help, "mnuBRHelp", "&Brightrank Help"), &QAction::triggered, &bar,
+                     [&bar] { showHelpFile(bar.window()); });
     addUnbuilt(help, "mnuHelp", "&FICS Help Panel");
     help->addSeparator();
     mnuAbout = addEntry(help, "mnuAbout", "&About");

@@ -1,6 +1,7 @@
 // The menus of the console window.
 #include "session/ClientMenus.h"
 
+#include "platform/HelpFile.h"
 #include "platform/MenuEntry.h"
 
 #include <QMenuBar>
@@ -50,7 +51,8 @@ void buildWindows(ClientMenus& menus, QMenu* menu) {
 }
 
 void buildHelp(ClientMenus& menus, QMenu* menu) {
-    addUnbuilt(menu, "mnuBRHelp", "&Brightrank Help");
+    QAction* help = addEntry(menu, "mnuBRHelp", "&Brightrank Help");
+    QObject::connect(help, &QAction::triggered, menu, [menu] { showHelpFile(menu->parentWidget()->window()); });
     addUnbuilt(menu, "mnuHelp", "&FICS Help Panel");
     menu->addSeparator();
     menus.mnuTest = addEntry(menu, "mnuTest", "Resgistry Dump");
