@@ -76,7 +76,7 @@ std::optional<MoveParts> dropParts(std::string_view text) {
     if (!shaped || !isOneOf(lowerOf(text[0]), "qrbnp")) return std::nullopt;
     MoveParts parts;
     parts.piece = upperOf(text[0]);
-    parts.to = text.substr(2);
+    parts.to = std::string(text.substr(2));
     parts.drop = true;
     return parts;
 }
