@@ -1,41 +1,16 @@
 // OK with a text that is no number ends the program, before anything is sent.
-#include <QProcess>
-#include <QStringList>
+#include "platform/EndedProgram.h"
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
 namespace {
 
-struct Ended {
-    int status = -1;
-    std::string out;
-    std::string error;
-};
-
-Ended runProgram(const QStringList& arguments) {
-    QProcess program;
-    program.start(QStringLiteral(MATCH_PROGRAM), arguments);
-    Ended ended;
-    if (!program.waitForFinished(20000) || program.exitStatus() != QProcess::NormalExit) {
-        program.kill();
-        program.waitForFinished();
-        ended.error = "did not exit";
-        return ended;
-    }
-    ended.status = program.exitCode();
-    ended.out = program.readAllStandardOutput().toStdString();
-    std::istringstream all(program.readAllStandardError().toStdString()); // the toolkit may warn in between
-    for (std::string line; std::getline(all, line);) {
-        if (line.starts_with("brightrank")) ended.error += line + "\n";
-    }
-    return ended;
-}
+EndedProgram runProgram(const QStringList& arguments) { return runToEnd(QStringLiteral(MATCH_PROGRAM), arguments); }
 
 void expectEnd(const QStringList& arguments, const std::string& line) {
-    const Ended ended = runProgram(arguments);
+    const EndedProgram ended = runProgram(arguments);
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.error, "brightrank: " + line + "\n");
     EXPECT_EQ(ended.out, "") << "nothing is sent and nothing is saved";
@@ -63,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(In, MatchFault, testing::Values("txtTime", "txtInc", "t
                          [](const auto& box) { return std::string(box.param); });
 
 TEST(MatchProgram, ANumberBeyond16BitsEndsIt) {
-    const Ended ended = runProgram({Seek, QStringLiteral("txtMax"), QStringLiteral("40000")});
+    const EndedProgram ended = runProgram({Seek, QStringLiteral("txtMax"), QStringLiteral("40000")});
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.error.substr(0, 27), "brightrank: overflow error:");
     EXPECT_EQ(ended.out, "");
@@ -75,7 +50,7 @@ TEST(MatchProgram, ABoxThatIsDisabledByTheServersSettingsEndsItToo) {
 }
 
 TEST(MatchProgram, WithNumbersItSendsSavesAndGoesOn) {
-    const Ended ended = runProgram({Match, QStringLiteral("txtOpp"), QStringLiteral("fred")});
+    const EndedProgram ended = runProgram({Match, QStringLiteral("txtOpp"), QStringLiteral("fred")});
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(ended.error, "");
     EXPECT_EQ(ended.out, "sent Match fred 2 12 Normal r Auto Color \nkeys written 10\n");
