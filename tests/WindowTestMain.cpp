@@ -2,6 +2,8 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
+#include "TestPaths.h"
+
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {

@@ -1,6 +1,7 @@
 // The moves of recorded games against the rules: each is accepted, and leads to the next line's position.
 #include "board/MoveRig.h"
 
+#include "TestPaths.h"
 #include "board/Style12Line.h"
 #include "common/Text.h"
 

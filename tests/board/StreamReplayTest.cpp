@@ -1,6 +1,7 @@
 // Recorded games of two servers, line by line onto boards.
 #include "board/RoutingRig.h"
 
+#include "TestPaths.h"
 #include "common/Fault.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // A fault that nothing takes ends the program in the orderly fatal way, wherever it is thrown.
+#include "TestPaths.h"
 #include "platform/EndedProgram.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 // The built server as a process, and clients at its socket.
 #include "practice/ServerRig.h"
+#include "TestPaths.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 // OK with a text that is no number ends the program, before anything is sent.
+#include "TestPaths.h"
 #include "platform/EndedProgram.h"
 
 #include <gtest/gtest.h>

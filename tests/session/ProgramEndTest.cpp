@@ -1,6 +1,7 @@
 // How the program ends: in order by a signal, with its settings written; by a fault where one is told, without them.
 #include "session/RunningProgram.h"
 
+#include "TestPaths.h"
 #include "board/BoardRig.h"
 #include "platform/WaitUntil.h"
 

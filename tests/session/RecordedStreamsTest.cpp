@@ -1,6 +1,7 @@
 // Recorded sessions, cut into packets of several sizes, through the pipeline and the classifier.
 #include "SessionRig.h"
 
+#include "TestPaths.h"
 #include "common/Text.h"
 
 #include <cctype>

@@ -1,6 +1,7 @@
 // A folder with a relay of our own as "timeseal.exe" in it.
 #pragma once
 
+#include "TestPaths.h"
 #include "platform/WaitUntil.h"
 
 #include <QDir>

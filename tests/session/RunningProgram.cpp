@@ -1,6 +1,7 @@
 // The built program as a process of its own, with settings and a server of the test's.
 #include "session/RunningProgram.h"
 
+#include "TestPaths.h"
 #include "platform/WaitUntil.h"
 
 #include <QDir>

@@ -1,6 +1,7 @@
 // Recorded server text through the whole program, in packets of four sizes: what packets must not change.
 #include "session/ProgramRig.h"
 
+#include "TestPaths.h"
 #include "common/modChess.h"
 #include "platform/Colors.h"
 

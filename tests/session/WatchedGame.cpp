@@ -1,6 +1,7 @@
 // A running game as a server tells it to those who watch, and what a board of it has to show.
 #include "session/WatchedGame.h"
 
+#include "TestPaths.h"
 #include "board/ClockFace.h"
 #include "session/ProgramRig.h"
 
