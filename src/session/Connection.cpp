@@ -97,7 +97,8 @@ void Connection::throughBridge(const std::string& host, std::int32_t port) {
         hooks.message("Timeseal.exe not found. TimeSeal is not activated.");
         mnuUseTS = false;
         hooks.checksChanged();
-        return direct(host, port, "FICS");
+        if (!overtaken()) direct(host, port, "FICS"); // the message lets the loop run too
+        return;
     }
     ++bridges_;
     hooks.startBridge({host, std::to_string(port), "-p", std::to_string(BridgePort)});

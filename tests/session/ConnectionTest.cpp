@@ -8,9 +8,15 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <iterator>
+#include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
+
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -69,6 +75,14 @@ protected:
     }
 
     using Log = std::vector<std::string>;
+    // The entries that begin with `word`.
+    Log logged(const char* word) const {
+        Log found;
+        std::ranges::copy_if(log, std::back_inserter(found),
+                             [word](const auto& entry) { return entry.starts_with(word); });
+        return found;
+    }
+
     Connection connection;
     Log log;
     std::string caption;
@@ -174,20 +188,6 @@ TEST_F(ConnectionTest, AFoundBridgeIsStartedAndConnectedToOnThisMachine) {
     EXPECT_TRUE(connection.mnuUseTS);
 }
 
-TEST_F(ConnectionTest, AProgramClosedDuringTheBridgesWaitDoesNotConnect) {
-    connection.hooks.wait = [](double) { modChess.AppClosing = true; };
-    connection.mnuConnectClick(3);
-    EXPECT_TRUE(log.empty());
-}
-
-TEST_F(ConnectionTest, AProgramClosedDuringTheWaitForThePortDoesNotConnect) {
-    fillBridge();
-    connection.hooks.bridgeProgramFound = [] { return true; };
-    connection.hooks.wait = [](double seconds) { modChess.AppClosing = seconds > 1; };
-    connection.mnuConnectClick(3);
-    EXPECT_EQ(log.back(), "start 167.114.65.195 5000 -p 6000");
-}
-
 TEST_F(ConnectionTest, NoConnectionBeginsWhileTheProgramCloses) {
     modChess.AppClosing = true;
     answer = "h,1";
@@ -197,30 +197,50 @@ TEST_F(ConnectionTest, NoConnectionBeginsWhileTheProgramCloses) {
 
 // The waits of a bridge let the user go on asking.
 
-TEST_F(ConnectionTest, AskedTwiceOnlyTheLaterConnectionIsSetUp) {
-    fillBridge();
+TEST_F(ConnectionTest, TheLatestWishOfTheUserIsTheOneThatCountsWhicheverWaitItComesIn) {
+    const std::map<std::string, std::pair<std::function<void()>, Log>> wishes{
+        {"bridge", {[this] { connection.mnuConnectClick(1); }, {"connect localhost:6000"}}},
+        {"direct", {[this] { connection.mnuConnectClick(4); }, {"connect chessclub.com:6000"}}},
+        {"none", {[this] { connection.mnuCloseClick(); }, {}}},
+        {"end of the program", {[] { modChess.AppClosing = true; }, {}}},
+    };
+    connection.mnuUseTS = true;
     connection.hooks.bridgeProgramFound = [] { return true; };
-    for (const double during : {0.55, 1.1}) {
-        log.clear();
-        bool again = false;
-        connection.hooks.wait = [&](double seconds) {
-            if (seconds == during && !std::exchange(again, true)) connection.mnuConnectClick(3);
-        };
-        connection.mnuConnectClick(3);
-        EXPECT_EQ(std::count(log.begin(), log.end(), "connect localhost:6000"), 1) << during;
-        EXPECT_EQ(log.back(), "connect localhost:6000");
+    for (const auto& [name, wish] : wishes) {
+        for (const char* during : {"pump", "wait 0.55", "wait 1.10"}) {
+            modChess.AppClosing = false;
+            log.clear();
+            bool wished = false;
+            fillBridge();
+            const auto interrupt = [&] {
+                if (log.back() == during && !std::exchange(wished, true)) wish.first();
+            };
+            connection.hooks.pump = [&, pump = connection.hooks.pump] {
+                pump();
+                interrupt();
+            };
+            connection.hooks.wait = [&, wait = connection.hooks.wait](double seconds) {
+                wait(seconds);
+                interrupt();
+            };
+            connection.mnuConnectClick(3);
+            EXPECT_EQ(logged("connect"), wish.second) << name << " in " << during;
+            Log starts; // what had been started before the wish stays
+            if (during == "wait 1.10"sv) starts.emplace_back("start 167.114.65.195 5000 -p 6000");
+            if (name == "bridge") starts.emplace_back("start freechess.org 5000 -p 6000");
+            EXPECT_EQ(logged("start"), starts) << name << " in " << during;
+        }
     }
 }
 
-TEST_F(ConnectionTest, ADirectConnectionThatIsAskedForDuringTheWaitStands) {
-    fillBridge();
-    connection.hooks.bridgeProgramFound = [] { return true; };
-    connection.hooks.wait = [this](double seconds) {
-        if (seconds > 1) connection.mnuConnectClick(4);
-    };
+TEST_F(ConnectionTest, WhatIsAskedForWhileAMissingBridgeIsToldStands) {
+    connection.hooks.message = [this](const std::string&) { connection.mnuConnectClick(4); };
     connection.mnuConnectClick(3);
-    EXPECT_EQ(log.back(), "connect chessclub.com:6000");
-    EXPECT_EQ(connection.ConnectionLabel, "ICC");
+    EXPECT_EQ(logged("connect"), Log{"connect chessclub.com:6000"});
+    EXPECT_FALSE(connection.mnuUseTS);
+    connection.hooks.message = [](const std::string&) { modChess.AppClosing = true; };
+    connection.mnuConnectClick(3);
+    EXPECT_EQ(logged("connect").size(), 1U);
 }
 
 TEST_F(ConnectionTest, AnAlternateServerThatIsNotNamedDuringTheWaitChangesNothing) {
@@ -231,16 +251,6 @@ TEST_F(ConnectionTest, AnAlternateServerThatIsNotNamedDuringTheWaitChangesNothin
     };
     connection.mnuConnectClick(3);
     EXPECT_EQ(log.back(), "connect localhost:6000");
-}
-
-TEST_F(ConnectionTest, ClosingTheConnectionDuringTheWaitEndsTheSettingUp) {
-    fillBridge();
-    connection.hooks.bridgeProgramFound = [] { return true; };
-    connection.hooks.wait = [this](double seconds) {
-        if (seconds > 1) connection.mnuCloseClick();
-    };
-    connection.mnuConnectClick(3);
-    EXPECT_EQ(std::count(log.begin(), log.end(), "connect localhost:6000"), 0);
 }
 
 TEST_F(ConnectionTest, TheFirstTextThroughTheBridgeNamesTheConnection) {
