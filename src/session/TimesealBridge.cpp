@@ -7,6 +7,7 @@
 #include <QFileInfo>
 
 #include <cstdio>
+#include <utility>
 
 #include <signal.h>
 #include <sys/prctl.h>
@@ -18,9 +19,10 @@ constexpr int PartingMs = 500;
 
 bool runs(const QProcess& process) { return process.state() != QProcess::NotRunning; }
 
-// Runs in the child before the program: from now on the system asks it to end when the client is gone.
+// Runs in the child before the program: from now on the system ends it when the client is gone. Nobody would be there
+// to end one that does not heed a request, and it would keep the port from the next client's relay.
 void endWithClient(pid_t client) {
-    ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::getppid() != client) ::_exit(1); // gone already
 }
 
@@ -57,7 +59,7 @@ void TimesealBridge::start(const std::vector<std::string>& arguments) {
 
 std::int32_t TimesealBridge::zTimeSealHandle() {
     std::erase_if(relays_, [](const Relay& relay) { return !runs(*relay.process); });
-    return relays_.empty() ? 0 : static_cast<std::int32_t>(relays_.front().process->processId());
+    return relays_.empty() ? 0 : static_cast<std::int32_t>(relays_.back().process->processId());
 }
 
 void TimesealBridge::requestEnd(std::int32_t handle) {

@@ -11,8 +11,8 @@
 // Looked for in the current directory.
 inline constexpr const char* BridgeProgram = "timeseal.exe";
 
-// Starts relays, knows whether one runs, and asks it to end. It runs without a shell, a terminal or a window, and is
-// told to end when the client ends in whatever way. One that has not ended when its successor starts is kept.
+// Starts relays, knows whether one runs, and asks it to end. It runs without a shell, a terminal or a window, and does
+// not outlive the client in whatever way that ends. One that has not ended when its successor starts is kept.
 class TimesealBridge {
 public:
     TimesealBridge() = default;
@@ -26,7 +26,8 @@ public:
     // Starts the program; each of `arguments` (Latin-1) reaches it as one, whatever is in it. A start that fails is no
     // fault: no relay runs then.
     void start(const std::vector<std::string>& arguments);
-    // The process id of the oldest relay that runs, 0 if there is none. The message loop keeps it up to date.
+    // The process id of the youngest relay that runs, 0 if there is none: the older ones were asked to end before it
+    // started. The message loop keeps it up to date.
     std::int32_t zTimeSealHandle();
     // Asks the relay with this process id to end; does nothing if it has ended.
     void requestEnd(std::int32_t handle);

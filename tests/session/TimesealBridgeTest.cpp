@@ -175,6 +175,47 @@ TEST_F(Bridge, CloseDownAsksTheRelayAfterTheSettingsAreSaved) {
     EXPECT_TRUE(ends(process));
 }
 
+TEST_F(Bridge, AProgramThatIsClosedWhileItWaitsForThePortAsksTheRelayAndConnectsNoMore) {
+    relay.put();
+    relay.mode("stays");
+    startWithBridge();
+    hurry();
+    std::int32_t process = 0;
+    client->connection.hooks.wait = [&](double seconds) {
+        if (seconds < 1) return;
+        EXPECT_TRUE(relay.notes("ready"));
+        process = client->connection.hooks.zTimeSealHandle();
+        client->close();
+    };
+    client->connection.mnuConnectClick(0);
+    EXPECT_NE(process, 0);
+    EXPECT_TRUE(ends(process));
+    EXPECT_EQ(socketState(), 0);
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(Bridge, OfTwoRelaysTheYoungerIsAskedForTheOlderHasBeenBefore) {
+    relay.put();
+    relay.mode("stubborn");
+    testing::internal::CaptureStderr();
+    {
+        TimesealBridge bridge;
+        bridge.start({"127.0.0.1", "1", "-p", "6000"});
+        ASSERT_TRUE(relay.notes("ready"));
+        const std::int32_t older = bridge.zTimeSealHandle();
+        bridge.requestEnd(older);
+        ASSERT_TRUE(relay.notes("asked to end"));
+        relay.mode("deaf");
+        bridge.start({"127.0.0.1", "1", "-p", "6000"});
+        const std::int32_t younger = bridge.zTimeSealHandle();
+        EXPECT_NE(younger, older);
+        bridge.requestEnd(younger);
+        EXPECT_TRUE(waitUntil([&] { return bridge.zTimeSealHandle() == older; }));
+        EXPECT_TRUE(ends(younger));
+    }
+    testing::internal::GetCapturedStderr(); // the older one is stopped
+}
+
 TEST_F(Bridge, ARelayThatDoesNotEndWhenAskedDoesNotOutliveTheBridge) {
     relay.put();
     relay.mode("stubborn");
@@ -206,7 +247,7 @@ TEST_F(Bridge, ARequestToAnotherProcessIsIgnored) {
     EXPECT_NE(bridge.zTimeSealHandle(), 0);
 }
 
-// The program as a process: whatever ends it, its relay is asked to end.
+// The program as a process: whatever ends it, its relay ends too.
 
 namespace {
 
@@ -214,34 +255,44 @@ struct BridgeOfAProgram : testing::Test {
     RunningProgram program;
     RelayFolder relay{program.process.workingDirectory()};
 
+    // The relay heeds no request.
     void startThroughRelay() {
         relay.put();
-        relay.mode("stays");
         QProcessEnvironment surroundings = program.process.processEnvironment();
-        surroundings.insert(QStringLiteral("RELAY_MODE"), QStringLiteral("stays"));
+        surroundings.insert(QStringLiteral("RELAY_MODE"), QStringLiteral("stubborn"));
         program.process.setProcessEnvironment(surroundings);
         std::string settings = program.connectingSettings();
         const std::string direct = "Use_Timeseal=False";
         program.writeSettings(settings.replace(settings.find(direct), direct.size(), "Use_Timeseal=True"));
         ASSERT_TRUE(program.start());
-        ASSERT_FALSE(relay.hasNoted("asked to end"));
+        ASSERT_TRUE(relayRuns());
+    }
+    // A process that has ended may wait for ever for somebody to ask how.
+    bool relayRuns() const {
+        const QString process = relay.log().filter(QStringLiteral("process ")).value(0).section(u' ', 1);
+        QFile status(QStringLiteral("/proc/%1/stat").arg(process));
+        if (!status.open(QIODevice::ReadOnly)) return false;
+        return !status.readAll().contains(") Z ");
+    }
+    bool relayEnds() const {
+        return waitUntil([this] { return !relayRuns(); });
     }
 };
 
 } // namespace
 
-TEST_F(BridgeOfAProgram, IsAskedWhenTheProgramIsKilled) {
+TEST_F(BridgeOfAProgram, EndsWhenTheProgramIsKilledEvenIfItHeedsNoRequest) {
     startThroughRelay();
     program.signal(SIGKILL);
-    EXPECT_TRUE(relay.notes("asked to end"));
+    EXPECT_TRUE(relayEnds());
 }
 
-TEST_F(BridgeOfAProgram, IsAskedWhenTheProgramEndsByAFault) {
+TEST_F(BridgeOfAProgram, EndsWhenTheProgramEndsByAFaultEvenIfItHeedsNoRequest) {
     startThroughRelay();
     std::string tooManyLines;
     for (int i = 0; i < 1002; ++i) tooManyLines += "a\n";
     program.server.sendLater(tooManyLines + "\r");
     ASSERT_TRUE(program.ended());
     EXPECT_EQ(program.process.exitCode(), 1);
-    EXPECT_TRUE(relay.notes("asked to end"));
+    EXPECT_TRUE(relayEnds());
 }
