@@ -5,21 +5,12 @@
 #include "common/Text.h"
 #include "common/modChess.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr int Backspace = 8;
 
 // "tell bob hi" is a command of the user's own. It takes five characters to be one.
 bool isTellCommand(const std::string& text) { return text.size() >= 5 && lower(text.substr(0, 4)) == "tell"; }
-
-// Pasted text may have several lines; what is behind the first would go out as a command.
-std::string oneLine(std::string text) {
-    std::ranges::replace_if(
-        text, [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    return text;
-}
 
 } // namespace
 
@@ -37,7 +28,7 @@ void ChatBox::show(const std::string& text, std::size_t position) {
 
 bool ChatBox::zTxtTell(int keyAscii) {
     if (keyAscii != KeyEnter || road.hooks.socketState() != ServerRoad::Connected) return false;
-    const std::string typed = oneLine(hooks.text());
+    const std::string typed = hooks.text();
     const std::string sent = isTellCommand(typed) ? typed : "Tell " + xBuddy + " " + typed;
     road.zSendRaw(sent);
     road.idleSeconds = 0;
@@ -63,16 +54,13 @@ bool ChatBox::keyDown(int key) {
 }
 
 void ChatBox::chatKeyPress(int keyAscii) {
-    if (keyAscii == KeyEnter) {
-        zTxtTell(KeyEnter);
-    } else {
-        std::string text = hooks.text();
-        if (keyAscii != Backspace) {
-            text += static_cast<char>(keyAscii);
-        } else if (!text.empty()) {
-            text.pop_back();
-        }
-        hooks.setText(text);
+    if (keyAscii == KeyEnter) zTxtTell(KeyEnter);
+    std::string text = hooks.text();
+    if (keyAscii == Backspace) {
+        if (!text.empty()) text.pop_back();
+    } else if (keyAscii != KeyEnter) {
+        text += static_cast<char>(keyAscii);
     }
+    hooks.setText(text);
     hooks.focus();
 }

@@ -25,7 +25,7 @@ struct ChatHooks {
     std::function<void(std::size_t position)> moveTo = [](std::size_t) {};
     std::function<void()> moveToEnd = [] {};
 
-    // The typing line, txtTell
+    // The typing line, txtTell; its text has no line ends
     std::function<std::string()> text = [] { return std::string(); };
     // The insertion point goes to the end of the new text.
     std::function<void(const std::string& text)> setText = [](const std::string&) {};
@@ -60,7 +60,7 @@ struct ChatBox {
     // KeyDown of the typing line and of the conversation: Up and Down walk through ChatHistory. True if consumed.
     bool keyDown(int key);
 
-    // KeyPress of the conversation, always consumed: the character goes to the end of the typing line, which gets the
-    // focus; code 8 takes the last one off, Enter (13) sends.
+    // KeyPress of the conversation, always consumed: the character goes to the end of the typing line; code 8 takes the
+    // last one off, Enter (13) sends. The typing line gets the focus, with the insertion point at its end.
     void chatKeyPress(int keyAscii);
 };

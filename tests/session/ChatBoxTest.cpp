@@ -94,12 +94,6 @@ TEST_F(ChatBoxTest, NotConnectedEnterDoesNothingAndTheTextStays) {
     EXPECT_THAT(chat.steps, IsEmpty());
 }
 
-TEST_F(ChatBoxTest, PastedLinesGoOutAsOneTell) {
-    enter("one\r\nquit");
-    EXPECT_THAT(sent, ElementsAre("Tell Bob one  quit\n"));
-    EXPECT_EQ(chat.conversation, "one  quit\r\n");
-}
-
 TEST_F(ChatBoxTest, OnlyEnterSends) {
     chat.typing = "hi";
     EXPECT_FALSE(chat.box.zTxtTell('x'));

@@ -356,6 +356,18 @@ TEST_F(ChatWindow, NotConnectedEnterLeavesTheText) {
     EXPECT_EQ(txtChat(chat).text(), "");
 }
 
+TEST_F(ChatWindow, EnterInTheConversationTakesTheFocusToTheEndOfTheTypingLineEvenWhileNotConnected) {
+    start();
+    const frmChat& chat = openChat("Bob");
+    txtTell(chat).setLine("hi");
+    txtTell(chat).setCursorPosition(0);
+    txtChat(chat).setFocus();
+    QTest::keyClick(&txtChat(chat), Qt::Key_Return);
+    EXPECT_EQ(txtTell(chat).line(), "hi");
+    EXPECT_EQ(txtTell(chat).cursorPosition(), 2);
+    EXPECT_EQ(chat.focusWidget(), &txtTell(chat));
+}
+
 TEST_F(ChatWindow, TextOfTheConversationCanBeCopiedByKeyAndMenu) {
     start();
     const frmChat& chat = openChat("Bob");

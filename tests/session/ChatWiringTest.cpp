@@ -1,6 +1,8 @@
 // Chat boxes in the program: how they open, talk with a server on a real socket, and go.
 #include "session/ChatWindowRig.h"
 
+#include <QClipboard>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -104,6 +106,16 @@ TEST_F(ChatWiring, AnAnswerGoesOutAndItsEchoStaysInTheBox) {
     EXPECT_TRUE(consoleHas("afterwards"));
     EXPECT_EQ(caption(chat), "Chatting with Bob (who is playing)");
     EXPECT_EQ(console().find("told"), std::string::npos);
+}
+
+TEST_F(ChatWiring, PastedLinesGoOutAsOneTell) {
+    loggedOn();
+    const frmChat& chat = openChat("Bob");
+    QApplication::clipboard()->setText(QStringLiteral("one\nquit"));
+    txtTell(chat).paste();
+    QTest::keyClick(&txtTell(chat), Qt::Key_Return);
+    EXPECT_TRUE(serverGot("Tell Bob one quit\n"));
+    EXPECT_EQ(txtChat(chat).text(), "one quit\n");
 }
 
 TEST_F(ChatWiring, AChannelBoxShowsOthersAndTheOwnWordsOnce) {

@@ -1,6 +1,8 @@
 // The command line, the rows of buttons and the console's own keys, with real key presses.
 #include "session/ClientRig.h"
 
+#include <QClipboard>
+
 namespace {
 
 class TypingWindow : public ClientRig {};
@@ -15,6 +17,17 @@ TEST_F(TypingWindow, EnterSendsEchoesAndEmptiesTheLine) {
     EXPECT_TRUE(serverGot("who\n"));
     EXPECT_EQ(txtSend().line(), "");
     EXPECT_TRUE(consoleHas("who\n"));
+}
+
+TEST_F(TypingWindow, PastedLinesGoOutAsOneCommand) {
+    connected();
+    QApplication::clipboard()->setText(QStringLiteral("finger a\nresign"));
+    txtSend().paste();
+    QTest::keyClick(&txtSend(), Qt::Key_Return);
+    EXPECT_TRUE(serverGot("finger a resign\n"));
+    EXPECT_TRUE(consoleHas("finger a resign\n"));
+    QTest::keyClick(&txtSend(), Qt::Key_Up);
+    EXPECT_EQ(txtSend().line(), "finger a resign");
 }
 
 TEST_F(TypingWindow, WhileNotConnectedTheTextStays) {
