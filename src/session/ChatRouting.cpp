@@ -54,7 +54,7 @@ bool ChatRouting::zChatBox(const std::string& line) const {
     return false;
 }
 
-int zFindChat(const std::string& buddy) {
+int findChat(const std::string& buddy) {
     for (std::size_t number = 0; number < openWindows.windows.size(); ++number) {
         const ChatBox* chat = openWindows.windows[number].chat;
         if (chat && chat->xBuddy == buddy) return static_cast<int>(number);
@@ -62,7 +62,7 @@ int zFindChat(const std::string& buddy) {
     return -1;
 }
 
-void zProposeBuddy() {
+void proposeBuddy() {
     modChess.NewBuddy = modChess.TellTarget;
-    if (zFindChat(modChess.NewBuddy) != -1) modChess.NewBuddy.clear();
+    if (findChat(modChess.NewBuddy) != -1) modChess.NewBuddy.clear();
 }

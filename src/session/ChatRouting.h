@@ -18,7 +18,7 @@ struct ChatRouting {
 };
 
 // The window number (see OpenWindows) of the box whose xBuddy equals `buddy`; -1 if there is none.
-int zFindChat(const std::string& buddy);
+int findChat(const std::string& buddy);
 
 // Makes the sender of the latest tell the proposal for the next box, modChess.NewBuddy; empty if he has a box already.
-void zProposeBuddy();
+void proposeBuddy();

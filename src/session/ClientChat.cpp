@@ -10,7 +10,7 @@ void frmChessClient::wireChat() {
     chatRouting.consoleLength = [this] { return txtOutput->length(); };
     ClassifierHooks& hooks = classifier.hooks;
     hooks.zChatBox = [this](const std::string& line) { return chatRouting.zChatBox(line); };
-    hooks.findChat = zFindChat;
+    hooks.findChat = findChat;
     hooks.setChatCaption = [](int chat, const std::string& caption) {
         openWindows.windows.at(static_cast<std::size_t>(chat)).chat->hooks.setCaption(caption);
     };
@@ -25,13 +25,13 @@ void frmChessClient::wireChat() {
 
 void frmChessClient::zNewChat() {
     if (modChess.AppClosing) return;
-    zProposeBuddy();
+    proposeBuddy();
     auto* box = new frmChat(road, chatRoads_); // deletes itself after closing
     box->load();
 }
 
 void frmChessClient::showChat() {
-    const int open = modChess.TellTarget.empty() ? -1 : zFindChat(modChess.TellTarget);
+    const int open = modChess.TellTarget.empty() ? -1 : findChat(modChess.TellTarget);
     if (open == -1) {
         zNewChat();
         return;

@@ -206,14 +206,14 @@ TEST_F(ChatRoutingTest, ABoxIsFoundByItsExactBuddy) {
     openWindows.add({"frmChessClient", this, nullptr, {}});
     open("Bob");
     open("Ann");
-    EXPECT_EQ(zFindChat("Ann"), 2);
-    EXPECT_EQ(zFindChat("ann"), -1);
-    EXPECT_EQ(zFindChat("An"), -1);
+    EXPECT_EQ(findChat("Ann"), 2);
+    EXPECT_EQ(findChat("ann"), -1);
+    EXPECT_EQ(findChat("An"), -1);
 }
 
 TEST_F(ChatRoutingTest, TheSenderOfTheLatestTellIsProposedForTheNextBox) {
     modChess.TellTarget = "Bob";
-    zProposeBuddy();
+    proposeBuddy();
     EXPECT_EQ(modChess.NewBuddy, "Bob");
 }
 
@@ -221,6 +221,6 @@ TEST_F(ChatRoutingTest, ASenderWhoHasABoxIsNotProposed) {
     open("Bob");
     modChess.TellTarget = "Bob";
     modChess.NewBuddy = "Ann";
-    zProposeBuddy();
+    proposeBuddy();
     EXPECT_EQ(modChess.NewBuddy, "");
 }

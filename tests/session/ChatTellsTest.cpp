@@ -18,7 +18,7 @@ struct ChatTellsTest : SessionRig {
     ChatTellsTest() {
         openWindows = {};
         classifier.hooks.zChatBox = [this](const std::string& line) { return routing.zChatBox(line); };
-        classifier.hooks.findChat = zFindChat;
+        classifier.hooks.findChat = findChat;
         classifier.hooks.setChatCaption = [](int chat, const std::string& caption) {
             openWindows.windows.at(static_cast<std::size_t>(chat)).chat->hooks.setCaption(caption);
         };
