@@ -99,6 +99,17 @@ TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionStaysClosed) {
     EXPECT_EQ(openWindows.count("frmChat"), 0);
 }
 
+TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionAndNotGoneYetTakesNoName) {
+    start();
+    std::string named;
+    whileAsked = [] { openWindows.windows.back().unload(); };
+    client->zNewChat();
+    chats()[0]->box.hooks.setCaption = [&named](const std::string& caption) { named = caption; };
+    ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
+    runFor(20);
+    EXPECT_EQ(named, "");
+}
+
 TEST_F(ChatWindow, ABoxThatIsClosedBeforeItsQuestionDoesNotAsk) {
     start();
     client->zNewChat();

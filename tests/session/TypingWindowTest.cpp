@@ -105,6 +105,16 @@ TEST_F(TypingWindow, ATellButtonSendsItsToolTipByTheTypedRoute) {
     EXPECT_EQ(txtSend().line(), "who a");
 }
 
+TEST_F(TypingWindow, AButtonWithACommandTakesTheFocusToTheLine) {
+    set("Tell_0", "finger");
+    start();
+    for (const QString& name : {tell(0), QStringLiteral("cmdAcc"), QStringLiteral("cmdDec")}) {
+        txtOutput().setFocus();
+        QTest::mouseClick(&button(name), Qt::LeftButton);
+        EXPECT_EQ(client->focusWidget(), &txtSend()) << name.toStdString();
+    }
+}
+
 TEST_F(TypingWindow, ATellButtonWithoutATextDoesNothingAndLooksUnavailable) {
     connected();
     txtSend().setLine("keep");
