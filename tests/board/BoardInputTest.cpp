@@ -154,6 +154,26 @@ TEST_F(BoardInputTest, APreMoveTakenBackLeavesNoColour) {
     EXPECT_FALSE(board.game.PreMoveSet);
 }
 
+TEST_F(BoardInputTest, APieceInHandGoesBackWhenTheQueuedPreMoveWasPlayedMeanwhile) {
+    frmChessBoard& board = openWaiting();
+    drag(board, "g1", "f3");
+    press(board, "b1");
+    carry(board, "b1", "c3");
+    receiveAnswer(board);
+    release(board, "c3");
+    EXPECT_TRUE(sent.empty()) << "MoveMode of the lift has queued it again";
+    EXPECT_TRUE(board.game.PreMoveSet);
+    for (const char* square : {"g1", "f3"}) EXPECT_EQ(frameOf(board, square), colorOf(modChess.ColorPreMove)) << square;
+    const QImage shown = screenOf(board);
+    board.game.zBoardSetup(false);
+    const QImage fresh = screenOf(board);
+    const QPoint half(view(board).geometry().SquarePixels / 2 - 1, view(board).geometry().SquarePixels / 2 - 1);
+    for (const char* square : {"b1", "c3"}) {
+        const QRect area(at(board, square) - half, at(board, square) + half);
+        EXPECT_EQ(cut(shown, area), cut(fresh, area)) << square;
+    }
+}
+
 TEST_F(BoardInputTest, ThePointerTellsWhatMayBeLifted) {
     frmChessBoard& board = openMine();
     const auto hover = [&](const char* square) {
