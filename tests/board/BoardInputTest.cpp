@@ -174,6 +174,21 @@ TEST_F(BoardInputTest, APieceInHandGoesBackWhenTheQueuedPreMoveWasPlayedMeanwhil
     }
 }
 
+TEST_F(BoardInputTest, ForFourSecondsAfterAGameOpenedNothingIsLifted) {
+    frmChessBoard& board = openMine();
+    auto& timer = part<QTimer>(board, "tmrNoPlay");
+    EXPECT_FALSE(timer.isActive());
+    board.game.zExitMove();
+    EXPECT_TRUE(timer.isActive());
+    EXPECT_EQ(timer.interval(), 4000);
+    drag(board, "e2", "e4");
+    EXPECT_TRUE(sent.empty());
+    timer.start(1); // sooner, so that the test need not wait
+    EXPECT_TRUE(waitUntil([&] { return !timer.isActive(); }));
+    drag(board, "e2", "e4");
+    EXPECT_EQ(sent, Sent{"e2-e4"});
+}
+
 TEST_F(BoardInputTest, ThePointerTellsWhatMayBeLifted) {
     frmChessBoard& board = openMine();
     const auto hover = [&](const char* square) {
