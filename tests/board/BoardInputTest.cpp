@@ -43,11 +43,13 @@ TEST_F(BoardInputTest, TwoClicksPlayTheMoveInClickStyle) {
 
 TEST_F(BoardInputTest, ADropBesideTheWindowPutsThePieceBack) {
     frmChessBoard& board = openMine();
-    view(board).beep = [] {};
+    int beeps = 0;
+    view(board).beep = [&] { ++beeps; };
     press(board, "e2");
     move(board, QPoint(-200, 5000));
     send(board, QEvent::MouseButtonRelease, QPoint(-200, 5000), Qt::LeftButton, Qt::NoButton);
     EXPECT_TRUE(sent.empty());
+    EXPECT_EQ(beeps, 1);
     expectFreshlyPainted(board);
 }
 
