@@ -6,6 +6,7 @@
 #include "platform/MenuEntry.h"
 #include "settings/MouseSlips.h"
 
+#include <QPointer>
 #include <QTimer>
 
 namespace {
@@ -26,6 +27,28 @@ BoardPoint centreOf(const BoardGeometry& geometry, int position) {
     return {point.x + half, point.y + half};
 }
 
+// Keeps a window that closes in a press from being deleted before the press is over: behind one of the right button the
+// toolkit looks at the window again.
+class WindowHold {
+public:
+    WindowHold(QWidget* window, const Game& game)
+        : window_(window), game_(game), deletes_(window->testAttribute(Qt::WA_DeleteOnClose)) {
+        window->setAttribute(Qt::WA_DeleteOnClose, false);
+    }
+    WindowHold(const WindowHold&) = delete;
+    WindowHold& operator=(const WindowHold&) = delete;
+    ~WindowHold() {
+        if (!window_ || !deletes_) return;
+        window_->setAttribute(Qt::WA_DeleteOnClose);
+        if (!game_.isOpen()) window_->deleteLater();
+    }
+
+private:
+    QPointer<QWidget> window_;
+    const Game& game_; // goes with the window
+    bool deletes_;     // false in a press within a press
+};
+
 } // namespace
 
 void BoardInput::build(QWidget* window, const BoardParts& parts) {
@@ -41,8 +64,10 @@ void BoardInput::build(QWidget* window, const BoardParts& parts) {
 
 void BoardInput::connectMouse(QWidget* window, const BoardParts& parts) {
     const BoardView* view = parts.picChess;
-    QObject::connect(view, &BoardView::mouseDown, window,
-                     [this](int button, float x, float y) { moves.mouseDown(button, x, y); });
+    QObject::connect(view, &BoardView::mouseDown, window, [this, window](int button, float x, float y) {
+        const WindowHold hold(window, moves.game);
+        moves.mouseDown(button, x, y);
+    });
     QObject::connect(view, &BoardView::mouseMoved, window,
                      [this](int button, float x, float y) { moves.mouseMoved(button, x, y); });
     QObject::connect(view, &BoardView::mouseUp, window,
@@ -58,13 +83,7 @@ void BoardInput::fillSurfaces(const BoardParts& parts) {
     moves.surface.zYankPiece = [view](int square) { view->zYankPiece(static_cast<std::int16_t>(square)); };
     moves.surface.startSlip = [this](int milliseconds) { tmrSlip_->start(milliseconds); };
     moves.surface.stopSlip = [this] { tmrSlip_->stop(); };
-    // From the message loop: behind a right press the toolkit looks at the window again, which may have closed with the
-    // menu up.
-    moves.surface.popupDrop = [this, view](const DropEntries& entries) {
-        QTimer::singleShot(0, view, [this, entries] {
-            if (moves.game.isOpen()) popupDrop(entries);
-        });
-    };
+    moves.surface.popupDrop = [this](const DropEntries& entries) { popupDrop(entries); };
     moves.surface.focusTyping = [txtSend] { txtSend->setFocus(); };
 
     GameSurface& surface = moves.game.surface;

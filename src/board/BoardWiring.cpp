@@ -63,6 +63,8 @@ void frmChessBoard::fillLabels() {
 void frmChessBoard::fillTimers() {
     GameSurface& surface = game.surface;
     tmrClock_.setInterval(100);
+    tmrNoPlay_.setParent(this); // to be found by its name
+    tmrNoPlay_.setObjectName(QStringLiteral("tmrNoPlay"));
     tmrNoPlay_.setInterval(4000);
     tmrResize_.setInterval(ResizeWatch::IntervalMs);
     surface.startClock = [this] { tmrClock_.start(); };

@@ -35,6 +35,8 @@ void MoveInput::unmarkPreMove() {
 bool MoveInput::playMove(int square) {
     const int row = game.MoveRow;
     const int col = (1 - game.Turn) / 2;
+    // A pre-move that a position played with this piece in hand has taken the from-square: both squares go back.
+    if (game.FromSet != 1) game.ToSq = static_cast<std::int16_t>(square);
     const auto text = game.zMakeMove(square, true, true);
     if (!text) return false;
     if (text->empty()) {

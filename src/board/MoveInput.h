@@ -31,7 +31,7 @@ struct MoveInputSurface {
     std::function<BoardPoint(int position)> centreOf = [](int) { return BoardPoint(); };    // of a view position
     std::function<void(int square)> zYankPiece = [](int) {};                                // onto the pointer
     std::function<void(int milliseconds)> startSlip = [](int) {};                           // tmrSlip from now on
-    std::function<void()> stopSlip = [] {};                                                 //
+    std::function<void()> stopSlip = [] {};                                                 // tmrSlip ends nothing
     std::function<void(const DropEntries& entries)> popupDrop = [](const DropEntries&) {};  // mnuDrop; waits
     std::function<void()> focusTyping = [] {};                                              // txtSend
     std::function<void()> moveMade = [] {}; // a piece was dropped; the self-check panel counts from here

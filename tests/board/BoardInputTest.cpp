@@ -43,11 +43,13 @@ TEST_F(BoardInputTest, TwoClicksPlayTheMoveInClickStyle) {
 
 TEST_F(BoardInputTest, ADropBesideTheWindowPutsThePieceBack) {
     frmChessBoard& board = openMine();
-    view(board).beep = [] {};
+    int beeps = 0;
+    view(board).beep = [&] { ++beeps; };
     press(board, "e2");
     move(board, QPoint(-200, 5000));
     send(board, QEvent::MouseButtonRelease, QPoint(-200, 5000), Qt::LeftButton, Qt::NoButton);
     EXPECT_TRUE(sent.empty());
+    EXPECT_EQ(beeps, 1);
     expectFreshlyPainted(board);
 }
 
@@ -152,6 +154,41 @@ TEST_F(BoardInputTest, APreMoveTakenBackLeavesNoColour) {
         EXPECT_EQ(frameOf(board, square), colorOf(squareColor(zSquareNumber(square)))) << square;
     }
     EXPECT_FALSE(board.game.PreMoveSet);
+}
+
+TEST_F(BoardInputTest, APieceInHandGoesBackWhenTheQueuedPreMoveWasPlayedMeanwhile) {
+    frmChessBoard& board = openWaiting();
+    drag(board, "g1", "f3");
+    press(board, "b1");
+    carry(board, "b1", "c3");
+    receiveAnswer(board);
+    release(board, "c3");
+    EXPECT_TRUE(sent.empty()) << "MoveMode of the lift has queued it again";
+    EXPECT_TRUE(board.game.PreMoveSet);
+    for (const char* square : {"g1", "f3"}) EXPECT_EQ(frameOf(board, square), colorOf(modChess.ColorPreMove)) << square;
+    const QImage shown = screenOf(board);
+    board.game.zBoardSetup(false);
+    const QImage fresh = screenOf(board);
+    const QPoint half(view(board).geometry().SquarePixels / 2 - 1, view(board).geometry().SquarePixels / 2 - 1);
+    for (const char* square : {"b1", "c3"}) {
+        const QRect area(at(board, square) - half, at(board, square) + half);
+        EXPECT_EQ(cut(shown, area), cut(fresh, area)) << square;
+    }
+}
+
+TEST_F(BoardInputTest, ForFourSecondsAfterAGameOpenedNothingIsLifted) {
+    frmChessBoard& board = openMine();
+    auto& timer = part<QTimer>(board, "tmrNoPlay");
+    EXPECT_FALSE(timer.isActive());
+    board.game.zExitMove();
+    EXPECT_TRUE(timer.isActive());
+    EXPECT_EQ(timer.interval(), 4000);
+    drag(board, "e2", "e4");
+    EXPECT_TRUE(sent.empty());
+    timer.start(1); // sooner, so that the test need not wait
+    EXPECT_TRUE(waitUntil([&] { return !timer.isActive(); }));
+    drag(board, "e2", "e4");
+    EXPECT_EQ(sent, Sent{"e2-e4"});
 }
 
 TEST_F(BoardInputTest, ThePointerTellsWhatMayBeLifted) {

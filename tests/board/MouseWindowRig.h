@@ -68,7 +68,6 @@ protected:
     }
     static void press(frmChessBoard& board, const std::string& square, Qt::MouseButton button = Qt::LeftButton) {
         send(board, QEvent::MouseButtonPress, at(board, square), button, button);
-        if (button == Qt::RightButton) QCoreApplication::processEvents(); // the drop menu comes from the loop
     }
     static void release(frmChessBoard& board, const std::string& square, Qt::MouseButton button = Qt::LeftButton) {
         send(board, QEvent::MouseButtonRelease, at(board, square), button, Qt::NoButton);

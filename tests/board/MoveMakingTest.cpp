@@ -122,6 +122,7 @@ TEST(MakeMove, BlacksMoveStandsInTheSecondColumnAndGrantsInTheNextRow) {
     EXPECT_EQ(slot(rig, 3, 1), (std::vector<int>{52, 36, 99, 99, 99, 99, 99, 0}));
     EXPECT_EQ(rig.undo(4, 0, 6), -1);
     EXPECT_EQ(rig.game.EPGranted, 0);
+    EXPECT_EQ(rig.game.grdMoves.text(3, 0), "") << "its number is written by white's move";
 }
 
 TEST(MakeMove, WhitesDoubleStepGrantsInBlacksSlotOfTheSameRow) {

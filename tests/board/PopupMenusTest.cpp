@@ -3,6 +3,8 @@
 
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 
 using Sent = std::vector<std::string>;
@@ -35,7 +37,10 @@ protected:
             if (!menu || !menu->isVisible()) return;
             watch.stop();
             ++shown;
-            QTimer::singleShot(3000, menu, &QMenu::hide); // an answer that does not answer must not hang the test
+            QTimer::singleShot(3000, menu, [menu] { // an answer that does not answer must not hang the test
+                ADD_FAILURE() << "the menu stays up";
+                menu->hide();
+            });
             then(*menu);
         });
         watch.start(1);
@@ -156,6 +161,22 @@ TEST_F(PopupMenusTest, TheWindowClosesWhileTheRealMenuIsUp) {
         watch.disconnect();
     }
     EXPECT_EQ(shown, 2);
+}
+
+TEST_F(PopupMenusTest, TwoRightClicksOfOneBatchBringNoMenuWithinTheOther) {
+    frmChessBoard& board = openBughouse();
+    int up = 0;
+    int most = 0;
+    answer = [&](QMenu&) {
+        most = std::max(most, ++up);
+        QCoreApplication::processEvents();
+        --up;
+    };
+    for (const char* square : {"e4", "e5"}) {
+        send(board, QEvent::MouseButtonPress, at(board, square), Qt::RightButton, Qt::RightButton);
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(most, 1);
 }
 
 TEST_F(PopupMenusTest, TheWindowIsDeletedWhileTheRealMenuIsUp) {

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
+#include <QCursor>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -183,6 +184,21 @@ TEST_F(BoxesTest, APopupMenuWaitsForItsEntryOrForEscape) {
         EXPECT_FALSE(menu.isVisible());
     }
     EXPECT_EQ(chosen, 1);
+}
+
+TEST_F(BoxesTest, APopupMenuComesUpAtThePointer) {
+    QMenu menu;
+    menu.addAction(QStringLiteral("One"));
+    for (const QPoint& place : {QPoint(120, 70), QPoint(300, 211)}) {
+        QCursor::setPos(place);
+        QPoint shown;
+        QTimer::singleShot(1, &menu, [&] {
+            shown = menu.pos();
+            menu.close();
+        });
+        real.popup(menu);
+        EXPECT_EQ(shown, place);
+    }
 }
 
 TEST_F(BoxesTest, APopupMenuThatDiesMeanwhileIsDone) {

@@ -23,7 +23,7 @@ namespace {
 constexpr int Others = 39; // boards with watched games; the fortieth is the one in use
 constexpr int Played = 77;
 
-enum class Use { PieceInHand, SlipDelay, PromotionMenu, DropMenu, Question, CloseQuestion };
+enum class Use { PieceInHand, SlipDelay, PromotionMenu, PromotionOfDelay, DropMenu, Question, CloseQuestion };
 enum class Victim { Itself, Another, All, TheProgram };
 
 class BoardsInUse : public ManyBoards, public testing::WithParamInterface<std::tuple<Use, Victim>> {
@@ -61,6 +61,11 @@ protected:
         const bool there = board && board->isVisible();
         QWindow* window = there ? board->windowHandle() : rig.client->windowHandle();
         QTest::mouseRelease(window, button, {}, there ? at(square) : QPoint(50, 150));
+    }
+
+    void rightClick() {
+        QTest::mousePress(board->windowHandle(), Qt::RightButton, {}, at("e4"));
+        release(Qt::RightButton, "e4");
     }
 
     // Runs `whileUp` as soon as a menu or a box is on the screen.
@@ -135,12 +140,16 @@ protected:
             onceUp();
             drag("a7", "a8");
             break;
+        case Use::PromotionOfDelay: // which the right button ends
+            modChess.MouseSlip = 11;
+            onceUp();
+            drag("a7", "a8");
+            rightClick();
+            break;
         case Use::DropMenu:
             board->game.zSetBughouse("<b1> game 77 white [QPPP] black [RB]");
             onceUp();
-            QTest::mousePress(board->windowHandle(), Qt::RightButton, {}, at("e4"));
-            release(Qt::RightButton, "e4");
-            EXPECT_TRUE(waitUntil([this] { return reached == 1; }));
+            rightClick();
             break;
         case Use::Question:
             boxes.yesNo = Boxes().yesNo;
@@ -171,6 +180,7 @@ protected:
         case Use::SlipDelay:
             return "a7-b8";
         case Use::PromotionMenu:
+        case Use::PromotionOfDelay:
             return "a7-a8=Q+";
         case Use::DropMenu:
             return "Q@e4";
@@ -189,7 +199,8 @@ protected:
 };
 
 std::string nameOf(const testing::TestParamInfo<std::tuple<Use, Victim>>& info) {
-    static const std::array uses{"PieceInHand", "SlipDelay", "PromotionMenu", "DropMenu", "Question", "CloseQuestion"};
+    static const std::array uses{"PieceInHand", "SlipDelay", "PromotionMenu", "PromotionOfDelay",
+                                 "DropMenu",    "Question",  "CloseQuestion"};
     static const std::array victims{"ItselfCloses", "AnotherCloses", "AllClose", "TheProgramCloses"};
     return std::string(uses.at(static_cast<std::size_t>(std::get<Use>(info.param)))) +
            victims.at(static_cast<std::size_t>(std::get<Victim>(info.param)));
@@ -199,7 +210,8 @@ std::string nameOf(const testing::TestParamInfo<std::tuple<Use, Victim>>& info) 
 
 TEST_P(BoardsInUse, NothingIsHarmed) {
     openAll(Others);
-    const bool promoting = std::get<Use>(GetParam()) == Use::PromotionMenu;
+    const Use wanted = std::get<Use>(GetParam());
+    const bool promoting = wanted == Use::PromotionMenu || wanted == Use::PromotionOfDelay;
     openPlayed(promoting ? "----k--- P------- -------- -------- -------- -------- -------- ----K---"
                          : "-n--k--- B------- -------- -------- -------- -------- -------- ----K---");
     ASSERT_EQ(rig.boards().size(), std::size_t{Forty});
@@ -221,9 +233,9 @@ TEST_P(BoardsInUse, NothingIsHarmed) {
     expectFaces();
 }
 
-INSTANTIATE_TEST_SUITE_P(Such, BoardsInUse,
-                         testing::Combine(testing::Values(Use::PieceInHand, Use::SlipDelay, Use::PromotionMenu,
-                                                          Use::DropMenu, Use::Question, Use::CloseQuestion),
-                                          testing::Values(Victim::Itself, Victim::Another, Victim::All,
-                                                          Victim::TheProgram)),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(
+    Such, BoardsInUse,
+    testing::Combine(testing::Values(Use::PieceInHand, Use::SlipDelay, Use::PromotionMenu, Use::PromotionOfDelay,
+                                     Use::DropMenu, Use::Question, Use::CloseQuestion),
+                     testing::Values(Victim::Itself, Victim::Another, Victim::All, Victim::TheProgram)),
+    nameOf);

@@ -233,6 +233,7 @@ TEST_F(BoardViewTest, ThePointerTellsWhetherAPieceMayBeLifted) {
     const QImage pre = view.cursor().pixmap().toImage();
     EXPECT_FALSE(may.isNull());
     EXPECT_NE(may, pre);
+    EXPECT_EQ(view.cursor().hotSpot(), QPoint(9, 2)) << "the tip of its finger";
     view.showPointer(0);
     EXPECT_EQ(view.cursor().shape(), Qt::ArrowCursor);
 }
