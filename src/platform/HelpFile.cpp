@@ -6,10 +6,19 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
+#include <QScreen>
+#include <QSignalBlocker>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextCursor>
 #include <QUrl>
 
+#include <algorithm>
+
 namespace {
+
+constexpr QSize StartSize(880, 660); // pixels, wide enough for the pictures of the manual
 
 // An installed program has its manual beside it, a built one in the source tree it came from.
 QString helpFile() {
@@ -22,16 +31,55 @@ QString helpFile() {
     return {};
 }
 
+// "A first game, without an account" is a-first-game-without-an-account.
+QString anchorOf(const QString& heading) {
+    QString name = heading.toLower();
+    const auto leftOut = [](QChar c) { return !c.isLetterOrNumber() && c != u' ' && c != u'-' && c != u'_'; };
+    name.erase(std::remove_if(name.begin(), name.end(), leftOut), name.end());
+    return name.replace(u' ', u'-');
+}
+
+// The toolkit's reader of Markdown leaves headings without the names that links give them.
+void nameHeadings(QTextDocument& page) {
+    const QSignalBlocker quiet(page); // a page that tells of a change is loaded anew for each link
+    QHash<QString, int> met;
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() == 0) continue;
+        const QString name = anchorOf(block.text());
+        const int before = met[name]++;
+        QTextCharFormat anchor;
+        anchor.setAnchor(true);
+        anchor.setAnchorNames({before == 0 ? name : QStringLiteral("%1-%2").arg(name).arg(before)});
+        QTextCursor(block).mergeBlockCharFormat(anchor);
+    }
+}
+
+// Takes every page as Markdown, whatever its file is called, and finds the headings in it.
+class HelpBrowser : public QTextBrowser {
+public:
+    explicit HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
+        connect(this, &QTextBrowser::sourceChanged, this, [this](const QUrl& page) {
+            nameHeadings(*document());
+            if (page.hasFragment()) scrollToAnchor(page.fragment());
+        });
+    }
+
+protected:
+    void doSetSource(const QUrl& page, QTextDocument::ResourceType) override {
+        QTextBrowser::doSetSource(page, QTextDocument::MarkdownResource);
+    }
+};
+
 QTextBrowser* openBrowser(QWidget* parent, const QString& file) {
-    auto* browser = new QTextBrowser(parent);
+    auto* browser = new HelpBrowser(parent);
     browser->setObjectName(QStringLiteral("helpFile"));
     browser->setAccessibleName(QTextBrowser::tr("Help"));
     browser->setWindowFlag(Qt::Window);
     browser->setAttribute(Qt::WA_DeleteOnClose);
     browser->setWindowTitle(QStringLiteral("Brightrank Help"));
     browser->setOpenExternalLinks(true);
-    browser->resize(820, 640);
-    browser->setSource(QUrl::fromLocalFile(file), QTextDocument::MarkdownResource);
+    browser->resize(StartSize.boundedTo(parent->screen()->availableSize()));
+    browser->setSource(QUrl::fromLocalFile(file));
     return browser;
 }
 
@@ -47,6 +95,7 @@ void showHelpFile(QWidget* parent) {
         }
         browser = openBrowser(parent, file);
     }
+    browser->setWindowState(browser->windowState() & ~Qt::WindowMinimized);
     browser->show();
     browser->raise();
     browser->activateWindow();

@@ -6,7 +6,6 @@
 #include <QStyleOptionSlider>
 
 #include <algorithm>
-#include <utility>
 
 LightScrollBar::LightScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {}
 
@@ -17,8 +16,8 @@ QRect LightScrollBar::part(QStyle::SubControl which) const {
 }
 
 void LightScrollBar::sliderChange(SliderChange change) {
-    const bool atAnEnd = value() == minimum() || value() == maximum();
-    const bool arrowsChange = std::exchange(atAnEnd_, atAnEnd) != atAnEnd;
+    const std::pair<bool, bool> free{value() > minimum(), value() < maximum()};
+    const bool arrowsChange = std::exchange(free_, free) != free;
     const QRect now = part(QStyle::SC_ScrollBarSlider);
     const QRect before = std::exchange(shownAt_, now);
     if (change != SliderValueChange && change != SliderRangeChange) {

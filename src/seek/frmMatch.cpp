@@ -185,6 +185,7 @@ void frmMatch::enableByServer() {
 void frmMatch::present() {
     setWindowTitle(modChess.MatchMode ? tr("Match") : tr("Seek"));
     takeGuise();
+    placer_.unminimise();
     show();
     raise();
     activateWindow();

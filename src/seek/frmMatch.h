@@ -33,7 +33,7 @@ public:
     explicit frmMatch(const MatchRoads& roads);
     ~frmMatch() override;
 
-    // Takes the look of modChess.MatchMode and shows itself.
+    // Takes the look of modChess.MatchMode and shows itself, in front and not minimised.
     void present();
 
     // The controls as they stand.

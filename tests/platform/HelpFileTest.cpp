@@ -1,11 +1,18 @@
-// Which text the help shows, and that there is one window of it.
+// Which text the help shows, that there is one window of it, and that its links and pictures are found.
 #include "platform/HelpFile.h"
 
 #include <QDir>
+#include <QScreen>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
 
 namespace {
 
@@ -18,16 +25,79 @@ struct HelpFileTest : testing::Test {
     ~HelpFileTest() override { QDir::setCurrent(before); }
 
     QList<QTextBrowser*> shown() const { return window.findChildren<QTextBrowser*>(); }
+
+    QTextBrowser& open() {
+        showHelpFile(&window);
+        return *shown().front();
+    }
+    void write(const char* name, const char* text) const {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+    QTextBrowser& openText(const char* text) {
+        write("Brightrank.hlp", text);
+        return open();
+    }
 };
+
+// The texts and pictures of the page, by the looks that hold for them.
+template <typename Look>
+void eachLook(const QTextBrowser& browser, const Look& look) {
+    for (QTextBlock block = browser.document()->begin(); block.isValid(); block = block.next()) {
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) look(piece.fragment().charFormat());
+    }
+}
+
+QStringList linksOf(const QTextBrowser& browser) {
+    QStringList links;
+    eachLook(browser, [&links](const QTextCharFormat& look) {
+        if (!look.anchorHref().isEmpty()) links += look.anchorHref();
+    });
+    return links;
+}
+
+std::vector<std::string> anchorsOf(const QTextBrowser& browser) {
+    std::vector<std::string> names;
+    for (QTextBlock block = browser.document()->begin(); block.isValid(); block = block.next()) {
+        for (const QString& name : block.charFormat().anchorNames()) names.push_back(name.toStdString());
+    }
+    return names;
+}
+
+int picturesOf(const QTextBrowser& browser) {
+    int count = 0;
+    eachLook(browser, [&](const QTextCharFormat& look) {
+        if (!look.isImageFormat()) return;
+        ++count;
+        const QString name = look.toImageFormat().name();
+        const QVariant found = browser.document()->resource(QTextDocument::ImageResource, QUrl(name));
+        EXPECT_FALSE(found.isNull()) << name.toStdString();
+    });
+    return count;
+}
+
+// Where the link is on the window now.
+QPoint placeOf(const QTextBrowser& browser, const QString& link) {
+    const QTextCursor found = browser.document()->find(link);
+    EXPECT_FALSE(found.isNull()) << link.toStdString();
+    QTextCursor first(found);
+    first.setPosition(found.selectionStart() + 1);
+    return browser.cursorRect(first).center();
+}
+
+void click(QTextBrowser& browser, const QString& link) {
+    QTest::mouseClick(browser.viewport(), Qt::LeftButton, {}, placeOf(browser, link));
+}
+
+std::string topLine(const QTextBrowser& browser) {
+    return browser.cursorForPosition(QPoint(10, 2)).block().text().toStdString();
+}
 
 } // namespace
 
 TEST_F(HelpFileTest, TheFileInTheCurrentDirectoryIsShown) {
-    QFile file(folder.filePath(QStringLiteral("Brightrank.hlp")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("# Of our own\n\nRead *this*.\n");
-    file.close();
-    showHelpFile(&window);
+    openText("# Of our own\n\nRead *this*.\n");
     ASSERT_EQ(shown().size(), 1);
     EXPECT_TRUE(shown().front()->isVisible());
     EXPECT_EQ(shown().front()->toPlainText(), QStringLiteral("Of our own\nRead this."));
@@ -43,4 +113,82 @@ TEST_F(HelpFileTest, AskedForAgainItIsTheSameWindow) {
     showHelpFile(&window);
     showHelpFile(&window);
     EXPECT_EQ(shown().size(), 1);
+}
+
+TEST_F(HelpFileTest, AskedForAgainWhileMinimisedItComesBack) {
+    open().showMinimized();
+    EXPECT_FALSE(open().isMinimized());
+}
+
+TEST_F(HelpFileTest, ItIsNoLargerThanTheScreen) {
+    const QTextBrowser& browser = open();
+    const QSize screen = browser.screen()->availableSize();
+    EXPECT_EQ(browser.size().boundedTo(screen), browser.size());
+}
+
+// Links
+
+TEST_F(HelpFileTest, AHeadingsAnchorIsItsTextInSmallLettersWithoutMarksAndWithoutBlanks) {
+    const QTextBrowser& browser = openText("# A first game, without (an) account\n\nText.\n\n## `Pre-moves` & so_on\n");
+    EXPECT_THAT(anchorsOf(browser), ElementsAre("a-first-game-without-an-account", "pre-moves--so_on"));
+}
+
+TEST_F(HelpFileTest, HeadingsOfTheSameTextAreCounted) {
+    EXPECT_THAT(anchorsOf(openText("# One\n\n## Two\n\n# One\n\n# One\n")),
+                ElementsAre("one", "two", "one-1", "one-2"));
+}
+
+TEST_F(HelpFileTest, TextThatIsNoHeadingHasNoAnchor) {
+    EXPECT_THAT(anchorsOf(openText("One\n\n- Two\n\n**Three**\n")), IsEmpty());
+}
+
+TEST_F(HelpFileTest, ALinkOfTheContentsBringsItsHeadingToTheTop) {
+    QTextBrowser& browser = open();
+    click(browser, QStringLiteral("Chat boxes"));
+    EXPECT_EQ(topLine(browser), "Chat boxes");
+}
+
+TEST_F(HelpFileTest, ALinkOpensTheSecondPageAndBackwardLeadsToTheFirst) {
+    QTextBrowser& browser = open();
+    const QString manual = browser.toPlainText();
+    click(browser, QStringLiteral("The practice server"));
+    EXPECT_EQ(topLine(browser), "The practice server");
+    EXPECT_THAT(anchorsOf(browser), testing::Contains("opponents"));
+    QTest::keyClick(&browser, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(browser.toPlainText(), manual);
+}
+
+TEST_F(HelpFileTest, ALinkIntoAnotherPageBringsItsHeadingToTheTop) {
+    write("second.md", ("# Second\n\n" + std::string(9000, 'x') + "\n\n## Below\n\n" + std::string(9000, 'y')).c_str());
+    QTextBrowser& browser = openText("[there](second.md#below)\n");
+    click(browser, QStringLiteral("there"));
+    EXPECT_EQ(topLine(browser), "Below");
+}
+
+TEST_F(HelpFileTest, BackFromAnAnchorThePageIsStillReadAsMarkdown) {
+    write("second.md", "# Second\n");
+    QTextBrowser& browser = openText("[here](#one) [there](second.md)\n\n# One\n\nRead *this*.\n");
+    const QString page = browser.toPlainText();
+    click(browser, QStringLiteral("here"));
+    click(browser, QStringLiteral("there"));
+    ASSERT_EQ(browser.toPlainText(), QStringLiteral("Second"));
+    browser.backward();
+    EXPECT_EQ(browser.toPlainText(), page);
+    EXPECT_THAT(anchorsOf(browser), ElementsAre("one"));
+}
+
+TEST_F(HelpFileTest, EveryLinkAndPictureOfTheManualIsFound) {
+    QTextBrowser& browser = open();
+    const QUrl manual = browser.source();
+    const QStringList links = linksOf(browser);
+    EXPECT_THAT(links, Not(IsEmpty()));
+    EXPECT_GT(picturesOf(browser), 5);
+    for (const QString& link : links) {
+        const QUrl target = manual.resolved(QUrl(link));
+        if (!target.isLocalFile()) continue;
+        browser.setSource(target);
+        EXPECT_FALSE(browser.toPlainText().isEmpty()) << link.toStdString();
+        if (!target.hasFragment()) continue;
+        EXPECT_THAT(anchorsOf(browser), testing::Contains(target.fragment().toStdString()));
+    }
 }

@@ -70,6 +70,25 @@ TEST_F(LightScrollBarTest, ReachingAnEndRepaintsTheArrowsToo) {
     EXPECT_TRUE(bar.painted.contains(QPoint(5, 395)));
 }
 
+TEST_F(LightScrollBarTest, GoingFromOneEndToTheOtherRepaintsTheArrowsToo) {
+    bar.setValue(0);
+    runFor(30);
+    bar.painted = {};
+    bar.setValue(200);
+    runFor(30);
+    EXPECT_TRUE(bar.painted.contains(QPoint(5, 5)));
+    EXPECT_TRUE(bar.painted.contains(QPoint(5, 395)));
+}
+
+TEST_F(LightScrollBarTest, TheFirstRangeBringsTheArrows) {
+    bar.setRange(0, 0);
+    runFor(30);
+    bar.painted = {};
+    bar.setRange(0, 1);
+    runFor(30);
+    EXPECT_TRUE(bar.painted.contains(QPoint(5, 395)));
+}
+
 TEST_F(LightScrollBarTest, ALongTextThatGrowsByALineAndFollowsRepaintsNoTrack) {
     bar.setRange(0, 200'000);
     bar.setValue(200'000);

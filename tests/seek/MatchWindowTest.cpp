@@ -239,6 +239,12 @@ TEST_F(MatchWindow, AskedForInTheOtherGuiseTheOpenDialogTakesItAndKeepsItsTexts)
     EXPECT_EQ(text("txtTime"), "7");
 }
 
+TEST_F(MatchWindow, AskedForWhileMinimisedTheOpenDialogComesBack) {
+    open(false).showMinimized();
+    ASSERT_TRUE(dialog->isMinimized());
+    EXPECT_FALSE(open(true).isMinimized());
+}
+
 TEST_F(MatchWindow, MatchModeIsLeftAsItWasSet) {
     open(true);
     press("cmdOK");

@@ -48,6 +48,19 @@ TEST_F(WindowPlacerTest, WhatWasSavedPutsAnotherWindowThere) {
     EXPECT_EQ(next.geometry(), window.geometry());
 }
 
+TEST_F(WindowPlacerTest, OnceItHasShownAWindowStaysWhereItIsMoved) {
+    QWidget next;
+    WindowPlacer placing(&next);
+    placing.moveTo(Shown);
+    next.show();
+    runFor(20);
+    next.move(70, 60);
+    next.hide();
+    next.show();
+    runFor(20);
+    EXPECT_EQ(next.pos(), QPoint(70, 60));
+}
+
 TEST_F(WindowPlacerTest, AMaximisedWindowGivesThePlaceThatItGoesBackTo) {
     window.showMaximized();
     EXPECT_EQ(placer.place(), Shown);
