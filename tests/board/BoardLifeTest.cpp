@@ -1,9 +1,13 @@
 // A board window's life: load, place, cascade, titles and panels, closing.
 #include "board/BoardWindowRig.h"
 
+#include "platform/EndedProgram.h"
+
+#include <QCloseEvent>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QWindow>
 
 namespace {
 
@@ -47,6 +51,19 @@ TEST_F(BoardLife, Panel1ShowsTheHandleAndTheTellButtonsTheConsolesCommands) {
 }
 
 TEST_F(BoardLife, SelfCheckIsHiddenWithoutItsCommandLine) { EXPECT_FALSE(entry(open(), "mnuSelfCheck").isVisible()); }
+
+TEST_F(BoardLife, ACommandLineThatHoldsEstShowsSelfCheck) {
+    if (QApplication::arguments().size() > 1) {
+        EXPECT_TRUE(entry(open(), "mnuSelfCheck").isVisible());
+        return;
+    }
+    // This test once more, in a process with such a command line.
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    const QString filter = QStringLiteral("--gtest_filter=BoardLife.%1").arg(QString::fromLatin1(test->name()));
+    const EndedProgram ended = runToEnd(QApplication::applicationFilePath(), {filter, QStringLiteral("contest")});
+    EXPECT_EQ(ended.status, 0) << ended.out;
+    EXPECT_NE(ended.out.find("1 test "), std::string::npos);
+}
 
 TEST_F(BoardLife, EachBoardHasANumberOfItsOwn) { EXPECT_NE(open().game.id, open().game.id); }
 
@@ -200,6 +217,21 @@ TEST_F(BoardLife, OnlyTheLastBoardMakesTheBoardMenuAvailable) {
     EXPECT_EQ(menuEnabled, 0);
     second.close();
     EXPECT_EQ(menuEnabled, 1);
+}
+
+// Two presses of the window's close button may arrive together.
+TEST_F(BoardLife, ASecondClosingOfABoardThatHasClosedDoesNothing) {
+    open();
+    frmChessBoard& board = open();
+    position(board.game, 0);
+    QWindow* window = board.windowHandle();
+    for (int press = 0; press < 2; ++press) {
+        QCloseEvent event;
+        QCoreApplication::sendEvent(window, &event);
+    }
+    EXPECT_EQ(sent, (std::vector<std::string>{"unob 12"}));
+    EXPECT_EQ(menuEnabled, 0);
+    EXPECT_EQ(openWindows.count("frmChessBoard"), 1);
 }
 
 TEST_F(BoardLife, ClosingWritesThePlace) {
