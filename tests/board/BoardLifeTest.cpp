@@ -25,6 +25,18 @@ protected:
     QTemporaryDir folder;
 };
 
+// How often a window has come up.
+class ShowCount : public QObject {
+public:
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Show) ++count;
+        return false;
+    }
+};
+
 } // namespace
 
 // Load
@@ -294,10 +306,13 @@ TEST_F(BoardLife, ABoardMayCloseWhilePositionsArriveAndPump) {
     }
 }
 
-TEST_F(BoardLife, ABoardMayCloseWhileItLoads) {
+TEST_F(BoardLife, ABoardMayCloseWhileItLoadsAndDoesNotShowThen) {
     QTimer::singleShot(0, qApp, [] { openWindows.unload("frmChessBoard"); });
     made.emplace_back(new frmChessBoard(roads));
+    ShowCount shows;
+    made.back()->installEventFilter(&shows);
     made.back()->load();
     EXPECT_TRUE(waitUntil([this] { return made.back().isNull(); }));
     EXPECT_TRUE(openWindows.windows.empty());
+    EXPECT_EQ(shows.count, 0);
 }
