@@ -157,6 +157,7 @@ void frmChessBoard::resizeEvent(QResizeEvent* event) {
 }
 
 void frmChessBoard::closeEvent(QCloseEvent* event) {
+    if (!game.isOpen()) return; // asked again before it is deleted
     placer_.unminimise();
     const QPointer<frmChessBoard> self(this);
     const bool may = mayClose();

@@ -42,6 +42,15 @@ bool realOkCancel(QWidget* parent, const std::string& title, const std::string& 
     return ask(parent, title, text, QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
+// Runs a dialog that may die with its parent while it is up; gives `answer` of one that was accepted.
+template <typename Dialog, typename Answer>
+auto askWith(const QPointer<Dialog>& box, Answer answer) {
+    std::optional<decltype(answer(*box))> given;
+    if (box->exec() == QDialog::Accepted && box) given = answer(*box);
+    delete box;
+    return given;
+}
+
 std::optional<std::string> askForText(QWidget* parent, const std::optional<QPoint>& place, const std::string& prompt,
                                       const std::string& title, const std::string& proposal) {
     const QPointer<QInputDialog> box(new QInputDialog(owner(parent)));
@@ -49,11 +58,7 @@ std::optional<std::string> askForText(QWidget* parent, const std::optional<QPoin
     box->setWindowTitle(shownText(title));
     box->setLabelText(shownText(prompt));
     box->setTextValue(shownText(proposal));
-    const bool accepted = box->exec() == QDialog::Accepted && box;
-    std::optional<std::string> answer;
-    if (accepted) answer = bytesOf(box->textValue());
-    delete box;
-    return answer;
+    return askWith(box, [](const QInputDialog& accepted) { return bytesOf(accepted.textValue()); });
 }
 
 std::optional<std::string> realInput(QWidget* parent, const std::string& prompt, const std::string& title,
@@ -67,30 +72,39 @@ std::optional<std::string> realInputAt(QWidget* parent, int left, int top, const
 }
 
 std::optional<std::int32_t> realColour(QWidget* parent, std::int32_t start) {
-    const QColor chosen = QColorDialog::getColor(colorOf(start), owner(parent));
-    if (!chosen.isValid()) return std::nullopt;
-    return colorValue(chosen);
+    const QPointer<QColorDialog> box(new QColorDialog(colorOf(start), owner(parent)));
+    return askWith(box, [](const QColorDialog& accepted) { return colorValue(accepted.selectedColor()); });
 }
 
-std::optional<std::string> pathOf(const QString& chosen) {
-    if (chosen.isEmpty()) return std::nullopt;
-    return QFile::encodeName(chosen).toStdString();
+QFileDialog* fileBox(QWidget* parent, const std::string& title, const std::string& start, const std::string& filter) {
+    return new QFileDialog(owner(parent), shownText(title), QFile::decodeName(start.c_str()), shownText(filter));
 }
 
-QString pathShown(const std::string& path) { return QFile::decodeName(path.c_str()); }
+std::optional<std::string> askForPath(const QPointer<QFileDialog>& box) {
+    return askWith(box, [](const QFileDialog& accepted) {
+        return QFile::encodeName(accepted.selectedFiles().value(0)).toStdString();
+    });
+}
 
 std::optional<std::string> realFileOpen(QWidget* parent, const std::string& title, const std::string& start,
                                         const std::string& filter) {
-    return pathOf(QFileDialog::getOpenFileName(owner(parent), shownText(title), pathShown(start), shownText(filter)));
+    QFileDialog* box = fileBox(parent, title, start, filter);
+    box->setFileMode(QFileDialog::ExistingFile);
+    return askForPath(box);
 }
 
 std::optional<std::string> realFileSave(QWidget* parent, const std::string& title, const std::string& start,
                                         const std::string& filter) {
-    return pathOf(QFileDialog::getSaveFileName(owner(parent), shownText(title), pathShown(start), shownText(filter)));
+    QFileDialog* box = fileBox(parent, title, start, filter);
+    box->setAcceptMode(QFileDialog::AcceptSave);
+    return askForPath(box);
 }
 
 std::optional<std::string> realFolder(QWidget* parent, const std::string& title, const std::string& start) {
-    return pathOf(QFileDialog::getExistingDirectory(owner(parent), shownText(title), pathShown(start)));
+    QFileDialog* box = fileBox(parent, title, start, std::string());
+    box->setFileMode(QFileDialog::Directory);
+    box->setOption(QFileDialog::ShowDirsOnly);
+    return askForPath(box);
 }
 
 void realPopup(QMenu& menu) { menu.exec(QCursor::pos()); }

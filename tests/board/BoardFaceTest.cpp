@@ -58,6 +58,14 @@ TEST_F(BoardFace, HoldingsShowOnlyWithABughouseLine) {
     EXPECT_EQ(label(board, "lblBug(1)"), "[Q]");
 }
 
+TEST_F(BoardFace, TheFirstPositionOfAGameHidesBothHoldings) {
+    frmChessBoard& board = open();
+    board.game.zSetBughouse("<b1> game 12 white [PPN] black [Q]\r\n");
+    position(board.game, 1, "none");
+    EXPECT_FALSE(part(board, "lblBug(0)").isVisible());
+    EXPECT_FALSE(part(board, "lblBug(1)").isVisible());
+}
+
 TEST_F(BoardFace, HoldingsChangePlacesWithAFlip) {
     frmChessBoard& board = open();
     const int white = part(board, "lblBug(0)").y();

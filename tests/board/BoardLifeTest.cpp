@@ -1,9 +1,13 @@
 // A board window's life: load, place, cascade, titles and panels, closing.
 #include "board/BoardWindowRig.h"
 
+#include "platform/EndedProgram.h"
+
+#include <QCloseEvent>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QWindow>
 
 namespace {
 
@@ -19,6 +23,18 @@ protected:
 
     QString startFolder = QDir::currentPath();
     QTemporaryDir folder;
+};
+
+// How often a window has come up.
+class ShowCount : public QObject {
+public:
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Show) ++count;
+        return false;
+    }
 };
 
 } // namespace
@@ -47,6 +63,19 @@ TEST_F(BoardLife, Panel1ShowsTheHandleAndTheTellButtonsTheConsolesCommands) {
 }
 
 TEST_F(BoardLife, SelfCheckIsHiddenWithoutItsCommandLine) { EXPECT_FALSE(entry(open(), "mnuSelfCheck").isVisible()); }
+
+TEST_F(BoardLife, ACommandLineThatHoldsEstShowsSelfCheck) {
+    if (QApplication::arguments().size() > 1) {
+        EXPECT_TRUE(entry(open(), "mnuSelfCheck").isVisible());
+        return;
+    }
+    // This test once more, in a process with such a command line.
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    const QString filter = QStringLiteral("--gtest_filter=BoardLife.%1").arg(QString::fromLatin1(test->name()));
+    const EndedProgram ended = runToEnd(QApplication::applicationFilePath(), {filter, QStringLiteral("contest")});
+    EXPECT_EQ(ended.status, 0) << ended.out;
+    EXPECT_NE(ended.out.find("1 test "), std::string::npos);
+}
 
 TEST_F(BoardLife, EachBoardHasANumberOfItsOwn) { EXPECT_NE(open().game.id, open().game.id); }
 
@@ -202,6 +231,21 @@ TEST_F(BoardLife, OnlyTheLastBoardMakesTheBoardMenuAvailable) {
     EXPECT_EQ(menuEnabled, 1);
 }
 
+// Two presses of the window's close button may arrive together.
+TEST_F(BoardLife, ASecondClosingOfABoardThatHasClosedDoesNothing) {
+    open();
+    frmChessBoard& board = open();
+    position(board.game, 0);
+    QWindow* window = board.windowHandle();
+    for (int press = 0; press < 2; ++press) {
+        QCloseEvent event;
+        QCoreApplication::sendEvent(window, &event);
+    }
+    EXPECT_EQ(sent, (std::vector<std::string>{"unob 12"}));
+    EXPECT_EQ(menuEnabled, 0);
+    EXPECT_EQ(openWindows.count("frmChessBoard"), 1);
+}
+
 TEST_F(BoardLife, ClosingWritesThePlace) {
     frmChessBoard& board = open();
     board.move(30, 40);
@@ -262,10 +306,13 @@ TEST_F(BoardLife, ABoardMayCloseWhilePositionsArriveAndPump) {
     }
 }
 
-TEST_F(BoardLife, ABoardMayCloseWhileItLoads) {
+TEST_F(BoardLife, ABoardMayCloseWhileItLoadsAndDoesNotShowThen) {
     QTimer::singleShot(0, qApp, [] { openWindows.unload("frmChessBoard"); });
     made.emplace_back(new frmChessBoard(roads));
+    ShowCount shows;
+    made.back()->installEventFilter(&shows);
     made.back()->load();
     EXPECT_TRUE(waitUntil([this] { return made.back().isNull(); }));
     EXPECT_TRUE(openWindows.windows.empty());
+    EXPECT_EQ(shows.count, 0);
 }

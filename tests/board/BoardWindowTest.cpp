@@ -1,6 +1,9 @@
 // How a board window carries out what its game says: texts, first layout, coming to the front, closing in a pump.
 #include "board/BoardWindowRig.h"
 
+#include "platform/Clock.h"
+
+#include <QElapsedTimer>
 #include <QTimer>
 
 namespace {
@@ -50,6 +53,46 @@ TEST_F(BoardWindow, AMinimisedBoardPopsUpForItsNewGame) {
     board.game.surface.bringToFront();
     EXPECT_FALSE(board.isMinimized());
     EXPECT_TRUE(board.isVisible());
+}
+
+TEST_F(BoardWindow, ANewGamesBoardComesToTheFront) {
+    frmChessBoard& board = open();
+    frmChessBoard& other = open();
+    other.activateWindow();
+    ASSERT_TRUE(waitUntil([&] { return other.isActiveWindow(); }));
+    board.game.surface.bringToFront();
+    EXPECT_TRUE(waitUntil([&] { return board.isActiveWindow(); }));
+}
+
+TEST_F(BoardWindow, TheKeptPictureHoldsAPieceThatHasLanded) {
+    frmChessBoard& board = open();
+    auto& picChess = part<BoardView>(board, "picChess");
+    picChess.zYankPiece(12);
+    const QImage before = picChess.picture().copy();
+    const float middle = static_cast<float>(picChess.geometry().SquarePixels) * 4.5F;
+    board.game.surface.zMovePiece(middle, middle, 255);
+    EXPECT_EQ(picChess.picture(), before);
+    board.game.surface.keepPicture();
+    EXPECT_NE(picChess.picture(), before);
+}
+
+TEST_F(BoardWindow, FourSecondsAfterANewGamesStartPiecesMayBeLifted) {
+    frmChessBoard& board = open();
+    QElapsedTimer since;
+    since.start();
+    board.game.zExitMove();
+    EXPECT_TRUE(waitUntil([&] { return !board.game.noPlay; }, 10000));
+    EXPECT_GE(since.elapsed(), 3700) << "a timer may come 5% early";
+}
+
+TEST_F(BoardWindow, TheClockLooksAtTheTimeTenTimesASecond) {
+    double second = 0;
+    wallClock.secondsOfDay = [&second] { return ++second; };
+    frmChessBoard& board = open();
+    position(board.game, 0);
+    EXPECT_TRUE(waitUntil([&] { return second >= 10; }, 5000));
+    board.game.surface.stopClock();
+    wallClock = Clock();
 }
 
 TEST_F(BoardWindow, ABoardThatClosesWhileItsPositionArrivesEndsTheUpdate) {

@@ -220,6 +220,25 @@ TEST(GameLifecycle, TmrNoPlayOnlyStopsItselfWhenPlayIsAllowedAlready) {
     EXPECT_EQ(rig.effects, std::vector<std::string>{"stopNoPlay"});
 }
 
+TEST(GameLifecycle, MnuCleanSetsTheBoardUpAndAllowsPlayWhenAllIsPainted) {
+    BoardRig rig;
+    rig.game.noPlay = true;
+    rig.game.surface.pump = [&rig] { rig.note("pump, no play", rig.game.noPlay); };
+    EXPECT_TRUE(rig.game.mnuClean());
+    EXPECT_EQ(rig.effects,
+              (std::vector<std::string>{"paint", "pump, no play 1", "picture", "pump, no play 1", "picture"}));
+    EXPECT_FALSE(rig.game.noPlay);
+}
+
+TEST(GameLifecycle, MnuInvertTurnsTheBoardSetsItUpAndUpdatesIt) {
+    BoardRig rig;
+    rig.game.GridLightOn = true;
+    rig.game.surface.paintBoard = [&rig] { rig.note("paint, flipped", rig.game.Flipped); };
+    EXPECT_TRUE(rig.game.mnuInvert());
+    EXPECT_EQ(rig.effects, (std::vector<std::string>{"paint, flipped 1", "pump", "picture", "pump", "picture"}));
+    EXPECT_TRUE(rig.game.GridLightOn) << "no fresh set-up";
+}
+
 TEST(GameLifecycle, MnuInvertTurnsTheBoardAndBack) {
     BoardRig rig;
     rig.game.mnuInvert();

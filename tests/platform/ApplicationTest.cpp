@@ -57,3 +57,9 @@ TEST(Application, NothingOfTheProgramRunsWhileTheLastBoxIsUp) {
 }
 
 TEST(Application, WithoutAFaultTheStatusIsTheProgramsOwn) { EXPECT_EQ(runProgram("none").status, 7); }
+
+TEST(Application, AnEndAskedForWhileTheStartLetsEventsRunEndsIt) {
+    const EndedProgram ended = runProgram("endWhileStarting");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, "started\n");
+}

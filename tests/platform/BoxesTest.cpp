@@ -166,6 +166,22 @@ TEST_F(BoxesTest, ABoxWhoseParentDiesMeanwhileAnswersNo) {
     EXPECT_EQ(real.input(second, "p", "t", "x"), std::nullopt);
 }
 
+// A board that closes takes the dialog along over which its colour box is up.
+TEST_F(BoxesTest, ADialogOfTheToolkitWhoseParentDiesMeanwhileGivesNothing) {
+    const auto underParent = [this](const auto& box) {
+        auto* parent = new QWidget;
+        next([parent](QWidget&) { delete parent; });
+        return box(parent);
+    };
+    const std::string start = inFolder("x.pgn");
+    const std::string filter = "PGN Files (*.pgn)";
+    EXPECT_EQ(underParent([&](QWidget* over) { return real.colour(over, 0x102030); }), std::nullopt);
+    EXPECT_EQ(underParent([&](QWidget* over) { return real.fileOpen(over, "t", start, filter); }), std::nullopt);
+    EXPECT_EQ(underParent([&](QWidget* over) { return real.fileSave(over, "t", start, filter); }), std::nullopt);
+    EXPECT_EQ(underParent([&](QWidget* over) { return real.folder(over, "t", start); }), std::nullopt);
+    EXPECT_EQ(answered, 4);
+}
+
 TEST_F(BoxesTest, ATestReplacesABoxByItsNextAnswer) {
     const Boxes before = boxes;
     boxes.yesNo = [](QWidget*, const std::string&, const std::string& text) { return text == "Sure?"; };

@@ -134,6 +134,13 @@ void withABox() {
     });
 }
 
+// The start may pump, and the program be closed in that pump.
+void endWhileStarting() {
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    pumpMessages();
+    say("started");
+}
+
 const std::map<std::string, void (*)()> ways{
     {"start", meetFault},
     {"timer", inATimer},
@@ -147,6 +154,7 @@ const std::map<std::string, void (*)()> ways{
     {"exception", byAnotherException},
     {"unknown", byAnUnknownException},
     {"box", withABox},
+    {"endWhileStarting", endWhileStarting},
     {"none", [] { QTimer::singleShot(1, [] { QCoreApplication::exit(7); }); }},
 };
 

@@ -5,11 +5,15 @@
 #include "board/BoardRig.h"
 #include "common/Squares.h"
 #include "common/modChess.h"
+#include "platform/LoadedWindow.h"
 #include "settings/MouseSlips.h"
+#include "view/frmBoardColors.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -23,7 +27,18 @@ namespace {
 constexpr int Others = 39; // boards with watched games; the fortieth is the one in use
 constexpr int Played = 77;
 
-enum class Use { PieceInHand, SlipDelay, PromotionMenu, PromotionOfDelay, DropMenu, Question, CloseQuestion };
+enum class Use {
+    PieceInHand,
+    SlipDelay,
+    PromotionMenu,
+    PromotionOfDelay,
+    DropMenu,
+    BarMenu,
+    LineMenu,
+    Question,
+    CloseQuestion,
+    ColourBox
+};
 enum class Victim { Itself, Another, All, TheProgram };
 
 class BoardsInUse : public ManyBoards, public testing::WithParamInterface<std::tuple<Use, Victim>> {
@@ -151,6 +166,12 @@ protected:
             onceUp();
             rightClick();
             break;
+        case Use::BarMenu:
+            clickBar("mnuFile");
+            break;
+        case Use::LineMenu:
+            openLineMenu();
+            break;
         case Use::Question:
             boxes.yesNo = Boxes().yesNo;
             onceUp();
@@ -161,7 +182,29 @@ protected:
             onceUp();
             board->close();
             break;
+        case Use::ColourBox:
+            boxes.colour = Boxes().colour;
+            board->findChild<QAction*>(QStringLiteral("mnuColors"))->trigger();
+            onceUp();
+            loadedWindow<frmBoardColors>()->findChild<QPushButton*>(QStringLiteral("cmdColor(1)"))->click();
+            break;
         }
+    }
+    // These two menus do not keep whoever opens them waiting.
+    void clickBar(const char* name) {
+        onceUp();
+        QMenuBar* bar = board->menuBar();
+        const QAction* entry = board->findChild<QMenu*>(QString::fromLatin1(name))->menuAction();
+        const QPoint middle = bar->actionGeometry(const_cast<QAction*>(entry)).center();
+        QTest::mouseClick(board->windowHandle(), Qt::LeftButton, {}, bar->mapTo(board.data(), middle));
+        EXPECT_TRUE(waitUntil([this] { return reached == 1; }));
+    }
+    void openLineMenu() {
+        onceUp();
+        auto* txtSend = board->findChild<QWidget*>(QStringLiteral("txtSend"));
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, txtSend->rect().center(), txtSend->mapToGlobal(QPoint()));
+        QCoreApplication::sendEvent(txtSend, &event);
+        EXPECT_TRUE(waitUntil([this] { return reached == 1; }));
     }
     void useHand(std::int16_t slip) {
         modChess.MouseSlip = slip;
@@ -186,10 +229,9 @@ protected:
             return "Q@e4";
         case Use::Question:
             return "Draw";
-        case Use::CloseQuestion:
-            break;
+        default:
+            return "";
         }
-        return "";
     }
 
     LineOf line{.relation = 1};
@@ -199,8 +241,8 @@ protected:
 };
 
 std::string nameOf(const testing::TestParamInfo<std::tuple<Use, Victim>>& info) {
-    static const std::array uses{"PieceInHand", "SlipDelay", "PromotionMenu", "PromotionOfDelay",
-                                 "DropMenu",    "Question",  "CloseQuestion"};
+    static const std::array uses{"PieceInHand", "SlipDelay", "PromotionMenu", "PromotionOfDelay", "DropMenu",
+                                 "BarMenu",     "LineMenu",  "Question",      "CloseQuestion",    "ColourBox"};
     static const std::array victims{"ItselfCloses", "AnotherCloses", "AllClose", "TheProgramCloses"};
     return std::string(uses.at(static_cast<std::size_t>(std::get<Use>(info.param)))) +
            victims.at(static_cast<std::size_t>(std::get<Victim>(info.param)));
@@ -223,7 +265,7 @@ TEST_P(BoardsInUse, NothingIsHarmed) {
     const auto [use, victim] = GetParam();
     const bool gone = victim != Victim::Another || use == Use::CloseQuestion;
     EXPECT_EQ(board.isNull(), gone);
-    const bool sent = victim == Victim::Another && use != Use::CloseQuestion;
+    const bool sent = victim == Victim::Another && !sentBy(use).empty();
     EXPECT_TRUE(!sent || serverGot(sentBy(use)));
     for (const char* word : {"a7", "Q@", "Draw"}) {
         EXPECT_TRUE(sent || rig.server.received.find(word) == std::string::npos) << word;
@@ -236,6 +278,7 @@ TEST_P(BoardsInUse, NothingIsHarmed) {
 INSTANTIATE_TEST_SUITE_P(
     Such, BoardsInUse,
     testing::Combine(testing::Values(Use::PieceInHand, Use::SlipDelay, Use::PromotionMenu, Use::PromotionOfDelay,
-                                     Use::DropMenu, Use::Question, Use::CloseQuestion),
+                                     Use::DropMenu, Use::BarMenu, Use::LineMenu, Use::Question, Use::CloseQuestion,
+                                     Use::ColourBox),
                      testing::Values(Victim::Itself, Victim::Another, Victim::All, Victim::TheProgram)),
     nameOf);

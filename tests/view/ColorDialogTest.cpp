@@ -6,6 +6,7 @@
 #include "platform/Boxes.h"
 #include "platform/Colors.h"
 #include "platform/OpenWindows.h"
+#include "platform/WaitUntil.h"
 #include "view/BoardGeometry.h"
 
 #include <QAbstractButton>
@@ -13,7 +14,9 @@
 #include <QGroupBox>
 #include <QPainter>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -208,6 +211,16 @@ TEST_F(ColorDialog, TheHighlightSampleShowsBothHighlights) {
     EXPECT_EQ(pixel(2, 2, "picHL"), White);
     EXPECT_EQ(pixel(40, 0, "picHL"), Green);
     EXPECT_EQ(pixel(42, 2, "picHL"), Black);
+}
+
+TEST_F(ColorDialog, OnAnotherScreenTheSamplesAreDrawnAsFinelyAsItIs) {
+    open();
+    QScreen* fine = QGuiApplication::screens().last();
+    ASSERT_NE(sample().picture.devicePixelRatio(), fine->devicePixelRatio());
+    dialog->windowHandle()->setScreen(fine);
+    dialog->move(fine->geometry().topLeft());
+    EXPECT_TRUE(waitUntil([&] { return sample().picture.devicePixelRatio() == fine->devicePixelRatio(); }));
+    EXPECT_TRUE(waitUntil([&] { return sample("picHL").picture.devicePixelRatio() == fine->devicePixelRatio(); }));
 }
 
 // cmdColor and cmdTest

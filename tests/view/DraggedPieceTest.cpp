@@ -146,6 +146,20 @@ TEST_F(DraggedPieceTest, APieceDroppedOnASquareOfOddWidthLandsOnItsPixelsAlone) 
     EXPECT_EQ(square(E4), landed);
 }
 
+TEST_F(DraggedPieceTest, HalfASquareOfOddWidthIsAWholeNumberOfPixels) {
+    setUp(37, 2);
+    view.zYankPiece(E2);
+    moveToMiddleOf(E4, 128); // 18.5 pixels from its edges
+    const QImage expected = screen();
+    float x = 0;
+    float y = 0;
+    view.geometry().zGetXY(E4, x, y);
+    view.zMovePiece(x + 18, y + 18, 128);
+    EXPECT_EQ(screen(), expected);
+    view.zMovePiece(x + 17, y + 18, 128);
+    EXPECT_NE(screen(), expected);
+}
+
 TEST_F(DraggedPieceTest, APieceBesideTheBoardIsCutAtTheEdgeOfTheSquares) {
     const QImage before = view.grab().toImage();
     view.zMovePiece(-27, 200, 128);
