@@ -144,6 +144,12 @@ class Display:
         self.x11.XFree(text)
         return title
 
+    def hasFocus(self, window):
+        """True when keys go to that window."""
+        number, revert = ctypes.c_ulong(), ctypes.c_int()
+        self.x11.XGetInputFocus(self.connection, ctypes.byref(number), ctypes.byref(revert))
+        return number.value == window.number
+
     def moveWindow(self, window, left, top):
         """As a user does who drags the title."""
         self.x11.XMoveWindow(self.connection, window.number, left, top)

@@ -61,6 +61,7 @@ def x11Calls():
             (x11.XGetWindowAttributes, [pointer, window, pointer]),
             (x11.XGetWindowProperty, [pointer, window, window, ctypes.c_long, ctypes.c_long, number, window, pointer,
                                       pointer, pointer, pointer, pointer]),
+            (x11.XGetInputFocus, [pointer, pointer, pointer]),
             (x11.XMoveWindow, [pointer, window, number, number]),
             (x11.XSendEvent, [pointer, window, number, ctypes.c_long, pointer]),
             (xtst.XTestFakeMotionEvent, [pointer, number, number, number, ctypes.c_ulong]),

@@ -5,9 +5,10 @@ import unittest
 from learn import learnPieces
 from peers import Partner, PracticeServer, Wire
 from rig import LEFT, RIGHT, SCALE, Client, Display, waitFor
-from screen import Screen
+from screen import MOVED, Screen
 
 QUIET = 0.25  # seconds in which something that must not happen would have happened
+VERBOSE_MOVE = 26  # field of a Style 12 line, counted from its first row
 LOG_ON = ["Pupil", "practice", "Set Style 12"]  # all that the program says before its user does anything
 
 
@@ -17,6 +18,7 @@ class PlayedByHand(unittest.TestCase):
     What the program sends is compared whole: nothing may have come behind the last `awaitSent` of a test."""
 
     settings = {}
+    beside = {}  # files in the program's current directory
 
     @classmethod
     def setUpClass(cls):
@@ -41,13 +43,17 @@ class PlayedByHand(unittest.TestCase):
         self.wire = Wire(self.practice.port)
         self.addCleanup(self.wire.end)
         self.display.move(self.display.width - 20, self.display.height - 20)
-        self.client = Client(self.display, self.wire.port, **{**self.settings, **settings})
+        self.client = Client(self.display, self.wire.port, beside=self.beside, **{**self.settings, **settings})
         self.addCleanup(self.endClient)
+        self.greet()
         self.partner = Partner(self.practice.port)
         self.addCleanup(self.partner.end)
         waitFor(lambda: LOG_ON[-1] in self.wire.lines(), 20, "the log-on")
         self.assertEqual(self.wire.lines(), [*LOG_ON, ""])
         time.sleep(2 * QUIET)
+
+    def greet(self):
+        """Whatever the program asks before it connects."""
 
     def startGame(self, white, kind):
         self.partner.say(f"match Pupil 10 0 {kind} u {'black' if white else 'white'}")
@@ -86,6 +92,12 @@ class PlayedByHand(unittest.TestCase):
         """The window of that title, as soon as it shows."""
         return waitFor(lambda: self.display.windows(title), 5, f"a window {title!r}")[-1]
 
+    def awaitDialog(self, title):
+        """The same, when it takes the keys."""
+        window = self.awaitWindow(title)
+        waitFor(lambda: self.display.hasFocus(window), 5, f"the focus in {title!r}")
+        return window
+
     def awaitMenu(self):
         """The popup menu that is open."""
         return waitFor(self.display.menus, 5, "a menu")[-1]
@@ -120,15 +132,29 @@ class PlayedByHand(unittest.TestCase):
         action()
         waitFor(lambda: len(self.wire.positions()) > count, 5, f"the position behind {what}; sent {self.sent()}")
 
+    def awaitConfirmed(self):
+        """Waits until the screen shows the server's last move as such. A move of the user's own shows before that; the
+        marks come with the server's word, but for castling, which has none."""
+        self.awaitPosition()
+        move = self.wire.positions()[-1][VERBOSE_MOVE]
+        if move.startswith("o-o"):
+            time.sleep(QUIET)
+        else:
+            waitFor(lambda: self.screen.mark(move[-2:]) == MOVED, 5, f"the mark of {move}")
+
     def answer(self, move):
         """The partner's move, after the program's last one has come to him; waits until it shows."""
         self.awaitAnother(lambda: self.partner.say(move), move)
-        self.awaitPosition()
+        self.awaitConfirmed()
 
     def move(self, start, end):
         """A move by dragging, until the server has confirmed it on the screen."""
         self.awaitAnother(lambda: self.drag(start, end), f"{start}{end}")
-        self.awaitPosition()
+        self.awaitConfirmed()
+
+    def moveByClicks(self, start, end):
+        self.awaitAnother(lambda: self.clicks(start, end), f"{start}{end}")
+        self.awaitConfirmed()
 
     def play(self, *moves):
         """Moves of both, the program's user first where he has white; his by dragging."""

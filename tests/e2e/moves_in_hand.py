@@ -121,8 +121,7 @@ class InHand(PlayedByHand):
     def testPromotionByTwoClicks(self):
         self.begin(Seek_Color=0)
         for start, end, answer in (("e2", "e4", "d7d5"), ("e4", "d5", "c7c6"), ("d5", "c6", "a7a6"), ("c6", "b7", "h7h6")):
-            self.awaitAnother(lambda: self.clicks(start, end), start + end)
-            self.awaitPosition()
+            self.moveByClicks(start, end)
             self.answer(answer)
         self.clicks("b7", "a8")
         self.choose(ROOK)

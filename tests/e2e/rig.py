@@ -14,6 +14,8 @@ from desktop import LEFT, RIGHT, SCALE, Display, waitFor  # noqa: E402, F401
 
 BUILD = pathlib.Path(os.environ.get("BRIGHTRANK_BUILD", ROOT / "build/dev")).resolve()
 
+TWIPS = 15  # a pixel of the program's, in the store
+
 # The keys of the store's section Client; a test may give others.
 CLIENT = {"Registry_OK": "Yes", "IP": "127.0.0.1", "Use_Timeseal": "False", "Auto_Connect": "True", "Auto_Logon": "True",
           "Last_Server": 0, "Sound_On": 0, "Left": 150, "Top": 9900, "Width": 9000, "Height": 5400}
@@ -27,8 +29,11 @@ class Client:
     """The built program with a store of its own, on a display of the test's."""
 
     def __init__(self, display, port, handle="Pupil", password="practice", program=BUILD / "brightrank",
-                 boardWidth=10500, boardHeight=9000, **settings):
+                 boardWidth=10500, boardHeight=9000, beside=None, **settings):
+        """`beside` are files in the program's current directory, as names and what they link to."""
         self.folder = tempfile.mkdtemp(prefix="brightrank-e2e-")
+        for name, target in (beside or {}).items():
+            pathlib.Path(self.folder, name).symlink_to(target)
         store = pathlib.Path(self.folder, "config/Brightrank/Brightrank.ini")
         store.parent.mkdir(parents=True)
         client = CLIENT | {"Port": port, "Handle": handle, "Password": password} | settings

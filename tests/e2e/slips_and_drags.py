@@ -95,7 +95,7 @@ class TwoClicks(PlayedByHand):
     def testAGameByTwoClicks(self):
         self.begin()
         for start, end, reply in (("e2", "e4", "e7e5"), ("f1", "c4", "b8c6"), ("d1", "h5", "g8f6")):
-            self.awaitAnother(lambda: self.clicks(start, end), start + end)
+            self.moveByClicks(start, end)
             self.answer(reply)
         self.clicks("h5", "f7")
         self.partner.await_("Rookery checkmated")
@@ -104,7 +104,7 @@ class TwoClicks(PlayedByHand):
 
     def testAPreMoveByTwoClicks(self):
         self.begin()
-        self.awaitAnother(lambda: self.clicks("e2", "e4"), "e2e4")
+        self.moveByClicks("e2", "e4")
         self.clicks("g1", "f3")
         waitFor(lambda: self.screen.mark("f3") == PRE_MOVED, 3, "the mark on f3")
         self.awaitNothingMore("e2-e4")
@@ -113,7 +113,7 @@ class TwoClicks(PlayedByHand):
 
     def testTheOpponentMovesWithThePieceOnThePointer(self):
         self.begin()
-        self.awaitAnother(lambda: self.clicks("e2", "e4"), "e2e4")
+        self.moveByClicks("e2", "e4")
         self.display.click(*self.screen.centre("g1"))
         self.display.move(*self.screen.centre("h4"))
         self.awaitAnother(lambda: self.partner.say("d7d6"), "the opponent's move")
