@@ -44,7 +44,7 @@ class Hands:
         self.display = display
         self.opponent = Opponent()
         self.client = Client(display, self.opponent.port, handle="Bench", password="bench", program=options.program,
-                             boardWidth=12600, boardHeight=10600, PreMove_OK=1, Mouse_Slip=0)
+                             boardWidth=12600, boardHeight=10500, PreMove_OK=1, Mouse_Slip=0)
         self.opponent.logOn("Bench", "bench")
         self.screen = Screen(display)
         self.opponent.position(HOME, USERS, "none", "none")

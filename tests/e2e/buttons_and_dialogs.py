@@ -80,6 +80,7 @@ class Challenges(PlayedByHand):
         screen = Screen(self.display)
         waitFor(screen.find, 10, "the board")
         self.display.click(*screen.centre("e4"))
+        self.awaitDialog("Brightrank - Board")
         self.display.keys("alt+a")
         self.awaitMenu()
         self.display.keys(key)

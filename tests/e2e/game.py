@@ -34,6 +34,7 @@ class PlayedByHand(unittest.TestCase):
         self.screen = Screen(self.display, flipped=not white, pieces=self.pieces)
         waitFor(self.screen.find, 10, "the board")
         self.awaitPosition()
+        self.awaitFocus(self.board())
         self.display.keys("alt+b", "l")  # Board, Clean: else no piece can be lifted in the first four seconds
         time.sleep(QUIET)
 
@@ -94,9 +95,15 @@ class PlayedByHand(unittest.TestCase):
 
     def awaitDialog(self, title):
         """The same, when it takes the keys."""
-        window = self.awaitWindow(title)
-        waitFor(lambda: self.display.hasFocus(window), 5, f"the focus in {title!r}")
+        return self.awaitFocus(self.awaitWindow(title))
+
+    def awaitFocus(self, window):
+        waitFor(lambda: self.display.hasFocus(window), 5, f"the focus in {window.title!r}")
         return window
+
+    def board(self):
+        """The window of the board that shows."""
+        return next(each for each in self.display.windows() if not each.title.startswith("Brightrank - Client"))
 
     def awaitMenu(self):
         """The popup menu that is open."""

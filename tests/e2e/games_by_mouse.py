@@ -42,6 +42,12 @@ class GamesByDragging(PlayedByHand):
         self.assertEqual(self.screen.read()[:3], ["rnbqkbnr", "-pp-pppp", "---P----"])
         self.awaitSent("e2-e4", "e4-e5", "e5-d6")
 
+    def testTheOpponentCapturesEnPassant(self):
+        self.begin(white=False)
+        self.play("e2e4", "a7a6", "e4e5", "f7f5", "e5f6", "e7f6", "a2a3")
+        self.assertEqual(self.screen.read()[2:4], ["p----p--", "--------"])
+        self.awaitSent("a7-a6", "f7-f5", "e7-f6")
+
     def testOneGameOfBothCastlingsEnPassantAndTwoPromotions(self):
         self.begin(AutoQueen=0)
         self.play("d2d4", "d7d5", "b1c3", "g8f6", "c1f4", "e7e6", "d1d2", "f8e7", "e1c1", "e8g8", "e2e4", "h7h6", "e4e5",
