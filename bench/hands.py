@@ -63,8 +63,8 @@ class Hands:
         self.display.press()
 
     def pointerMoves(self, count, pause):
-        """CPU milliseconds for each of `count` movements that far apart. A program that paints at a pace of its own would
-        show by costing more when they come slowly."""
+        """CPU milliseconds for each of `count` movements that far apart. A program that paints at a pace of its own
+        would show by costing more when they come slowly."""
         self.lift("g1")
         waitFor(lambda: self.screen.mark("g1") == MOVED, 2, "the piece to be lifted")
         x, y = self.screen.centre("d4")

@@ -8,7 +8,6 @@ says the same in steps of 10 ms). A stretch of text ends with thirty underscores
 Style 12" as soon as it has read them; it counts as visible when the program has then used no CPU for 150 ms.
 """
 import argparse
-import os
 import pathlib
 import re
 import select

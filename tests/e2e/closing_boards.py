@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The one board of a game that goes on is closed: with a piece in hand, in the delay, under a menu, and not after all."""
+"""The board of a game that goes on is closed: with a piece in hand, in the delay, under a menu, not after all."""
 from game import RIGHT, PlayedByHand, time, unittest, waitFor
 from moves_in_hand import ROAD, SENT_ON_THE_ROAD
 

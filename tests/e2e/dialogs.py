@@ -1,4 +1,4 @@
-"""A dialog of the program under the pointer: its fields are found by their white, the rest by where the design has it."""
+"""A dialog of the program under the pointer: its fields are found by their white, the rest by its place."""
 import time
 
 from rig import SCALE, waitFor

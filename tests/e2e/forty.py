@@ -1,4 +1,4 @@
-"""Forty boards of the built program, each with a game that is watched, laid out so that all can be read from the screen."""
+"""Forty boards of the built program, each with a game that is watched, laid out so that all can be read."""
 import random
 import re
 import time

@@ -8,7 +8,8 @@ from rig import LEFT, RIGHT, SCALE, Client, Display, waitFor
 from screen import MOVED, Screen
 
 QUIET = 0.25  # seconds in which something that must not happen would have happened
-VERBOSE_MOVE = 26  # field of a Style 12 line, counted from its first row
+RELATION, VERBOSE_MOVE = 18, 26  # fields of a Style 12 line, counted from its first row
+USERS_MOVE = "1"
 LOG_ON = ["Pupil", "practice", "Set Style 12"]  # all that the program says before its user does anything
 
 
@@ -141,17 +142,18 @@ class PlayedByHand(unittest.TestCase):
 
     def awaitConfirmed(self):
         """Waits until the screen shows the server's last move as such. A move of the user's own shows before that; the
-        marks come with the server's word, but for castling, which has none."""
+        marks come with the server's word, "P/e2-e4", but for castling, which has none."""
         self.awaitPosition()
         move = self.wire.positions()[-1][VERBOSE_MOVE]
         if move.startswith("o-o"):
             time.sleep(QUIET)
         else:
-            waitFor(lambda: self.screen.mark(move[-2:]) == MOVED, 5, f"the mark of {move}")
+            waitFor(lambda: self.screen.mark(move[5:7]) == MOVED, 5, f"the mark of {move}")
 
     def answer(self, move):
         """The partner's move, after the program's last one has come to him; waits until it shows."""
         self.awaitAnother(lambda: self.partner.say(move), move)
+        waitFor(lambda: self.wire.positions()[-1][RELATION] == USERS_MOVE, 5, f"the position behind {move}")
         self.awaitConfirmed()
 
     def move(self, start, end):

@@ -50,8 +50,8 @@ class GamesByDragging(PlayedByHand):
 
     def testOneGameOfBothCastlingsEnPassantAndTwoPromotions(self):
         self.begin(AutoQueen=0)
-        self.play("d2d4", "d7d5", "b1c3", "g8f6", "c1f4", "e7e6", "d1d2", "f8e7", "e1c1", "e8g8", "e2e4", "h7h6", "e4e5",
-                  "f6d7", "h2h4", "f7f5", "e5f6", "d7b6", "f6e7", "a7a6")
+        self.play("d2d4", "d7d5", "b1c3", "g8f6", "c1f4", "e7e6", "d1d2", "f8e7", "e1c1", "e8g8", "e2e4", "h7h6",
+                  "e4e5", "f6d7", "h2h4", "f7f5", "e5f6", "d7b6", "f6e7", "a7a6")
         self.promote("e7", "f8", KNIGHT)
         self.answer("g8f8")
         self.play("h4h5", "a6a5", "g2g4", "a5a4", "g4g5", "a4a3", "g5h6", "a3b2", "c1b1", "f8e8", "h6g7", "b8a6")
@@ -59,8 +59,8 @@ class GamesByDragging(PlayedByHand):
         self.answer("e8d7")
         self.partner.say("resign")
         self.partner.await_("Rookery resigns")
-        self.awaitSent("d2-d4", "b1-c3", "c1-f4", "d1-d2", "e1-c1", "e2-e4", "e4-e5", "h2-h4", "e5-f6", "f6-e7", "e7-f8=N",
-                       "h4-h5", "g2-g4", "g4-g5", "g5-h6", "c1-b1", "h6-g7", "g7-g8=Q+")
+        self.awaitSent("d2-d4", "b1-c3", "c1-f4", "d1-d2", "e1-c1", "e2-e4", "e4-e5", "h2-h4", "e5-f6", "f6-e7",
+                       "e7-f8=N", "h4-h5", "g2-g4", "g4-g5", "g5-h6", "c1-b1", "h6-g7", "g7-g8=Q+")
         self.assertEqual(self.screen.read(), ["r-bq--Q-", "-ppk----", "nn--p---", "---p---P", "---P-B--", "--N-----",
                                               "PpPQ-P--", "-K-R-BNR"])
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""A move in hand and what may come between: other buttons, the edge of the board, the end of the game or the program."""
+"""A move in hand and what may come between: buttons, the edge of the board, the end of game or program."""
 from game import QUIET, RIGHT, PlayedByHand, time, unittest, waitFor
 
 ROAD = ("e2e4", "d7d5", "e4d5", "c7c6", "d5c6", "a7a6", "c6b7", "h7h6")
@@ -120,8 +120,8 @@ class InHand(PlayedByHand):
 
     def testPromotionByTwoClicks(self):
         self.begin(Seek_Color=0)
-        for start, end, answer in (("e2", "e4", "d7d5"), ("e4", "d5", "c7c6"), ("d5", "c6", "a7a6"), ("c6", "b7", "h7h6")):
-            self.moveByClicks(start, end)
+        for move, answer in zip(ROAD[::2], ROAD[1::2]):
+            self.moveByClicks(move[:2], move[2:])
             self.answer(answer)
         self.clicks("b7", "a8")
         self.choose(ROOK)

@@ -1,19 +1,19 @@
-"""A server of the test's own: it logs one client on, says what the test tells it to, and keeps what the client sends."""
+"""A server of the test's own: it logs one client on, says what it is told to, and keeps what the client sends."""
 import queue
 import socket
 import threading
 import time
 
 PROMPT = "\n\rfics% "
-LINE = ("<12> {rows} {mover} -1 1 1 1 1 0 {game} {white} {black} {relation} 60 0 39 39 3600 3600 {number} {move} (0:00) "
-        "{pretty} {flip} 0 0")
+LINE = ("<12> {rows} {mover} -1 1 1 1 1 0 {game} {white} {black} {relation} 60 0 39 39 3600 3600 {number} {move} "
+        "(0:00) {pretty} {flip} 0 0")
 
 
 def style12(rows, game=1, mover="W", white="Lantern", black="Harbour", relation=0, number=1, move="none", pretty="none",
             flip=0):
     """A position with its prompt, as the server sends it."""
-    return "\n\r" + LINE.format(rows=" ".join(rows), mover=mover, game=game, white=white, black=black, relation=relation,
-                                number=number, move=move, pretty=pretty, flip=flip) + PROMPT
+    return "\n\r" + LINE.format(rows=" ".join(rows), mover=mover, game=game, white=white, black=black, number=number,
+                                relation=relation, move=move, pretty=pretty, flip=flip) + PROMPT
 
 
 class ScriptedServer:

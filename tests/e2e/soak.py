@@ -190,7 +190,7 @@ class Soak:
             self.compareSent(player, self.current[place::2])
 
     def compareSent(self, player, moves):
-        """The server has got these moves in their long form, byte for byte; the sign of check is the board's to find."""
+        """The server has got these moves in their long form, byte for byte; the sign of check is the board's."""
         promoted = {"": "", "q": r"=Q\+?"}
         wanted = "".join(f"{move[:2]}-{move[2:4]}{promoted[move[4:]]}\n" for move in moves)
         sent = bytes(player.wire.sent).decode("latin-1")

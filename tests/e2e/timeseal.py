@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The built program behind a TimeSeal relay of the project's own: log-on, a game by hand, its end, and no relay at all."""
+"""The built program behind a TimeSeal relay of the project's own: log-on, a game by hand, its end; and no relay."""
 import os
 import pathlib
 import socket
@@ -14,7 +14,7 @@ LOCK = pathlib.Path(tempfile.gettempdir(), "brightrank-test-port-6000.lock")
 
 
 def lockPort():
-    """Waits until no other test uses the port; the lock is written as the toolkit's locks are, which those tests use."""
+    """Waits until no other test uses the port. The lock is one of the toolkit's, as other tests use it too."""
     names = [os.getpid(), os.path.realpath(sys.executable), socket.gethostname(),
              pathlib.Path("/etc/machine-id").read_text().strip() if os.path.exists("/etc/machine-id") else "",
              pathlib.Path("/proc/sys/kernel/random/boot_id").read_text().strip()]
