@@ -18,7 +18,8 @@ TWIPS = 15  # a pixel of the program's, in the store
 
 # The keys of the store's section Client; a test may give others.
 CLIENT = {"Registry_OK": "Yes", "IP": "127.0.0.1", "Use_Timeseal": "False", "Auto_Connect": "True",
-          "Auto_Logon": "True", "Last_Server": 0, "Sound_On": 0, "Left": 150, "Top": 9900, "Width": 9000, "Height": 5400}
+          "Auto_Logon": "True", "Last_Server": 0, "Sound_On": 0,
+          "Left": 150, "Top": 9900, "Width": 9000, "Height": 5400}
 
 
 def section(name, keys):
