@@ -11,80 +11,48 @@ CPU is the run time of all threads as the kernel counts it. The times hold the d
 import argparse
 import os
 import pathlib
-import queue
 import statistics
-import socket
 import sys
-import threading
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests/e2e")]
-import rig  # noqa: E402
 from desktop import Display, waitFor  # noqa: E402
+from rig import Client  # noqa: E402
+from screen import MOVED, PRE_MOVED, Screen  # noqa: E402
+from scripted import ScriptedServer, style12  # noqa: E402
 
 HOME = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
 OUT = HOME[:5] + ["-----N--", "PPPPPPPP", "RNBQKB-R"]
-LINE = "<12> {} {} -1 1 1 1 1 0 7 Bench Other {} 60 0 39 39 3600 3600 {} {} (0:00) {} 0 0 0"
+SIDE = 76  # pixels of a square
+USERS, OPPONENTS = 1, -1  # relations: whose move it is
 
 
-class Opponent:
+class Opponent(ScriptedServer):
     """A server at which the white knight goes to and fro, in one game that never ends."""
 
-    def __init__(self):
-        self.listener = socket.create_server(("127.0.0.1", 0))
-        self.port = self.listener.getsockname()[1]
-        self.lines = queue.Queue()  # (moment, line) as the program sent them
-        self.number = 1
-        threading.Thread(target=self.listen, daemon=True).start()
+    number = 1
 
-    def listen(self):
-        self.client, _ = self.listener.accept()
-        self.client.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
-        self.client.sendall(b"login: ")
-        rest = b""
-        while piece := self.client.recv(4096):
-            now = time.perf_counter()
-            *lines, rest = (rest + piece).split(b"\n")
-            for line in lines:
-                self.lines.put((now, line.decode("latin-1")))
-
-    def logOn(self):
-        self.awaitLine("Bench")
-        self.say("\n\rpassword: ")
-        self.awaitLine("bench")
-        self.say("\n\r**** Starting FICS session as Bench ****\n\r\n\rfics% ")
-        self.awaitLine("Set Style 12")
-        self.say("\n\rStyle 12 set.\n\rfics% ")
-
-    def awaitLine(self, wanted):
-        """The moment at which that line came; others before it are an error."""
-        moment, line = self.lines.get(timeout=20)
-        if line != wanted:
-            raise SystemExit(f"hands: the program sent {line!r} and not {wanted!r}")
-        return moment
-
-    def say(self, text):
-        self.client.sendall(text.encode("latin-1"))
-
-    def position(self, rows, mover, move, pretty):
-        """Shows a position; `mover` W is the program's user."""
-        self.say("\n\r" + LINE.format(" ".join(rows), mover, 1 if mover == "W" else -1, self.number, move, pretty)
-                 + "\n\rfics% ")
+    def position(self, rows, relation, move, pretty):
+        """Shows a position with its prompt."""
+        self.say(style12(rows, white="Bench", black="Other", mover="W" if relation == USERS else "B",
+                         relation=relation, number=self.number, move=move, pretty=pretty))
 
 
 class Hands:
     def __init__(self, display, options):
         self.display = display
         self.opponent = Opponent()
-        self.client = rig.Client(display, self.opponent.port, handle="Bench", password="bench",
-                                 program=options.program, boardWidth=12600, boardHeight=10700, PreMove_OK=1)
-        self.opponent.logOn()
-        self.screen = rig.Screen(display)
-        self.opponent.position(HOME, "W", "none", "none")
+        self.client = Client(display, self.opponent.port, handle="Bench", password="bench", program=options.program,
+                             boardWidth=12600, boardHeight=10500, PreMove_OK=1, Mouse_Slip=0)
+        self.opponent.logOn("Bench", "bench")
+        self.screen = Screen(display)
+        self.opponent.position(HOME, USERS, "none", "none")
         waitFor(self.screen.find, 15, "a board")
         time.sleep(4.5)  # no piece can be lifted in the first four seconds
         waitFor(self.screen.find, 5, "the board")
+        if self.screen.side != SIDE:
+            raise SystemExit(f"hands: the squares have {self.screen.side} pixels and not {SIDE}")
 
     def cpu(self):
         tasks = pathlib.Path(f"/proc/{self.client.process.pid}/task").iterdir()
@@ -94,21 +62,30 @@ class Hands:
         self.display.move(*self.screen.centre(square))
         self.display.press()
 
-    def pointerMoves(self, count):
-        """CPU milliseconds for each of `count` movements, 5 ms apart."""
+    def pointerMoves(self, count, pause):
+        """CPU milliseconds for each of `count` movements that far apart. A program that paints at a pace of its own
+        would show by costing more when they come slowly."""
         self.lift("g1")
-        time.sleep(0.2)
+        waitFor(lambda: self.screen.mark("g1") == MOVED, 2, "the piece to be lifted")
         x, y = self.screen.centre("d4")
         before = self.cpu()
         for step in range(count):
             self.display.move(x + 7 * (step % 40) - 140, y + 5 * (step % 60) - 150)
-            time.sleep(0.005)
+            time.sleep(pause)
         time.sleep(0.1)
         spent = self.cpu() - before
+        if self.screen.mark("g1") != MOVED:
+            raise SystemExit("hands: the piece was lost on the way")
         self.display.move(*self.screen.centre("g1"))
         self.display.release()
         time.sleep(0.2)
         return spent / count * 1000
+
+    def rest(self, seconds):
+        """CPU milliseconds of a second in which nobody does anything; the clock of the game runs."""
+        before = self.cpu()
+        time.sleep(seconds)
+        return (self.cpu() - before) / seconds * 1000
 
     def releases(self, count):
         """Milliseconds from each mouse-up to the move's bytes."""
@@ -121,13 +98,13 @@ class Hands:
             self.display.release()
             times.append(self.opponent.awaitLine(f"{start}-{end}") - released)
             self.opponent.number += 1
-            self.opponent.position(rows, "W", "p/h7-h6", "h6")
+            self.opponent.position(rows, USERS, "p/h7-h6", "h6")
             time.sleep(0.03)
         return [1000 * each for each in times]
 
     def queue(self, start, end):
         """Queues a move; a piece taken up while a position is being put on the board stays where it is."""
-        while self.screen.mark(end) != rig.PRE_MOVED:
+        while self.screen.mark(end) != PRE_MOVED:
             self.lift(start)
             self.display.move(*self.screen.centre(end))
             self.display.release()
@@ -138,12 +115,12 @@ class Hands:
         """Milliseconds from each opponent's move to the queued move's bytes."""
         times = []
         for start, end, rows in [("g1", "f3", HOME), ("f3", "g1", OUT)] * (count // 2):
-            self.opponent.position(rows, "B", "P/h2-h3", "h3")
+            self.opponent.position(rows, OPPONENTS, "P/h2-h3", "h3")
             time.sleep(0.05)
             self.queue(start, end)
             self.opponent.number += 1
             handed = time.perf_counter()
-            self.opponent.position(rows, "W", "p/h7-h6", "h6")
+            self.opponent.position(rows, USERS, "p/h7-h6", "h6")
             times.append(self.opponent.awaitLine(f"{start}-{end}") - handed)
             time.sleep(0.03)
         return [1000 * each for each in times]
@@ -168,7 +145,10 @@ def main():
         hands = Hands(display, options)
         try:
             print(f"squares of {hands.screen.side} pixels, load {os.getloadavg()[0]:.1f}")
-            print(f"a movement with a piece in hand: {hands.pointerMoves(400):.3f} ms of CPU")
+            print(f"a second at rest: {hands.rest(5):.3f} ms of CPU")
+            for pause in (0.005, 0.02):
+                print(f"a movement with a piece in hand, one every {1000 * pause:.0f} ms: "
+                      f"{hands.pointerMoves(400, pause):.3f} ms of CPU")
             show("mouse-up to the move's bytes, ms", hands.releases(options.moves))
             show("opponent's move to the pre-move's bytes, ms", hands.preMoves(options.moves))
         finally:

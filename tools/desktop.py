@@ -1,44 +1,28 @@
-"""A virtual display with a real pointer: what a user has in hand and before his eyes, for tests and benchmarks."""
+"""A virtual display with a real pointer: what a user has in hand and before his eyes, for tests and benchmarks.
+
+No window manager runs on it; the tests ask for what one does for its user: windows are moved, and asked to close."""
 import ctypes
 import os
 import subprocess
 import time
+import typing
+
+from x11 import (ALL_PLANES, ANY_TYPE, CLIENT_MESSAGE, MAP_NOTIFY, SUBSTRUCTURE_NOTIFY, VIEWABLE, Z_PIXMAP,
+                 XClientMessage, XWindowAttributes, passOver, x11Calls)
 
 LEFT, MIDDLE, RIGHT = 1, 2, 3  # buttons as the window system counts them
-MAP_NOTIFY = 19
-SUBSTRUCTURE_NOTIFY = 1 << 19
-ALL_PLANES = 0xFFFFFFFF
-Z_PIXMAP = 2
+SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # device pixels to one of the program's
 
 
-class XImage(ctypes.Structure):
-    """The head of what XGetImage gives."""
-    _fields_ = [("width", ctypes.c_int), ("height", ctypes.c_int), ("xoffset", ctypes.c_int), ("format", ctypes.c_int),
-                ("data", ctypes.c_void_p), ("byte_order", ctypes.c_int), ("bitmap_unit", ctypes.c_int),
-                ("bitmap_bit_order", ctypes.c_int), ("bitmap_pad", ctypes.c_int), ("depth", ctypes.c_int),
-                ("bytes_per_line", ctypes.c_int)]
-
-
-def x11Calls():
-    """The two libraries, with the argument types that are not plain integers."""
-    x11 = ctypes.CDLL("libX11.so.6")
-    xtst = ctypes.CDLL("libXtst.so.6")
-    pointer, number, window = ctypes.c_void_p, ctypes.c_int, ctypes.c_ulong
-    x11.XOpenDisplay.restype = pointer
-    for call, arguments in (
-            (x11.XCloseDisplay, [pointer]),
-            (x11.XDefaultRootWindow, [pointer]),
-            (x11.XSelectInput, [pointer, window, ctypes.c_long]),
-            (x11.XNextEvent, [pointer, pointer]),
-            (x11.XSync, [pointer, number]),
-            (x11.XGetImage, [pointer, window, number, number, ctypes.c_uint, ctypes.c_uint, ctypes.c_ulong, number]),
-            (x11.XFree, [pointer]),
-            (xtst.XTestFakeMotionEvent, [pointer, number, number, number, ctypes.c_ulong]),
-            (xtst.XTestFakeButtonEvent, [pointer, ctypes.c_uint, number, ctypes.c_ulong])):
-        call.argtypes = arguments
-    x11.XDefaultRootWindow.restype = window
-    x11.XGetImage.restype = ctypes.POINTER(XImage)
-    return x11, xtst
+class Window(typing.NamedTuple):
+    """A window that shows; a menu is one too."""
+    number: int
+    title: str
+    menu: bool
+    left: int
+    top: int
+    width: int
+    height: int
 
 
 class Picture:
@@ -62,17 +46,21 @@ class Picture:
 
 
 class Display:
-    """An X server in memory of 1920 by 1080 pixels, ended with the `with` block."""
+    """An X server in memory, ended with the `with` block; its size is in pixels of the program."""
+
+    def __init__(self, width=1920, height=1080):
+        self.width, self.height = width * SCALE, height * SCALE
 
     def __enter__(self):
         read, write = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1920x1080x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self.width}x{self.height}x24", "-nolisten", "tcp"],
             pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as pipe:
             self.name = ":" + pipe.readline().strip()
         self.x11, self.xtst = x11Calls()
+        self.x11.XSetErrorHandler(passOver)
         self.connection = self.x11.XOpenDisplay(self.name.encode())
         self.root = self.x11.XDefaultRootWindow(self.connection)
         self.x11.XSelectInput(self.connection, self.root, SUBSTRUCTURE_NOTIFY)
@@ -120,8 +108,64 @@ class Display:
     def type(self, text):
         subprocess.run(["xdotool", "type", "--delay", "5", text], env=self.environment(), check=True)
 
-    def picture(self, left=0, top=0, width=1920, height=1080):
-        """What the screen shows there now."""
+    def windows(self, title=None):
+        """Those that show but menus, the lowest first; only those with that title, if one is given."""
+        return [window for window in self.allWindows() if not window.menu and title in (None, window.title)]
+
+    def menus(self):
+        """The menus that are open."""
+        return [window for window in self.allWindows() if window.menu]
+
+    def allWindows(self):
+        root, parent, count = ctypes.c_ulong(), ctypes.c_ulong(), ctypes.c_uint()
+        children = ctypes.POINTER(ctypes.c_ulong)()
+        self.x11.XQueryTree(self.connection, self.root, ctypes.byref(root), ctypes.byref(parent),
+                            ctypes.byref(children), ctypes.byref(count))
+        numbers = children[:count.value]
+        self.x11.XFree(children)
+        found = []
+        for number in numbers:
+            facts = XWindowAttributes()
+            known = self.x11.XGetWindowAttributes(self.connection, number, ctypes.byref(facts))
+            if known and facts.map_state == VIEWABLE:
+                found.append(Window(number, self.titleOf(number), bool(facts.override_redirect), facts.x, facts.y,
+                                    facts.width, facts.height))
+        return found
+
+    def titleOf(self, number):
+        name = self.x11.XInternAtom(self.connection, b"_NET_WM_NAME", 0)
+        kind, form, length, rest = ctypes.c_ulong(), ctypes.c_int(), ctypes.c_ulong(), ctypes.c_ulong()
+        text = ctypes.c_void_p()
+        self.x11.XGetWindowProperty(self.connection, number, name, 0, 256, 0, ANY_TYPE, ctypes.byref(kind),
+                                    ctypes.byref(form), ctypes.byref(length), ctypes.byref(rest), ctypes.byref(text))
+        if not text.value:
+            return ""
+        title = ctypes.string_at(text.value, length.value).decode()
+        self.x11.XFree(text)
+        return title
+
+    def hasFocus(self, window):
+        """True when keys go to that window."""
+        number, revert = ctypes.c_ulong(), ctypes.c_int()
+        self.x11.XGetInputFocus(self.connection, ctypes.byref(number), ctypes.byref(revert))
+        return number.value == window.number
+
+    def moveWindow(self, window, left, top):
+        """As a user does who drags the title."""
+        self.x11.XMoveWindow(self.connection, window.number, left, top)
+        self.x11.XSync(self.connection, 0)
+
+    def closeWindow(self, window):
+        """As a user does with the cross in the title: the window is asked to close."""
+        message = XClientMessage(kind=CLIENT_MESSAGE, window=window.number, format=32,
+                                 message_type=self.x11.XInternAtom(self.connection, b"WM_PROTOCOLS", 0))
+        message.data[0] = self.x11.XInternAtom(self.connection, b"WM_DELETE_WINDOW", 0)
+        self.x11.XSendEvent(self.connection, window.number, 0, 0, ctypes.byref(message))
+        self.x11.XSync(self.connection, 0)
+
+    def picture(self, left=0, top=0, width=None, height=None):
+        """What the screen shows there now; all of it without figures."""
+        width, height = width or self.width - left, height or self.height - top
         image = self.x11.XGetImage(self.connection, self.root, left, top, width, height, ALL_PLANES, Z_PIXMAP)
         head = image.contents
         data = ctypes.string_at(head.data, head.bytes_per_line * head.height)

@@ -1,6 +1,9 @@
 #!/usr/bin/env python3
 """Whole games played with the pointer on the built program; what the server receives is compared byte for byte."""
-from game import PlayedByHand, time, unittest, waitFor
+from game import PlayedByHand, unittest, waitFor
+
+
+QUEEN, ROOK, BISHOP, KNIGHT = 1, 2, 3, 4  # entries of the promotion menu
 
 
 class GamesByDragging(PlayedByHand):
@@ -18,6 +21,7 @@ class GamesByDragging(PlayedByHand):
         self.drag("d8", "h4")
         self.partner.await_("Rookery checkmated")
         self.awaitSent("e7-e5", "d8-h4")
+        self.awaitPosition()
 
     def testCastlingOnTheKingsSide(self):
         self.begin()
@@ -37,6 +41,28 @@ class GamesByDragging(PlayedByHand):
         self.play("e2e4", "a7a6", "e4e5", "d7d5", "e5d6", "a6a5")
         self.assertEqual(self.screen.read()[:3], ["rnbqkbnr", "-pp-pppp", "---P----"])
         self.awaitSent("e2-e4", "e4-e5", "e5-d6")
+
+    def testTheOpponentCapturesEnPassant(self):
+        self.begin(white=False)
+        self.play("e2e4", "a7a6", "e4e5", "f7f5", "e5f6", "e7f6", "a2a3")
+        self.assertEqual(self.screen.read()[2:4], ["p----p--", "--------"])
+        self.awaitSent("a7-a6", "f7-f5", "e7-f6")
+
+    def testOneGameOfBothCastlingsEnPassantAndTwoPromotions(self):
+        self.begin(AutoQueen=0)
+        self.play("d2d4", "d7d5", "b1c3", "g8f6", "c1f4", "e7e6", "d1d2", "f8e7", "e1c1", "e8g8", "e2e4", "h7h6",
+                  "e4e5", "f6d7", "h2h4", "f7f5", "e5f6", "d7b6", "f6e7", "a7a6")
+        self.promote("e7", "f8", KNIGHT)
+        self.answer("g8f8")
+        self.play("h4h5", "a6a5", "g2g4", "a5a4", "g4g5", "a4a3", "g5h6", "a3b2", "c1b1", "f8e8", "h6g7", "b8a6")
+        self.promote("g7", "g8", QUEEN)
+        self.answer("e8d7")
+        self.partner.say("resign")
+        self.partner.await_("Rookery resigns")
+        self.awaitSent("d2-d4", "b1-c3", "c1-f4", "d1-d2", "e1-c1", "e2-e4", "e4-e5", "h2-h4", "e5-f6", "f6-e7",
+                       "e7-f8=N", "h4-h5", "g2-g4", "g4-g5", "g5-h6", "c1-b1", "h6-g7", "g7-g8=Q+")
+        self.assertEqual(self.screen.read(), ["r-bq--Q-", "-ppk----", "nn--p---", "---p---P", "---P-B--", "--N-----",
+                                              "PpPQ-P--", "-K-R-BNR"])
 
     def testAMoveThatTheServerRefusesIsTakenBackByTheNextPosition(self):
         self.begin()
@@ -61,15 +87,10 @@ class Promotions(PlayedByHand):
     road = ("e2e4", "d7d5", "e4d5", "c7c6", "d5c6", "a7a6", "c6b7")
     sentOnTheRoad = ("e2-e4", "e4-d5", "d5-c6", "c6-b7")
 
-    def promote(self, start, end, entry):
-        self.drag(start, end)
-        time.sleep(0.4)
-        self.display.keys(*["Down"] * entry, "Return")
-
     def testPromotionToAKnight(self):
         self.begin()
         self.play(*self.road, "h7h6")
-        self.promote("b7", "a8", 4)
+        self.promote("b7", "a8", KNIGHT)
         self.awaitSent(*self.sentOnTheRoad, "b7-a8=N")
         self.answer("h6h5")
         self.assertEqual(self.screen.read()[0][0], "N")
@@ -77,19 +98,29 @@ class Promotions(PlayedByHand):
     def testPromotionToAQueenWithCheck(self):
         self.begin()
         self.play(*self.road, "d8d7")
-        self.promote("b7", "c8", 1)
+        self.promote("b7", "c8", QUEEN)
         self.awaitSent(*self.sentOnTheRoad, "b7-c8=Q+")
         waitFor(lambda: self.wire.positions()[-1][0].startswith("rnQ"), 5, "the queen on the server's board")
         self.awaitPosition()
 
     def testPromotionToARookAndABishop(self):
-        for entry, letter in ((2, "R"), (3, "B")):
+        for entry, letter in ((ROOK, "R"), (BISHOP, "B")):
             with self.subTest(letter):
                 self.begin()
                 self.play(*self.road, "h7h6")
                 self.promote("b7", "a8", entry)
                 self.awaitSent(*self.sentOnTheRoad, f"b7-a8={letter}")
+                self.answer("h6h5")
+                self.assertEqual(self.screen.read()[0][0], letter)
                 self.doCleanups()
+
+    def testBlackPromotesToAKnightWithCheck(self):
+        self.begin(white=False)
+        self.play("e2e4", "d7d5", "h2h3", "d5e4", "d2d3", "e4d3", "e1d2", "d3c2", "d2c3")
+        self.promote("c2", "b1", KNIGHT)
+        self.answer("c3b3")
+        self.assertEqual(self.screen.read()[7], "RnBQ-BNR")
+        self.awaitSent("d7-d5", "d5-e4", "e4-d3", "d3-c2", "c2-b1=N+")
 
     def testAutoQueenAsksNothing(self):
         self.begin(AutoQueen=1)

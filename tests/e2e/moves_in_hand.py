@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""A move in hand and what may come between: other buttons, the edge of the board, the end of the game or the program."""
+"""A move in hand and what may come between: buttons, the edge of the board, the end of game or program."""
 from game import QUIET, RIGHT, PlayedByHand, time, unittest, waitFor
 
 ROAD = ("e2e4", "d7d5", "e4d5", "c7c6", "d5c6", "a7a6", "c6b7", "h7h6")
 SENT_ON_THE_ROAD = ("e2-e4", "e4-d5", "d5-c6", "c6-b7")
+QUEEN, ROOK = 1, 2  # entries of the promotion menu
 
 
 class InHand(PlayedByHand):
@@ -14,14 +15,18 @@ class InHand(PlayedByHand):
         self.partner.await_("resigns")
         time.sleep(2 * QUIET)
 
+    def takeBackTwo(self):
+        def ask():
+            self.wire.sayForUser("takeback 2")
+            self.partner.await_("take back")
+            self.partner.say("accept")
+        self.awaitAnother(ask, "the takeback")
+
     def testTheRightButtonLeavesAPieceInHandAlone(self):
         self.begin()
         self.lift("e2")
-        self.display.move(*self.screen.centre("e3"))
-        self.display.press(RIGHT)
-        self.display.release(RIGHT)
-        time.sleep(QUIET)
-        self.assertEqual(self.sent(), [])
+        self.display.click(*self.screen.centre("e3"), RIGHT)
+        self.awaitNothingMore()
         self.drop("e4")
         self.awaitSent("e2-e4")
         self.awaitPosition()
@@ -35,6 +40,7 @@ class InHand(PlayedByHand):
         waitFor(lambda: self.screen.middles() == before, 3, "the board as it was")
         self.assertEqual(self.sent(), [])
         self.move("e2", "e4")
+        self.awaitSent("e2-e4")
 
     def testTheGameEndsWithAPieceInHand(self):
         self.begin()
@@ -42,72 +48,83 @@ class InHand(PlayedByHand):
         self.display.move(*self.screen.centre("e3"))
         self.endGame()
         self.drop("e4")
-        time.sleep(QUIET)
-        self.assertEqual(self.sent(), [])
+        self.awaitNothingMore()
 
     def testTheGameEndsInTheDelay(self):
         self.begin(Mouse_Slip=9)
         self.drag("e2", "e4")
         self.endGame()
         time.sleep(2.5)
-        self.assertEqual(self.sent(), [])
+        self.awaitNothingMore()
 
     def testTheGameEndsUnderThePromotionMenu(self):
         self.begin()
         self.play(*ROAD)
         self.drag("b7", "a8")
+        self.awaitMenu()
         self.endGame()
         self.display.keys("Down", "Return")
-        time.sleep(QUIET)
-        self.awaitSent(*SENT_ON_THE_ROAD)
+        self.awaitNothingMore(*SENT_ON_THE_ROAD)
 
     def testANewGameUnderThePromotionMenuGetsNoMoveOfTheOldOne(self):
         self.begin()
         self.play(*ROAD)
         self.drag("b7", "a8")
+        self.awaitMenu()
         self.endGame()
-        count = len(self.wire.positions())
-        self.startGame(True, "")
-        waitFor(lambda: len(self.wire.positions()) > count, 5, "the new game")
+        self.awaitAnother(lambda: self.startGame(True, ""), "the new game's start")
         time.sleep(2 * QUIET)
-        commands = self.sent()
-        self.display.keys("Down", "Return")
-        time.sleep(QUIET)
-        self.assertEqual(self.sent(), commands)
+        self.choose(QUEEN)
+        self.awaitNothingMore(*SENT_ON_THE_ROAD)
         time.sleep(4.2)
         self.awaitPosition()
         self.move("g1", "f3")
+        self.awaitSent(*SENT_ON_THE_ROAD, "g1-f3")
+
+    def testThePositionArrivesOnceMoreUnderThePromotionMenu(self):
+        self.begin()
+        self.play(*ROAD)
+        self.drag("b7", "a8")
+        self.awaitMenu()
+        self.awaitAnother(lambda: self.wire.sayForUser("refresh"), "the refresh")
+        time.sleep(QUIET)
+        self.choose(ROOK)
+        self.awaitSent(*SENT_ON_THE_ROAD, "b7-a8=R")
+        self.answer("h6h5")
+
+    def testATakebackUnderThePromotionMenuEndsTheMove(self):
+        self.begin()
+        self.play(*ROAD)
+        self.drag("b7", "a8")
+        self.awaitMenu()
+        self.takeBackTwo()
+        time.sleep(QUIET)
+        self.choose(QUEEN)
+        self.awaitNothingMore(*SENT_ON_THE_ROAD)
+        self.awaitPosition()
+        self.move("c6", "b7")
+        self.awaitSent(*SENT_ON_THE_ROAD, "c6-b7")
 
     def testATakebackWithAPieceInHand(self):
         self.begin()
         self.play("e2e4", "e7e5")
         self.lift("e4")
         self.display.move(*self.screen.centre("e6"))
-        count = len(self.wire.positions())
-        self.wire.sayForUser("takeback 2")
-        self.partner.await_("take back")
-        self.partner.say("accept")
-        waitFor(lambda: len(self.wire.positions()) > count, 5, "the position before")
+        self.takeBackTwo()
         time.sleep(QUIET)
         self.drop("e5")
-        time.sleep(QUIET)
-        self.awaitSent("e2-e4")
+        self.awaitNothingMore("e2-e4")
         self.awaitPosition()
         self.move("d2", "d4")
+        self.awaitSent("e2-e4", "d2-d4")
 
     def testPromotionByTwoClicks(self):
         self.begin(Seek_Color=0)
-        for start, end, answer in (("e2", "e4", "d7d5"), ("e4", "d5", "c7c6"), ("d5", "c6", "a7a6"), ("c6", "b7", "h7h6")):
-            count = len(self.wire.positions())
-            self.display.click(*self.screen.centre(start))
-            self.display.click(*self.screen.centre(end))
-            waitFor(lambda: len(self.wire.positions()) > count, 5, f"the server's answer to {start}{end}")
-            self.awaitPosition()
+        for move, answer in zip(ROAD[::2], ROAD[1::2]):
+            self.moveByClicks(move[:2], move[2:])
             self.answer(answer)
-        self.display.click(*self.screen.centre("b7"))
-        self.display.click(*self.screen.centre("a8"))
-        time.sleep(2 * QUIET)
-        self.display.keys("Down", "Down", "Return")
+        self.clicks("b7", "a8")
+        self.choose(ROOK)
         self.awaitSent(*SENT_ON_THE_ROAD, "b7-a8=R")
 
     def testTheProgramEndsWithAMoveInHand(self):
@@ -117,16 +134,15 @@ class InHand(PlayedByHand):
                 if state == "menu":
                     self.play(*ROAD)
                     self.drag("b7", "a8")
+                    self.awaitMenu()
                 else:
                     self.lift("e2")
                     self.display.move(*self.screen.centre("e4"))
                     if state == "in delay":
                         self.display.release()
-                time.sleep(2 * QUIET)
-                commands = self.sent()
+                self.awaitNothingMore(*(SENT_ON_THE_ROAD if state == "menu" else ()))
                 self.doCleanups()
                 self.display.release()
-                self.assertEqual([line for line in self.sent() if line not in commands + ["quit"]], [])
 
 
 class Waiting(PlayedByHand):
@@ -137,13 +153,11 @@ class Waiting(PlayedByHand):
         self.play(*ROAD[:-1])
         self.drag("b7", "a8")
         self.display.move(*self.screen.centre("e5"))
-        time.sleep(QUIET)
-        self.awaitSent(*SENT_ON_THE_ROAD)
-        self.partner.say("h7h6")
-        waitFor(lambda: len(self.wire.positions()) >= len(ROAD) + 1, 5, "the opponent's move")
-        time.sleep(2 * QUIET)
-        self.awaitSent(*SENT_ON_THE_ROAD)
-        self.display.keys("Down", "Return")
+        self.awaitNothingMore(*SENT_ON_THE_ROAD)
+        self.awaitAnother(lambda: self.partner.say("h7h6"), "the opponent's move")
+        self.awaitMenu()
+        self.awaitNothingMore(*SENT_ON_THE_ROAD)
+        self.choose(QUEEN)
         self.awaitSent(*SENT_ON_THE_ROAD, "b7-a8=Q")
         waitFor(lambda: self.wire.positions()[-1][0].startswith("Q"), 5, "the queen on the server's board")
         self.awaitPosition()
@@ -162,8 +176,8 @@ class Waiting(PlayedByHand):
         self.drag("g1", "f3")
         self.partner.say("resign")
         self.partner.await_("resigns")
-        time.sleep(2 * QUIET)
-        self.awaitSent("e2-e4")
+        time.sleep(QUIET)
+        self.awaitNothingMore("e2-e4")
 
 
 if __name__ == "__main__":

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The queued pre-move, with the pointer on the built program: played, refused, replaced, taken back."""
 from game import QUIET, PlayedByHand, time, unittest, waitFor
-from rig import DARK, LIGHT, MOVED, PRE_MOVED
+from screen import DARK, LIGHT, MOVED, PRE_MOVED
 
 
 class PreMoves(PlayedByHand):
@@ -25,28 +25,42 @@ class PreMoves(PlayedByHand):
     def testALegalPreMoveIsSentWhenTheOpponentHasMoved(self):
         self.beginWithTheOpponentToMove()
         self.queue("g1", "f3")
-        time.sleep(QUIET)
-        self.awaitSent("e2-e4")
+        self.awaitNothingMore("e2-e4")
         self.partner.say("d7d6")
         self.awaitSent("e2-e4", "g1-f3")
         waitFor(lambda: len(self.wire.positions()) >= 4, 5, "the server's answer")
         self.awaitPosition()
         waitFor(lambda: self.screen.mark("g1") == MOVED, 3, "the mark of the last move")
 
-    def testAPreMoveThatBecameIllegalIsNotSent(self):
+    def testAPreMoveThatTheReplyBlocksIsNotSent(self):
+        self.begin()
+        self.play("e2e4", "d7d6", "h2h3")
+        self.queue("d1", "h5")  # the way is free yet
+        self.answer("c8g4")
+        self.awaitNothingMore("e2-e4", "h2-h3")
+        self.assertPlain("d1", "h5")
+        self.move("h3", "g4")
+        self.awaitSent("e2-e4", "h2-h3", "h3-g4")
+
+    def testAPreMoveWhosePieceIsTakenIsNotSent(self):
+        self.begin()
+        self.play("e2e4", "d7d5", "h2h3")
+        self.queue("e4", "e5")
+        self.awaitAnother(lambda: self.partner.say("d5e4"), "d5e4")
+        self.awaitPosition()
+        self.awaitNothingMore("e2-e4", "h2-h3")
+        self.assertPlain("e5")
+        self.move("b1", "c3")
+        self.awaitSent("e2-e4", "h2-h3", "b1-c3")
+
+    def testAPreMoveThatIsNotYetLegalIsSentWhenTheReplyMakesItSo(self):
         self.beginWithTheOpponentToMove()
-        self.queue("f1", "b5")
-        self.answer("d7d6")
-        self.awaitSent("e2-e4", "f1-b5")
-        self.answer("c7c6")
-        self.move("b5", "a4")
-        self.queue("a4", "e8")  # the pawn on c6 will still stand in the way
-        self.answer("h7h6")
-        time.sleep(QUIET)
-        self.awaitSent("e2-e4", "f1-b5", "b5-a4")
-        self.assertPlain("a4", "e8")
-        self.move("d2", "d4")
-        self.awaitSent("e2-e4", "f1-b5", "b5-a4", "d2-d4")
+        self.queue("e4", "d5")
+        self.awaitNothingMore("e2-e4")
+        self.awaitAnother(lambda: self.partner.say("d7d5"), "the pawn to be taken")
+        self.awaitSent("e2-e4", "e4-d5")
+        waitFor(lambda: self.wire.positions()[-1][3] == "---P----", 5, "the pawn on the server's board")
+        self.awaitPosition()
 
     def testASecondPreMoveReplacesTheFirst(self):
         self.beginWithTheOpponentToMove()
@@ -63,24 +77,30 @@ class PreMoves(PlayedByHand):
         self.display.move(*self.screen.centre("e5"))
         self.assertPlain("g1", "f3")
         self.answer("d7d6")
-        time.sleep(QUIET)
-        self.awaitSent("e2-e4")
+        self.awaitNothingMore("e2-e4")
+
+    def testAQueuedPiecePutBackTakesItsOwnMoveBack(self):
+        self.beginWithTheOpponentToMove()
+        self.queue("g1", "f3")
+        self.drag("g1", "g1")
+        self.display.move(*self.screen.centre("e5"))
+        self.assertPlain("g1", "f3")
+        self.answer("d7d6")
+        self.awaitNothingMore("e2-e4")
 
     def testWithThePointerLeftOnThePieceThePreMoveIsQueuedAgain(self):
         self.beginWithTheOpponentToMove()
         self.queue("g1", "f3")
         self.display.move(*self.screen.centre("b1"))
         self.answer("d7d6")
-        time.sleep(QUIET)
-        self.awaitSent("e2-e4")
+        self.awaitNothingMore("e2-e4")
         waitFor(lambda: self.screen.mark("f3") == PRE_MOVED, 3, "the mark still on f3")
 
     def testAPieceInHandWhileTheOpponentMovesIsDroppedOnTheNewPosition(self):
         self.beginWithTheOpponentToMove()
         self.lift("g1")
         self.display.move(*self.screen.centre("f3"))
-        self.partner.say("d7d6")
-        waitFor(lambda: len(self.wire.positions()) >= 3, 5, "the opponent's move")
+        self.awaitAnother(lambda: self.partner.say("d7d6"), "the opponent's move")
         time.sleep(QUIET)
         self.drop("f3")
         self.awaitSent("e2-e4", "g1-f3")

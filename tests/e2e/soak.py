@@ -4,8 +4,9 @@
     tests/e2e/soak.py [--games 1000] [--plies 24] [--pace 0.02] [--seed 1]
 
 Legal moves at random, by the packaged engine; every third one is answered by a move that was queued before it.
-After each move both screens have to show the position that the server sent. Prints the memory of both every hundred
-games; the consoles, which keep all they ever showed, are cleared every fifty."""
+After each move both screens have to show the position that the server sent, and after each game the server has to have
+got its moves and nothing else. Prints the memory of both every hundred games; the consoles, which keep all they ever
+showed, are cleared every fifty. It fails when either program has grown from the hundredth game to the last."""
 import argparse
 import contextlib
 import random
@@ -15,10 +16,14 @@ import subprocess
 import time
 
 from learn import learnPieces
-from rig import MOVED, PRE_MOVED, SQUARES, Client, Display, PracticeServer, Screen, Wire, pieceOn, waitFor
+from peers import PracticeServer, Wire
+from rig import CLIENT, SCALE, TWIPS, Client, Display, waitFor
+from screen import MOVED, PRE_MOVED, SQUARES, Screen, pieceOn
 
 NAMES = ("Pupil", "Rookery")  # white and black
 VERBOSE_MOVE = 26  # field of a Style 12 line, counted from its first row
+SETTLED = 100  # games after which memory grows no more
+ALLOWANCE = 1.0  # megabytes that it may differ by all the same
 
 
 class Engine:
@@ -57,20 +62,24 @@ class Player:
         self.wire = Wire(port)
         stack.callback(self.wire.end)
         self.client = Client(self.display, self.wire.port, handle=name, PreMove_OK=1, AutoQueen=1)
-        stack.callback(self.client.end)
-        self.screen = Screen(self.display, flipped=name == NAMES[1])
-        self.screen.pieces = pieces
+        stack.callback(self.end)
+        self.screen = Screen(self.display, flipped=name == NAMES[1], pieces=pieces)
         waitFor(lambda: "Set Style 12" in self.wire.lines(), 20, "the log-on")
+
+    def end(self):
+        if status := self.client.end():
+            raise SystemExit(f"a program ended with status {status}")
 
     def liftTheFourSecondsRule(self):
         """Board, Clean: else no piece can be lifted yet. The menu stands above the board."""
-        self.display.click(self.screen.left + 62, self.screen.top - 35)
+        self.display.click(self.screen.left + 62 * SCALE, self.screen.top - 35 * SCALE)
         time.sleep(0.05)
         self.display.keys("l")
 
     def clearConsole(self):
-        """Console, Clear Screen; the console of `rig.STORE` stands at the lower left."""
-        self.display.click(80, 670)
+        """Console, Clear Screen."""
+        left, top = CLIENT["Left"] // TWIPS, CLIENT["Top"] // TWIPS
+        self.display.click((left + 70) * SCALE, (top + 10) * SCALE)
         time.sleep(0.1)
         self.display.keys("c")
 
@@ -130,6 +139,7 @@ class Soak:
     def start(self):
         for player in self.players:
             player.wire.received.clear()
+            player.wire.sent.clear()
         white, black = self.players
         white.wire.sayForUser(f"match {NAMES[1]} 60 0 u white")
         waitFor(lambda: b"Challenge: Pupil" in black.wire.received, 5, "the challenge")
@@ -176,6 +186,16 @@ class Soak:
             self.players[0].wire.sayForUser("resign")
         for player in self.players:
             waitFor(lambda: ended.search(bytes(player.wire.received)), 5, "the end of the game")
+        for place, player in enumerate(self.players):
+            self.compareSent(player, self.current[place::2])
+
+    def compareSent(self, player, moves):
+        """The server has got these moves in their long form, byte for byte; the sign of check is the board's."""
+        promoted = {"": "", "q": r"=Q\+?"}
+        wanted = "".join(f"{move[:2]}-{move[2:4]}{promoted[move[4:]]}\n" for move in moves)
+        sent = bytes(player.wire.sent).decode("latin-1")
+        if not re.fullmatch(wanted, sent):
+            raise AssertionError(f"{sent!r} was sent, and not {wanted!r}")
 
 
 def main():
@@ -188,6 +208,7 @@ def main():
     with contextlib.ExitStack() as stack:
         soak = Soak(stack, options)
         begin = time.monotonic()
+        settled = None
         for game in range(1, options.games + 1):
             try:
                 soak.play()
@@ -199,9 +220,13 @@ def main():
                     player.clearConsole()
                 time.sleep(0.3)
             if game % 100 == 0 or game in (1, options.games):
-                memory = ", ".join(f"{player.client.memory():.1f}" for player in soak.players)
-                print(f"{game} games, {soak.moves} moves, {soak.preMoves} of them queued: {memory} MB resident, "
-                      f"{time.monotonic() - begin:.0f} s", flush=True)
+                memory = [player.client.memory() for player in soak.players]
+                print(f"{game} games, {soak.moves} moves, {soak.preMoves} of them queued: "
+                      f"{', '.join(f'{each:.1f}' for each in memory)} MB resident, {time.monotonic() - begin:.0f} s",
+                      flush=True)
+                settled = memory if game == SETTLED else settled
+        if settled and any(now > before + ALLOWANCE for now, before in zip(memory, settled)):
+            raise SystemExit(f"memory has grown since game {SETTLED}")
 
 
 if __name__ == "__main__":

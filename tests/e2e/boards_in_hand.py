@@ -1,0 +1,133 @@
+#!/usr/bin/env python3
+"""A piece or a menu in hand on one of forty boards, while that board or another one is closed."""
+import time
+import unittest
+
+from forty import QUIET, FortyBoards
+from rig import RIGHT, waitFor
+from scripted import style12
+
+OWN = 90  # number of the game in which the user moves
+TITLE = "Pupil - Harbour    [60 0]"
+HOME = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
+BEFORE_PROMOTION = ["--------", "P-------", "--------", "----k---", "--------", "----K---", "--------", "--------"]
+HOLDINGS = f"\n\r<b1> game {OWN} white [NPP] black [Q]\n\rfics% "
+PLAYED, EXAMINED = 1, 2  # relations
+
+
+class OneInHand(FortyBoards):
+    def showOwn(self, rows, relation):
+        self.own = rows
+        self.server.say(style12(rows, game=OWN, white="Pupil", relation=relation))
+        self.layOut(OWN, TITLE)
+        time.sleep(4.2)  # no piece can be lifted in the first four seconds of a game
+        self.screen = self.boards[OWN][1]
+        waitFor(lambda: self.screen.read() == rows, 5, "the own game")
+
+    def lift(self, square):
+        self.display.move(*self.screen.centre(square))
+        self.display.press()
+        self.addCleanup(self.display.release)
+
+    def carry(self, start, end):
+        self.lift(start)
+        self.display.move(*self.screen.centre(end))
+
+    def openPromotion(self):
+        self.carry("a7", "a8")
+        self.display.release()
+        waitFor(self.display.menus, 5, "the promotion menu")
+
+    def openDrop(self):
+        self.server.say(HOLDINGS)
+        time.sleep(QUIET)
+        self.display.click(*self.screen.centre("d4"), RIGHT)
+        waitFor(self.display.menus, 5, "the drop menu")
+
+    def awaitOwnClosed(self, *commands):
+        for command in commands:
+            self.awaitCommand(command)
+        self.forget(OWN)
+        waitFor(lambda: not self.display.menus(), 5, "the menu to go")
+        self.display.release()
+        self.display.move(*self.boards[20][1].centre("e4"))
+        self.round()
+        self.awaitAll()
+
+    def answerQuestion(self, key):
+        waitFor(lambda: self.display.windows("Game in progress"), 5, "the question")
+        self.round()
+        self.display.keys(key)
+        waitFor(lambda: not self.display.windows("Game in progress"), 5, "the question to go")
+
+    def testAnExaminedBoardIsClosedWithAPieceInHand(self):
+        self.showOwn(HOME, EXAMINED)
+        self.carry("e2", "e3")
+        self.round()
+        self.close(OWN)
+        self.awaitOwnClosed("unex")
+
+    def testAnExaminedBoardIsClosedUnderItsPromotionMenu(self):
+        self.showOwn(BEFORE_PROMOTION, EXAMINED)
+        self.openPromotion()
+        self.round()
+        self.close(OWN)
+        self.awaitOwnClosed("unex")
+
+    def testAnExaminedBoardIsClosedUnderItsDropMenu(self):
+        self.showOwn(HOME, EXAMINED)
+        self.openDrop()
+        self.round()
+        self.close(OWN)
+        self.awaitOwnClosed("unex")
+
+    def testAPlayedBoardIsClosedWithAPieceInHand(self):
+        self.showOwn(HOME, PLAYED)
+        self.carry("e2", "e3")
+        self.close(OWN)
+        self.answerQuestion("Return")
+        self.awaitOwnClosed()
+
+    def testAPlayedBoardIsClosedUnderItsPromotionMenu(self):
+        self.showOwn(BEFORE_PROMOTION, PLAYED)
+        self.openPromotion()
+        self.close(OWN)
+        self.answerQuestion("Return")
+        self.awaitOwnClosed()
+
+    def testOthersAreClosedWhileAPieceIsInHand(self):
+        self.showOwn(HOME, PLAYED)
+        self.carry("e2", "e3")
+        self.closeOthers()
+        self.display.move(*self.screen.centre("e4"))
+        self.display.release()
+        self.awaitCommand("e2-e4")
+        self.awaitAll()
+
+    def testOthersAreClosedUnderThePromotionMenu(self):
+        self.showOwn(BEFORE_PROMOTION, PLAYED)
+        self.openPromotion()
+        self.closeOthers()
+        self.display.keys("Down", "Down", "Return")
+        self.awaitCommand("a7-a8=R")
+        self.awaitAll()
+
+    def testOthersAreClosedUnderTheDropMenu(self):
+        self.showOwn(HOME, PLAYED)
+        self.openDrop()
+        self.closeOthers()
+        self.display.keys("Up", "Return")
+        self.awaitCommand("P@d4")
+        self.awaitAll()
+
+    def closeOthers(self):
+        for number in self.dice.sample(range(1, 41), 5):
+            self.round()
+            self.awaitAll()
+            self.close(number)
+            self.awaitCommand(f"unob {number}")
+            self.forget(number)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

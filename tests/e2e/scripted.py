@@ -1,0 +1,68 @@
+"""A server of the test's own: it logs one client on, says what it is told to, and keeps what the client sends."""
+import queue
+import socket
+import threading
+import time
+
+PROMPT = "\n\rfics% "
+LINE = ("<12> {rows} {mover} -1 1 1 1 1 0 {game} {white} {black} {relation} 60 0 39 39 3600 3600 {number} {move} "
+        "(0:00) {pretty} {flip} 0 0")
+
+
+def style12(rows, game=1, mover="W", white="Lantern", black="Harbour", relation=0, number=1, move="none", pretty="none",
+            flip=0):
+    """A position with its prompt, as the server sends it."""
+    return "\n\r" + LINE.format(rows=" ".join(rows), mover=mover, game=game, white=white, black=black, number=number,
+                                relation=relation, move=move, pretty=pretty, flip=flip) + PROMPT
+
+
+class ScriptedServer:
+    """`lines` holds what the client has sent, each with its moment; `sent` keeps every byte."""
+
+    def __init__(self):
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.port = self.listener.getsockname()[1]
+        self.lines = queue.Queue()  # (moment, line)
+        self.sent = bytearray()  # by the client
+        threading.Thread(target=self.listen, daemon=True).start()
+
+    def listen(self):
+        try:
+            self.client, _ = self.listener.accept()
+            self.client.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+            self.say("login: ")
+            rest = b""
+            while piece := self.client.recv(65536):
+                now = time.perf_counter()
+                self.sent += piece
+                *lines, rest = (rest + piece).split(b"\n")
+                for line in lines:
+                    self.lines.put((now, line.decode("latin-1")))
+        except OSError:
+            pass
+
+    def say(self, text):
+        self.client.sendall(text.encode("latin-1"))
+
+    def awaitLine(self, wanted, seconds=20):
+        """The moment at which that line came; another one before it is an error."""
+        try:
+            moment, line = self.lines.get(timeout=seconds)
+        except queue.Empty:
+            raise AssertionError(f"{wanted!r} did not come") from None
+        if line != wanted:
+            raise AssertionError(f"the program sent {line!r} and not {wanted!r}")
+        return moment
+
+    def logOn(self, handle="Pupil", password="practice"):
+        self.awaitLine(handle)
+        self.say("\n\rpassword: ")
+        self.awaitLine(password)
+        self.say(f"\n\r**** Starting FICS session as {handle} ****\n\r{PROMPT}")
+        self.awaitLine("Set Style 12")
+        self.say("\n\rStyle 12 set." + PROMPT)
+
+    def end(self):
+        for each in (self.listener, getattr(self, "client", None)):
+            if each:
+                each.close()
