@@ -7,6 +7,7 @@ namespace practice {
 
 void adjournGame(Hall& hall, Game& game) {
     const std::string reason = "Game adjourned by mutual agreement";
+    game.clock.settle(game.toMove(), hall.outside.now());
     hall.archive.adjourn(keptGame(game, reason, "*", hall.outside.wallClock()));
     endGame(hall, game, reason, "*");
 }

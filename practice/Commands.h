@@ -15,6 +15,14 @@ struct Answer {
     bool leaving = false; // the session ends after the text
 };
 
+// What a command did shows as blocks of its own.
+inline const Answer quiet{{}, false, false};
+
+// Complaints of several subjects; `word` is what was typed for a handle.
+inline const Answer notPlaying{"You are not playing a game."};
+Answer noSuchPlayer(const std::string& word);
+Answer notOnline(const std::string& word);
+
 // What follows a command's word.
 struct Arguments {
     std::vector<std::string> words;

@@ -11,9 +11,6 @@ namespace practice {
 
 namespace {
 
-const Answer quiet{{}, false, false};
-const Answer notPlaying{"You are not playing a game."};
-
 // What was carried out shows as blocks of its own.
 Answer unlessDone(const std::string& text) { return text.empty() ? quiet : Answer{text}; }
 
@@ -64,7 +61,7 @@ Answer match(Hall& hall, Player& player, const Arguments& arguments) {
     if (arguments.words.empty()) return {"Usage: match NAME [time inc] [rated|unrated] [white|black] [kind]"};
     if (const std::string complaint = complaintOfChallenger(player); !complaint.empty()) return {complaint};
     Player* to = hall.findByHead(arguments.word(0));
-    if (!to) return {"No player named \"" + arguments.word(0) + "\" is online."};
+    if (!to) return notOnline(arguments.word(0));
     Terms standard;
     standard.minutes = player.variables.value("time");
     standard.increment = player.variables.value("inc");

@@ -185,7 +185,6 @@ TEST_F(MatchRoomTest, WhoLeavesTakesHisChallengesWithHim) {
 TEST_F(MatchRoomTest, ChallengesThatCannotBeAreRefused) {
     EXPECT_EQ(rig.type("Ada", "match ada 5 0"), "You can't match yourself.");
     EXPECT_EQ(rig.type("Ada", "match nobody 5 0"), "No player named \"nobody\" is online.");
-    EXPECT_EQ(rig.type("Ada", "match cora 5 0 r"), "A rated game needs two registered players.");
     EXPECT_EQ(rig.type("Ada", "match bert 5 0 frog"), "\"frog\" is not understood here.");
     rig.type("Bert", "set open 0");
     EXPECT_EQ(rig.type("Ada", "match bert 5 0"), "Bert is not open to match requests.");
@@ -193,6 +192,45 @@ TEST_F(MatchRoomTest, ChallengesThatCannotBeAreRefused) {
     rig.match("Bert", "Cora");
     EXPECT_EQ(rig.type("Ada", "match bert 5 0"), "Bert is playing a game.");
     EXPECT_EQ(rig.type("Bert", "match ada 5 0"), "You are playing a game already.");
+}
+
+TEST_F(MatchRoomTest, GamesWithAGuestBecomeUnrated) {
+    EXPECT_EQ(rig.type("Cora", "Match bert 5 0 r "), "You are unregistered - setting to unrated.\n"
+                                                     "Issuing: Cora (++++) Bert (1500) unrated blitz 5 0.");
+    EXPECT_EQ(rig.type("Ada", "Match cora 5 0 r "), "Cora is unregistered - setting to unrated.\n"
+                                                    "Issuing: Ada (1711) Cora (++++) unrated blitz 5 0.");
+    rig.type("Cora", "accept");
+    EXPECT_FALSE(rig.hall.game(1)->terms.rated);
+}
+
+TEST_F(MatchRoomTest, AnotherProposalDeclinesTheFirst) {
+    rig.type("Ada", "match bert 5 0 u");
+    rig.takeShown("Bert");
+    EXPECT_EQ(rig.type("Bert", "match ada 3 0 u"),
+              "Declining the match offer from Ada and proposing different parameters.\n"
+              "Issuing: Bert (1500) Ada (1711) unrated blitz 3 0.");
+    EXPECT_TRUE(rig.takeShown("Ada").starts_with(
+        "|Bert declines your match offer and proposes different parameters.|Challenge: Bert (1500) "));
+    EXPECT_EQ(rig.type("Bert", "accept"), "There are no offers to accept.");
+    rig.type("Ada", "accept");
+    EXPECT_EQ(rig.hall.game(1)->terms.minutes, 3);
+}
+
+TEST_F(MatchRoomTest, AnOfferOfSomebodyBusyIsAcceptedWithoutAFalseWord) {
+    rig.type("Ada", "match bert 5 0 u");
+    rig.type("Ada", "examine");
+    rig.shown.clear();
+    EXPECT_EQ(rig.type("Bert", "accept"), "That offer does not stand any more.");
+    EXPECT_EQ(rig.takeShown("Ada"), "");
+    EXPECT_EQ(rig.takeShown("Bert"), "");
+    EXPECT_TRUE(rig.hall.offers.open.empty());
+}
+
+TEST_F(MatchRoomTest, WildKindsThatAreNotPlayedAreRefused) {
+    EXPECT_EQ(rig.type("Ada", "Match bert 5 0 Wild 6 r "), "No such category/board: wild/6");
+    EXPECT_EQ(rig.type("Ada", "Match bert 5 0 Wild 7 u Black "), "No such category/board: wild/7");
+    EXPECT_TRUE(rig.type("Ada", "Match bert 5 0 Atomic r ").starts_with("Atomic is not played here"));
+    EXPECT_EQ(rig.takeShown("Bert"), "");
 }
 
 TEST_F(MatchRoomTest, ARematchHasTheSameTermsWithTheColoursTurned) {
@@ -208,7 +246,7 @@ TEST_F(MatchRoomTest, ARematchHasTheSameTermsWithTheColoursTurned) {
 TEST_F(MatchRoomTest, AComputerAcceptsInAMoment) {
     openComputerRoom(rig.hall);
     EXPECT_EQ(rig.type("Ada", "match spark 1 0 u white"),
-              "Issuing: Ada (1711) [white] Spark (1400) unrated lightning 1 0.");
+              "Issuing: Ada (1711) [white] Spark (1400) unrated lightning 1 0.\n--** Spark is a computer **--");
     EXPECT_EQ(rig.hall.find("Ada")->playing, 0);
     rig.pass(200);
     EXPECT_TRUE(rig.takeShown("Ada").starts_with("|Spark accepts your match offer.|Creating: Ada "));

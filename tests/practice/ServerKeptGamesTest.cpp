@@ -53,7 +53,7 @@ struct ServerKeptGames : testing::Test {
 
 TEST_F(ServerKeptGames, AMoveIsTakenBackAndAnotherPlayed) {
     rookery.line("takeback");
-    partner.until("Rookery would like to take back 1 half move(s).\n\rfics% ");
+    partner.until("Rookery would like to take back 1 half-move(s).\n\rfics% ");
     partner.line("accept");
     rookery.until("Partner accepts your takeback request.");
     EXPECT_NE(rookery.until("fics% \n\r<12> ").size(), 0U);

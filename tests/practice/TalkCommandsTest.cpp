@@ -36,6 +36,9 @@ TEST_F(TalkCommandsTest, APointTellsTheSameAgain) {
 TEST_F(TalkCommandsTest, ATellSaysIfTheOtherPlays) {
     rig.match("Ada", "Bert");
     EXPECT_EQ(rig.type("Cora", "tell ada hi"), "(told Ada, who is playing)");
+    rig.type("Ada", "resign");
+    rig.type("Ada", "examine");
+    EXPECT_EQ(rig.type("Cora", "tell ada hi"), "(told Ada, who is examining a game)");
 }
 
 TEST_F(TalkCommandsTest, ATellToNobodyIsComplainedAbout) {
@@ -71,6 +74,11 @@ TEST_F(TalkCommandsTest, ChannelsHaveALimit) {
 TEST_F(TalkCommandsTest, ChannelListsAreShown) {
     EXPECT_EQ(rig.type("Ada", "inchannel 50"), "50: Ada Bert(U) Cora(U)");
     EXPECT_EQ(rig.type("Ada", "inchannel 9"), "Nobody is in that channel.");
+    EXPECT_EQ(rig.type("Ada", "=channel"), "-- channel list: 2 channels --\n1  50  ");
+    rig.type("Ada", "-channel 1");
+    EXPECT_EQ(rig.type("Ada", "=channel"), "-- channel list: 1 channels --\n50  ");
+    rig.type("Ada", "-channel 50");
+    EXPECT_EQ(rig.type("Ada", "=chan"), "-- channel list: 0 channels --\n");
 }
 
 TEST_F(TalkCommandsTest, AShoutReachesThoseWhoListen) {
@@ -107,6 +115,13 @@ TEST_F(TalkCommandsTest, LongTalkIsWrappedToTheReadersWidth) {
     rig.type("Bert", "set width 40");
     rig.type("Ada", "tell bert " + std::string("word word word word word word word word word word"));
     EXPECT_EQ(rig.takeShown("Bert"), "|Ada tells you: word word word word word\n\\   word word word word word");
+}
+
+TEST_F(TalkCommandsTest, WhoCommentsReadsHisOwnWordsWrappedToo) {
+    rig.match("Ada", "Bert");
+    rig.type("Ada", "set width 40");
+    EXPECT_EQ(rig.type("Ada", "kibitz word word word word word"), "Ada(1711)[1] kibitzes: word word word\n"
+                                                                  "\\   word word\n(kibitzed to 1 player)");
 }
 
 TEST_F(TalkCommandsTest, ControlCharactersNeverReachAnotherScreen) {
