@@ -23,7 +23,7 @@ void resumeGame(Hall& hall, const KeptGame& kept) {
     ++game.seen[repetitionKey(game.startFen)];
     for (const PlayedMove& move : game.moves) ++game.seen[repetitionKey(move.fen)];
     seatBoth(hall, game, "Continuing");
-    learnPosition(hall, game, game.moves.empty() ? game.startFen : game.moves.back().fen, false);
+    learnPosition(hall, game);
 }
 
 } // namespace practice

@@ -11,7 +11,7 @@ namespace practice {
 // What a command has to say. Empty text with a prompt gives the prompt alone.
 struct Answer {
     std::string text;
-    bool prompt = true;   // false when the command's effect shows as blocks of its own
+    bool prompt = true;   // false when nothing is said and the effect shows as blocks, at once or later
     bool leaving = false; // the session ends after the text
 };
 

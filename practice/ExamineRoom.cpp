@@ -28,7 +28,7 @@ void stopClock(Game& game, const GameClock& shown) {
 void standStill(Hall& hall, Game& game) {
     stopClock(game, game.moves.empty() ? game.firstClock : game.moves.back().clock);
     ++game.course;
-    learnPosition(hall, game, game.moves.empty() ? game.startFen : game.moves.back().fen, false);
+    learnPosition(hall, game);
 }
 
 std::string named(const Game& game) { return "Game " + std::to_string(game.number) + ": "; }

@@ -120,10 +120,11 @@ std::string challenge(Hall& hall, Player& from, Player& to, Terms terms) {
     offer.terms = std::move(terms);
     const int fitting = fittingChallenge(hall, offer);
     if (fitting == 0) return unrated + post(hall, from, to, offer);
-    from.show("Your challenge intercepts " + to.name + "'s challenge.");
     to.show(from.name + "'s challenge intercepts your challenge.");
-    startMatch(hall, hall.offers.open.at(fitting));
-    return {};
+    const PendingOffer theirs = hall.offers.open.at(fitting);
+    hall.offers.open.erase(fitting);
+    startMatch(hall, theirs);
+    return "Your challenge intercepts " + to.name + "'s challenge.";
 }
 
 bool bothAreFree(Hall& hall, const PendingOffer& offer) {
@@ -134,10 +135,7 @@ bool bothAreFree(Hall& hall, const PendingOffer& offer) {
     return isFree(offer.from) && isFree(offer.to);
 }
 
-void startMatch(Hall& hall, const PendingOffer& accepted) {
-    // A copy: the start of the game drops both players' challenges.
-    const PendingOffer offer = accepted;
-    hall.offers.open.erase(hall.offers.find(OfferKind::Match, offer.from, offer.to));
+void startMatch(Hall& hall, const PendingOffer& offer) {
     if (const KeptGamePtr adjourned = hall.archive.takeAdjourned(offer.from, offer.to)) {
         resumeGame(hall, *adjourned);
     } else {

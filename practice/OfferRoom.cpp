@@ -80,7 +80,6 @@ void tellObservers(Hall& hall, const PendingOffer& offer, const std::string& wha
 
 void tellAccepted(Hall& hall, const PendingOffer& offer) {
     const std::string name = offerName(offer.kind);
-    hall.show(offer.to, "Accepting the " + name + " from " + offer.from + ".");
     hall.show(offer.from, offer.to + " accepts your " + name + ".");
     tellObservers(hall, offer, offer.to + " accepts the " + name + ".");
 }
@@ -102,20 +101,17 @@ std::string offerInGame(Hall& hall, Player& player, Game& game, OfferKind kind, 
     Player* opponent = hall.find(game.opponentOf(player.name));
     if (!opponent) return {};
     const int theirs = hall.offers.find(kind, opponent->name, player.name);
-    if (theirs != 0 && hall.offers.open.at(theirs).halfmoves == halfmoves) {
-        acceptOffer(hall, theirs);
-        return {};
-    }
+    if (theirs != 0 && hall.offers.open.at(theirs).halfmoves == halfmoves) return acceptOffer(hall, theirs);
     PendingOffer offer{kind, player.name, opponent->name, {}, false, halfmoves, 0};
     const std::string made = madeText(offer, game);
     tellObservers(hall, offer, toldText(offer));
     if (opponent->isComputer()) {
-        if (acceptsInGame(game, kind)) {
+        if (!acceptsInGame(game, kind)) {
+            declineSoon(hall, offer);
+        } else {
             tellAccepted(hall, offer);
             carryOut(hall, offer);
-            return {};
         }
-        declineSoon(hall, offer);
         return made;
     }
     if (const int mine = hall.offers.find(kind, player.name, opponent->name); mine != 0) hall.offers.open.erase(mine);
@@ -124,15 +120,13 @@ std::string offerInGame(Hall& hall, Player& player, Game& game, OfferKind kind, 
     return made;
 }
 
-bool acceptOffer(Hall& hall, int number) {
-    const auto at = hall.offers.open.find(number);
-    if (at == hall.offers.open.end()) return false;
-    const PendingOffer offer = at->second;
-    const bool good = stands(hall, offer);
-    if (good) tellAccepted(hall, offer);
-    if (good) carryOut(hall, offer);
-    if (const int still = hall.offers.numberOf(offer.serial); still != 0) hall.offers.open.erase(still);
-    return good;
+std::string acceptOffer(Hall& hall, int number) {
+    const PendingOffer offer = hall.offers.open.at(number);
+    hall.offers.open.erase(number);
+    if (!stands(hall, offer)) return "That offer does not stand any more.";
+    tellAccepted(hall, offer);
+    carryOut(hall, offer);
+    return "Accepting the " + offerName(offer.kind) + " from " + offer.from + ".";
 }
 
 std::string declineOffer(Hall& hall, int number) {

@@ -160,7 +160,7 @@ void endOnTime(Hall& hall, Game& game, int loser) {
     }
 }
 
-void takePosition(Hall& hall, Game& game, PositionFacts facts, bool show) {
+void takePosition(Hall& hall, Game& game, PositionFacts facts) {
     game.pending = false;
     game.facts = std::move(facts);
     if (game.moves.empty()) {
@@ -168,7 +168,6 @@ void takePosition(Hall& hall, Game& game, PositionFacts facts, bool show) {
         game.startFen = game.facts.fen;
         game.seen = {{repetitionKey(game.startFen), 1}};
     }
-    if (show) showBoard(hall, game);
     letComputerThink(hall, game);
 }
 
@@ -211,19 +210,20 @@ Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms) {
         game.ratings[side] = trim(sides[side]->rating);
     }
     seatBoth(hall, game, "Creating");
-    learnPosition(hall, game, game.startFen, false);
+    learnPosition(hall, game);
     return game;
 }
 
-void learnPosition(Hall& hall, Game& game, const std::string& fen, bool show) {
-    if (fen == hall.start.fen && game.rules == Rules{}) return takePosition(hall, game, hall.start, show);
+void learnPosition(Hall& hall, Game& game) {
+    const std::string fen = game.moves.empty() ? game.startFen : game.moves.back().fen;
+    if (fen == hall.start.fen && game.rules == Rules{}) return takePosition(hall, game, hall.start);
     game.facts = {};
     game.facts.fen = fen;
     game.pending = true;
     hall.outside.rules(game.rules, fen, {},
-                       [&hall, serial = game.serial, names = waitingFor(game), show](PositionFacts facts) {
+                       [&hall, serial = game.serial, names = waitingFor(game)](PositionFacts facts) {
                            Game* waiting = hall.gameBySerial(serial);
-                           if (waiting) takePosition(hall, *waiting, std::move(facts), show);
+                           if (waiting) takePosition(hall, *waiting, std::move(facts));
                            resumePlayers(hall, names);
                        });
 }

@@ -17,9 +17,9 @@ Game& openGame(Hall& hall, const Terms& terms);
 // Seats the two players of a game and shows them its start; `verb` is "Creating" or "Continuing".
 void seatBoth(Hall& hall, Game& game, const std::string& verb);
 
-// Asks the rules engine for the facts of a game's position, which becomes `fen`; then shows the board, if wanted, and
-// lets a computer think. Lines of the players wait meanwhile.
-void learnPosition(Hall& hall, Game& game, const std::string& fen, bool show);
+// Puts the position behind the last of a game's moves on its board and asks the rules engine for its facts; then lets a
+// computer think. Lines of the players wait meanwhile.
+void learnPosition(Hall& hall, Game& game);
 
 // Shows the board to players or the examiner, and to observers.
 void showBoard(Hall& hall, const Game& game);

@@ -20,7 +20,8 @@ void takeBack(Hall& hall, Game& game, std::size_t halfmoves) {
     game.clock = game.moves.empty() ? game.firstClock : game.moves.back().clock;
     game.clock.turnBegan = hall.outside.now();
     ++game.course;
-    learnPosition(hall, game, game.moves.empty() ? game.startFen : game.moves.back().fen, true);
+    learnPosition(hall, game);
+    showBoard(hall, game);
 }
 
 } // namespace practice

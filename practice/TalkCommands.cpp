@@ -39,8 +39,10 @@ Answer tellChannel(Hall& hall, Player& player, int channel, const std::string& t
 Answer tellPlayer(Hall& hall, Player& player, Player& to, const std::string& text) {
     if (player.isGuest() && to.variables.value("tell") == 0)
         return {to.name + " does not listen to unregistered users."};
-    speak(to, player.titled() + " tells you: " + text);
     player.lastTold = to.name;
+    const std::string line = player.titled() + " tells you: " + text;
+    if (&to == &player) return {wrappedFor(player, line) + "\n(told " + to.name + ")"};
+    speak(to, line);
     if (to.isComputer()) answerTell(hall, to, player.name);
     const bool playing = !hall.gamesOf(to).empty();
     return {"(told " + to.name +

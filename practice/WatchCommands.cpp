@@ -14,8 +14,9 @@ namespace {
 Game* gameNamed(Hall& hall, const std::string& word) {
     if (const auto which = number(word)) return hall.game(*which);
     const Player* player = hall.findByHead(word);
-    const auto games = player ? hall.gamesOf(*player) : std::vector<Game*>{};
-    return games.empty() ? nullptr : games.front();
+    if (!player) return nullptr;
+    const auto games = hall.gamesOf(*player);
+    return games.empty() ? hall.gameAtBoard(*player) : games.front();
 }
 
 const Answer noGameAtHand{"You are neither playing nor observing a game."};

@@ -90,7 +90,7 @@ TEST_F(ComputerRoomTest, AComputerDeclinesADrawUnlessItStandsBadly) {
     rig.pass(0);
     EXPECT_TRUE(has(rig.takeShown("Ada"), "|Granite declines your draw offer."));
     game.computerScore = -400;
-    EXPECT_EQ(rig.type("Ada", "draw"), "");
+    EXPECT_EQ(rig.type("Ada", "draw"), "Offering a draw to Granite.");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "Game drawn by mutual agreement} 1/2-1/2"));
 }
 

@@ -79,11 +79,11 @@ TEST_F(MatchRoomTest, BughouseIsRefused) {
 TEST_F(MatchRoomTest, AcceptingStartsTheGameForBoth) {
     rig.type("Ada", "match bert 5 0 u white");
     rig.shown.clear();
-    EXPECT_EQ(rig.type("Bert", "Accept"), "");
+    EXPECT_EQ(rig.type("Bert", "Accept"), "Accepting the match offer from Ada.");
     EXPECT_TRUE(rig.takeShown("Ada").starts_with(
         "|Bert accepts your match offer.|Creating: Ada (1711) Bert (1500) unrated blitz 5 0\n"
         "{Game 1 (Ada vs. Bert) Creating unrated blitz match.}\n"));
-    EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Accepting the match offer from Ada.|Creating: Ada "));
+    EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Creating: Ada "));
     EXPECT_EQ(rig.type("Bert", "accept"), "There are no offers to accept.");
 }
 
@@ -114,7 +114,7 @@ TEST_F(MatchRoomTest, SeveralOffersAreToldApartByNumberOrName) {
     EXPECT_TRUE(rig.type("Bert", "accept").starts_with("There is more than one pending offer.\n"));
     EXPECT_EQ(rig.type("Bert", "decline 9"), "There is no such offer to decline.");
     EXPECT_EQ(rig.type("Bert", "decline ada"), "Declining the match offer from Ada.");
-    EXPECT_EQ(rig.type("Bert", "accept 2"), "");
+    EXPECT_EQ(rig.type("Bert", "accept 2"), "Accepting the match offer from Cora.");
     EXPECT_NE(rig.hall.find("Cora")->playing, 0);
 }
 
@@ -156,8 +156,8 @@ TEST_F(MatchRoomTest, AnotherChallengeUpdatesTheFirst) {
 TEST_F(MatchRoomTest, AFittingChallengeOfTheOtherSideStartsTheGame) {
     rig.type("Ada", "match bert 5 0 u white");
     rig.shown.clear();
-    EXPECT_EQ(rig.type("Bert", "match ada 5 0 u black"), "");
-    EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Your challenge intercepts Ada's challenge.|Creating: Ada "));
+    EXPECT_EQ(rig.type("Bert", "match ada 5 0 u black"), "Your challenge intercepts Ada's challenge.");
+    EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Creating: Ada "));
     EXPECT_TRUE(rig.takeShown("Ada").starts_with("|Bert's challenge intercepts your challenge.|Creating: Ada "));
 }
 

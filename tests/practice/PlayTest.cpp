@@ -149,7 +149,7 @@ TEST_F(PlayTest, ADrawIsOfferedAndAccepted) {
     rig.shown.clear();
     EXPECT_EQ(rig.type("Ada", "draw"), "Offering a draw to Bert.");
     EXPECT_EQ(rig.takeShown("Bert"), "|Ada offers you a draw.");
-    EXPECT_EQ(rig.type("Bert", "draw"), "");
+    EXPECT_EQ(rig.type("Bert", "draw"), "Accepting the draw offer from Ada.");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "Game drawn by mutual agreement} 1/2-1/2"));
 }
 
@@ -190,7 +190,7 @@ TEST_F(PlayTest, ALaterAbortNeedsTheOpponent) {
     rig.shown.clear();
     EXPECT_EQ(rig.type("Ada", "abort"), "Requesting to abort game 1.");
     EXPECT_EQ(rig.takeShown("Bert"), "|Ada would like to abort the game; type \"abort\" to accept.");
-    EXPECT_EQ(rig.type("Bert", "abort"), "");
+    EXPECT_EQ(rig.type("Bert", "abort"), "Accepting the abort request from Ada.");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "Game aborted by mutual agreement} *"));
 }
 

@@ -29,9 +29,9 @@ TEST_F(TakebackTest, ARequestIsToldAndAccepted) {
     EXPECT_EQ(rig.type("Bert", "takeback"), "Takeback request sent.");
     EXPECT_EQ(rig.takeShown("Ada"), "|Bert would like to take back 1 half-move(s).");
     EXPECT_EQ(rig.takeShown("Cora"), "|Game 1: Bert requests to take back 1 half-move(s).");
-    EXPECT_EQ(rig.type("Ada", "accept"), "");
+    EXPECT_EQ(rig.type("Ada", "accept"), "Accepting the takeback request from Bert.");
     EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Ada accepts your takeback request.|<12> rnbqkbnr pppppppp "));
-    EXPECT_TRUE(rig.takeShown("Ada").starts_with("|Accepting the takeback request from Bert.|<12> "));
+    EXPECT_TRUE(rig.takeShown("Ada").starts_with("|<12> "));
     EXPECT_TRUE(rig.takeShown("Cora").starts_with(
         "|Game 1: Ada accepts the takeback request.|<12> rnbqkbnr pppppppp -------- -------- ----P--- "));
     EXPECT_EQ(game().moves.size(), 1U);

@@ -41,6 +41,11 @@ TEST_F(TalkCommandsTest, ATellSaysIfTheOtherPlays) {
     EXPECT_EQ(rig.type("Cora", "tell ada hi"), "(told Ada, who is examining a game)");
 }
 
+TEST_F(TalkCommandsTest, ATellToOneselfIsTheAnswer) {
+    EXPECT_EQ(rig.type("Ada", "tell ada self"), "Ada tells you: self\n(told Ada)");
+    EXPECT_EQ(rig.takeShown("Ada"), "");
+}
+
 TEST_F(TalkCommandsTest, ATellToNobodyIsComplainedAbout) {
     EXPECT_EQ(rig.type("Ada", "tell zzzzz hi"), "No player named \"zzzzz\" is online.");
     EXPECT_EQ(rig.type("Ada", "tell bert"), "Usage: tell NAME|CHANNEL TEXT");
