@@ -238,6 +238,8 @@ TEST_F(MatchRoomTest, ARematchHasTheSameTermsWithTheColoursTurned) {
     rig.type("Ada", "match bert 3 1 Crazyhouse u white");
     rig.type("Bert", "accept");
     rig.type("Bert", "resign");
+    EXPECT_EQ(rig.type("Bert", "rematch"), "Issuing: Bert (1500) [white] Ada (1711) unrated crazyhouse 3 1.");
+    rig.type("Bert", "withdraw");
     EXPECT_EQ(rig.type("Ada", "rematch"), "Issuing: Ada (1711) [black] Bert (1500) unrated crazyhouse 3 1.");
     rig.hall.leave("Bert");
     EXPECT_EQ(rig.type("Ada", "rematch"), "Bert is no longer logged on.");

@@ -183,6 +183,7 @@ TEST_F(PlayTest, AGameIsAbortedAtOnceOnMoveOne) {
     play({"e4"});
     EXPECT_EQ(rig.type("Bert", "abort"), "");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "{Game 1 (Ada vs. Bert) Game aborted on move 1} *"));
+    EXPECT_EQ(rig.type("Ada", "history"), "Ada has no history games.");
 }
 
 TEST_F(PlayTest, ALaterAbortNeedsTheOpponent) {

@@ -58,6 +58,16 @@ TEST_F(TakebackTest, WhatWasNotPlayedCannotBeTakenBack) {
     EXPECT_EQ(rig.type("Cora", "takeback"), "You are not playing a game.");
 }
 
+TEST_F(TakebackTest, ARequestForMoreThanIsLeftDoesNotStand) {
+    rig.type("Ada", "takeback 2");
+    rig.type("Bert", "takeback 1");
+    rig.type("Ada", "accept");
+    rig.takeShown("Ada");
+    EXPECT_EQ(rig.type("Bert", "accept"), "That offer does not stand any more.");
+    EXPECT_EQ(rig.takeShown("Ada"), "");
+    EXPECT_EQ(game().moves.size(), 1U);
+}
+
 TEST_F(TakebackTest, TheClocksGoBackToo) {
     rig.now += 10'000;
     rig.type("Ada", "Nf3");
