@@ -139,9 +139,11 @@ TEST_F(PlayTest, ResigningLosesAndTakesTheGameOffTheObserversLists) {
 
 TEST_F(PlayTest, GameResultsGoToThoseWhoWantThem) {
     rig.match("Ada", "Bert");
+    rig.enter("Dora");
     rig.type("Cora", "set gin 1");
     rig.type("Ada", "resign");
     EXPECT_EQ(rig.takeShown("Cora"), "|{Game 1 (Ada vs. Bert) Ada resigns} 0-1");
+    EXPECT_EQ(rig.takeShown("Dora"), "");
 }
 
 TEST_F(PlayTest, ADrawIsOfferedAndAccepted) {
@@ -286,6 +288,26 @@ TEST_F(PlayTest, NothingIsMovedWhileAMoveIsJudged) {
     EXPECT_EQ(rig.hall.game(1)->moves.size(), 1U);
     EXPECT_EQ(rig.resumed["Ada"], 1);
     EXPECT_EQ(rig.resumed["Bert"], 1);
+}
+
+TEST_F(PlayTest, NoFlagIsCalledWhileAMoveIsJudged) {
+    play({"e4", "e5"});
+    rig.holdRules = true;
+    rig.now += 299'000;
+    rig.type("Ada", "Nf3");
+    rig.now += 5'000;
+    watchClocks(rig.hall);
+    EXPECT_EQ(rig.type("Bert", "flag"), "Ada is not out of time.");
+    rig.release();
+    ASSERT_NE(rig.hall.game(1), nullptr);
+    EXPECT_EQ(rig.hall.game(1)->moves.size(), 3U);
+}
+
+TEST_F(PlayTest, WhoLeavesObservesNoMore) {
+    rig.match("Ada", "Bert");
+    rig.type("Cora", "observe 1");
+    rig.hall.leave("Cora");
+    EXPECT_TRUE(rig.hall.game(1)->observers.empty());
 }
 
 TEST_F(PlayTest, AJudgementThatComesTooLateIsDropped) {

@@ -46,6 +46,30 @@ TEST_F(TalkCommandsTest, ATellToOneselfIsTheAnswer) {
     EXPECT_EQ(rig.takeShown("Ada"), "");
 }
 
+TEST_F(TalkCommandsTest, WhoDoesNotListenToGuestsHearsRegisteredPlayers) {
+    rig.type("Cora", "set tell 0");
+    EXPECT_EQ(rig.type("Bert", "tell cora hi"), "Cora does not listen to unregistered users.");
+    EXPECT_EQ(rig.takeShown("Cora"), "");
+    EXPECT_EQ(rig.type("Ada", "tell cora hi"), "(told Cora)");
+}
+
+TEST_F(TalkCommandsTest, FirstLettersOfTwoNamesReachNobody) {
+    rig.enter("Corinna");
+    EXPECT_EQ(rig.type("Ada", "tell cor hi"), "No player named \"cor\" is online.");
+    EXPECT_EQ(rig.type("Ada", "tell cora hi"), "(told Cora)");
+    EXPECT_EQ(rig.type("Ada", "tell cori hi"), "(told Corinna)");
+}
+
+TEST_F(TalkCommandsTest, WhoSwitchedChannelsOrCommentsOffHearsNone) {
+    rig.type("Bert", "set chanoff 1");
+    EXPECT_EQ(rig.type("Ada", "tell 50 hello"), "Ada(50): hello\n(told 2 players in channel 50)");
+    EXPECT_EQ(rig.takeShown("Bert"), "");
+    rig.match("Ada", "Bert");
+    rig.type("Bert", "set kibitz 0");
+    EXPECT_EQ(rig.type("Ada", "kibitz hi"), "Ada(1711)[1] kibitzes: hi\n(kibitzed to 0 players)");
+    EXPECT_EQ(rig.takeShown("Bert"), "");
+}
+
 TEST_F(TalkCommandsTest, ATellToNobodyIsComplainedAbout) {
     EXPECT_EQ(rig.type("Ada", "tell zzzzz hi"), "No player named \"zzzzz\" is online.");
     EXPECT_EQ(rig.type("Ada", "tell bert"), "Usage: tell NAME|CHANNEL TEXT");
