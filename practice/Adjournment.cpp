@@ -7,6 +7,7 @@ namespace practice {
 
 void adjournGame(Hall& hall, Game& game) {
     const std::string reason = "Game adjourned by mutual agreement";
+    game.clock.settle(game.toMove(), hall.outside.now());
     hall.archive.adjourn(keptGame(game, reason, "*", hall.outside.wallClock()));
     endGame(hall, game, reason, "*");
 }
@@ -22,7 +23,7 @@ void resumeGame(Hall& hall, const KeptGame& kept) {
     ++game.seen[repetitionKey(game.startFen)];
     for (const PlayedMove& move : game.moves) ++game.seen[repetitionKey(move.fen)];
     seatBoth(hall, game, "Continuing");
-    learnPosition(hall, game, game.moves.empty() ? game.startFen : game.moves.back().fen, false);
+    learnPosition(hall, game);
 }
 
 } // namespace practice

@@ -16,21 +16,25 @@ bool isOf(const Game& game, const std::string& name) {
 
 std::size_t sideFor(const Game& game, const std::string& name) { return lower(game.names[0]) == lower(name) ? 0 : 1; }
 
-// "Res", "Mat": how lists name an end.
+// "Res", "Mat": how lists name an end. By its last words, as a player may be called "Repetition".
 std::string endLetters(const std::string& reason) {
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 9> letters{{
-        {"resigns", "Res"},
-        {"forfeits on time", "Fla"},
-        {"disconnection", "Dis"},
-        {"mutual agreement", "Agr"},
-        {"repetition", "Rep"},
-        {"50 move", "50 "},
-        {"by stalemate", "Sta"},
-        {"adjudication", "Adj"},
-        {"material to mate", "NM "},
+    constexpr std::array<std::pair<std::string_view, std::string_view>, 13> letters{{
+        {" resigns", "Res"},
+        {" on time", "Fla"},
+        {" ran out of time", "Fla"},
+        {" by disconnection", "Dis"},
+        {" by mutual agreement", "Agr"},
+        {" by repetition", "Rep"},
+        {" 50 move rule", "50 "},
+        {" by stalemate", "Sta"},
+        {" by adjudication", "Adj"},
+        {" has mating material", "NM "},
+        {" no material to mate", "TM "},
+        {" losing all material", "WLM"},
+        {" (stalemate)", "WNM"},
     }};
-    const auto at = std::find_if(letters.begin(), letters.end(),
-                                 [&](const auto& entry) { return reason.find(entry.first) != std::string::npos; });
+    const auto at =
+        std::find_if(letters.begin(), letters.end(), [&](const auto& entry) { return reason.ends_with(entry.first); });
     return std::string(at == letters.end() ? "Mat" : at->second);
 }
 

@@ -29,8 +29,8 @@ Answer runListCommand(Player& player, const std::string& word, const Arguments& 
     const std::string list = word.substr(1);
     if (list.empty() || !startsWith("channel", list)) return {word + ": Command not found."};
     if (word[0] == '=') {
-        std::string text = "-- channel list: " + counted(static_cast<int>(player.channels.size()), "channel") + " --\n";
-        for (const int channel : player.channels) text += std::to_string(channel) + " ";
+        std::string text = "-- channel list: " + std::to_string(player.channels.size()) + " channels --\n";
+        for (const int channel : player.channels) text += std::to_string(channel) + "  ";
         return {text};
     }
     return changeChannel(player, arguments.word(0), word[0] == '+');
@@ -43,6 +43,10 @@ std::string ambiguousText(const std::vector<std::string>& names) {
 }
 
 } // namespace
+
+Answer noSuchPlayer(const std::string& word) { return {"There is no player matching the name " + word + "."}; }
+
+Answer notOnline(const std::string& word) { return {"No player named \"" + word + "\" is online."}; }
 
 std::string Arguments::restBehindFirst() const {
     return words.empty() ? std::string() : trim(rest.substr(words[0].size()));

@@ -11,9 +11,17 @@ namespace practice {
 // What a command has to say. Empty text with a prompt gives the prompt alone.
 struct Answer {
     std::string text;
-    bool prompt = true;   // false when the command's effect shows as blocks of its own
+    bool prompt = true;   // false when nothing is said and the effect shows as blocks, at once or later
     bool leaving = false; // the session ends after the text
 };
+
+// What a command did shows as blocks of its own.
+inline const Answer quiet{{}, false, false};
+
+// Complaints of several subjects; `word` is what was typed for a handle.
+inline const Answer notPlaying{"You are not playing a game."};
+Answer noSuchPlayer(const std::string& word);
+Answer notOnline(const std::string& word);
 
 // What follows a command's word.
 struct Arguments {

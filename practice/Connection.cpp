@@ -6,6 +6,8 @@
 
 #include <QTimer>
 
+#include <utility>
+
 namespace practice {
 
 Connection::Connection(QTcpSocket* socket, Hall& hall, Host& host) : socket_(socket), hall_(hall), host_(host) {
@@ -86,22 +88,32 @@ void Connection::takeLine(const std::string& line) {
         if (step.entered) host_.enter(*this);
         return;
     }
-    Player* player = hall_.find(handle_);
-    if (!player) return;
-    const Answer result = runCommand(hall_, *player, line);
-    if (!result.leaving) return answer(result.text, result.prompt);
-    const std::string name = handle_;
-    finish(result.text);
-    hall_.leave(name);
+    if (Player* player = hall_.find(handle_)) run(*player, line);
 }
 
 // Text, line break, prompt: an answer begins right behind what the client typed.
-void Connection::answer(const std::string& text, bool withPrompt) {
-    write((text.empty() ? text : text + "\n") + (withPrompt ? prompt() : std::string()));
+void Connection::run(Player& player, const std::string& line) {
+    running_ = true;
+    const Answer result = runCommand(hall_, player, line);
+    running_ = false;
+    if (result.leaving) {
+        const std::string name = handle_;
+        finish(result.text);
+        return hall_.leave(name);
+    }
+    const std::string text = (result.text.empty() ? result.text : result.text + "\n") + std::exchange(blocks_, {});
+    write(text + (result.prompt || !text.empty() ? prompt() : std::string()));
 }
 
 // A block that nobody asked for stands behind a pending prompt and so begins with a line break.
-void Connection::show(const std::string& text) { write("\n" + text + "\n" + prompt()); }
+void Connection::show(const std::string& text) {
+    const std::string block = "\n" + text + "\n";
+    if (running_) {
+        blocks_ += block;
+    } else {
+        write(block + prompt());
+    }
+}
 
 void Connection::write(const std::string& text) {
     if (socket_->state() != QAbstractSocket::ConnectedState) return;

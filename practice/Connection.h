@@ -62,9 +62,9 @@ private:
     bool readMore();
     // Hands a line to the log-on or to the commands.
     void takeLine(const std::string& line);
-    // Writes what a command says; a text that is not empty gets a line end.
-    void answer(const std::string& text, bool prompt);
-    // Writes a block that was not asked for, with line breaks and the prompt around it.
+    // Runs a command and writes what it says, the blocks that it showed its own player, and one prompt behind all.
+    void run(Player& player, const std::string& line);
+    // Writes a block that was not asked for, with line breaks and the prompt around it; keeps it while a command runs.
     void show(const std::string& text);
     // Writes LF as LF CR, and drops a client whose output piles up.
     void write(const std::string& text);
@@ -79,6 +79,8 @@ private:
     std::deque<std::string> lines_;
     std::string unlogged_; // the bytes of a line whose end the log waits for
     std::string handle_;
+    std::string blocks_; // shown since the command that runs began
+    bool running_ = false;
     bool working_ = false;
     bool finished_ = false;
 };

@@ -19,16 +19,14 @@ std::string handleMeant(Hall& hall, const Player& player, const std::string& wor
     return account ? account->name : std::string();
 }
 
-Answer nobodyNamed(const std::string& word) { return {"There is no player matching the name " + word + "."}; }
-
 Answer history(Hall& hall, Player& player, const Arguments& arguments) {
     const std::string name = handleMeant(hall, player, arguments.word(0));
-    return name.empty() ? nobodyNamed(arguments.word(0)) : Answer{historyTable(hall.archive, name)};
+    return name.empty() ? noSuchPlayer(arguments.word(0)) : Answer{historyTable(hall.archive, name)};
 }
 
 Answer stored(Hall& hall, Player& player, const Arguments& arguments) {
     const std::string name = handleMeant(hall, player, arguments.word(0));
-    if (name.empty()) return nobodyNamed(arguments.word(0));
+    if (name.empty()) return noSuchPlayer(arguments.word(0));
     return {storedTable(hall.archive, name, [&](const std::string& other) { return hall.find(other) != nullptr; })};
 }
 
@@ -42,7 +40,7 @@ Wanted wantedGame(Hall& hall, const Player& player, const Arguments& arguments) 
     const bool own = arguments.words.size() == 1;
     const std::string which = arguments.word(own ? 0 : 1);
     const std::string name = handleMeant(hall, player, own ? std::string() : arguments.word(0));
-    if (name.empty()) return {nullptr, nobodyNamed(arguments.word(0)).text};
+    if (name.empty()) return {nullptr, noSuchPlayer(arguments.word(0)).text};
     if (const KeptGamePtr game = hall.archive.find(name, which)) return {game, {}};
     const std::string other = handleMeant(hall, player, which);
     if (const KeptGamePtr game = hall.archive.adjournedBetween(name, other); game && !other.empty()) return {game, {}};

@@ -28,7 +28,7 @@ void stopClock(Game& game, const GameClock& shown) {
 void standStill(Hall& hall, Game& game) {
     stopClock(game, game.moves.empty() ? game.firstClock : game.moves.back().clock);
     ++game.course;
-    learnPosition(hall, game, game.moves.empty() ? game.startFen : game.moves.back().fen, false);
+    learnPosition(hall, game);
 }
 
 std::string named(const Game& game) { return "Game " + std::to_string(game.number) + ": "; }
@@ -49,7 +49,9 @@ Game& examinedBy(Hall& hall, const Player& player) { return *hall.game(player.ex
 } // namespace
 
 std::string startExamining(Hall& hall, Player& player, const KeptGame* kept) {
-    unobserveAll(hall, player);
+    const std::string unobserved = unobserveAll(hall, player);
+    // An ad that somebody answers would put a second game on the same board.
+    hall.seeks.removeOwner(player.name);
     Terms untimed;
     untimed.minutes = untimed.increment = 0;
     Game& game = openGame(hall, kept ? kept->game.terms : untimed);
@@ -70,7 +72,8 @@ std::string startExamining(Hall& hall, Player& player, const KeptGame* kept) {
     player.examining = game.number;
     standStill(hall, game);
     const std::string head = kept ? "" : "Starting a game in examine (scratch) mode.\n";
-    return head + "\n" + boardLineFor(game, player.name, hall.outside.now());
+    return unobserved + (unobserved.empty() ? "" : "\n") + head + "\n" +
+           boardLineFor(game, player.name, hall.outside.now());
 }
 
 std::string stopExamining(Hall& hall, Player& player) {

@@ -60,6 +60,9 @@ struct Game {
     // 0 for white's handle, 1 for black's, -1 for any other name; letter case counts. An examined game has no players.
     int sideOf(const std::string& name) const;
 
+    // The other player's handle, for one of the two.
+    const std::string& opponentOf(const std::string& name) const { return names[names[0] == name ? 1U : 0U]; }
+
     // The number of the move about to be made, from 1 on.
     int moveNumber() const;
 };

@@ -21,6 +21,11 @@ std::int64_t GameClock::remaining(int side, int toMove, std::int64_t now) const 
     return running() && side == toMove ? stored - (now - turnBegan) : stored;
 }
 
+void GameClock::settle(int toMove, std::int64_t now) {
+    left[static_cast<std::size_t>(toMove)] = remaining(toMove, toMove, now);
+    turnBegan = now;
+}
+
 std::int64_t GameClock::press(int side, std::int64_t now) {
     const std::int64_t taken = running() ? now - turnBegan : 0;
     if (running()) left[static_cast<std::size_t>(side)] += increment - taken;

@@ -25,6 +25,9 @@ struct GameClock {
     // What a side has left at `now`, below zero after its flag fell; `toMove` tells whose clock runs.
     std::int64_t remaining(int side, int toMove, std::int64_t now) const;
 
+    // Books what the side to move has used of its time, and begins its turn anew: the clocks can be kept as they are.
+    void settle(int toMove, std::int64_t now);
+
     // Books the move of `side` and gives the milliseconds it took: 0 for a free move.
     std::int64_t press(int side, std::int64_t now);
 };

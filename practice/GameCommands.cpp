@@ -12,14 +12,6 @@ namespace practice {
 
 namespace {
 
-const Answer quiet{{}, false, false};
-const Answer notPlaying{"You are not playing a game."};
-
-Player* opponentIn(Hall& hall, const Game& game, const Player& player) {
-    const int side = game.sideOf(player.name);
-    return side < 0 ? nullptr : hall.find(game.names[static_cast<std::size_t>(1 - side)]);
-}
-
 // The end line is the answer.
 Answer resign(Hall& hall, Player& player, const Arguments&) {
     Game* game = hall.game(player.playing);
@@ -28,13 +20,11 @@ Answer resign(Hall& hall, Player& player, const Arguments&) {
     return quiet;
 }
 
-// One can only call the flag of an opponent who is to move: the other clock stands.
 Answer flag(Hall& hall, Player& player, const Arguments&) {
     Game* game = hall.game(player.playing);
     if (!game) return notPlaying;
-    const Player* opponent = opponentIn(hall, *game, player);
-    if (game->toMove() != game->sideOf(player.name) && callFlag(hall, *game, true)) return quiet;
-    return {(opponent ? opponent->name : "Your opponent") + std::string(" is not out of time.")};
+    const std::string opponent = game->opponentOf(player.name);
+    return claimFlag(hall, *game, player) ? quiet : Answer{opponent + " is not out of time."};
 }
 
 Answer promote(Hall&, Player& player, const Arguments& arguments) {
@@ -104,7 +94,8 @@ Answer typedMove(Hall& hall, Player& player, const std::string& text) {
     if (!game) return {"You are not playing or examining a game."};
     const bool mayMove = !game->examiner.empty() || game->sideOf(player.name) == game->toMove();
     if (game->pending || !mayMove) return {"It is not your move."};
-    if (callFlag(hall, *game, false)) return quiet;
+    if (callFlag(hall, *game)) return quiet;
+    if (game->moves.size() >= Game::plyLimit) return {"There is no room for more moves in this game."};
     const TypedMove typed = readMove(game->facts, text, player.promotion);
     if (typed.reading == MoveReading::Legal) {
         playMove(hall, *game, typed.move);

@@ -52,6 +52,11 @@ Game* Hall::gameBySerial(std::uint64_t serial) {
 
 Game* Hall::gameAtBoard(const Player& player) { return game(player.playing != 0 ? player.playing : player.examining); }
 
+Game* Hall::gameAtHand(const Player& player) {
+    if (Game* own = gameAtBoard(player)) return own;
+    return player.observing.empty() ? nullptr : game(player.observing.back());
+}
+
 std::vector<Game*> Hall::gamesOf(const Player& player) {
     std::vector<Game*> result;
     for (auto& [number, game] : games) {

@@ -100,6 +100,9 @@ struct Hall {
     // The game that this player plays or else examines; null if there is none.
     Game* gameAtBoard(const Player& player);
 
+    // The same, else the game that he observes since last; null if there is none.
+    Game* gameAtHand(const Player& player);
+
     // The games that this player plays; a computer may play several.
     std::vector<Game*> gamesOf(const Player& player);
 

@@ -65,8 +65,6 @@ std::string ratingText(const Player& player) {
            "     80.0       0       0       0       0";
 }
 
-Answer noSuchPlayer(const std::string& name) { return {"There is no player matching the name " + name + "."}; }
-
 Answer finger(Hall& hall, Player& player, const Arguments& arguments) {
     const std::string name = arguments.word(0);
     const Player* about = name.empty() ? &player : hall.findByHead(name);

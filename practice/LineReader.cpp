@@ -33,8 +33,8 @@ bool LineReader::swallow(unsigned char byte) {
         if (byte == '\n') telnet_ = Telnet::None;
         return byte != '\n';
     case Telnet::NegotiationCommand:
-        telnet_ = byte == negotiationEnd ? Telnet::None : Telnet::Negotiation;
-        return true;
+        telnet_ = byte == negotiationEnd || byte == '\n' ? Telnet::None : Telnet::Negotiation;
+        return byte != '\n';
     }
     return false;
 }

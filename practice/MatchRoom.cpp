@@ -10,13 +10,19 @@ namespace practice {
 
 namespace {
 
-std::string complaintAbout(const Player& from, const Player& to, const Terms& terms) {
+std::string complaintAbout(const Player& from, const Player& to) {
     if (&from == &to) return "You can't match yourself.";
     if (to.playing != 0) return to.name + " is playing a game.";
     if (to.examining != 0) return to.name + " is examining a game.";
     if (to.variables.value("open") == 0) return to.name + " is not open to match requests.";
-    if (terms.rated && (from.isGuest() || to.isGuest())) return "A rated game needs two registered players.";
     return {};
+}
+
+// Guests play unrated; the word for the one who asked for more, with a line end.
+std::string unratedForGuests(const Player& from, const Player& to, Terms& terms) {
+    if (!terms.rated || (!from.isGuest() && !to.isGuest())) return {};
+    terms.rated = false;
+    return (from.isGuest() ? std::string("You are") : to.name + " is") + " unregistered - setting to unrated.\n";
 }
 
 // The same game as the other sees it.
@@ -42,16 +48,36 @@ int fittingChallenge(const Hall& hall, const PendingOffer& offer) {
     return number != 0 && hall.offers.open.at(number).terms == seenFromOther(offer.terms) ? number : 0;
 }
 
-std::string post(Hall& hall, Player& from, Player& to, const PendingOffer& offer, bool update) {
+// The answer for the challenger.
+std::string issuedText(Hall& hall, const Player& from, const Player& to, const PendingOffer& offer, bool update) {
+    const auto width = static_cast<std::size_t>(from.variables.value("width"));
+    const std::string head = update ? "Updating match request to: " : "Issuing: ";
+    return (update ? "Updating offer already made to \"" + to.name + "\".\n" : std::string()) +
+           wrapped(head + challengeText(hall, offer) + ".", width) +
+           (to.isComputer() ? "\n--** " + to.name + " is a computer **--" : "");
+}
+
+// Whoever answers a challenge with one of another kind declines it; his own part of the answer, with a line end.
+std::string declineEarlier(Hall& hall, const Player& from, const Player& to) {
+    const int earlier = hall.offers.find(OfferKind::Match, to.name, from.name);
+    if (earlier == 0) return {};
+    hall.offers.open.erase(earlier);
+    hall.show(to.name, from.name + " declines your match offer and proposes different parameters.");
+    return "Declining the match offer from " + to.name + " and proposing different parameters.\n";
+}
+
+std::string post(Hall& hall, const Player& from, Player& to, const PendingOffer& offer) {
+    const int earlier = hall.offers.find(OfferKind::Match, from.name, to.name);
+    if (earlier != 0 && hall.offers.open.at(earlier).terms == offer.terms) {
+        return "You are already offering an identical match to " + to.name + ".";
+    }
+    if (earlier != 0) hall.offers.open.erase(earlier);
     const int number = hall.offers.post(offer);
     if (number == 0) return "You have too many offers pending.";
-    showChallenge(hall, to, offer, update);
+    const std::string declined = declineEarlier(hall, from, to);
+    showChallenge(hall, to, offer, earlier != 0);
     if (to.isComputer()) considerChallenge(hall, hall.offers.open.at(number));
-    const auto width = static_cast<std::size_t>(from.variables.value("width"));
-    const std::string text = challengeText(hall, offer) + ".";
-    if (!update) return wrapped("Issuing: " + text, width);
-    return "Updating offer already made to \"" + to.name + "\".\n" +
-           wrapped("Updating match request to: " + text, width);
+    return declined + issuedText(hall, from, to, offer, earlier != 0);
 }
 
 void tellDropped(Hall& hall, const PendingOffer& offer, const Player& gone, const std::string& opponent) {
@@ -81,44 +107,40 @@ std::string challengeText(Hall& hall, const PendingOffer& offer) {
 }
 
 std::string challenge(Hall& hall, Player& from, Player& to, Terms terms) {
+    const std::string complaint = complaintAbout(from, to);
+    if (!complaint.empty()) return complaint;
     const KeptGamePtr adjourned = hall.archive.adjournedBetween(from.name, to.name);
     if (adjourned) terms = adjourned->game.terms;
     if (adjourned) terms.colour = WantedColour::Any;
-    const std::string complaint = complaintAbout(from, to, terms);
-    if (!complaint.empty()) return complaint;
+    const std::string unrated = unratedForGuests(from, to, terms);
     PendingOffer offer;
     offer.adjourned = adjourned != nullptr;
     offer.from = from.name;
     offer.to = to.name;
     offer.terms = std::move(terms);
-    if (const int fitting = fittingChallenge(hall, offer); fitting != 0) {
-        const PendingOffer theirs = hall.offers.open.at(fitting);
-        from.show("Your challenge intercepts " + to.name + "'s challenge.");
-        to.show(from.name + "'s challenge intercepts your challenge.");
-        return startMatch(hall, theirs) ? std::string() : to.name + " is busy.";
-    }
-    const int earlier = hall.offers.find(OfferKind::Match, from.name, to.name);
-    if (earlier != 0 && hall.offers.open.at(earlier).terms == offer.terms) {
-        return "You are already offering an identical match to " + to.name + ".";
-    }
-    if (earlier != 0) hall.offers.open.erase(earlier);
-    return post(hall, from, to, offer, earlier != 0);
+    const int fitting = fittingChallenge(hall, offer);
+    if (fitting == 0) return unrated + post(hall, from, to, offer);
+    to.show(from.name + "'s challenge intercepts your challenge.");
+    const PendingOffer theirs = hall.offers.open.at(fitting);
+    hall.offers.open.erase(fitting);
+    startMatch(hall, theirs);
+    return "Your challenge intercepts " + to.name + "'s challenge.";
 }
 
-bool startMatch(Hall& hall, const PendingOffer& accepted) {
-    // A copy: the start of the game drops both players' challenges.
-    const PendingOffer offer = accepted;
-    Player* from = hall.find(offer.from);
-    Player* to = hall.find(offer.to);
-    if (!from || !to || from->playing != 0 || to->playing != 0) return false;
-    if (from->examining != 0 || to->examining != 0) return false;
-    hall.offers.open.erase(hall.offers.find(OfferKind::Match, offer.from, offer.to));
+bool bothAreFree(Hall& hall, const PendingOffer& offer) {
+    const auto isFree = [&](const std::string& name) {
+        const Player* player = hall.find(name);
+        return player && player->playing == 0 && player->examining == 0;
+    };
+    return isFree(offer.from) && isFree(offer.to);
+}
+
+void startMatch(Hall& hall, const PendingOffer& offer) {
     if (const KeptGamePtr adjourned = hall.archive.takeAdjourned(offer.from, offer.to)) {
         resumeGame(hall, *adjourned);
-        return true;
+    } else {
+        startGame(hall, *hall.find(offer.from), *hall.find(offer.to), offer.terms);
     }
-    startGame(hall, *from, *to, offer.terms);
-    return true;
 }
 
 // A computer plays several at once, so its challenges stand.

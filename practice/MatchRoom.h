@@ -11,12 +11,15 @@ namespace practice {
 std::string challengeText(Hall& hall, const PendingOffer& offer);
 
 // Challenges `to`; gives the answer for `from`. A challenge to the same player takes the place of an earlier one, one
-// that fits his own starts the game, an adjourned game of the two is gone on with whatever the terms, and a computer
-// accepts in a moment. Empty when the game has started.
+// that fits his own starts the game and any other declines his, an adjourned game of the two is gone on with whatever
+// the terms, games with a guest become unrated, and a computer accepts in a moment.
 std::string challenge(Hall& hall, Player& from, Player& to, Terms terms);
 
-// Starts the game of a challenge that was accepted; false if one of the two is busy or gone.
-bool startMatch(Hall& hall, const PendingOffer& offer);
+// True if both players of a challenge are here and neither plays nor examines; a computer is always free.
+bool bothAreFree(Hall& hall, const PendingOffer& offer);
+
+// Starts the game of a challenge that was accepted and is off the table; both players must be free.
+void startMatch(Hall& hall, const PendingOffer& offer);
 
 // Takes back all challenges of and to a player who plays now or has left, and tells those concerned; `opponent` is
 // empty when he has left.

@@ -11,15 +11,9 @@ namespace practice {
 
 namespace {
 
-const Answer quiet{{}, false, false};
-const Answer notPlaying{"You are not playing a game."};
-
-// What was carried out shows as blocks of its own.
-Answer unlessDone(const std::string& text) { return text.empty() ? quiet : Answer{text}; }
-
 Answer offerNow(Hall& hall, Player& player, OfferKind kind, int halfmoves = 0) {
     Game* game = hall.game(player.playing);
-    return game ? unlessDone(offerInGame(hall, player, *game, kind, halfmoves)) : notPlaying;
+    return game ? Answer{offerInGame(hall, player, *game, kind, halfmoves)} : notPlaying;
 }
 
 // A draw that is offered already is accepted by offering it too.
@@ -64,13 +58,13 @@ Answer match(Hall& hall, Player& player, const Arguments& arguments) {
     if (arguments.words.empty()) return {"Usage: match NAME [time inc] [rated|unrated] [white|black] [kind]"};
     if (const std::string complaint = complaintOfChallenger(player); !complaint.empty()) return {complaint};
     Player* to = hall.findByHead(arguments.word(0));
-    if (!to) return {"No player named \"" + arguments.word(0) + "\" is online."};
+    if (!to) return notOnline(arguments.word(0));
     Terms standard;
     standard.minutes = player.variables.value("time");
     standard.increment = player.variables.value("inc");
     standard.rated = !player.isGuest() && !to->isGuest();
     const TermsReading reading = readTerms({arguments.words.begin() + 1, arguments.words.end()}, standard);
-    return reading.error.empty() ? unlessDone(challenge(hall, player, *to, reading.terms)) : Answer{reading.error};
+    return {reading.error.empty() ? challenge(hall, player, *to, reading.terms) : reading.error};
 }
 
 Answer rematch(Hall& hall, Player& player, const Arguments&) {
@@ -78,7 +72,7 @@ Answer rematch(Hall& hall, Player& player, const Arguments&) {
     if (player.lastOpponent.empty()) return {"You have not played anybody."};
     Player* to = hall.find(player.lastOpponent);
     if (!to) return {player.lastOpponent + " is no longer logged on."};
-    return unlessDone(challenge(hall, player, *to, player.lastTerms));
+    return {challenge(hall, player, *to, player.lastTerms)};
 }
 
 // True if a word means this offer: by its number, its kind, or the handle of the other side.
@@ -120,7 +114,7 @@ Choice choose(const Hall& hall, const Player& player, const Arguments& arguments
 Answer accept(Hall& hall, Player& player, const Arguments& arguments) {
     const Choice choice = choose(hall, player, arguments, false, "accept");
     if (!choice.complaint.empty()) return {choice.complaint};
-    return acceptOffer(hall, choice.numbers.front()) ? quiet : Answer{"That offer does not stand any more."};
+    return {acceptOffer(hall, choice.numbers.front())};
 }
 
 Answer answerAll(Hall& hall, const Choice& choice, std::string (*answer)(Hall&, int)) {

@@ -12,7 +12,7 @@ namespace practice {
 
 namespace {
 
-std::string half(int count) { return std::to_string(count) + " half move(s)"; }
+std::string half(int count) { return std::to_string(count) + " half-move(s)"; }
 
 // What the one who got an offer reads.
 std::string offeredText(const PendingOffer& offer) {
@@ -54,60 +54,64 @@ Game* gameOf(Hall& hall, const PendingOffer& offer) {
     return nullptr;
 }
 
-// False when the offer has lost its sense.
-bool carryOut(Hall& hall, const PendingOffer& offer) {
+// False when the offer has lost its sense: somebody is busy, or fewer moves are left than were to be taken back.
+bool stands(Hall& hall, const PendingOffer& offer) {
+    if (offer.kind == OfferKind::Match) return bothAreFree(hall, offer);
+    const Game* game = gameOf(hall, offer);
+    return game && static_cast<std::size_t>(offer.halfmoves) <= game->moves.size();
+}
+
+// For an offer that stands.
+void carryOut(Hall& hall, const PendingOffer& offer) {
     if (offer.kind == OfferKind::Match) return startMatch(hall, offer);
-    Game* game = gameOf(hall, offer);
-    if (!game) return false;
-    switch (offer.kind) {
-    case OfferKind::Draw:
-        endGame(hall, *game, "Game drawn by mutual agreement", "1/2-1/2");
-        return true;
-    case OfferKind::Abort:
-        endGame(hall, *game, "Game aborted by mutual agreement", "*");
-        return true;
-    case OfferKind::Takeback:
-        return takeBack(hall, *game, static_cast<std::size_t>(offer.halfmoves));
-    case OfferKind::Adjourn:
-        adjournGame(hall, *game);
-        return true;
-    case OfferKind::Match:
-        break;
-    }
-    return false;
+    Game& game = *gameOf(hall, offer);
+    if (offer.kind == OfferKind::Takeback) return takeBack(hall, game, static_cast<std::size_t>(offer.halfmoves));
+    if (offer.kind == OfferKind::Adjourn) return adjournGame(hall, game);
+    const bool drawn = offer.kind == OfferKind::Draw;
+    endGame(hall, game, drawn ? "Game drawn by mutual agreement" : "Game aborted by mutual agreement",
+            drawn ? "1/2-1/2" : "*");
+}
+
+// Game 1: Ada declines the draw offer. A challenge has no observers.
+void tellObservers(Hall& hall, const PendingOffer& offer, const std::string& what) {
+    if (const Game* game = offer.kind == OfferKind::Match ? nullptr : gameOf(hall, offer))
+        showObservers(hall, *game, "Game " + std::to_string(game->number) + ": " + what);
 }
 
 void tellAccepted(Hall& hall, const PendingOffer& offer) {
-    hall.show(offer.to, "Accepting the " + offerName(offer.kind) + " from " + offer.from + ".");
-    hall.show(offer.from, offer.to + " accepts your " + offerName(offer.kind) + ".");
+    const std::string name = offerName(offer.kind);
+    hall.show(offer.from, offer.to + " accepts your " + name + ".");
+    tellObservers(hall, offer, offer.to + " accepts the " + name + ".");
+}
+
+void tellDeclined(Hall& hall, const PendingOffer& offer) {
+    const std::string name = offerName(offer.kind);
+    hall.show(offer.from, offer.to + " declines your " + name + ".");
+    tellObservers(hall, offer, offer.to + " declines the " + name + ".");
 }
 
 // A refusal comes behind the answer to the command that made the offer.
 void declineSoon(Hall& hall, const PendingOffer& offer) {
-    hall.outside.later(
-        0, [&hall, offer] { hall.show(offer.from, offer.to + " declines your " + offerName(offer.kind) + "."); });
+    hall.outside.later(0, [&hall, offer] { tellDeclined(hall, offer); });
 }
 
 } // namespace
 
 std::string offerInGame(Hall& hall, Player& player, Game& game, OfferKind kind, int halfmoves) {
-    Player* opponent = hall.find(game.names[game.sideOf(player.name) == 0 ? 1U : 0U]);
+    Player* opponent = hall.find(game.opponentOf(player.name));
     if (!opponent) return {};
     const int theirs = hall.offers.find(kind, opponent->name, player.name);
-    if (theirs != 0 && hall.offers.open.at(theirs).halfmoves == halfmoves) {
-        acceptOffer(hall, theirs);
-        return {};
-    }
+    if (theirs != 0 && hall.offers.open.at(theirs).halfmoves == halfmoves) return acceptOffer(hall, theirs);
     PendingOffer offer{kind, player.name, opponent->name, {}, false, halfmoves, 0};
     const std::string made = madeText(offer, game);
-    showObservers(hall, game, "Game " + std::to_string(game.number) + ": " + toldText(offer));
+    tellObservers(hall, offer, toldText(offer));
     if (opponent->isComputer()) {
-        if (acceptsInGame(game, kind)) {
+        if (!acceptsInGame(game, kind)) {
+            declineSoon(hall, offer);
+        } else {
             tellAccepted(hall, offer);
             carryOut(hall, offer);
-            return {};
         }
-        declineSoon(hall, offer);
         return made;
     }
     if (const int mine = hall.offers.find(kind, player.name, opponent->name); mine != 0) hall.offers.open.erase(mine);
@@ -116,20 +120,19 @@ std::string offerInGame(Hall& hall, Player& player, Game& game, OfferKind kind, 
     return made;
 }
 
-bool acceptOffer(Hall& hall, int number) {
-    const auto at = hall.offers.open.find(number);
-    if (at == hall.offers.open.end()) return false;
-    const PendingOffer offer = at->second;
+std::string acceptOffer(Hall& hall, int number) {
+    const PendingOffer offer = hall.offers.open.at(number);
+    hall.offers.open.erase(number);
+    if (!stands(hall, offer)) return "That offer does not stand any more.";
     tellAccepted(hall, offer);
-    const bool done = carryOut(hall, offer);
-    if (const int still = hall.offers.numberOf(offer.serial); still != 0) hall.offers.open.erase(still);
-    return done;
+    carryOut(hall, offer);
+    return "Accepting the " + offerName(offer.kind) + " from " + offer.from + ".";
 }
 
 std::string declineOffer(Hall& hall, int number) {
     const PendingOffer offer = hall.offers.open.at(number);
     hall.offers.open.erase(number);
-    hall.show(offer.from, offer.to + " declines your " + offerName(offer.kind) + ".");
+    tellDeclined(hall, offer);
     return "Declining the " + offerName(offer.kind) + " from " + offer.from + ".";
 }
 

@@ -8,13 +8,14 @@
 namespace practice {
 
 // Puts an offer within a game before the opponent and gives the answer for its maker. An offer that the opponent made
-// already is accepted by making it too, and a computer answers at once. Empty when the offer was taken.
+// already is accepted by making it too, and a computer answers at once.
 std::string offerInGame(Hall& hall, Player& player, Game& game, OfferKind kind, int halfmoves = 0);
 
-// Carries an open offer out and tells both sides; false if that cannot be any more.
-bool acceptOffer(Hall& hall, int number);
+// Carries an open offer out and tells its maker and observers, or drops one that cannot be carried out any more; gives
+// the answer for the one who accepts.
+std::string acceptOffer(Hall& hall, int number);
 
-// Refuses an open offer and tells its maker; gives the answer for the one who refuses.
+// Refuses an open offer and tells its maker and observers; gives the answer for the one who refuses.
 std::string declineOffer(Hall& hall, int number);
 
 // Takes an open offer back and tells the one who got it; gives the answer for its maker.

@@ -1,10 +1,12 @@
 // The command line of the practice server.
 #include "practice/Options.h"
 
+#include "practice/Computers.h"
 #include "practice/Engines.h"
 
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <random>
@@ -74,6 +76,14 @@ bool readNumbers(const QCommandLineParser& parser, Options& options) {
     return good;
 }
 
+// Two players of one name would be one to everybody else.
+bool computersAreNoUsers(const std::string& path, const Accounts& accounts) {
+    const auto& all = computers();
+    const auto at = std::find_if(all.begin(), all.end(), [&](const Computer& c) { return accounts.find(c.name); });
+    if (at != all.end()) complain(path + ": " + at->name + " is a computer player");
+    return at == all.end();
+}
+
 bool readUsers(const QString& file, Accounts& accounts) {
     if (file.isEmpty()) {
         accounts = builtInAccounts();
@@ -89,7 +99,7 @@ bool readUsers(const QString& file, Accounts& accounts) {
     const auto read = readAccounts(in, error);
     if (!read) complain(path + ": " + error);
     if (read) accounts = *read;
-    return read.has_value();
+    return read && computersAreNoUsers(path, accounts);
 }
 
 // Tried out here, as the server itself has nobody to complain to.

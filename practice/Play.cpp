@@ -30,9 +30,9 @@ bool firstIsWhite(Game& game) {
     return game.dice() % 2 == 0;
 }
 
-// A client plays one game at a time and offers no others meanwhile; a computer keeps its ad open.
+// A client plays one game at a time, watches and offers no others meanwhile; a computer keeps its ad open.
 void seatPlayer(Hall& hall, const Game& game, Player& player) {
-    unobserveAll(hall, player);
+    if (const std::string unobserved = unobserveAll(hall, player); !unobserved.empty()) player.show(unobserved);
     if (player.isComputer()) return;
     player.playing = game.number;
     hall.seeks.removeOwner(player.name);
@@ -45,9 +45,9 @@ void showStart(Hall& hall, const Game& game, const std::string& name, const std:
                              game.ratings[1] + ") " + termsText(game.terms);
     const std::string number = std::to_string(game.number);
     hall.show(name, head + "\n{Game " + number + " " + pairing(game) + " " + verb + " " +
-                        (game.terms.rated ? "rated " : "unrated ") + kindText(game.terms) + " match.}\nGame " + number +
-                        ": A disconnection will be considered a forfeit.\n\n" +
-                        boardLineFor(game, name, hall.outside.now()));
+                        (game.terms.rated ? "rated " : "unrated ") + kindText(game.terms) + " match.}\n\n" +
+                        boardLineFor(game, name, hall.outside.now()) + "\n\nGame " + number +
+                        ": A disconnection will be considered a forfeit.\n");
 }
 
 // Those whose lines wait while a position of the game is judged.
@@ -160,11 +160,14 @@ void endOnTime(Hall& hall, Game& game, int loser) {
     }
 }
 
-void takePosition(Hall& hall, Game& game, PositionFacts facts, bool show) {
+void takePosition(Hall& hall, Game& game, PositionFacts facts) {
     game.pending = false;
     game.facts = std::move(facts);
-    if (game.moves.empty()) game.seen = {{repetitionKey(game.facts.fen), 1}};
-    if (show) showBoard(hall, game);
+    if (game.moves.empty()) {
+        // In the engine's words, so that the start is known again when it is repeated after an adjournment.
+        game.startFen = game.facts.fen;
+        game.seen = {{repetitionKey(game.startFen), 1}};
+    }
     letComputerThink(hall, game);
 }
 
@@ -207,19 +210,20 @@ Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms) {
         game.ratings[side] = trim(sides[side]->rating);
     }
     seatBoth(hall, game, "Creating");
-    learnPosition(hall, game, game.startFen, false);
+    learnPosition(hall, game);
     return game;
 }
 
-void learnPosition(Hall& hall, Game& game, const std::string& fen, bool show) {
-    if (fen == hall.start.fen && game.rules == Rules{}) return takePosition(hall, game, hall.start, show);
+void learnPosition(Hall& hall, Game& game) {
+    const std::string fen = game.moves.empty() ? game.startFen : game.moves.back().fen;
+    if (fen == hall.start.fen && game.rules == Rules{}) return takePosition(hall, game, hall.start);
     game.facts = {};
     game.facts.fen = fen;
     game.pending = true;
     hall.outside.rules(game.rules, fen, {},
-                       [&hall, serial = game.serial, names = waitingFor(game), show](PositionFacts facts) {
+                       [&hall, serial = game.serial, names = waitingFor(game)](PositionFacts facts) {
                            Game* waiting = hall.gameBySerial(serial);
-                           if (waiting) takePosition(hall, *waiting, std::move(facts), show);
+                           if (waiting) takePosition(hall, *waiting, std::move(facts));
                            resumePlayers(hall, names);
                        });
 }
@@ -264,12 +268,20 @@ void endGame(Hall& hall, Game& game, const std::string& reason, const std::strin
     if (pairOver) startPairLater(hall);
 }
 
-bool callFlag(Hall& hall, Game& game, bool claimed) {
+bool callFlag(Hall& hall, Game& game) {
     // While a move is judged its clock is already pressed, but the side to move is not yet the other one.
     if (game.pending) return false;
     const int late = game.toMove();
-    if (!flagIsDown(hall, game, late)) return false;
-    if (!claimed && !callsFlags(hall, game.names[static_cast<std::size_t>(1 - late)])) return false;
+    if (!flagIsDown(hall, game, late) || !callsFlags(hall, game.names[static_cast<std::size_t>(1 - late)]))
+        return false;
+    endOnTime(hall, game, late);
+    return true;
+}
+
+// An opponent may have moved with his flag down, and the clock that stands shows it still.
+bool claimFlag(Hall& hall, Game& game, const Player& player) {
+    const int late = 1 - game.sideOf(player.name);
+    if (game.pending || !flagIsDown(hall, game, late)) return false;
     endOnTime(hall, game, late);
     return true;
 }
@@ -278,7 +290,7 @@ void watchClocks(Hall& hall) {
     std::vector<int> numbers;
     for (const auto& [number, game] : hall.games) numbers.push_back(number);
     for (const int number : numbers) {
-        if (Game* game = hall.game(number)) callFlag(hall, *game, false);
+        if (Game* game = hall.game(number)) callFlag(hall, *game);
     }
 }
 
@@ -286,7 +298,7 @@ void abandonGame(Hall& hall, Player& player) {
     for (Game* game : hall.gamesOf(player)) {
         const int side = game->sideOf(player.name);
         const std::string word = "Game " + std::to_string(game->number) + ": " + player.name + " disconnected.";
-        hall.show(game->names[static_cast<std::size_t>(1 - side)], word);
+        hall.show(game->opponentOf(player.name), word);
         showObservers(hall, *game, word);
         if (game->moves.size() < fewMoves) {
             endGame(hall, *game, player.name + " lost connection and too few moves; game aborted", "*");
@@ -309,8 +321,14 @@ bool unobserveGame(Hall& hall, Player& player, int number) {
 
 std::string unobservedLine(int number) { return "Removing game " + std::to_string(number) + " from observation list."; }
 
-void unobserveAll(Hall& hall, Player& player) {
-    while (!player.observing.empty()) unobserveGame(hall, player, player.observing.back());
+std::string unobserveAll(Hall& hall, Player& player) {
+    std::string text;
+    while (!player.observing.empty()) {
+        const int number = player.observing.front();
+        text += (text.empty() ? "" : "\n") + unobservedLine(number);
+        unobserveGame(hall, player, number);
+    }
+    return text;
 }
 
 void showObservers(Hall& hall, const Game& game, const std::string& text) {

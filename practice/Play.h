@@ -17,9 +17,9 @@ Game& openGame(Hall& hall, const Terms& terms);
 // Seats the two players of a game and shows them its start; `verb` is "Creating" or "Continuing".
 void seatBoth(Hall& hall, Game& game, const std::string& verb);
 
-// Asks the rules engine for the facts of a game's position, which becomes `fen`; then shows the board, if wanted, and
-// lets a computer think. Lines of the players wait meanwhile.
-void learnPosition(Hall& hall, Game& game, const std::string& fen, bool show);
+// Puts the position behind the last of a game's moves on its board and asks the rules engine for its facts; then lets a
+// computer think. Lines of the players wait meanwhile.
+void learnPosition(Hall& hall, Game& game);
 
 // Shows the board to players or the examiner, and to observers.
 void showBoard(Hall& hall, const Game& game);
@@ -32,9 +32,12 @@ void playMove(Hall& hall, Game& game, const std::string& move);
 // "1/2-1/2" or "*".
 void endGame(Hall& hall, Game& game, const std::string& reason, const std::string& result);
 
-// Ends the game if a flag is down and the opponent of its owner wants that or claims it now; true if it ended.
-// Computers and players with the variable "autoflag" want it.
-bool callFlag(Hall& hall, Game& game, bool claimed);
+// Ends the game if the flag of the side to move is down and the opponent wants that; true if it ended. Computers and
+// players with the variable "autoflag" want it.
+bool callFlag(Hall& hall, Game& game);
+
+// Ends the game for a player who says that his opponent's flag is down, whosever turn it is; false if it is up.
+bool claimFlag(Hall& hall, Game& game, const Player& player);
 
 // Looks at the flags of all games; to be called a few times a second.
 void watchClocks(Hall& hall);
@@ -49,8 +52,8 @@ bool unobserveGame(Hall& hall, Player& player, int number);
 // "Removing game 1 from observation list.": the word to somebody who observes no more.
 std::string unobservedLine(int number);
 
-// Takes a player off all games without a word.
-void unobserveAll(Hall& hall, Player& player);
+// Takes a player off all games and gives the words for him, a line each; empty if he observed none.
+std::string unobserveAll(Hall& hall, Player& player);
 
 // Shows a block to the observers of a game.
 void showObservers(Hall& hall, const Game& game, const std::string& text);

@@ -97,8 +97,9 @@ void Server::open() {
 void Server::accept() {
     while (QTcpSocket* socket = listener_.nextPendingConnection()) {
         if (connections_.size() >= clientLimit) {
-            socket->abort();
-            socket->deleteLater();
+            QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+            socket->write("\n\rThe practice hall is full.  Come back later.\n\r");
+            socket->disconnectFromHost();
             continue;
         }
         connections_.push_back(std::make_unique<Connection>(socket, hall_, host_));

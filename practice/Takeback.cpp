@@ -15,14 +15,13 @@ void dropLast(Game& game) {
 
 } // namespace
 
-bool takeBack(Hall& hall, Game& game, std::size_t halfmoves) {
-    if (halfmoves == 0 || halfmoves > game.moves.size()) return false;
+void takeBack(Hall& hall, Game& game, std::size_t halfmoves) {
     while (halfmoves-- > 0) dropLast(game);
     game.clock = game.moves.empty() ? game.firstClock : game.moves.back().clock;
     game.clock.turnBegan = hall.outside.now();
     ++game.course;
-    learnPosition(hall, game, game.moves.empty() ? game.startFen : game.moves.back().fen, true);
-    return true;
+    learnPosition(hall, game);
+    showBoard(hall, game);
 }
 
 } // namespace practice

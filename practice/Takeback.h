@@ -5,8 +5,8 @@
 
 namespace practice {
 
-// Takes half-moves back with their time, shows the board to everybody concerned, and lets a computer think again; false
-// if there are not so many.
-bool takeBack(Hall& hall, Game& game, std::size_t halfmoves);
+// Takes half-moves back with their time, shows the board to everybody concerned, and lets a computer think again; the
+// game must have as many.
+void takeBack(Hall& hall, Game& game, std::size_t halfmoves);
 
 } // namespace practice

@@ -39,11 +39,16 @@ Answer tellChannel(Hall& hall, Player& player, int channel, const std::string& t
 Answer tellPlayer(Hall& hall, Player& player, Player& to, const std::string& text) {
     if (player.isGuest() && to.variables.value("tell") == 0)
         return {to.name + " does not listen to unregistered users."};
-    speak(to, player.titled() + " tells you: " + text);
     player.lastTold = to.name;
+    const std::string line = player.titled() + " tells you: " + text;
+    if (&to == &player) return {wrappedFor(player, line) + "\n(told " + to.name + ")"};
+    speak(to, line);
     if (to.isComputer()) answerTell(hall, to, player.name);
     const bool playing = !hall.gamesOf(to).empty();
-    return {"(told " + to.name + (playing ? ", who is playing)" : ")")};
+    return {"(told " + to.name +
+            (playing             ? ", who is playing)"
+             : to.examining != 0 ? ", who is examining a game)"
+                                 : ")")};
 }
 
 Answer tell(Hall& hall, Player& player, const Arguments& arguments) {
@@ -56,7 +61,7 @@ Answer tell(Hall& hall, Player& player, const Arguments& arguments) {
     const std::string name = arguments.word(0) == "." ? player.lastTold : arguments.word(0);
     if (name.empty()) return {"You have told nobody anything yet."};
     Player* to = hall.findByHead(name);
-    if (!to) return {"No player named \"" + name + "\" is online."};
+    if (!to) return notOnline(name);
     return tellPlayer(hall, player, *to, text);
 }
 
@@ -64,7 +69,7 @@ Answer say(Hall& hall, Player& player, const Arguments& arguments) {
     if (arguments.rest.empty()) return {"Usage: say TEXT"};
     if (player.lastOpponent.empty() && player.playing == 0) return {"You have not played anybody."};
     const Game* game = hall.game(player.playing);
-    const std::string name = game ? game->names[game->sideOf(player.name) == 0 ? 1U : 0U] : player.lastOpponent;
+    const std::string name = game ? game->opponentOf(player.name) : player.lastOpponent;
     Player* to = hall.find(name);
     if (!to) return {name + " is no longer logged on."};
     const std::string tag = game ? "[" + std::to_string(game->number) + "]" : "";
@@ -104,12 +109,12 @@ Answer comment(Hall& hall, Player& player, const Game& game, const std::string& 
         speak(other, line);
         ++heard;
     }
-    return {line + "\n(" + (whisper ? "whispered" : "kibitzed") + " to " + counted(heard, "player") + ")"};
+    return {wrappedFor(player, line) + "\n(" + (whisper ? "whispered" : "kibitzed") + " to " +
+            counted(heard, "player") + ")"};
 }
 
 Answer commentAtHand(Hall& hall, Player& player, const Arguments& arguments, bool whisper) {
-    const Game* own = hall.gameAtBoard(player);
-    const Game* game = own || player.observing.empty() ? own : hall.game(player.observing.back());
+    const Game* game = hall.gameAtHand(player);
     if (!game) return {"You are neither playing nor observing a game."};
     if (arguments.rest.empty()) return {"There is nothing to say."};
     return comment(hall, player, *game, arguments.rest, whisper);

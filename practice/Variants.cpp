@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kingOnD = "kingond";
 
-std::string wildRefusal(const std::string& name) { return "No such category/board: " + name + "."; }
+std::string wildRefusal(const std::string& name) { return "No such category/board: " + name; }
 
 // "wild/5", "Wild 5", "wild": a wild game without a number is none.
 VariantReading readWild(const std::vector<std::string>& words, std::size_t at) {

@@ -14,14 +14,9 @@ namespace {
 Game* gameNamed(Hall& hall, const std::string& word) {
     if (const auto which = number(word)) return hall.game(*which);
     const Player* player = hall.findByHead(word);
-    const auto games = player ? hall.gamesOf(*player) : std::vector<Game*>{};
-    return games.empty() ? nullptr : games.front();
-}
-
-// The game that a command without a word is about: the own one, else the one observed last.
-Game* gameAtHand(Hall& hall, const Player& player) {
-    if (Game* own = hall.gameAtBoard(player)) return own;
-    return player.observing.empty() ? nullptr : hall.game(player.observing.back());
+    if (!player) return nullptr;
+    const auto games = hall.gamesOf(*player);
+    return games.empty() ? hall.gameAtBoard(*player) : games.front();
 }
 
 const Answer noGameAtHand{"You are neither playing nor observing a game."};
@@ -29,7 +24,7 @@ const Answer noSuchGame{"There is no such game."};
 
 // The game meant by the first word, or the one at hand.
 Game* gameMeant(Hall& hall, const Player& player, const Arguments& arguments) {
-    return arguments.words.empty() ? gameAtHand(hall, player) : gameNamed(hall, arguments.word(0));
+    return arguments.words.empty() ? hall.gameAtHand(player) : gameNamed(hall, arguments.word(0));
 }
 
 const Answer& complaintFor(const Arguments& arguments) { return arguments.words.empty() ? noGameAtHand : noSuchGame; }
@@ -68,16 +63,9 @@ Answer observe(Hall& hall, Player& player, const Arguments& arguments) {
     return {"You are now observing game " + number + ".\n" + boardBlock(*game, player, hall.outside.now())};
 }
 
-std::string unobservedAll(Hall& hall, Player& player) {
-    std::string text;
-    for (const int number : player.observing) text += (text.empty() ? "" : "\n") + unobservedLine(number);
-    unobserveAll(hall, player);
-    return text;
-}
-
 Answer unobserve(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.observing.empty()) return {"You are not observing any games."};
-    if (arguments.words.empty()) return {unobservedAll(hall, player)};
+    if (arguments.words.empty()) return {unobserveAll(hall, player)};
     const Game* game = gameNamed(hall, arguments.word(0));
     if (!game || !unobserveGame(hall, player, game->number)) return {"You are not observing that game."};
     return {unobservedLine(game->number)};
@@ -100,7 +88,7 @@ Answer time(Hall& hall, Player& player, const Arguments& arguments) {
     const auto left = [&](int side) {
         return clockText(game->clock.remaining(side, game->toMove(), hall.outside.now()));
     };
-    return {gameTitle(*game) + "\nWhite time " + left(0) + "    Black time " + left(1)};
+    return {gameTitle(*game) + "\nWhite Clock : " + left(0) + "\nBlack Clock : " + left(1)};
 }
 
 Answer allObservers(Hall& hall, Player&, const Arguments&) {

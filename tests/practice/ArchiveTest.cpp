@@ -81,6 +81,29 @@ TEST(Archive, TheSignIsThatOfWhoseListItIs) {
     EXPECT_EQ(lineOf(historyTable(archive, "Ada"), 2).substr(49, 3), "Rep");
 }
 
+TEST(Archive, EachEndHasItsLetters) {
+    const auto lettersOf = [](const std::string& reason) {
+        Archive archive;
+        archive.keep(gameOf("Ada", "Bert", reason, "0-1"));
+        return lineOf(historyTable(archive, "Ada"), 2).substr(49, 3);
+    };
+    EXPECT_EQ(lettersOf("Ada resigns"), "Res");
+    EXPECT_EQ(lettersOf("Ada checkmated"), "Mat");
+    EXPECT_EQ(lettersOf("Ada forfeits on time"), "Fla");
+    EXPECT_EQ(lettersOf("Game drawn because both players ran out of time"), "Fla");
+    EXPECT_EQ(lettersOf("Ada forfeits by disconnection"), "Dis");
+    EXPECT_EQ(lettersOf("Game drawn by mutual agreement"), "Agr");
+    EXPECT_EQ(lettersOf("Game drawn by the 50 move rule"), "50 ");
+    EXPECT_EQ(lettersOf("Game drawn by stalemate"), "Sta");
+    EXPECT_EQ(lettersOf("Ada wins by stalemate"), "Sta");
+    EXPECT_EQ(lettersOf("Game drawn by adjudication"), "Adj");
+    EXPECT_EQ(lettersOf("Neither player has mating material"), "NM ");
+    EXPECT_EQ(lettersOf("Ada ran out of time and Bert has no material to mate"), "TM ");
+    EXPECT_EQ(lettersOf("Ada wins by losing all material"), "WLM");
+    EXPECT_EQ(lettersOf("Ada wins by having less material (stalemate)"), "WNM");
+    EXPECT_EQ(lettersOf("Repetition checkmated"), "Mat") << "a name is no reason";
+}
+
 TEST(Archive, AStoredRowHasItsColumns) {
     Archive archive;
     archive.adjourn(gameOf("Ada", "Bert", "Game adjourned by mutual agreement", "*"));

@@ -70,6 +70,21 @@ TEST_F(ComputerRoomTest, AComputerPlaysSeveralAtOnceAndItsAdStays) {
     EXPECT_TRUE(rig.type("Ada", "sought").ends_with("\n3 ads displayed."));
 }
 
+TEST_F(ComputerRoomTest, AMoveThoughtOutForAPositionTakenBackIsNotPlayed) {
+    rig.proposals = {{"e7e5", 0}};
+    rig.type("Ada", "match granite 5 0 u white");
+    rig.pass(200);
+    rig.type("Ada", "e4");
+    rig.pass(0);
+    rig.type("Ada", "takeback");
+    rig.proposals = {{"g8f6", 0}};
+    rig.type("Ada", "d4");
+    rig.pass(2'000);
+    const Game& game = *rig.hall.game(rig.hall.find("Ada")->playing);
+    ASSERT_EQ(game.moves.size(), 2U);
+    EXPECT_EQ(game.moves.back().engineForm, "g8f6");
+}
+
 TEST_F(ComputerRoomTest, AnIllegalProposalIsReplacedByALegalMove) {
     rig.proposals = {{"a1a8", 0}};
     rig.type("Ada", "play 1");
@@ -90,7 +105,7 @@ TEST_F(ComputerRoomTest, AComputerDeclinesADrawUnlessItStandsBadly) {
     rig.pass(0);
     EXPECT_TRUE(has(rig.takeShown("Ada"), "|Granite declines your draw offer."));
     game.computerScore = -400;
-    EXPECT_EQ(rig.type("Ada", "draw"), "");
+    EXPECT_EQ(rig.type("Ada", "draw"), "Offering a draw to Granite.");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "Game drawn by mutual agreement} 1/2-1/2"));
 }
 

@@ -39,6 +39,16 @@ TEST_F(EndingsTest, AStalemateInSuicideIsWonWithFewerPieces) {
     EXPECT_EQ(end("suicide", "8/8/p7/P7/8/8/8/8 w - - 0 3", Outcome::Drawn), "Game drawn by stalemate 1/2-1/2");
 }
 
+TEST_F(EndingsTest, BarePiecesDrawOnlyWherePiecesWin) {
+    game.facts = {"4k3/8/8/8/8/8/8/4K3 w - - 0 9", {"e1e2"}, false, Outcome::Drawn};
+    game.seen[repetitionKey(game.facts.fen)] = 1;
+    EXPECT_TRUE(endingOf(rig.hall, game).has_value());
+    for (const char* kind : {"crazyhouse", "suicide", "losers"}) {
+        game.terms.variant = kind;
+        EXPECT_FALSE(endingOf(rig.hall, game).has_value()) << kind;
+    }
+}
+
 TEST_F(EndingsTest, LosersIsWonByTheBareKingTheMatedAndTheStalemated) {
     EXPECT_EQ(end("losers", "4k2q/8/8/8/8/8/8/4K3 w - - 0 9", Outcome::Won), "Ada wins by losing all material 1-0");
     EXPECT_EQ(end("losers", std::string(startFen), Outcome::Won, true), "Ada checkmated 1-0");

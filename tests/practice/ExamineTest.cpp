@@ -77,7 +77,7 @@ TEST_F(ExamineTest, AnExaminedGameHasNoPlayersAndItsClockStands) {
 
 TEST_F(ExamineTest, WatchersHaveARelationOfTheirOwn) {
     rig.type("Ada", "examine -1");
-    EXPECT_TRUE(has(rig.type("Cora", "observe 1"), " Ada Bert -2 5 0 "));
+    EXPECT_TRUE(has(rig.type("Cora", "observe ada"), " Ada Bert -2 5 0 "));
     rig.type("Ada", "forward");
     EXPECT_TRUE(rig.takeShown("Cora").starts_with("|Game 1: Ada goes forward 1 move.\n\n<12> "));
     rig.type("Ada", "c6");
@@ -157,7 +157,7 @@ TEST_F(ExamineTest, AGameIsAdjournedByBoth) {
     rig.shown.clear();
     EXPECT_EQ(rig.type("Ada", "adjourn"), "Requesting to adjourn game 1.");
     EXPECT_EQ(rig.takeShown("Bert"), "|Ada would like to adjourn the game; type \"adjourn\" to accept.");
-    EXPECT_EQ(rig.type("Bert", "adjourn"), "");
+    EXPECT_EQ(rig.type("Bert", "adjourn"), "Accepting the adjourn request from Ada.");
     EXPECT_TRUE(rig.takeShown("Ada").ends_with("|{Game 1 (Ada vs. Bert) Game adjourned by mutual agreement} *"));
     EXPECT_TRUE(has(rig.type("Bert", "stored"), "\n 1: B Ada             Y [ bu  5   0] 39-39 B1   --- "));
     EXPECT_TRUE(has(rig.type("Ada", "smoves ada bert"), "  1.  e4      (0:00)"));
@@ -185,6 +185,53 @@ TEST_F(ExamineTest, AnAdjournedGameIsGoneOnWithByAMatch) {
     EXPECT_TRUE(rig.hall.archive.adjourned.empty());
 }
 
+TEST_F(ExamineTest, TimeUsedBeforeTheAdjournmentIsUsed) {
+    Game& game = rig.match("Ada", "Bert");
+    for (const char* move : {"e4", "e5"}) rig.type(game.toMove() == 0 ? "Ada" : "Bert", move);
+    rig.now += 60'000;
+    rig.type("Ada", "adjourn");
+    rig.type("Bert", "accept");
+    rig.now += 1'000'000;
+    rig.type("Ada", "match bert");
+    rig.takeShown("Ada");
+    rig.type("Bert", "accept");
+    EXPECT_TRUE(has(rig.takeShown("Ada"), " Ada Bert 1 5 0 39 39 240 300 2 P/e7-e5 "));
+    rig.now += 10'000;
+    EXPECT_EQ(rig.hall.game(1)->clock.remaining(0, 0, rig.now), 230'000);
+}
+
+TEST_F(ExamineTest, RepetitionCountsAcrossAnAdjournment) {
+    rig.type("Ada", "match bert 5 0 crazyhouse u white");
+    rig.type("Bert", "accept");
+    for (const char* move : {"Nf3", "Nf6", "Ng1", "Ng8"})
+        rig.type(rig.hall.game(1)->toMove() == 0 ? "Ada" : "Bert", move);
+    rig.type("Ada", "adjourn");
+    rig.type("Bert", "accept");
+    rig.type("Ada", "match bert");
+    rig.type("Bert", "accept");
+    for (const char* move : {"Nf3", "Nf6", "Ng1"}) rig.type(rig.hall.game(1)->toMove() == 0 ? "Ada" : "Bert", move);
+    EXPECT_NE(rig.hall.game(1), nullptr);
+    rig.takeShown("Ada");
+    rig.type("Bert", "Ng8");
+    EXPECT_TRUE(has(rig.takeShown("Ada"), "Game drawn by repetition} 1/2-1/2"));
+}
+
+TEST_F(ExamineTest, WhoExaminesOffersNoGames) {
+    rig.type("Ada", "seek 5 0");
+    rig.type("Ada", "examine -1");
+    EXPECT_EQ(rig.type("Bert", "play ada"), "Usage: play NUMBER, with a number of \"sought\".");
+    EXPECT_TRUE(rig.hall.seeks.open.empty());
+    EXPECT_EQ(rig.hall.find("Ada")->playing, 0);
+}
+
+TEST_F(ExamineTest, TriesEndWhereClientsHaveNoRoom) {
+    rig.type("Ada", "examine -1");
+    rig.hall.game(1)->moves.resize(Game::plyLimit - 1);
+    rig.type("Ada", "e4");
+    EXPECT_EQ(rig.hall.game(1)->moves.size(), Game::plyLimit);
+    EXPECT_EQ(rig.type("Ada", "d4"), "There is no room for more moves in this game.");
+}
+
 TEST_F(ExamineTest, AComputerAdjournsAndTakesBackWillingly) {
     openComputerRoom(rig.hall);
     rig.proposals = {{"e7e5", 0}};
@@ -194,12 +241,12 @@ TEST_F(ExamineTest, AComputerAdjournsAndTakesBackWillingly) {
     rig.pass(100);
     ASSERT_EQ(rig.hall.gameAtBoard(*rig.hall.find("Ada"))->moves.size(), 2U);
     rig.shown.clear();
-    EXPECT_EQ(rig.type("Ada", "takeback 2"), "");
+    EXPECT_EQ(rig.type("Ada", "takeback 2"), "Takeback request sent.");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "|Spark accepts your takeback request.|<12> "));
     EXPECT_TRUE(rig.hall.gameAtBoard(*rig.hall.find("Ada"))->moves.empty());
     rig.type("Ada", "e4");
     rig.pass(100);
-    EXPECT_EQ(rig.type("Ada", "adjourn"), "");
+    EXPECT_EQ(rig.type("Ada", "adjourn"), "Requesting to adjourn game 2.");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "Game adjourned by mutual agreement} *"));
 }
 

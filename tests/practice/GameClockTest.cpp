@@ -43,6 +43,19 @@ TEST(GameClock, TheClockStandsBeforeBothHaveMoved) {
     EXPECT_FALSE(clock.running());
 }
 
+TEST(GameClock, ASettledClockHasPaidForTheTurn) {
+    GameClock clock;
+    clock.start(1, 2, 0);
+    clock.settle(0, 500'000);
+    EXPECT_EQ(clock.left[0], 60'000) << "nothing to pay before both have moved";
+    clock.press(0, 500'000);
+    clock.press(1, 500'000);
+    clock.settle(0, 507'000);
+    EXPECT_EQ(clock.left[0], 53'000);
+    EXPECT_EQ(clock.left[1], 60'000);
+    EXPECT_EQ(clock.remaining(0, 0, 508'000), 52'000);
+}
+
 TEST(GameClock, AnUntimedGameNeverRuns) {
     GameClock clock;
     clock.start(0, 0, 0);

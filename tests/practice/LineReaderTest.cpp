@@ -56,6 +56,7 @@ TEST(LineReader, AStrayTelnetByteNeverGluesLinesTogether) {
     EXPECT_EQ(reader.take("a\xFF\nb\n"), (Lines{"a", "b"}));
     EXPECT_EQ(reader.take("a\xFF\xFB\nb\n"), (Lines{"a", "b"}));
     EXPECT_EQ(reader.take("a\xFF\xFAxyz\nb\n"), (Lines{"a", "b"}));
+    EXPECT_EQ(reader.take("a\xFF\xFAxyz\xFF\nb\n"), (Lines{"a", "b"}));
 }
 
 TEST(LineReader, EveryByteIsTaken) {

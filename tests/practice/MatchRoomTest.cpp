@@ -79,11 +79,11 @@ TEST_F(MatchRoomTest, BughouseIsRefused) {
 TEST_F(MatchRoomTest, AcceptingStartsTheGameForBoth) {
     rig.type("Ada", "match bert 5 0 u white");
     rig.shown.clear();
-    EXPECT_EQ(rig.type("Bert", "Accept"), "");
+    EXPECT_EQ(rig.type("Bert", "Accept"), "Accepting the match offer from Ada.");
     EXPECT_TRUE(rig.takeShown("Ada").starts_with(
         "|Bert accepts your match offer.|Creating: Ada (1711) Bert (1500) unrated blitz 5 0\n"
         "{Game 1 (Ada vs. Bert) Creating unrated blitz match.}\n"));
-    EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Accepting the match offer from Ada.|Creating: Ada "));
+    EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Creating: Ada "));
     EXPECT_EQ(rig.type("Bert", "accept"), "There are no offers to accept.");
 }
 
@@ -114,7 +114,7 @@ TEST_F(MatchRoomTest, SeveralOffersAreToldApartByNumberOrName) {
     EXPECT_TRUE(rig.type("Bert", "accept").starts_with("There is more than one pending offer.\n"));
     EXPECT_EQ(rig.type("Bert", "decline 9"), "There is no such offer to decline.");
     EXPECT_EQ(rig.type("Bert", "decline ada"), "Declining the match offer from Ada.");
-    EXPECT_EQ(rig.type("Bert", "accept 2"), "");
+    EXPECT_EQ(rig.type("Bert", "accept 2"), "Accepting the match offer from Cora.");
     EXPECT_NE(rig.hall.find("Cora")->playing, 0);
 }
 
@@ -156,8 +156,8 @@ TEST_F(MatchRoomTest, AnotherChallengeUpdatesTheFirst) {
 TEST_F(MatchRoomTest, AFittingChallengeOfTheOtherSideStartsTheGame) {
     rig.type("Ada", "match bert 5 0 u white");
     rig.shown.clear();
-    EXPECT_EQ(rig.type("Bert", "match ada 5 0 u black"), "");
-    EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Your challenge intercepts Ada's challenge.|Creating: Ada "));
+    EXPECT_EQ(rig.type("Bert", "match ada 5 0 u black"), "Your challenge intercepts Ada's challenge.");
+    EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Creating: Ada "));
     EXPECT_TRUE(rig.takeShown("Ada").starts_with("|Bert's challenge intercepts your challenge.|Creating: Ada "));
 }
 
@@ -185,7 +185,6 @@ TEST_F(MatchRoomTest, WhoLeavesTakesHisChallengesWithHim) {
 TEST_F(MatchRoomTest, ChallengesThatCannotBeAreRefused) {
     EXPECT_EQ(rig.type("Ada", "match ada 5 0"), "You can't match yourself.");
     EXPECT_EQ(rig.type("Ada", "match nobody 5 0"), "No player named \"nobody\" is online.");
-    EXPECT_EQ(rig.type("Ada", "match cora 5 0 r"), "A rated game needs two registered players.");
     EXPECT_EQ(rig.type("Ada", "match bert 5 0 frog"), "\"frog\" is not understood here.");
     rig.type("Bert", "set open 0");
     EXPECT_EQ(rig.type("Ada", "match bert 5 0"), "Bert is not open to match requests.");
@@ -195,11 +194,52 @@ TEST_F(MatchRoomTest, ChallengesThatCannotBeAreRefused) {
     EXPECT_EQ(rig.type("Bert", "match ada 5 0"), "You are playing a game already.");
 }
 
+TEST_F(MatchRoomTest, GamesWithAGuestBecomeUnrated) {
+    EXPECT_EQ(rig.type("Cora", "Match bert 5 0 r "), "You are unregistered - setting to unrated.\n"
+                                                     "Issuing: Cora (++++) Bert (1500) unrated blitz 5 0.");
+    EXPECT_EQ(rig.type("Ada", "Match cora 5 0 r "), "Cora is unregistered - setting to unrated.\n"
+                                                    "Issuing: Ada (1711) Cora (++++) unrated blitz 5 0.");
+    rig.type("Cora", "accept");
+    EXPECT_FALSE(rig.hall.game(1)->terms.rated);
+}
+
+TEST_F(MatchRoomTest, AnotherProposalDeclinesTheFirst) {
+    rig.type("Ada", "match bert 5 0 u");
+    rig.takeShown("Bert");
+    EXPECT_EQ(rig.type("Bert", "match ada 3 0 u"),
+              "Declining the match offer from Ada and proposing different parameters.\n"
+              "Issuing: Bert (1500) Ada (1711) unrated blitz 3 0.");
+    EXPECT_TRUE(rig.takeShown("Ada").starts_with(
+        "|Bert declines your match offer and proposes different parameters.|Challenge: Bert (1500) "));
+    EXPECT_EQ(rig.type("Bert", "accept"), "There are no offers to accept.");
+    rig.type("Ada", "accept");
+    EXPECT_EQ(rig.hall.game(1)->terms.minutes, 3);
+}
+
+TEST_F(MatchRoomTest, AnOfferOfSomebodyBusyIsAcceptedWithoutAFalseWord) {
+    rig.type("Ada", "match bert 5 0 u");
+    rig.type("Ada", "examine");
+    rig.shown.clear();
+    EXPECT_EQ(rig.type("Bert", "accept"), "That offer does not stand any more.");
+    EXPECT_EQ(rig.takeShown("Ada"), "");
+    EXPECT_EQ(rig.takeShown("Bert"), "");
+    EXPECT_TRUE(rig.hall.offers.open.empty());
+}
+
+TEST_F(MatchRoomTest, WildKindsThatAreNotPlayedAreRefused) {
+    EXPECT_EQ(rig.type("Ada", "Match bert 5 0 Wild 6 r "), "No such category/board: wild/6");
+    EXPECT_EQ(rig.type("Ada", "Match bert 5 0 Wild 7 u Black "), "No such category/board: wild/7");
+    EXPECT_TRUE(rig.type("Ada", "Match bert 5 0 Atomic r ").starts_with("Atomic is not played here"));
+    EXPECT_EQ(rig.takeShown("Bert"), "");
+}
+
 TEST_F(MatchRoomTest, ARematchHasTheSameTermsWithTheColoursTurned) {
     EXPECT_EQ(rig.type("Ada", "rematch"), "You have not played anybody.");
     rig.type("Ada", "match bert 3 1 Crazyhouse u white");
     rig.type("Bert", "accept");
     rig.type("Bert", "resign");
+    EXPECT_EQ(rig.type("Bert", "rematch"), "Issuing: Bert (1500) [white] Ada (1711) unrated crazyhouse 3 1.");
+    rig.type("Bert", "withdraw");
     EXPECT_EQ(rig.type("Ada", "rematch"), "Issuing: Ada (1711) [black] Bert (1500) unrated crazyhouse 3 1.");
     rig.hall.leave("Bert");
     EXPECT_EQ(rig.type("Ada", "rematch"), "Bert is no longer logged on.");
@@ -208,7 +248,7 @@ TEST_F(MatchRoomTest, ARematchHasTheSameTermsWithTheColoursTurned) {
 TEST_F(MatchRoomTest, AComputerAcceptsInAMoment) {
     openComputerRoom(rig.hall);
     EXPECT_EQ(rig.type("Ada", "match spark 1 0 u white"),
-              "Issuing: Ada (1711) [white] Spark (1400) unrated lightning 1 0.");
+              "Issuing: Ada (1711) [white] Spark (1400) unrated lightning 1 0.\n--** Spark is a computer **--");
     EXPECT_EQ(rig.hall.find("Ada")->playing, 0);
     rig.pass(200);
     EXPECT_TRUE(rig.takeShown("Ada").starts_with("|Spark accepts your match offer.|Creating: Ada "));

@@ -40,12 +40,12 @@ TEST_F(PlayTest, AGameStartsWithItsLinesForBothPlayers) {
     EXPECT_EQ(rig.type("Bert", "play 1"), "");
     const std::string start =
         "|Creating: Ada (1711) Bert (++++) unrated blitz 5 0\n"
-        "{Game 1 (Ada vs. Bert) Creating unrated blitz match.}\n"
-        "Game 1: A disconnection will be considered a forfeit.\n\n"
+        "{Game 1 (Ada vs. Bert) Creating unrated blitz match.}\n\n"
         "<12> rnbqkbnr pppppppp -------- -------- -------- -------- PPPPPPPP RNBQKBNR W -1 1 1 1 1 0 1 Ada Bert ";
+    const std::string behind = "\n\nGame 1: A disconnection will be considered a forfeit.\n";
     EXPECT_EQ(rig.takeShown("Ada"),
-              "|Bert(U) accepts your seek." + start + "1 5 0 39 39 300 300 1 none (0:00) none 0 0 0");
-    EXPECT_EQ(rig.takeShown("Bert"), start + "-1 5 0 39 39 300 300 1 none (0:00) none 1 0 0");
+              "|Bert(U) accepts your seek." + start + "1 5 0 39 39 300 300 1 none (0:00) none 0 0 0" + behind);
+    EXPECT_EQ(rig.takeShown("Bert"), start + "-1 5 0 39 39 300 300 1 none (0:00) none 1 0 0" + behind);
     EXPECT_EQ(rig.takeShown("Cora"), "");
 }
 
@@ -139,9 +139,11 @@ TEST_F(PlayTest, ResigningLosesAndTakesTheGameOffTheObserversLists) {
 
 TEST_F(PlayTest, GameResultsGoToThoseWhoWantThem) {
     rig.match("Ada", "Bert");
+    rig.enter("Dora");
     rig.type("Cora", "set gin 1");
     rig.type("Ada", "resign");
     EXPECT_EQ(rig.takeShown("Cora"), "|{Game 1 (Ada vs. Bert) Ada resigns} 0-1");
+    EXPECT_EQ(rig.takeShown("Dora"), "");
 }
 
 TEST_F(PlayTest, ADrawIsOfferedAndAccepted) {
@@ -149,7 +151,7 @@ TEST_F(PlayTest, ADrawIsOfferedAndAccepted) {
     rig.shown.clear();
     EXPECT_EQ(rig.type("Ada", "draw"), "Offering a draw to Bert.");
     EXPECT_EQ(rig.takeShown("Bert"), "|Ada offers you a draw.");
-    EXPECT_EQ(rig.type("Bert", "draw"), "");
+    EXPECT_EQ(rig.type("Bert", "draw"), "Accepting the draw offer from Ada.");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "Game drawn by mutual agreement} 1/2-1/2"));
 }
 
@@ -165,8 +167,10 @@ TEST_F(PlayTest, ADrawIsDeclinedInWords) {
     play({"e4"});
     rig.type("Ada", "draw");
     rig.shown.clear();
+    rig.type("Cora", "observe 1");
     EXPECT_EQ(rig.type("Bert", "decline"), "Declining the draw offer from Ada.");
     EXPECT_EQ(rig.takeShown("Ada"), "|Bert declines your draw offer.");
+    EXPECT_EQ(rig.takeShown("Cora"), "|Game 1: Bert declines the draw offer.");
 }
 
 TEST_F(PlayTest, OnesOwnOfferCannotBeAccepted) {
@@ -181,6 +185,7 @@ TEST_F(PlayTest, AGameIsAbortedAtOnceOnMoveOne) {
     play({"e4"});
     EXPECT_EQ(rig.type("Bert", "abort"), "");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "{Game 1 (Ada vs. Bert) Game aborted on move 1} *"));
+    EXPECT_EQ(rig.type("Ada", "history"), "Ada has no history games.");
 }
 
 TEST_F(PlayTest, ALaterAbortNeedsTheOpponent) {
@@ -188,7 +193,7 @@ TEST_F(PlayTest, ALaterAbortNeedsTheOpponent) {
     rig.shown.clear();
     EXPECT_EQ(rig.type("Ada", "abort"), "Requesting to abort game 1.");
     EXPECT_EQ(rig.takeShown("Bert"), "|Ada would like to abort the game; type \"abort\" to accept.");
-    EXPECT_EQ(rig.type("Bert", "abort"), "");
+    EXPECT_EQ(rig.type("Bert", "abort"), "Accepting the abort request from Ada.");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "Game aborted by mutual agreement} *"));
 }
 
@@ -211,6 +216,29 @@ TEST_F(PlayTest, WithoutAutoflagTheFlagIsClaimed) {
     EXPECT_NE(rig.hall.game(1), nullptr);
     EXPECT_EQ(rig.type("Bert", "flag"), "");
     EXPECT_TRUE(has(rig.takeShown("Bert"), "Ada forfeits on time} 0-1"));
+}
+
+TEST_F(PlayTest, AFlagThatFellBeforeTheMoveIsClaimedAfterIt) {
+    play({"e4", "e5"});
+    rig.type("Bert", "set autoflag 0");
+    rig.now += 301'000;
+    rig.type("Ada", "Nf3");
+    rig.takeShown("Ada");
+    EXPECT_EQ(rig.type("Ada", "flag"), "Bert is not out of time.");
+    EXPECT_EQ(rig.type("Bert", "flag"), "");
+    EXPECT_TRUE(has(rig.takeShown("Ada"), "Ada forfeits on time} 0-1"));
+}
+
+TEST_F(PlayTest, TwoFallenFlagsDraw) {
+    play({"e4", "e5"});
+    rig.type("Ada", "set autoflag 0");
+    rig.type("Bert", "set autoflag 0");
+    rig.now += 301'000;
+    rig.type("Ada", "Nf3");
+    rig.now += 301'000;
+    EXPECT_EQ(rig.type("Ada", "flag"), "");
+    EXPECT_TRUE(has(rig.takeShown("Bert"), "Game drawn because both players ran out of time} 1/2-1/2"));
+    EXPECT_TRUE(has(rig.type("Ada", "history"), "] --- Fla "));
 }
 
 TEST_F(PlayTest, AMoveAfterTheFlagFellLosesToo) {
@@ -260,6 +288,26 @@ TEST_F(PlayTest, NothingIsMovedWhileAMoveIsJudged) {
     EXPECT_EQ(rig.hall.game(1)->moves.size(), 1U);
     EXPECT_EQ(rig.resumed["Ada"], 1);
     EXPECT_EQ(rig.resumed["Bert"], 1);
+}
+
+TEST_F(PlayTest, NoFlagIsCalledWhileAMoveIsJudged) {
+    play({"e4", "e5"});
+    rig.holdRules = true;
+    rig.now += 299'000;
+    rig.type("Ada", "Nf3");
+    rig.now += 5'000;
+    watchClocks(rig.hall);
+    EXPECT_EQ(rig.type("Bert", "flag"), "Ada is not out of time.");
+    rig.release();
+    ASSERT_NE(rig.hall.game(1), nullptr);
+    EXPECT_EQ(rig.hall.game(1)->moves.size(), 3U);
+}
+
+TEST_F(PlayTest, WhoLeavesObservesNoMore) {
+    rig.match("Ada", "Bert");
+    rig.type("Cora", "observe 1");
+    rig.hall.leave("Cora");
+    EXPECT_TRUE(rig.hall.game(1)->observers.empty());
 }
 
 TEST_F(PlayTest, AJudgementThatComesTooLateIsDropped) {

@@ -128,4 +128,12 @@ TEST(Program, UsersComeFromAFile) {
     std::remove(path.c_str());
 }
 
+TEST(Program, ComputersAreNoUsers) {
+    const std::string path = temporaryFile("Olga swordfish 1900\nsprout secret\n");
+    TestServer server({"--users", path});
+    EXPECT_NE(server.output().find("Sprout is a computer player"), std::string::npos) << server.output();
+    EXPECT_EQ(server.wait(), 2);
+    std::remove(path.c_str());
+}
+
 } // namespace

@@ -70,6 +70,8 @@ TEST_F(SeekRoomTest, AdsThatCannotBeTakenSayWhy) {
     rig.enter("Cora", "1200");
     rig.type("Ada", "seek 5 0 1500-1800");
     EXPECT_EQ(rig.type("Cora", "play 2"), "Your rating is outside of what this ad asks for.");
+    rig.enter("Dora", "1801");
+    EXPECT_EQ(rig.type("Dora", "play 2"), "Your rating is outside of what this ad asks for.");
 }
 
 TEST_F(SeekRoomTest, TheGameHasTheColourThatWasAskedFor) {

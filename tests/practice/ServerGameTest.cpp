@@ -28,9 +28,9 @@ struct ServerGame : testing::Test {
         bert.until("{Game ");
         number = bert.until(" ");
         number.pop_back();
-        bert.until("Creating unrated blitz match.}\n\rGame " + number +
-                   ": A disconnection will be considered a forfeit.\n\r" + board);
-        bert.until("fics% ");
+        bert.until("Creating unrated blitz match.}\n\r" + board);
+        bert.until(" none 1 0 0\n\r\n\rGame " + number +
+                   ": A disconnection will be considered a forfeit.\n\r\n\rfics% ");
         ada.until("Bert(U) accepts your seek.\n\rfics% \n\rCreating: Ada (++++) Bert (++++) unrated blitz 5 0\n\r");
         ada.until("fics% ");
     }

@@ -53,12 +53,12 @@ struct ServerKeptGames : testing::Test {
 
 TEST_F(ServerKeptGames, AMoveIsTakenBackAndAnotherPlayed) {
     rookery.line("takeback");
-    partner.until("Rookery would like to take back 1 half move(s).\n\rfics% ");
+    partner.until("Rookery would like to take back 1 half-move(s).\n\rfics% ");
     partner.line("accept");
+    EXPECT_EQ(partner.until("<12> "), "Accepting the takeback request from Rookery.\n\r\n\r<12> ");
     rookery.until("Partner accepts your takeback request.");
     EXPECT_NE(rookery.until("fics% \n\r<12> ").size(), 0U);
     EXPECT_NE(rookery.until("fics% ").find(" 2 P/e7-e5 "), std::string::npos);
-    partner.until(board);
     partner.until("fics% ");
     rookery.line("Nc3");
     EXPECT_NE(partner.until("fics% ").find(" N/b1-c3 "), std::string::npos);
@@ -78,6 +78,23 @@ TEST_F(ServerKeptGames, AnAdjournedGameGoesOnWhereItStood) {
     rookery.until(board);
     rookery.until("fics% ");
     move(partner, "Nc6");
+}
+
+// One answer with one prompt behind it, as the line breaks of the recorded servers have it.
+TEST_F(ServerKeptGames, WhatAnAnswerStartsStandsBehindItBeforeThePrompt) {
+    rookery.ask("draw");
+    partner.until("Rookery offers you a draw.\n\rfics% ");
+    EXPECT_EQ(partner.ask("accept"), "Accepting the draw offer from Rookery.\n\r\n\r"
+                                     "{Game 2 (Rookery vs. Partner) Game drawn by mutual agreement} 1/2-1/2\n\rfics% ");
+    EXPECT_EQ(rookery.until("1/2-1/2\n\rfics% "),
+              "\n\rPartner accepts your draw offer.\n\rfics% \n\r"
+              "{Game 2 (Rookery vs. Partner) Game drawn by mutual agreement} 1/2-1/2\n\rfics% ");
+    rookery.ask("match partner 3 0 u white");
+    partner.until("propose different parameters.\n\rfics% ");
+    EXPECT_TRUE(partner.ask("accept").starts_with("Accepting the match offer from Rookery.\n\r\n\r"
+                                                  "Creating: Rookery (1640) Partner (1500) unrated blitz 3 0\n\r"
+                                                  "{Game 2 (Rookery vs. Partner) Creating unrated blitz match.}\n\r"
+                                                  "\n\r<12> "));
 }
 
 TEST_F(ServerKeptGames, AFinishedGameIsExamined) {

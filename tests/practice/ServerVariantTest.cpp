@@ -51,7 +51,8 @@ struct ServerVariant : testing::Test {
 
 TEST_F(ServerVariant, CrazyhouseHasHandsAndDrops) {
     begin("Crazyhouse");
-    ada.until("<b1> game 2 white [] black []\n\rfics% ");
+    ada.until("<b1> game 2 white [] black []\n\r\n\rGame 2: A disconnection will be considered a forfeit.\n\r");
+    ada.until("fics% ");
     play({"e4", "d5", "exd5"});
     EXPECT_NE(play({}).size(), 1U);
     bert.line("Qxd5");

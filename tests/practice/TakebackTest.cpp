@@ -27,12 +27,13 @@ struct TakebackTest : testing::Test {
 
 TEST_F(TakebackTest, ARequestIsToldAndAccepted) {
     EXPECT_EQ(rig.type("Bert", "takeback"), "Takeback request sent.");
-    EXPECT_EQ(rig.takeShown("Ada"), "|Bert would like to take back 1 half move(s).");
-    EXPECT_EQ(rig.takeShown("Cora"), "|Game 1: Bert requests to take back 1 half move(s).");
-    EXPECT_EQ(rig.type("Ada", "accept"), "");
+    EXPECT_EQ(rig.takeShown("Ada"), "|Bert would like to take back 1 half-move(s).");
+    EXPECT_EQ(rig.takeShown("Cora"), "|Game 1: Bert requests to take back 1 half-move(s).");
+    EXPECT_EQ(rig.type("Ada", "accept"), "Accepting the takeback request from Bert.");
     EXPECT_TRUE(rig.takeShown("Bert").starts_with("|Ada accepts your takeback request.|<12> rnbqkbnr pppppppp "));
-    EXPECT_TRUE(rig.takeShown("Ada").starts_with("|Accepting the takeback request from Bert.|<12> "));
-    EXPECT_TRUE(has(rig.takeShown("Cora"), "|<12> rnbqkbnr pppppppp -------- -------- ----P--- "));
+    EXPECT_TRUE(rig.takeShown("Ada").starts_with("|<12> "));
+    EXPECT_TRUE(rig.takeShown("Cora").starts_with(
+        "|Game 1: Ada accepts the takeback request.|<12> rnbqkbnr pppppppp -------- -------- ----P--- "));
     EXPECT_EQ(game().moves.size(), 1U);
     EXPECT_EQ(rig.type("Bert", "e5"), "");
 }
@@ -55,6 +56,16 @@ TEST_F(TakebackTest, WhatWasNotPlayedCannotBeTakenBack) {
     EXPECT_EQ(rig.type("Ada", "takeback 0"), "Usage: takeback [half-moves]");
     EXPECT_EQ(rig.type("Ada", "takeback x"), "Usage: takeback [half-moves]");
     EXPECT_EQ(rig.type("Cora", "takeback"), "You are not playing a game.");
+}
+
+TEST_F(TakebackTest, ARequestForMoreThanIsLeftDoesNotStand) {
+    rig.type("Ada", "takeback 2");
+    rig.type("Bert", "takeback 1");
+    rig.type("Ada", "accept");
+    rig.takeShown("Ada");
+    EXPECT_EQ(rig.type("Bert", "accept"), "That offer does not stand any more.");
+    EXPECT_EQ(rig.takeShown("Ada"), "");
+    EXPECT_EQ(game().moves.size(), 1U);
 }
 
 TEST_F(TakebackTest, TheClocksGoBackToo) {

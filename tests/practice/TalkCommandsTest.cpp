@@ -36,6 +36,38 @@ TEST_F(TalkCommandsTest, APointTellsTheSameAgain) {
 TEST_F(TalkCommandsTest, ATellSaysIfTheOtherPlays) {
     rig.match("Ada", "Bert");
     EXPECT_EQ(rig.type("Cora", "tell ada hi"), "(told Ada, who is playing)");
+    rig.type("Ada", "resign");
+    rig.type("Ada", "examine");
+    EXPECT_EQ(rig.type("Cora", "tell ada hi"), "(told Ada, who is examining a game)");
+}
+
+TEST_F(TalkCommandsTest, ATellToOneselfIsTheAnswer) {
+    EXPECT_EQ(rig.type("Ada", "tell ada self"), "Ada tells you: self\n(told Ada)");
+    EXPECT_EQ(rig.takeShown("Ada"), "");
+}
+
+TEST_F(TalkCommandsTest, WhoDoesNotListenToGuestsHearsRegisteredPlayers) {
+    rig.type("Cora", "set tell 0");
+    EXPECT_EQ(rig.type("Bert", "tell cora hi"), "Cora does not listen to unregistered users.");
+    EXPECT_EQ(rig.takeShown("Cora"), "");
+    EXPECT_EQ(rig.type("Ada", "tell cora hi"), "(told Cora)");
+}
+
+TEST_F(TalkCommandsTest, FirstLettersOfTwoNamesReachNobody) {
+    rig.enter("Corinna");
+    EXPECT_EQ(rig.type("Ada", "tell cor hi"), "No player named \"cor\" is online.");
+    EXPECT_EQ(rig.type("Ada", "tell cora hi"), "(told Cora)");
+    EXPECT_EQ(rig.type("Ada", "tell cori hi"), "(told Corinna)");
+}
+
+TEST_F(TalkCommandsTest, WhoSwitchedChannelsOrCommentsOffHearsNone) {
+    rig.type("Bert", "set chanoff 1");
+    EXPECT_EQ(rig.type("Ada", "tell 50 hello"), "Ada(50): hello\n(told 2 players in channel 50)");
+    EXPECT_EQ(rig.takeShown("Bert"), "");
+    rig.match("Ada", "Bert");
+    rig.type("Bert", "set kibitz 0");
+    EXPECT_EQ(rig.type("Ada", "kibitz hi"), "Ada(1711)[1] kibitzes: hi\n(kibitzed to 0 players)");
+    EXPECT_EQ(rig.takeShown("Bert"), "");
 }
 
 TEST_F(TalkCommandsTest, ATellToNobodyIsComplainedAbout) {
@@ -71,6 +103,11 @@ TEST_F(TalkCommandsTest, ChannelsHaveALimit) {
 TEST_F(TalkCommandsTest, ChannelListsAreShown) {
     EXPECT_EQ(rig.type("Ada", "inchannel 50"), "50: Ada Bert(U) Cora(U)");
     EXPECT_EQ(rig.type("Ada", "inchannel 9"), "Nobody is in that channel.");
+    EXPECT_EQ(rig.type("Ada", "=channel"), "-- channel list: 2 channels --\n1  50  ");
+    rig.type("Ada", "-channel 1");
+    EXPECT_EQ(rig.type("Ada", "=channel"), "-- channel list: 1 channels --\n50  ");
+    rig.type("Ada", "-channel 50");
+    EXPECT_EQ(rig.type("Ada", "=chan"), "-- channel list: 0 channels --\n");
 }
 
 TEST_F(TalkCommandsTest, AShoutReachesThoseWhoListen) {
@@ -107,6 +144,13 @@ TEST_F(TalkCommandsTest, LongTalkIsWrappedToTheReadersWidth) {
     rig.type("Bert", "set width 40");
     rig.type("Ada", "tell bert " + std::string("word word word word word word word word word word"));
     EXPECT_EQ(rig.takeShown("Bert"), "|Ada tells you: word word word word word\n\\   word word word word word");
+}
+
+TEST_F(TalkCommandsTest, WhoCommentsReadsHisOwnWordsWrappedToo) {
+    rig.match("Ada", "Bert");
+    rig.type("Ada", "set width 40");
+    EXPECT_EQ(rig.type("Ada", "kibitz word word word word word"), "Ada(1711)[1] kibitzes: word word word\n"
+                                                                  "\\   word word\n(kibitzed to 1 player)");
 }
 
 TEST_F(TalkCommandsTest, ControlCharactersNeverReachAnotherScreen) {

@@ -58,9 +58,9 @@ TEST(Variants, OtherWordsNameNoKind) {
 TEST(Variants, KindsThatAreNotPlayedHereAreRefusedByName) {
     EXPECT_EQ(readVariant({"Bughouse"}, 0).refusal, "You have no partner for bughouse.");
     EXPECT_NE(readVariant({"Atomic"}, 0).refusal.find("Atomic is not played here"), std::string::npos);
-    EXPECT_EQ(readVariant({"Wild", "6"}, 0).refusal, "No such category/board: wild/6.");
-    EXPECT_EQ(readVariant({"Wild", "7"}, 0).refusal, "No such category/board: wild/7.");
-    EXPECT_EQ(readVariant({"wild"}, 0).refusal, "No such category/board: wild/.");
+    EXPECT_EQ(readVariant({"Wild", "6"}, 0).refusal, "No such category/board: wild/6");
+    EXPECT_EQ(readVariant({"Wild", "7"}, 0).refusal, "No such category/board: wild/7");
+    EXPECT_EQ(readVariant({"wild"}, 0).refusal, "No such category/board: wild/");
 }
 
 TEST(Variants, ASeedDrawsTheSameStartAgain) {

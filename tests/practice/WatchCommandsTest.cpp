@@ -73,7 +73,20 @@ TEST_F(WatchCommandsTest, ObservingEndsWhenTheObserverStartsToPlay) {
     rig.enter("Dora");
     rig.match("Ada", "Bert");
     rig.type("Cora", "observe 1");
-    rig.match("Cora", "Dora");
+    rig.type("Dora", "match cora 5 0");
+    rig.takeShown("Cora");
+    rig.type("Cora", "accept");
+    EXPECT_TRUE(rig.takeShown("Cora").starts_with("|Removing game 1 from observation list.|Creating: "));
+    EXPECT_TRUE(rig.hall.game(1)->observers.empty());
+    EXPECT_TRUE(rig.hall.find("Cora")->observing.empty());
+}
+
+TEST_F(WatchCommandsTest, ObservingEndsWhenTheObserverExamines) {
+    rig.match("Ada", "Bert");
+    rig.type("Cora", "observe 1");
+    EXPECT_TRUE(
+        rig.type("Cora", "examine")
+            .starts_with("Removing game 1 from observation list.\nStarting a game in examine (scratch) mode.\n"));
     EXPECT_TRUE(rig.hall.game(1)->observers.empty());
 }
 
@@ -96,7 +109,7 @@ TEST_F(WatchCommandsTest, ObserversAreListed) {
 TEST_F(WatchCommandsTest, TimesAreToldInWords) {
     rig.match("Ada", "Bert");
     EXPECT_EQ(rig.type("Ada", "time"),
-              "Game 1: Ada (1711) Bert (++++) unrated blitz 5 0\nWhite time 5:00    Black time 5:00");
+              "Game 1: Ada (1711) Bert (++++) unrated blitz 5 0\nWhite Clock : 5:00\nBlack Clock : 5:00");
 }
 
 } // namespace
