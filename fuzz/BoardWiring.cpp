@@ -2,6 +2,8 @@
 #include "StreamRig.h"
 
 #include "Require.h"
+#include "common/modChess.h"
+#include "settings/MouseSlips.h"
 
 #include <cmath>
 
@@ -59,9 +61,8 @@ void StreamRig::fillMouse(RigBoard& board) {
     };
     input.zYankPiece = [](int square) { require(square >= 0 && square < 64, "a piece is taken from the board"); };
     input.startSlip = [&board](int milliseconds) {
-        require(milliseconds >= 165 && milliseconds <= 60000, "a delay is one of the table");
+        require(milliseconds == slipDelay(modChess.MouseSlip) && milliseconds > 0, "a delay is that of the setting");
         board.slip = milliseconds;
-        board.heldPointer = board.pointer;
     };
     input.stopSlip = [&board] { board.slip = 0; };
     input.popupDrop = [&board](const DropEntries& entries) { board.dropMenu = entries; };

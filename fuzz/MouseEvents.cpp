@@ -77,9 +77,12 @@ void StreamRig::press(RigBoard& board, int button, int position) {
     require(board.game.DragFrom == square && board.game.FromSq == square && board.game.FromSet == 1,
             "the move in hand begins on the square under the pointer");
     board.taken.push_back(square);
+    board.overtaken = false;
 }
 
 void StreamRig::release(RigBoard& board, int button, int position) {
+    const bool inDelay = board.slip != 0 && board.game.Dragging;
+    if (dragStyle() && button == Left && !inDelay) board.heldPointer = position;
     board.pointer = position;
     board.held &= ~button;
     landing(board, position, [&] {
@@ -125,12 +128,18 @@ void StreamRig::fireSlip(RigBoard& board) {
     require(board.slip == EndlessSlip && board.game.Dragging == dragging, "the endless delay does not end by itself");
 }
 
-// The board may be gone when the menu closes.
+// The board may be gone when the menu closes, and so may the pawn.
 void StreamRig::popupPromote(long board) {
+    const Game& asking = boardOf(board)->game;
+    const int from = asking.FromSq;
+    const int pawn = asking.Board[from];
+    const int turn = asking.Turn;
+    require(std::abs(pawn) == Piece::Pawn, "a pawn is asked what it becomes");
     Menu menu{board};
     menus_.push_back(&menu);
     pump(&menu);
     menus_.pop_back();
+    if (RigBoard* open = boardOf(board)) open->overtaken = open->game.Board[from] != pawn || open->game.Turn != turn;
 }
 
 void StreamRig::answerPromotion(RigBoard& board, int choice) {

@@ -84,12 +84,13 @@ void StreamRig::checkPlayed(const RigBoard& board, const BeforeLanding& before, 
 
 void StreamRig::receivePosition(int window) {
     Game& game = boardAt(window);
-    const RigBoard& board = **std::ranges::find_if(boards_, [&](const auto& open) { return &open->game == &game; });
+    RigBoard& board = **std::ranges::find_if(boards_, [&](const auto& open) { return &open->game == &game; });
     const bool queued = game.PreMoveSet;
     const bool again = game.MoveMode == 1;
     const int from = game.PreFrom;
     const int to = game.PreTo;
     const long sent = board.movesSent;
+    board.overtaken = false;
     const long events = events_;
     game.zSetPosition(false);
     if (events_ != events) return;
@@ -113,6 +114,7 @@ void StreamRig::sendFromBoard(RigBoard& board, const std::string& text) {
     if (const auto move = readSentMove(text)) {
         require(board.game.icsMode, "a move is sent in a game of the server alone");
         require(takeOne(board.taken, move->from), "a move that is sent was made by hand, and is sent once");
+        require(!board.overtaken, "a move whose pawn or turn went under the menu is not sent");
         ++board.movesSent;
         board.lastFrom = move->from;
         board.lastTo = move->to;
@@ -138,6 +140,7 @@ void StreamRig::checkHand(RigBoard& board) const {
     }
     board.taken = rest;
     require(!game.PreMoveSet || (onBoard(game.PreTo) && game.PreFrom != game.PreTo), "a queued move goes somewhere");
+    require(game.icsMode || !game.PreMoveSet, "a move is queued in a game of the server alone");
     if (!game.icsMode) std::ranges::replace(board.marks, 1, 0); // an ended game leaves its marks
     const int most = 2 + (game.Dragging ? 1 : 0);
     require(events_ != 0 || board.preMoveMarks() <= most, "no more is marked than the one queued move");

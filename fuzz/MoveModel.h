@@ -52,7 +52,16 @@ inline bool modelCastles(const Game& game, int from, int to) {
     return free;
 }
 
-inline bool modelPawnMay(const Game& game, int from, int to, int side) {
+// Who may take en passant in a local game: by row of the move list and side to move.
+using ModelGrants = FixedArray<FixedArray<bool, 1>, LastMoveRow>;
+
+inline bool modelGranted(const Game& game, int col, const ModelGrants* grants) {
+    if (game.icsMode) return true;
+    if (game.MoveRow < 0 || game.MoveRow > LastMoveRow) return false;
+    return grants ? (*grants)[game.MoveRow][col] : game.MoveUndo[game.MoveRow][col][6] != 0;
+}
+
+inline bool modelPawnMay(const Game& game, int from, int to, int side, const ModelGrants* grants) {
     const int steps = (rankOf(to) - rankOf(from)) * side;
     const int files = std::abs(fileOf(to) - fileOf(from));
     const bool toEmpty = game.Board[to] == 0;
@@ -61,13 +70,12 @@ inline bool modelPawnMay(const Game& game, int from, int to, int side) {
     if (steps != 1 || files > 1) return false;
     if (files == 0) return toEmpty;
     if (!toEmpty) return true;
-    const bool granted = game.icsMode || (game.MoveRow >= 0 && game.MoveRow <= LastMoveRow &&
-                                          game.MoveUndo[game.MoveRow][side > 0 ? 0 : 1][6] != 0);
-    return granted && behind == -side * Piece::Pawn;
+    return modelGranted(game, side > 0 ? 0 : 1, grants) && behind == -side * Piece::Pawn;
 }
 
-// Whether the piece on `from` (0 to 63) may go to `to` (0 to 64).
-inline bool modelMayMove(const Game& game, int from, int to) {
+// Whether the piece on `from` (0 to 63) may go to `to` (0 to 64). Without `grants` of one's own, those of the game
+// hold.
+inline bool modelMayMove(const Game& game, int from, int to, const ModelGrants* grants = nullptr) {
     const int piece = game.Board[from];
     if (signOf(piece) == signOf(game.Board[to])) return false;
     const int files = std::abs(fileOf(to) - fileOf(from));
@@ -86,18 +94,18 @@ inline bool modelMayMove(const Game& game, int from, int to) {
     case Piece::Knight:
         return files * ranks == 2;
     case Piece::Pawn:
-        return modelPawnMay(game, from, to, signOf(piece));
+        return modelPawnMay(game, from, to, signOf(piece), grants);
     default:
         return false;
     }
 }
 
 // Whether `side` attacks the other king, which counts as standing on a9 when it is not on the board.
-inline bool modelChecks(const Game& game, int side) {
+inline bool modelChecks(const Game& game, int side, const ModelGrants* grants = nullptr) {
     int king = 0;
     while (king < 64 && game.Board[king] != -side * Piece::King) ++king;
     for (int square = 0; square < 64; ++square) {
-        if (signOf(game.Board[square]) == side && modelMayMove(game, square, king)) return true;
+        if (signOf(game.Board[square]) == side && modelMayMove(game, square, king, grants)) return true;
     }
     return false;
 }

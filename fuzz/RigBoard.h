@@ -21,13 +21,14 @@ struct RigBoard {
     int slip = 0;                        // interval of tmrSlip while it runs, ms
     int held = 0;                        // buttons that are down, as a sum
     int pointer = OffBoard;              // display square under the pointer
-    int heldPointer = OffBoard;          // the same when tmrSlip was started
+    int heldPointer = OffBoard;          // the same at the mouse-up that tmrSlip holds
     std::optional<DropEntries> dropMenu; // mnuDrop while it is up
     bool dropping = false;               // an entry of it is being answered
 
     // What was seen
     std::vector<int> taken;      // squares from which pieces were taken up by hand whose move may still come
     std::array<int, 64> marks{}; // as each square was painted last
+    bool overtaken = false;      // the move that asked for a promotion went meanwhile
     long movesSent = 0;
     int lastFrom = -1; // of the latest move that went to the server
     int lastTo = -1;

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr int LastRank = 7;
+constexpr int LastFile = 7;
 
 bool castles(const BoardSquares& board, int from, int to) {
     return std::abs(board[from]) == Piece::King && std::abs(to - from) == 2;
@@ -21,6 +22,13 @@ bool castles(const BoardSquares& board, int from, int to) {
 
 bool takesEnPassant(const BoardSquares& board, int from, int to) {
     return from != HandSquare && std::abs(board[from]) == Piece::Pawn && fileOf(from) != fileOf(to) && board[to] == 0;
+}
+
+// Two rows forward, to a square with an enemy pawn beside it.
+bool pushesBesidePawn(const BoardSquares& board, int from, int to) {
+    const int pawn = board[from];
+    if (std::abs(pawn) != Piece::Pawn || rankOf(to) - rankOf(from) != 2 * signOf(pawn)) return false;
+    return (fileOf(to) > 0 && board[to - 1] == -pawn) || (fileOf(to) < LastFile && board[to + 1] == -pawn);
 }
 
 bool promotes(const BoardSquares& board, int from, int to) {
@@ -74,6 +82,8 @@ void RulesRun::checkMade(const Before& before, int from, int to, const std::stri
     require(samePosition(game.Board, boardAfter(before, from, to)), "a move changes its squares alone");
     require(game.Board[HandSquare] == 0, "the hand is empty behind a move");
     require(game.PromotePiece == 0 && game.EPGranted == 0, "nothing is left of the move that was made");
+    const int col = (1 - before.turn) / 2;
+    grants_[before.row + col][1 - col] = from != HandSquare && pushesBesidePawn(before.squares, from, to);
     checkText(before, from, to, text);
     checkSent(from, to, text);
     if (game.icsMode) return;
@@ -86,7 +96,8 @@ void RulesRun::checkMade(const Before& before, int from, int to, const std::stri
 void RulesRun::checkText(const Before& before, int from, int to, const std::string& text) const {
     const int kind = std::abs(before.squares[from]);
     const std::int16_t row = std::exchange(game_->MoveRow, before.row); // the check was asked for before it rose
-    require(text.ends_with('+') == modelChecks(*game_, before.turn), "a move that attacks the king ends with a plus");
+    require(text.ends_with('+') == modelChecks(*game_, before.turn, &grants_),
+            "a move that attacks the king ends with a plus");
     game_->MoveRow = row;
     std::string body = text.ends_with('+') ? text.substr(0, text.size() - 1) : text;
     if (from == HandSquare) {

@@ -94,7 +94,7 @@ void RulesRun::step(std::uint8_t first, std::uint8_t second) {
 // The first move from `from` to `to` on that the rules allow to the side to move; 4,096 pairs, round and round.
 void RulesRun::pickMove(int& from, int& to) const {
     for (int tried = 0; tried < 64 * 64; ++tried) {
-        if (signOf(game_->Board[from]) == game_->Turn && modelMayMove(*game_, from, to)) return;
+        if (signOf(game_->Board[from]) == game_->Turn && modelMayMove(*game_, from, to, &grants_)) return;
         to = (to + 1) % 64;
         if (to == 0) from = (from + 1) % 64;
     }
@@ -103,7 +103,7 @@ void RulesRun::pickMove(int& from, int& to) const {
 void RulesRun::move(int from, int to) {
     Game& game = *game_;
     const Before before{game.Board, game.Turn, game.MoveRow};
-    const bool legal = from != to && modelMayMove(game, from, to);
+    const bool legal = from != to && modelMayMove(game, from, to, &grants_);
     require(game.zMoveOK(from) == modelMayTake(game, from), "who may take up a piece");
     require(from == to || game.zMoveLegal(from, to) == legal, "the rules allow what they should");
     game.zSetFrom(from);

@@ -1,6 +1,7 @@
 // One game of random moves on a random position: what fuzz_rules feeds.
 #pragma once
 
+#include "MoveModel.h"
 #include "board/Game.h"
 
 #include <cstdint>
@@ -55,5 +56,6 @@ private:
     int promoted_ = 0;         // what the last move promoted to; -1 asked for and not chosen
     std::string sent_;         // by the last move
     std::vector<Before> past_; // of a local game
+    ModelGrants grants_;
     std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };

@@ -28,15 +28,29 @@ void StreamRig::perform(const Tape::Segment& segment) {
         sessionEvent(kind, segment.which());
     } else if (ofBoard && segment.which() < boards_.size()) {
         RigBoard& board = *boards_[segment.which()];
-        if (kind < Event::FirstOfMouse) {
-            boardEvent(kind, board);
-        } else {
-            mouseEvent(segment, board);
-        }
+        const bool mayFault = kind >= Event::FirstOfMouse && board.game.MoveRow >= LastMoveRow;
+        byHand(mayFault, [&] {
+            if (kind < Event::FirstOfMouse) {
+                boardEvent(kind, board);
+            } else {
+                mouseEvent(segment, board);
+            }
+        });
     } else if (kind == Event::Options) {
         setOptions(segment.argument);
     } else if (!ofBoard) {
-        typingEvent(segment);
+        byHand(false, [&] { typingEvent(segment); });
+    }
+}
+
+// What the user does ends the program at the limit of the move list alone. Text that comes in a pump ends it by
+// itself.
+void StreamRig::byHand(bool mayFault, const std::function<void()>& act) {
+    try {
+        act();
+    } catch (const Fault&) {
+        require(mayFault, "what the user does ends no program");
+        throw;
     }
 }
 

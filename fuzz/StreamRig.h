@@ -67,6 +67,7 @@ private:
     // The outside world, StreamEvents.cpp
     void happen(const Tape::Segment& segment);
     void perform(const Tape::Segment& segment);
+    void byHand(bool mayFault, const std::function<void()>& act);
     void receive(const std::string& text);
     void sessionEvent(int kind, std::size_t which);
     void boardEvent(int kind, RigBoard& board);
