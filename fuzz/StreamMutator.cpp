@@ -10,6 +10,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
@@ -62,6 +63,23 @@ std::string position(Random& random) {
     return line.append(below(random, 4) == 0 ? " 1" : " 0").append(" 0 0\n\rfics% ");
 }
 
+// A piece is taken up and landed, by squares of the screen that suit one of the positions above.
+std::string move(Random& random) {
+    static constexpr std::array Pairs{std::pair{12, 28}, std::pair{6, 21},  std::pair{1, 18},  std::pair{52, 36},
+                                      std::pair{57, 42}, std::pair{48, 56}, std::pair{8, 0},   std::pair{4, 6},
+                                      std::pair{60, 58}, std::pair{35, 42}, std::pair{30, 23}, std::pair{11, 27}};
+    const auto& [from, to] = oneOf(Pairs, random);
+    const int pumped = below(random, 4) == 0 ? 128 : 0;
+    const int turned = below(random, 8) == 0 ? 63 : 0;
+    return event(Event::Lift | pumped, from ^ turned) + event(Event::Land | pumped, to ^ turned);
+}
+
+// Drag or click style, with and without moves in advance, asked-for promotions and delays.
+std::string options(Random& random) {
+    static constexpr std::array<int, 7> Options{5, 5, 7, 1, 4, 0x35, 0xB5};
+    return event(Event::Options, oneOf(Options, random));
+}
+
 std::string newSegment(Random& random) {
     static constexpr std::array Hands{
         Event::Lift,       Event::Land,         Event::LeftPress,     Event::LeftRelease, Event::RightPress,
@@ -79,7 +97,18 @@ std::string newSegment(Random& random) {
         "\n\r{Game 12 (Anders vs. Berta) Berta resigns} 1-0\n\rfics% ",
         "bo"};
     const int pumped = below(random, 3) == 0 ? 128 : 0;
-    if (below(random, 3) == 0) return event(Event::Nothing | pumped, 0) + position(random);
+    switch (below(random, 8)) {
+    case 0:
+    case 1:
+        return event(Event::Nothing | pumped, 0) + position(random);
+    case 2:
+    case 3:
+        return move(random);
+    case 4:
+        return options(random);
+    default:
+        break;
+    }
     const int which = below(random, 8) == 0 ? 64 : 0;
     return event(oneOf(Hands, random) | pumped, below(random, 64) | which).append(oneOf(Texts, random));
 }
