@@ -99,14 +99,18 @@ void frmChessClient::wireRoad() {
         txtOutput->moveToEnd();
         txtOutput->setColor(modChess.ColorMain);
     };
-    hooks.showHelp = [this] { panelNotBuilt("help"); };
-    hooks.showHistory = [this] { panelNotBuilt("history"); };
+    hooks.showHelp = [this] { askInPlaceOfPanel("Help "); };
+    hooks.showHistory = [this] { askInPlaceOfPanel("History "); };
 }
 
-void frmChessClient::panelNotBuilt(const char* panel) {
+void frmChessClient::askInPlaceOfPanel(const std::string& command) {
+    if (road.hooks.socketState() == ServerRoad::Connected) {
+        road.zSendMsg(command + modChess.gHelpTopic);
+        return;
+    }
     txtOutput->moveToEnd();
     txtOutput->setColor(modChess.ColorMain);
-    txtOutput->insert(std::string("The ") + panel + " panel is not built yet.\r\n");
+    txtOutput->insert(command + "asks the server, and there is no connection.\r\n");
 }
 
 void frmChessClient::wireSocket() {

@@ -61,23 +61,23 @@ TEST_F(TypingWindow, FunctionKeysReplaceTheTextByTheirWord) {
     }
 }
 
-TEST_F(TypingWindow, HelpAndHistoryStayOffTheServerAndTheConsoleSaysThatThePanelIsNotBuiltYet) {
+TEST_F(TypingWindow, HelpAndHistoryAreAskedForAsTheirPanelsWillAsk) {
     connected();
     type("he tactics");
-    EXPECT_TRUE(consoleHas("The help panel is not built yet."));
+    EXPECT_TRUE(serverGot("Help tactics\n"));
     EXPECT_EQ(modChess.gHelpTopic, "tactics");
+    EXPECT_TRUE(consoleHas("he tactics"));
     type("hi bob");
-    EXPECT_TRUE(consoleHas("The history panel is not built yet."));
+    EXPECT_TRUE(serverGot("Help tactics\nHistory bob\n"));
     EXPECT_EQ(modChess.gHelpTopic, "bob");
     type("h");
-    EXPECT_TRUE(serverGot("h\n"));
-    EXPECT_EQ(loopback.received, "h\n");
+    EXPECT_TRUE(serverGot("Help tactics\nHistory bob\nh\n"));
 }
 
-TEST_F(TypingWindow, HelpWhileNotConnectedStillSpeaksOfItsPanel) {
+TEST_F(TypingWindow, HelpWhileNotConnectedSaysWhatIsMissing) {
     start();
     type("help");
-    EXPECT_TRUE(consoleHas("The help panel is not built yet."));
+    EXPECT_TRUE(consoleHas("Help asks the server, and there is no connection."));
 }
 
 TEST_F(TypingWindow, ATellButtonSendsItsToolTipByTheTypedRoute) {
