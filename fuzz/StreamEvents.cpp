@@ -1,31 +1,19 @@
 // The session and its boards without windows: timers, the user and the peer, as the tape asks for them.
 #include "StreamRig.h"
 
+#include "Events.h"
 #include "Require.h"
 #include "board/CloseRules.h"
 #include "common/Fault.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
 
-namespace {
-
-constexpr int FirstBoardEvent = 16;
-constexpr int FirstWindowEvent = 27;
-
-} // namespace
-
 // A fault ends the program wherever the event runs, also inside a pump under a routine that passes over faults.
 void StreamRig::happen(const Tape::Segment& segment) {
     try {
         ++now_;
-        if (segment.kind() < FirstBoardEvent) {
-            sessionEvent(segment.kind(), segment.board());
-        } else if (segment.board() < boards_.size()) {
-            boardEvent(segment.kind(), *boards_[segment.board()]);
-        }
-        given_ += segment.text;
-        cutter_.append(segment.text, now_);
-        deliver();
+        perform(segment);
+        receive(Event::takesText(segment.kind) ? std::string() : segment.text);
         if (autoLogonDue_) pressAutoLogonKey();
     } catch (const Fault& fault) {
         require(fault.kind() == FaultKind::Subscript, "only a subscript ends the program");
@@ -33,48 +21,91 @@ void StreamRig::happen(const Tape::Segment& segment) {
     }
 }
 
+void StreamRig::perform(const Tape::Segment& segment) {
+    const int kind = segment.kind;
+    const bool ofBoard = kind >= Event::FirstOfBoard && kind < Event::FirstOfTyping;
+    if (kind < Event::FirstOfBoard) {
+        sessionEvent(kind, segment.which());
+    } else if (ofBoard && segment.which() < boards_.size()) {
+        RigBoard& board = *boards_[segment.which()];
+        const bool mayFault = kind >= Event::FirstOfMouse && board.game.MoveRow >= LastMoveRow;
+        byHand(mayFault, [&] {
+            if (kind < Event::FirstOfMouse) {
+                boardEvent(kind, board);
+            } else {
+                mouseEvent(segment, board);
+            }
+        });
+    } else if (kind == Event::Options) {
+        setOptions(segment.argument);
+    } else if (!ofBoard) {
+        byHand(false, [&] { typingEvent(segment); });
+    }
+}
+
+// What the user does ends the program at the limit of the move list alone. Text that comes in a pump ends it by
+// itself.
+void StreamRig::byHand(bool mayFault, const std::function<void()>& act) {
+    try {
+        act();
+    } catch (const Fault&) {
+        require(mayFault, "what the user does ends no program");
+        throw;
+    }
+}
+
+// The first text after the peer hung up is that of a new connection.
+void StreamRig::receive(const std::string& text) {
+    connected_ = connected_ || !text.empty();
+    given_ += text;
+    cutter_.append(text, now_);
+    deliver();
+}
+
 void StreamRig::sessionEvent(int kind, std::size_t which) {
     constexpr std::int16_t FirstState = 3;
+    constexpr std::size_t MostBoards = 12; // that the user opens; the tape can name four
     switch (kind) {
-    case 1:
+    case Event::Silence:
         now_ += ArrivalCutter::PatienceMs;
         return;
-    case 2:
+    case Event::TmrArrival:
         return fire(SessionTimer::tmrArrival);
-    case 3:
+    case Event::TmrPrompt:
         return fire(SessionTimer::tmrPrompt);
-    case 4:
+    case Event::TmrState:
         return fire(SessionTimer::tmrState);
-    case 5:
+    case Event::VerboseMode:
         lines_.verbose = !lines_.verbose;
         return;
-    case 6:
+    case Event::BlockMode:
         return blockMode_.toggle(classifier_.menu.mnuBlocked);
-    case 7:
+    case Event::SeekGraph:
         seekGraph_ = classifier_.menu.mnuSeekGrf = modChess.gSeekOn = !seekGraph_;
         return;
-    case 8:
+    case Event::Capture:
         return pipeline_.zSetstate(static_cast<std::int16_t>(FirstState + static_cast<std::int16_t>(which)));
-    case 9:
+    case Event::LaterCapture:
         return pipeline_.zSetstate(static_cast<std::int16_t>(FirstState + 4 + static_cast<std::int16_t>(which)));
-    case 10:
-        return road_.zSend(which == 0 ? "sought" : "who");
-    case 11:
-        return reconnect();
-    case 12:
+    case Event::Command:
+        return keys_.pressButton(which == 0 ? "sought" : "who");
+    case Event::HangUp:
+        return hangUp();
+    case Event::ConsoleQuiet:
         modChess.gConsoleQuiet = !modChess.gConsoleQuiet;
         return;
-    case 13:
+    case Event::AutoLogon:
         classifier_.menu.mnuAutoLogon = !classifier_.menu.mnuAutoLogon;
         return;
-    case 14:
+    case Event::CaptureOptions:
         modChess.SeekOff = static_cast<std::int16_t>(which & 1U);
         modChess.HistoryKind = static_cast<std::int16_t>(which);
         modChess.MovesTarget = static_cast<std::int16_t>(-static_cast<int>(which));
         modChess.ExamineNoMoves = (which & 2U) != 0;
         return;
-    case 15:
-        return routing_.zNewBoard();
+    case Event::NewBoard:
+        if (boards_.size() < MostBoards) routing_.zNewBoard();
+        return;
     default:
         return;
     }
@@ -83,55 +114,59 @@ void StreamRig::sessionEvent(int kind, std::size_t which) {
 void StreamRig::boardEvent(int kind, RigBoard& board) {
     Game& game = board.game;
     switch (kind) {
-    case 16:
-    case 17:
+    case Event::Clock:
         now_ += 1000;
         if (board.clockRuns) game.tmrClock();
         return;
-    case 18:
+    case Event::NoPlayOver:
         if (board.noPlayRuns) game.tmrNoPlay();
         return;
-    case 19:
+    case Event::ExitMove:
         game.zExitMove();
         return;
-    case 20:
+    case Event::New:
         game.mnuNew();
         return;
-    case 21:
+    case Event::Invert:
         game.mnuInvert();
         return;
-    case 22:
+    case Event::Clean:
         game.mnuClean();
         return;
-    case 23:
+    case Event::Un:
         return game.cmdUn();
-    case 24:
-        game.PreMoveSet = true;
-        game.PreFrom = 12;
-        game.PreTo = 28;
+    case Event::ChatFromBoard:
+        return showChat();
+    case Event::Resized:
+        game.zBoardSetup(false);
         return;
-    case 25:
-        game.Dragging = !game.Dragging;
-        game.DragFrom = 12;
-        return;
-    case 26:
+    case Event::AskGame:
         game.xGame();
         return;
     default:
-        static_assert(FirstWindowEvent == 27);
         return windowEvent(kind, board);
     }
 }
 
 void StreamRig::windowEvent(int kind, RigBoard& board) {
-    if (kind == FirstWindowEvent) return closeBoard(board, true);
-    if (kind == FirstWindowEvent + 1) return closeBoard(board, false);
-    const bool byProgram = kind == FirstWindowEvent + 2;
+    if (kind == Event::CloseAtOnce) return closeBoard(board, true);
+    if (kind == Event::CloseLater) return closeBoard(board, false);
+    if (kind != Event::CloseByProgram && kind != Event::CloseByUser) return;
+    const bool byProgram = kind == Event::CloseByProgram;
     const CloseDecision decision =
         queryUnload(board.game, {openWindows.count("frmChessBoard"), byProgram, false, false});
     if (decision.refused) return;
     if (!decision.send.empty()) road_.zSendMsg(decision.send);
     closeBoard(board, true);
+}
+
+void StreamRig::setOptions(std::uint8_t bits) {
+    const auto bit = [bits](unsigned number) { return static_cast<std::int16_t>(bits >> number & 1U); };
+    modChess.PreMoveOK = bit(0);
+    modChess.AutoQueen = bit(1);
+    modChess.DragMode = bit(2);
+    modChess.SelfCheckOK = bit(3) == 0;
+    modChess.MouseSlip = static_cast<std::int16_t>(bits >> 4U);
 }
 
 void StreamRig::fire(SessionTimer timer) {
@@ -148,20 +183,22 @@ void StreamRig::pressAutoLogonKey() {
     if (pipeline_.login != 0) keys_.typingKeyDown(KeyUp, false);
 }
 
-// The peer hangs up: what it sent still comes, all games end, and a new connection begins.
-void StreamRig::reconnect() {
+// The peer hangs up: what it sent still comes, and all games end.
+void StreamRig::hangUp() {
     cutter_.finish();
     deliver();
     if (cutter_.waiting() > 0) return;
     routing_.zEndAllGames();
     clearBoards();
     cutter_ = {};
+    connected_ = false;
 }
 
-void StreamRig::pump() {
+// Lets the segments run that wait for a pump; with a menu up, until it is answered.
+void StreamRig::pump(const Menu* menu) {
     if (pumps_ >= MostPumps) return;
     ++pumps_;
-    while (tape_.nextRunsInPump()) {
+    while ((!menu || menu->up) && tape_.nextRunsInPump()) {
         ++events_;
         happen(tape_.next());
     }

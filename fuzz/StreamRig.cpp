@@ -2,8 +2,10 @@
 #include "StreamRig.h"
 
 #include "ConsoleModel.h"
+#include "Events.h"
 #include "Require.h"
 #include "common/Fault.h"
+#include "common/Squares.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
 
@@ -18,7 +20,8 @@ StreamRig::StreamRig(std::string_view bytes) : tape_(bytes) {
     logOn_.password = "secret";
     wirePipeline();
     wireClassifier();
-    wireRouting();
+    wireBoards();
+    wireChat();
     wireRoad();
 }
 
@@ -29,8 +32,7 @@ StreamRig::~StreamRig() {
 
 void StreamRig::run() {
     try {
-        constexpr int OpenBoard = 15; // event: the first board of the start-up
-        happen({OpenBoard, {}});
+        happen({Event::NewBoard, 0, {}}); // the first board of the start-up
         while (!tape_.done()) {
             happen(tape_.next());
             closed_.clear();
@@ -54,17 +56,18 @@ void StreamRig::deliver() {
 
 std::string StreamRig::shown() const { return console_ + modChess.BlockedText; }
 
+// Checked only when nothing else ran in the batch, which might print as well.
 void StreamRig::parseBatch(const std::string& batch) {
     const std::size_t before = shown().size();
     const long events = events_;
+    const long tells = tells_;
     const bool verbose = lines_.verbose;
     const bool promptShown = classifier_.PromptShown;
     classifier_.zDataParse(batch);
-    if (events_ == events) checkConsole(batch, before, verbose, promptShown);
+    if (events_ == events) checkConsole(batch, before, verbose && tells_ == tells, promptShown);
 }
 
-// Only of a batch in which nothing else ran: an event inside it may print as well.
-void StreamRig::checkConsole(const std::string& batch, std::size_t before, bool verbose, bool promptShown) {
+void StreamRig::checkConsole(const std::string& batch, std::size_t before, bool verbose, bool promptShown) const {
     const std::string added = shown().substr(before);
     if (modChess.gConsoleQuiet) {
         require(added.empty(), "a quiet console shows nothing");
@@ -77,12 +80,24 @@ void StreamRig::checkConsole(const std::string& batch, std::size_t before, bool 
 
 const void* StreamRig::openBoard() {
     RigBoard& board = *boards_.emplace_back(std::make_unique<RigBoard>());
+    board.serial = ++serials_;
     openWindows.add({"frmChessBoard", &board, &board.game, {}});
     fillSurface(board);
     board.game.beginLoad();
+    board.paint();
     const void* const identity = &board;
     board.game.finishLoad();
     return identity;
+}
+
+RigBoard* StreamRig::boardOf(long serial) const {
+    const auto found = std::ranges::find(boards_, serial, &RigBoard::serial);
+    return found == boards_.end() ? nullptr : found->get();
+}
+
+RigChat* StreamRig::chatOf(long serial) const {
+    const auto found = std::ranges::find(chats_, serial, &RigChat::serial);
+    return found == chats_.end() ? nullptr : found->get();
 }
 
 void StreamRig::closeBoard(RigBoard& board, bool destroyNow) {
@@ -92,6 +107,9 @@ void StreamRig::closeBoard(RigBoard& board, bool destroyNow) {
     std::unique_ptr<RigBoard> taken = std::move(*found);
     boards_.erase(found);
     taken->game.windowClosed();
+    taken->input.stop();
+    require(taken->slip == 0, "a closed board has no timer of the move in hand");
+    for (Menu* menu : menus_) menu->up = menu->up && menu->board != taken->serial;
     if (!destroyNow) closed_.push_back(std::move(taken));
 }
 
@@ -105,17 +123,16 @@ void StreamRig::clearBoards() {
 
 // The line goes quiet: all that was held back comes out.
 void StreamRig::finish() {
-    constexpr int Silence = 2; // event: the arrival timer
     do {
         now_ += ArrivalCutter::PatienceMs;
-        happen({Silence, {}});
+        happen({Event::TmrArrival, 0, {}});
         checkRest();
     } while (cutter_.waiting() > 0 || armed_[static_cast<std::size_t>(SessionTimer::tmrArrival)]);
     require(arrived_ == given_, "the arrivals put together are the bytes given");
     require(pipeline_.PendingText.empty(), "no text stays behind when the line is quiet");
 }
 
-void StreamRig::checkRest() const {
+void StreamRig::checkRest() {
     const bool held = armed_[static_cast<std::size_t>(SessionTimer::tmrArrival)];
     require(arrived_.size() + cutter_.waiting() == given_.size(), "no byte is lost or doubled");
     require(!pipeline_.ParseBusy, "the busy mark falls when the drain ends");
@@ -123,13 +140,19 @@ void StreamRig::checkRest() const {
     require(pipeline_.PendingText.size() <= arrived_.size(), "no more is pending than arrived");
     require(classifier_.SuppressCount >= -1 && classifier_.SuppressCount <= 1000, "the line eater's count has a range");
     require(pipeline_.login >= 0 && pipeline_.login <= 2, "login is 0, 1 or 2");
-    for (const auto& board : boards_) checkBoard(board->game);
+    require(menus_.empty(), "no menu stays up when nothing runs");
+    for (const auto& board : boards_) {
+        checkBoard(board->game);
+        checkHand(*board);
+    }
+    checkChats();
 }
 
 void StreamRig::checkBoard(const Game& game) const {
     require(game.Turn == 1 || game.Turn == -1, "one of the two sides is to move");
     require(std::ranges::all_of(game.Board, [](std::int16_t code) { return std::abs(code) <= 6; }),
             "every square holds a piece or nothing");
+    require(game.Board[HandSquare] == 0, "the hand is empty");
     require(game.ShownPly >= 0 && game.ShownPly <= LastPly, "the shown ply is in the store");
     // Not more: a connection lost while the first position is painted leaves `icsMode` and `currentGame` set.
     const bool idle = game.Style12Record.Relation == -100 && !relationFaked_;

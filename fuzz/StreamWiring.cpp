@@ -30,7 +30,7 @@ void StreamRig::wireClassifier() {
     };
     hooks.zFindBoard = [](std::int16_t game) { return zFindBoard(game); };
     hooks.zSetBughouse = [](int board, const std::string& line) { boardAt(board).zSetBughouse(line); };
-    hooks.zSetPosition = [](int board) { boardAt(board).zSetPosition(false); };
+    hooks.zSetPosition = [this](int board) { receivePosition(board); };
     hooks.zExitMove = [](int board) { boardAt(board).zExitMove(); };
     hooks.showBoard = [](int board) { boardAt(board).surface.bringToFront(); };
     hooks.zEndGame = [this](const std::string& line) { routing_.zEndGame(line); };
@@ -54,50 +54,28 @@ void StreamRig::wireClassifier() {
     }
 }
 
-void StreamRig::wireRouting() {
+void StreamRig::wireBoards() {
     routing_.hooks.openBoard = [this] { return openBoard(); };
     routing_.hooks.pump = [this] { loadPump(); };
     routing_.hooks.seekGraphChecked = [this] { return seekGraph_; };
 }
 
+void StreamRig::wireChat() {
+    chatRouting_.consoleLength = [this] { return console_.size(); };
+    ClassifierHooks& hooks = classifier_.hooks;
+    hooks.zChatBox = [this](const std::string& line) { return routeTell(line); };
+    hooks.findChat = zFindChat;
+    hooks.setChatCaption = [this](int window, const std::string& caption) { setChatCaption(window, caption); };
+    keys_.hooks.zNewChat = [this] { newChat(); };
+}
+
 void StreamRig::wireRoad() {
-    road_.hooks.socketState = [] { return ServerRoad::Connected; };
+    road_.hooks.sendData = [this](const std::string& bytes) { checkSent(bytes); };
+    road_.hooks.socketState = [this] { return connected_ ? ServerRoad::Connected : std::int16_t{0}; };
     road_.hooks.login = [this] { return pipeline_.login; };
     road_.hooks.handle = [this] { return logOn_.handle; };
     road_.hooks.echo = [this](const std::string& text) { console_ += text; };
     keys_.hooks.text = [this] { return typed_; };
     keys_.hooks.setText = [this](const std::string& text) { typed_ = text; };
     blockMode_.hooks.insertAtEnd = [this](const std::string& text) { console_ += text; };
-}
-
-void StreamRig::fillSurface(RigBoard& board) {
-    GameSurface& surface = board.game.surface;
-    surface.zDrawSquare = [&board](int square, int mode) {
-        require(square >= 0 && square < 64, "a square that is drawn is on the board");
-        require(mode >= -1 && mode <= 1, "a square is drawn plain or marked");
-        require(std::abs(board.game.Board[square]) <= 6, "what is drawn is a piece or nothing");
-    };
-    surface.pump = [this] { pump(); };
-    surface.zSqFinish = [this](int) { pump(); };
-    surface.paintBoard = [&board] { board.game.grdMoves.VisibleRows = 10; };
-    surface.setClock = [](int side, const std::string& text) {
-        require((side == 0 || side == 1) && text.find(':') != text.npos, "a clock shows a time");
-    };
-    surface.setPanel = [](int panel, const std::string&) {
-        require(panel >= 1 && panel <= 3, "there are three panels");
-    };
-    surface.startClock = [&board] { board.clockRuns = true; };
-    surface.stopClock = [&board] { board.clockRuns = false; };
-    surface.startNoPlay = [&board] { board.noPlayRuns = true; };
-    surface.stopNoPlay = [&board] { board.noPlayRuns = false; };
-    surface.secondsOfDay = [this] { return static_cast<double>(now_ % 86'400'000) / 1000; };
-    surface.zSendMsg = [this](const std::string& text) { road_.zSendMsg(text); };
-    fillGrid(board);
-}
-
-// The grid's window reads the cell that it is told to show.
-void StreamRig::fillGrid(RigBoard& board) {
-    MoveGridState& grid = board.game.grdMoves;
-    grid.surface.showCell = [&grid](int row, int col) { static_cast<void>(grid.text(row, col).size()); };
-    grid.surface.scrollTo = [&grid](int row) { static_cast<void>(grid.text(row, 0).size()); };
 }

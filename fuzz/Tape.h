@@ -5,20 +5,23 @@
 #include <string>
 #include <string_view>
 
-// The byte 0xFE begins a segment; the byte behind it says what happens before the text of the segment arrives. 0xFE
-// 0xFE is a single 0xFE of the text. Text in front of the first segment arrives without an event, so every recorded
-// stream is an input as it stands.
+// The byte 0xFE begins a segment. The byte behind it says what happens before the text of the segment arrives, and the
+// byte behind that one is the event's argument. 0xFE 0xFE is a single 0xFE of the text. Text in front of the first
+// segment arrives without an event, so every recorded stream is an input as it stands. Some events take the text
+// themselves: it is what the user types (see Events.h).
 class Tape {
 public:
     static constexpr char Mark = '\xFE';
 
-    // One segment: bits 0 to 4 of `event` say which, bits 5 and 6 on which board.
+    // One segment. `kind` is 0 to 125, from bits 0 to 6 of the event; 126 is not to be had inside a pump.
     struct Segment {
-        std::uint8_t event = 0;
+        int kind = 0;
+        std::uint8_t argument = 0;
         std::string text;
 
-        int kind() const { return event & 31; }
-        std::size_t board() const { return event >> 5 & 3U; }
+        // The two halves of an argument: which board or box, and which square or choice.
+        std::size_t which() const { return argument >> 6U; }
+        int choice() const { return argument & 63; }
     };
 
     explicit Tape(std::string_view bytes) : rest_(bytes) {}
@@ -28,12 +31,13 @@ public:
     // True when the next segment is to run inside a pump of the message loop: bit 7 of its event.
     bool nextRunsInPump() const { return atMark() && (static_cast<std::uint8_t>(rest_[1]) & 128U) != 0; }
 
-    // Takes the next segment.
+    // Takes the next segment. An argument that the input has no byte for is 0.
     Segment next() {
         Segment segment;
         if (atMark()) {
-            segment.event = static_cast<std::uint8_t>(rest_[1]);
-            rest_.remove_prefix(2);
+            segment.kind = rest_[1] & 127;
+            if (rest_.size() > 2) segment.argument = static_cast<std::uint8_t>(rest_[2]);
+            rest_.remove_prefix(rest_.size() > 2 ? 3 : 2);
         }
         while (!rest_.empty() && !atMark()) {
             segment.text += rest_.front();

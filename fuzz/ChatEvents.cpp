@@ -1,0 +1,220 @@
+// The session and its boards without windows: chat boxes, and what is typed there and in the console.
+#include "StreamRig.h"
+
+#include "Events.h"
+#include "Require.h"
+#include "common/Numbers.h"
+#include "common/Text.h"
+#include "common/modChess.h"
+#include "platform/OpenWindows.h"
+
+#include <utility>
+
+namespace {
+
+std::string withoutLineEnds(std::string text) {
+    std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+    return text;
+}
+
+bool hasLineEnd(const std::string& text) { return text.find_first_of("\r\n") != text.npos; }
+
+// Whether a tell of `target` belongs to the box of `buddy`.
+bool isFor(const std::string& buddy, const std::string& target) {
+    const bool handle = target.size() > 1 && leadingNumber(target) == 0;
+    if (!handle) return buddy == target;
+    const std::string whole = lower(trim(target));
+    const std::string part = lower(trim(buddy));
+    return whole.substr(0, part.size()) == part;
+}
+
+// What a box shows of a tell.
+std::string shownPart(const std::string& line) {
+    static const std::string Phrase = "tells you:";
+    const auto place = line.find(Phrase);
+    if (place == line.npos) return line;
+    const auto start = place + Phrase.size() + 1;
+    return start < line.size() ? line.substr(start) : "";
+}
+
+void checkHistory(const CommandHistory& history) {
+    require(history.CommandCursor >= 0 && history.CommandCursor <= CommandHistory::Last, "the history has 20 lines");
+    for (int entry = 1; entry <= CommandHistory::Last; ++entry) {
+        require(!hasLineEnd(history.entries[entry]), "a line of the history is one line");
+    }
+}
+
+} // namespace
+
+void StreamRig::typingEvent(const Tape::Segment& segment) {
+    switch (segment.kind) {
+    case Event::NewChat:
+        keys_.typingKeyDown(KeyF9, true);
+        return;
+    case Event::TypeLine:
+        typed_ += withoutLineEnds(segment.text);
+        return;
+    case Event::LineKey:
+        return lineKey(segment.choice());
+    default:
+        if (segment.which() < chats_.size()) chatEvent(segment, *chats_[segment.which()]);
+    }
+}
+
+void StreamRig::lineKey(int choice) {
+    static constexpr std::array Keys{KeyUp, KeyDown, KeyF5, KeyF7, KeyF8, KeyF9};
+    const auto key = static_cast<std::size_t>(choice);
+    if (key < Keys.size()) {
+        keys_.typingKeyDown(Keys[key], false);
+    } else {
+        keys_.zTxtSend(KeyEnter);
+    }
+}
+
+void StreamRig::chatEvent(const Tape::Segment& segment, RigChat& chat) {
+    const std::int32_t cursor = chat.box.ChatHistory.CommandCursor;
+    switch (segment.kind) {
+    case Event::NameChat:
+        return nameChat(chat.serial, segment.text, segment.choice() != 0);
+    case Event::TypeTell:
+        chat.typed += segment.text;
+        return;
+    case Event::TypeTalk:
+        for (const char c : segment.text) {
+            const int code = static_cast<unsigned char>(c);
+            if ((code >= ' ' && code != 127) || code == 8) chat.box.chatKeyPress(code);
+        }
+        return;
+    case Event::TellEnter:
+        return enterTell(chat);
+    case Event::TellKey:
+        chat.box.keyDown(segment.choice() == 0 ? KeyUp : KeyDown);
+        require(chat.box.ChatHistory.CommandCursor == cursor ||
+                    chat.typed == chat.box.ChatHistory.entries[chat.box.ChatHistory.CommandCursor],
+                "a step through the history shows its line");
+        return;
+    case Event::CloseChat:
+        return closeChat(chat.serial);
+    default:
+        return;
+    }
+}
+
+void StreamRig::newChat() {
+    constexpr std::size_t MostChats = 12; // of which the tape can name four
+    if (chats_.size() >= MostChats) return;
+    zProposeBuddy();
+    RigChat& chat = *chats_.emplace_back(std::make_unique<RigChat>(road_));
+    chat.serial = ++serials_;
+    openWindows.add({"frmChat", &chat, nullptr, {}, &chat.box});
+}
+
+void StreamRig::showChat() {
+    if (modChess.TellTarget.empty() || zFindChat(modChess.TellTarget) == -1) newChat();
+}
+
+// tmrStart: the question for the buddy, under which the loop runs and the box may close.
+void StreamRig::nameChat(long serial, std::string answer, bool proposal) {
+    if (!std::exchange(chatOf(serial)->askDue, false)) return;
+    if (proposal) answer = modChess.NewBuddy;
+    pump();
+    RigChat* const chat = chatOf(serial);
+    if (!chat) return;
+    const std::string buddy = withoutLineEnds(answer);
+    if (buddy.empty()) return closeChat(serial);
+    chat->box.name(buddy);
+    require(chat->box.xBuddy == buddy, "a box has the buddy that was named");
+    require(chat->caption == "Chat on " + buddy || chat->caption == "Chat with " + buddy, "a caption names the buddy");
+}
+
+void StreamRig::closeChat(long serial) {
+    openWindows.remove(chatOf(serial));
+    std::erase_if(chats_, [serial](const auto& chat) { return chat->serial == serial; });
+}
+
+void StreamRig::enterTell(RigChat& chat) {
+    const std::string typed = chat.typed;
+    const std::size_t before = chat.talk.size();
+    const std::int32_t sent = modChess.LinesSent;
+    const bool consumed = chat.box.zTxtTell(KeyEnter);
+    require(consumed == connected_ && modChess.LinesSent == sent + (connected_ ? 1 : 0), "Enter sends one line");
+    if (!connected_) {
+        require(chat.typed == typed && chat.talk.size() == before, "the text stays while not connected");
+        return;
+    }
+    const bool command = typed.size() >= 5 && lower(typed.substr(0, 4)) == "tell";
+    const std::string head = command ? "" : "Tell " + chat.box.xBuddy + " ";
+    require(lastSent_.starts_with(head) && lastSent_.size() == head.size() + typed.size(), "a box sends tells alone");
+    require(lower(lastSent_.substr(0, 4)) == "tell", "a box sends tells alone");
+    require(modChess.gLastCmd == lastSent_ && modChess.gLastTyped == lastSent_ && road_.txtOld == lastSent_,
+            "what a box sent is the last line");
+    require(modChess.LastBuddy == chat.box.xBuddy && road_.idleSeconds == 0, "the buddy spoken to is known");
+    require(chat.typed.empty() && chat.talk.size() == before + typed.size() + 2, "the text goes into the conversation");
+    require(chat.talk.ends_with("\r\n") && chat.caret == chat.talk.size(), "the conversation ends with the own words");
+    require(chat.box.ChatHistory.entries[1].size() == typed.size(), "the text goes into the history");
+}
+
+bool StreamRig::routeTell(const std::string& line) {
+    const auto taker =
+        std::ranges::find_if(chats_, [](const auto& chat) { return isFor(chat->box.xBuddy, modChess.TellTarget); });
+    const auto talked = [this] {
+        std::size_t size = 0;
+        for (const auto& chat : chats_) size += chat->talk.size();
+        return size;
+    };
+    const std::size_t talkedBefore = talked();
+    const std::size_t shownBefore = console_.size();
+    const std::size_t takerBefore = taker == chats_.end() ? 0 : (*taker)->talk.size();
+    const std::size_t insertAt = taker == chats_.end() ? 0 : (*taker)->caret;
+
+    const bool handled = chatRouting_.zChatBox(line);
+    require(handled == (taker != chats_.end()), "a tell goes to a box when one is there for it");
+    require(console_.size() == shownBefore, "the box takes a tell from the console");
+    if (!handled) return false;
+    ++tells_;
+    const std::size_t added = (*taker)->talk.size() - takerBefore;
+    require(talked() == talkedBefore + added, "the oldest box that fits takes a tell alone");
+    checkTaken(line, taker->get(), (*taker)->talk.substr(insertAt, added));
+    return true;
+}
+
+void StreamRig::checkTaken(const std::string& line, const RigChat* taker, const std::string& inserted) const {
+    const std::string& target = modChess.TellTarget;
+    const bool handle = target.size() > 1 && leadingNumber(target) == 0;
+    require(taker->box.xBuddy == target, "a tell completes the buddy's name");
+    require(taker->caption == (handle ? "Chat with " : "Chat on ") + target, "a tell completes the caption");
+    if (!handle && modChess.MyHandle == modChess.ChannelSender) {
+        require(inserted.empty(), "the own words on a channel are not shown again");
+        return;
+    }
+    require(inserted == shownPart(line), "a box shows what was said");
+    require(taker->caret == std::min(console_.size(), taker->talk.size()), "the insertion point is the console's");
+}
+
+void StreamRig::setChatCaption(int window, const std::string& caption) {
+    ChatBox* const box = openWindows.windows.at(static_cast<std::size_t>(window)).chat;
+    require(box && box->xBuddy == modChess.LastBuddy, "the answer to a tell goes to the box that told");
+    require(caption.starts_with("Chatting with " + box->xBuddy) && !hasLineEnd(caption), "a caption is one line");
+    box->hooks.setCaption(caption);
+}
+
+void StreamRig::checkSent(const std::string& bytes) {
+    require(connected_, "nothing is written to a closed socket");
+    require(bytes.ends_with('\n'), "what is sent is a line");
+    lastSent_ = bytes.substr(0, bytes.size() - 1);
+    require(!hasLineEnd(lastSent_), "what is sent is one line");
+}
+
+void StreamRig::checkChats() const {
+    std::vector<const ChatBox*> listed;
+    for (const OpenWindow& window : openWindows.windows) {
+        if (window.chat) listed.push_back(window.chat);
+    }
+    require(std::ranges::equal(listed, chats_, {}, {}, [](const auto& chat) { return &chat->box; }),
+            "the open boxes are listed in order of creation");
+    for (const auto& chat : chats_) {
+        checkHistory(chat->box.ChatHistory);
+        require(chat->caption.starts_with("Chat"), "a box says with whom it is");
+    }
+    checkHistory(road_.history);
+}

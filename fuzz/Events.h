@@ -1,0 +1,77 @@
+// What can happen in an input of fuzz_stream; README.md has the table. A number without a name does nothing.
+#pragma once
+
+// Groups of sixteen, with room in each. A number, once in a kept input, stays what it is.
+namespace Event {
+enum : int {
+    Nothing = 0, // a new packet
+
+    // Timers and the console's menus
+    Silence,
+    TmrArrival,
+    TmrPrompt,
+    TmrState,
+    VerboseMode,
+    BlockMode,
+    SeekGraph,
+    Capture,
+    LaterCapture,
+    Command,
+    HangUp,
+    ConsoleQuiet,
+    AutoLogon,
+    CaptureOptions,
+    NewBoard,
+
+    // A board, picked by `which`
+    FirstOfBoard = 16,
+    Clock = FirstOfBoard,
+    NoPlayOver = 18,
+    ExitMove,
+    New,
+    Invert,
+    Clean,
+    Un,
+    ChatFromBoard,
+    Resized,
+    AskGame,
+    CloseAtOnce,
+    CloseLater,
+    CloseByProgram,
+    CloseByUser,
+
+    // The mouse on a board; `choice` is the display square, or what is chosen
+    FirstOfMouse = 32,
+    LeftPress = FirstOfMouse,
+    LeftRelease,
+    RightPress,
+    RightRelease,
+    PointerMoves,
+    PointerLeaves,
+    LeftReleaseBeside,
+    TmrSlip,
+    PromotionAnswer,
+    DropAnswer,
+    Lift, // moves there, presses, and in click style lets go
+    Land, // moves there, and lets go or clicks, by style
+
+    // Chat boxes, picked by `which`, and what is typed
+    FirstOfTyping = 48,
+    NewChat = FirstOfTyping,
+    NameChat, // the question for the buddy; takes the text
+    TypeTell, // takes the text
+    TypeTalk, // with the focus on the conversation; takes the text
+    TellEnter,
+    TellKey,
+    CloseChat,
+    TypeLine, // in the console; takes the text
+    LineKey,
+
+    // Options; `argument` has them all
+    Options = 64,
+};
+
+constexpr bool takesText(int kind) {
+    return kind == NameChat || kind == TypeTell || kind == TypeTalk || kind == TypeLine;
+}
+} // namespace Event

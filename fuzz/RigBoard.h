@@ -1,0 +1,50 @@
+// A board window without a window: the game, the move in hand, and what a user would see of both.
+#pragma once
+
+#include "board/MoveInput.h"
+#include "view/BoardGeometry.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+struct RigBoard {
+    Game game;
+    MoveInput input{game};
+    BoardGeometry geometry;
+    long serial = 0; // unique in one run
+    bool clockRuns = false;
+    bool noPlayRuns = false;
+
+    // The mouse
+    int slip = 0;                        // interval of tmrSlip while it runs, ms
+    int held = 0;                        // buttons that are down, as a sum
+    int pointer = OffBoard;              // display square under the pointer
+    int heldPointer = OffBoard;          // the same at the mouse-up that tmrSlip holds
+    std::optional<DropEntries> dropMenu; // mnuDrop while it is up
+    bool dropping = false;               // an entry of it is being answered
+
+    // What was seen
+    std::vector<int> taken;      // squares from which pieces were taken up by hand whose move may still come
+    std::array<int, 64> marks{}; // as each square was painted last
+    bool overtaken = false;      // the move that asked for a promotion went meanwhile
+    long movesSent = 0;
+    int lastFrom = -1; // of the latest move that went to the server
+    int lastTo = -1;
+
+    // The board square under a display square; -1 beside the board.
+    int squareAt(int position) const { return position == OffBoard ? -1 : geometry.DisplaySquare[position]; }
+
+    // The window paints itself whole, as large as it always is here.
+    void paint() {
+        constexpr int FormHeight = (8 * 54 + BoardDesign::MinHeight) * TwipsPerPixelY;
+        geometry.Flipped = game.Flipped;
+        geometry.zBoardSetup({FormHeight, 0, 0}, 0);
+        game.grdMoves.VisibleRows = 10;
+        marks.fill(0);
+        input.boardPainted();
+    }
+
+    long preMoveMarks() const { return std::ranges::count(marks, 1); }
+};

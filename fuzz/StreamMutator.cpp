@@ -1,0 +1,150 @@
+// Changes inputs of fuzz_stream by whole segments: events come and go, change places or their time, and positions of
+// games arrive in between.
+#include "Events.h"
+#include "Tape.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
+
+namespace {
+
+using Random = std::minstd_rand;
+
+int below(Random& random, std::size_t limit) { return static_cast<int>(random() % limit); }
+
+template <typename Array>
+const auto& oneOf(const Array& choices, Random& random) {
+    return choices[random() % choices.size()];
+}
+
+// The segments of an input as they are written, with their marks; the first may have none.
+std::vector<std::string> segmentsOf(std::string_view input) {
+    std::vector<std::string> segments(1);
+    for (std::size_t at = 0; at < input.size(); ++at) {
+        const bool mark = input[at] == Tape::Mark && at + 1 < input.size();
+        const bool begins = mark && input[at + 1] != Tape::Mark;
+        if (begins) segments.emplace_back();
+        const std::size_t length = begins ? std::min<std::size_t>(3, input.size() - at) : mark ? 2 : 1;
+        segments.back() += input.substr(at, length);
+        at += length - 1;
+    }
+    return segments;
+}
+
+std::string event(int kind, int argument) { return {Tape::Mark, static_cast<char>(kind), static_cast<char>(argument)}; }
+
+// A position of one of two games, with every relation that lets the user move and some that do not.
+std::string position(Random& random) {
+    static constexpr std::array<std::string_view, 7> Ranks{
+        "rnbqkbnr pppppppp -------- -------- -------- -------- PPPPPPPP RNBQKBNR",
+        "rnbqkbnr pppppppp -------- -------- ----P--- -------- PPPP-PPP RNBQKBNR",
+        "rnbqkbnr pppp-ppp -------- ----p--- ----P--- -------- PPPP-PPP RNBQKBNR",
+        "r-bqkbnr pppp-ppp --n----- ----p--- ----P--- -----N-- PPPP-PPP RNBQKB-R",
+        "-------k P------- -------- -------- -------- -------- p------- K-------",
+        "-------k -------- -------- -------- -------- -------- p------- K-------",
+        "r---k--r -------- -------- -pP----- ------Pp -------- -------- R---K--R"};
+    static constexpr std::array<std::string_view, 6> Relations{"1", "1", "-1", "-1", "2", "0"};
+    static constexpr std::array<std::string_view, 5> Rows{"1", "2", "3", "4", "200"};
+    static constexpr std::array<std::string_view, 4> Moves{"none (0:00) none", "P/e2-e4 (0:03) e4", "o-o (0:01) O-O",
+                                                           "P/@@-e5 (0:01) P@e5"};
+    std::string line = "\n\r<12> ";
+    line.append(oneOf(Ranks, random)).append(below(random, 2) == 0 ? " W" : " B").append(" -1 1 1 1 1 0 ");
+    line.append(below(random, 4) == 0 ? "13" : "12").append(" Anders Berta ").append(oneOf(Relations, random));
+    line.append(" 5 2 39 39 300 300 ").append(oneOf(Rows, random)).append(" ").append(oneOf(Moves, random));
+    return line.append(below(random, 4) == 0 ? " 1" : " 0").append(" 0 0\n\rfics% ");
+}
+
+// A piece is taken up and landed, by squares of the screen that suit one of the positions above.
+std::string move(Random& random) {
+    static constexpr std::array Pairs{std::pair{12, 28}, std::pair{6, 21},  std::pair{1, 18},  std::pair{52, 36},
+                                      std::pair{57, 42}, std::pair{48, 56}, std::pair{8, 0},   std::pair{4, 6},
+                                      std::pair{60, 58}, std::pair{35, 42}, std::pair{30, 23}, std::pair{11, 27}};
+    const auto& [from, to] = oneOf(Pairs, random);
+    const int pumped = below(random, 4) == 0 ? 128 : 0;
+    const int turned = below(random, 8) == 0 ? 63 : 0;
+    return event(Event::Lift | pumped, from ^ turned) + event(Event::Land | pumped, to ^ turned);
+}
+
+// Drag or click style, with and without moves in advance, asked-for promotions and delays.
+std::string options(Random& random) {
+    static constexpr std::array<int, 7> Options{5, 5, 7, 1, 4, 0x35, 0xB5};
+    return event(Event::Options, oneOf(Options, random));
+}
+
+std::string newSegment(Random& random) {
+    static constexpr std::array Hands{
+        Event::Lift,       Event::Land,         Event::LeftPress,     Event::LeftRelease, Event::RightPress,
+        Event::TmrSlip,    Event::PointerMoves, Event::PointerLeaves, Event::DropAnswer,  Event::PromotionAnswer,
+        Event::NewChat,    Event::NameChat,     Event::TypeTell,      Event::TellEnter,   Event::CloseChat,
+        Event::TellKey,    Event::Options,      Event::NoPlayOver,    Event::ExitMove,    Event::Invert,
+        Event::Resized,    Event::CloseAtOnce,  Event::CloseLater,    Event::HangUp,      Event::Nothing,
+        Event::CloseByUser};
+    static constexpr std::array<std::string_view, 7> Texts{
+        "",
+        "",
+        "\n\rBobby tells you: hello\n\r\\   and more\n\rfics% ",
+        "\n\rBobby(50): hello\n\rfics% ",
+        "\n\r<b1> game 12 white [PNQ] black [rp]\n\rfics% ",
+        "\n\r{Game 12 (Anders vs. Berta) Berta resigns} 1-0\n\rfics% ",
+        "bo"};
+    const int pumped = below(random, 3) == 0 ? 128 : 0;
+    switch (below(random, 8)) {
+    case 0:
+    case 1:
+        return event(Event::Nothing | pumped, 0) + position(random);
+    case 2:
+    case 3:
+        return move(random);
+    case 4:
+        return options(random);
+    default:
+        break;
+    }
+    const int which = below(random, 8) == 0 ? 64 : 0;
+    return event(oneOf(Hands, random) | pumped, below(random, 64) | which).append(oneOf(Texts, random));
+}
+
+void change(std::vector<std::string>& segments, Random& random) {
+    const auto at = segments.begin() + below(random, segments.size());
+    const auto other = segments.begin() + below(random, segments.size());
+    switch (below(random, 6)) {
+    case 0:
+        segments.erase(at);
+        return;
+    case 1:
+        std::swap(*at, *other);
+        return;
+    case 2:
+        if (at->size() > 2) (*at)[1] = static_cast<char>((*at)[1] ^ '\x80');
+        return;
+    case 3:
+        if (at->size() > 2) (*at)[2] = static_cast<char>(random());
+        return;
+    default:
+        segments.insert(at, newSegment(random));
+    }
+}
+
+} // namespace
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    Random random(seed + 1);
+    if (below(random, 2) == 0) return LLVMFuzzerMutate(data, size, maxSize);
+    std::vector<std::string> segments = segmentsOf({reinterpret_cast<const char*>(data), size});
+    for (int changes = 1 + below(random, 4); changes > 0 && !segments.empty(); --changes) change(segments, random);
+    std::string result;
+    for (const std::string& segment : segments) result += segment;
+    const std::size_t length = std::min(result.size(), maxSize);
+    std::copy_n(result.begin(), length, data);
+    return length;
+}
