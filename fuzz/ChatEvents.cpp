@@ -103,14 +103,14 @@ void StreamRig::chatEvent(const Tape::Segment& segment, RigChat& chat) {
 void StreamRig::newChat() {
     constexpr std::size_t MostChats = 12; // of which the tape can name four
     if (chats_.size() >= MostChats) return;
-    zProposeBuddy();
+    proposeBuddy();
     RigChat& chat = *chats_.emplace_back(std::make_unique<RigChat>(road_));
     chat.serial = ++serials_;
     openWindows.add({"frmChat", &chat, nullptr, {}, &chat.box});
 }
 
 void StreamRig::showChat() {
-    if (modChess.TellTarget.empty() || zFindChat(modChess.TellTarget) == -1) newChat();
+    if (modChess.TellTarget.empty() || findChat(modChess.TellTarget) == -1) newChat();
 }
 
 // tmrStart: the question for the buddy, under which the loop runs and the box may close.

@@ -64,7 +64,7 @@ void StreamRig::wireChat() {
     chatRouting_.consoleLength = [this] { return console_.size(); };
     ClassifierHooks& hooks = classifier_.hooks;
     hooks.zChatBox = [this](const std::string& line) { return routeTell(line); };
-    hooks.findChat = zFindChat;
+    hooks.findChat = findChat;
     hooks.setChatCaption = [this](int window, const std::string& caption) { setChatCaption(window, caption); };
     keys_.hooks.zNewChat = [this] { newChat(); };
 }

@@ -203,6 +203,7 @@ void tcpClient::deliverText() {
         return;
     }
     const auto now = wallClock.steadyMs();
+    if (busy()) cutter_.waitOn(now);
     arrived_ = cutter_.take(prompt(), now);
     if (arrived_.empty()) {
         delivery_.start(static_cast<int>(*cutter_.dueInMs(now)));

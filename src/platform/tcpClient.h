@@ -74,6 +74,10 @@ public:
     // How many bytes wait unread with the client (the length of `PendingText`): above 8192 nothing further is given.
     std::function<std::size_t()> backlog = [] { return std::size_t{0}; };
 
+    // Whether the client is at work on an arrival and lets the message loop run. What comes meanwhile it reads at the
+    // end of that as it is, so an unfinished line waits for its rest.
+    std::function<bool()> busy = [] { return false; };
+
     // The learnt prompt (`gPrompt`), empty before it is learnt.
     std::function<std::string()> prompt = [] { return std::string(); };
 

@@ -128,6 +128,7 @@ void frmChessClient::wireSocket() {
         pipeline.tmrArrival();
         tcpClient_.resume();
     };
+    tcpClient_.busy = [this] { return pipeline.ParseBusy; };
     tcpClient_.prompt = [] { return modChess.gPrompt; };
 }
 

@@ -353,6 +353,37 @@ TEST_F(TcpClientTest, BytesThatWereWaitingAlreadyComeFromTheNestedLoopToo) {
     EXPECT_GE(deepest, 2);
 }
 
+TEST_F(TcpClientTest, WhileTheClientIsBusyAnUnfinishedLineWaitsForItsRest) {
+    bool busy = false;
+    client->busy = [&busy] { return busy; };
+    client->onDataArrival = [&](std::int32_t) {
+        arrivals.push_back(client->GetData());
+        received += arrivals.back();
+        if (arrivals.size() > 1) return;
+        busy = true;
+        say("\n\r");
+        zWait(3 * ArrivalCutter::PatienceMs / 1000.0);
+        say("<12> position\n\rfics% ");
+        zWait(ArrivalCutter::PatienceMs / 1000.0);
+        busy = false;
+    };
+    connectClient();
+    say("hello\n\rfics% ");
+    EXPECT_TRUE(waitUntil([this] { return received.ends_with("position\n\rfics% "); }));
+    EXPECT_EQ(arrivals, (std::vector<std::string>{"hello\n\rfics% ", "\n\r<12> position\n\rfics% "}));
+}
+
+TEST_F(TcpClientTest, WhenTheClientIsBusyNoMoreAnUnfinishedLineComes) {
+    bool busy = true;
+    client->busy = [&busy] { return busy; };
+    connectClient();
+    say("unfinished");
+    zWait(3 * ArrivalCutter::PatienceMs / 1000.0);
+    EXPECT_EQ(received, "");
+    busy = false;
+    EXPECT_TRUE(waitUntil([this] { return received == "unfinished"; }));
+}
+
 TEST_F(TcpClientTest, AnArrivalThatIsNotFetchedHoldsBackTheNext) {
     connectClient();
     int raised = 0;

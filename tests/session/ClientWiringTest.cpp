@@ -1,6 +1,8 @@
 // The console window with its real socket and timers: what they do to the stream.
 #include "session/ClientRig.h"
 
+#include "platform/MessageLoop.h"
+
 #include <QElapsedTimer>
 
 #include <gmock/gmock.h>
@@ -45,6 +47,22 @@ TEST_F(ClientWiring, AnAnswerLongerThanTheSocketGivesComesWholeAndWithoutAWaitFo
     EXPECT_TRUE(read() == text);
     for (const std::string& batch : batches) EXPECT_LE(batch.size(), 2U * 8192U);
     EXPECT_TRUE(batches.front().ends_with("\n\r")) << "cut between lines";
+}
+
+// A Style 12 line that begins a batch would be printed raw.
+TEST_F(ClientWiring, ALineInTwoPiecesThatComesWhileABatchIsReadKeepsTheEmptyLineBeforeIt) {
+    modChess.gPrompt = "fics% ";
+    client->pipeline.hooks.dataParse = [this](const std::string& batch) {
+        batches.push_back(batch);
+        if (batches.size() > 1) return;
+        loopback.send("\n\r");
+        zWait(0.1);
+    };
+    loopback.send("\n\rfirst\n\rfics% ");
+    ASSERT_TRUE(waitUntil([this] { return !batches.empty() && !client->pipeline.ParseBusy; }));
+    loopback.send("<12> and so on\n\rfics% ");
+    ASSERT_TRUE(waitUntil([this] { return batches.back().ends_with("so on\n\rfics% "); }));
+    EXPECT_THAT(batches, ElementsAre("\n\rfirst\n\rfics% ", "\n\r<12> and so on\n\rfics% "));
 }
 
 TEST_F(ClientWiring, TextWithoutThePromptIsReleasedByThreeSecondsOfSilence) {
