@@ -77,7 +77,7 @@ void StreamRig::chatEvent(const Tape::Segment& segment, RigChat& chat) {
     case Event::NameChat:
         return nameChat(chat.serial, segment.text, segment.choice() != 0);
     case Event::TypeTell:
-        chat.typed += segment.text;
+        chat.typed += withoutLineEnds(segment.text);
         return;
     case Event::TypeTalk:
         for (const char c : segment.text) {

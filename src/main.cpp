@@ -9,6 +9,7 @@
 #include "settings/Sounds.h"
 
 #include <QIcon>
+#include <QPointer>
 
 #include <string>
 #include <string_view>
@@ -16,7 +17,7 @@
 namespace {
 
 const void* openBoard(const BoardRoads& roads, frmChessClient& client) {
-    auto* board = new frmChessBoard(roads); // deletes itself after closing
+    const QPointer<frmChessBoard> board(new frmChessBoard(roads)); // deletes itself after closing, even while it loads
     QObject::connect(board, &frmChessBoard::chatWanted, &client, [&client] { client.showChat(); });
     board->load();
     return board;
