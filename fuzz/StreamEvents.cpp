@@ -161,7 +161,7 @@ void StreamRig::windowEvent(int kind, RigBoard& board) {
 }
 
 void StreamRig::setOptions(std::uint8_t bits) {
-    const auto bit = [bits](unsigned number) { return static_cast<std::int16_t>(bits >> number & 1U); };
+    const auto bit = [bits](unsigned number) { return static_cast<std::int16_t>(unsigned{bits} >> number & 1U); };
     modChess.PreMoveOK = bit(0);
     modChess.AutoQueen = bit(1);
     modChess.DragMode = bit(2);
