@@ -21,8 +21,8 @@ const std::vector<Computer>& computers() {
         {"Granite", 2210, 11, 2, 12, offerOf(15, 10), true, "Patient and hard to move."},
         {"Spark", 1400, 1, 1, 0, offerOf(1, 0), false, "I move before you see it, and always the same move.", false,
          true},
-        {"Lantern", 1850, 6, 4, 35, offerOf(10, 5), false, "Always at the board with Harbour.", true},
-        {"Harbour", 1830, 6, 4, 40, offerOf(10, 5), false, "Always at the board with Lantern.", true},
+        {"Skipper", 1850, 6, 4, 35, offerOf(10, 5), false, "Always at the board with Harbour.", true},
+        {"Harbour", 1830, 6, 4, 40, offerOf(10, 5), false, "Always at the board with Skipper.", true},
     };
     return all;
 }

@@ -47,7 +47,7 @@ const std::map<std::string, std::string>& topics() {
          "Computer players\n\nSprout, Willow and Granite, from weak to strong, offer games at three time\n"
          "controls: see \"sought\".  Each plays as many opponents at once as come, so an ad\n"
          "stays open while its owner plays.  These three accept a \"match\" of any kind, and Spark, who has no "
-         "ad, answers each move at once, the same move in the same position.  Lantern and Harbour always play each "
+         "ad, answers each move at once, the same move in the same position.  Skipper and Harbour always play each "
          "other:\n"
          "see \"games\" and \"observe\"."},
         {"draw", "draw\n\nOffers a draw, or accepts the one that is offered.  A third repetition, fifty moves\n"

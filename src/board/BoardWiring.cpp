@@ -62,10 +62,13 @@ void frmChessBoard::fillLabels() {
 
 void frmChessBoard::fillTimers() {
     GameSurface& surface = game.surface;
-    tmrClock_.setInterval(100);
-    tmrNoPlay_.setParent(this); // to be found by its name
-    tmrNoPlay_.setObjectName(QStringLiteral("tmrNoPlay"));
-    tmrNoPlay_.setInterval(4000);
+    const auto prepare = [this](QTimer& timer, const char* name, int milliseconds) {
+        timer.setParent(this); // where it is found by its name
+        timer.setObjectName(QString::fromLatin1(name));
+        timer.setInterval(milliseconds);
+    };
+    prepare(tmrClock_, "tmrClock", 100);
+    prepare(tmrNoPlay_, "tmrNoPlay", 4000);
     tmrResize_.setInterval(ResizeWatch::IntervalMs);
     surface.startClock = [this] { tmrClock_.start(); };
     surface.stopClock = [this] { tmrClock_.stop(); };

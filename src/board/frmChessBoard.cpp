@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QMenuBar>
 #include <QPointer>
 #include <QStatusBar>
@@ -132,7 +133,8 @@ void frmChessBoard::fitWindow(const BoardGeometry& geometry) {
     if (unShown_) zSolveConflict(parts_.cmdUn);
 }
 
-// The program closes the window. With its own question still up it is taken along, question and all.
+// The program closes the window. With its own question still up it is closed already, and the question goes: whoever
+// waits for its answer ends the closing.
 void frmChessBoard::unload() {
     askedByUser_ = false;
     if (!asking_) {
@@ -140,7 +142,7 @@ void frmChessBoard::unload() {
         return;
     }
     finishClosing();
-    deleteLater();
+    for (QDialog* box : findChildren<QDialog*>()) box->reject();
 }
 
 void frmChessBoard::finishClosing() {

@@ -29,7 +29,7 @@ public:
     // Takes received bytes; `nowMs` is a steady time in milliseconds, of any origin.
     void append(std::string_view bytes, std::int64_t nowMs);
 
-    // What waits for a rest waits on, as if its last byte had just come.
+    // The rules' 30 ms begin anew, as if the last byte had just come: for what waits while the client reads nothing.
     void waitOn(std::int64_t nowMs) { lastByteMs_ = nowMs; }
 
     // The peer sends no more: nothing waits for a rest any longer.

@@ -81,9 +81,10 @@ QFileDialog* fileBox(QWidget* parent, const std::string& title, const std::strin
 }
 
 std::optional<std::string> askForPath(const QPointer<QFileDialog>& box) {
-    return askWith(box, [](const QFileDialog& accepted) {
+    auto path = askWith(box, [](const QFileDialog& accepted) {
         return QFile::encodeName(accepted.selectedFiles().value(0)).toStdString();
     });
+    return path && path->empty() ? std::nullopt : path;
 }
 
 std::optional<std::string> realFileOpen(QWidget* parent, const std::string& title, const std::string& start,

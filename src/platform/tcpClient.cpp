@@ -203,7 +203,8 @@ void tcpClient::deliverText() {
         return;
     }
     const auto now = wallClock.steadyMs();
-    if (busy()) cutter_.waitOn(now);
+    const bool isBusy = busy();
+    if (std::exchange(wasBusy_, isBusy) || isBusy) cutter_.waitOn(now); // the rest has its time after the work too
     arrived_ = cutter_.take(prompt(), now);
     if (arrived_.empty()) {
         delivery_.start(static_cast<int>(*cutter_.dueInMs(now)));

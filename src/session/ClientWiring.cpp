@@ -10,6 +10,8 @@
 
 #include <QApplication>
 
+#include <utility>
+
 namespace {
 
 constexpr double LoopTurn = 0.01; // seconds; lets the processor rest while a relay is waited for
@@ -105,7 +107,7 @@ void frmChessClient::wireRoad() {
 
 void frmChessClient::askInPlaceOfPanel(const std::string& command) {
     if (road.hooks.socketState() == ServerRoad::Connected) {
-        road.zSendMsg(command + modChess.gHelpTopic);
+        road.zSendMsg(command + std::exchange(modChess.gHelpTopic, {}));
         return;
     }
     txtOutput->moveToEnd();

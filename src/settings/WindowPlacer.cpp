@@ -45,7 +45,7 @@ void WindowPlacer::unminimise() {
 void WindowPlacer::settle() {
     if (!asked_) return;
     if (QLayout* layout = window_->layout()) layout->activate();
-    window_->windowHandle()->setFramePosition(*asked_);
+    if (QWindow* handle = window_->windowHandle()) handle->setFramePosition(*asked_);
     asked_.reset();
 }
 

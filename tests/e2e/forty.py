@@ -66,11 +66,15 @@ class FortyBoards(unittest.TestCase):
         self.boards[number] = window, screen
 
     def awaitAll(self):
-        """Each board shows the position of its own game."""
+        """Each board shows the position of its own game, and there is no other board."""
+        self.awaitPositions(5)
+        self.assertEqual(len(self.boardWindows()), len(self.boards))
+
+    def awaitPositions(self, seconds):
+        """Each board shows the position of its own game, `seconds` after the one before it at the latest."""
         for number, game in self.games.items():
             screen = self.boards[number][1]
-            waitFor(lambda: screen.read() == game.rows, 5, f"{game.rows} on the board of {number}")
-        self.assertEqual(len(self.boardWindows()), len(self.boards))
+            waitFor(lambda: screen.read() == game.rows, seconds, f"{game.rows} on the board of {number}")
 
     def boardWindows(self):
         return [window for window in self.display.windows() if re.search(r"\[60 0\]$", window.title)]

@@ -7,7 +7,7 @@ import threading
 import time
 import unittest
 
-from forty import FORTY, LOG_ON, QUIET, FortyBoards
+from forty import FORTY, LOG_ON, FortyBoards
 from rig import SCALE, waitFor
 from watched import WatchedGame
 
@@ -58,18 +58,18 @@ class Watching(FortyBoards):
             flood.awaitLeft(number)
             waitFor(lambda: self.isGone(number), 5, f"the board of {number} to close")
         flood.end()
-        time.sleep(QUIET)
+        last = WatchedGame(FORTY + 1)
+        self.server.say(last.now())
+        waitFor(lambda: self.display.windows(last.title), 60, "the flood to be read")
+        closed.append(last.number)
         for number in closed:  # an update that was on its way has opened a board anew
             for window in self.display.windows(WatchedGame(number).title):
                 self.display.closeWindow(window)
                 waitFor(lambda: not self.display.windows(WatchedGame(number).title), 5, "the board to close")
         self.expected = self.server.sent.decode("latin-1").removeprefix(LOG_ON)
         self.assertEqual(list(dict.fromkeys(self.expected.split("\n")[:-1])), [f"unob {number}" for number in closed])
-        for number in closed:
-            del self.boards[number], self.games[number]
-        kept = {game.title for game in self.games.values()}
+        kept = {game.title for number, game in self.games.items() if number not in closed}
         self.assertEqual(kept, {window.title for window in self.boardWindows()})
-        self.awaitAll()
 
     def testClosedWhileTheyOpen(self):
         for count in range(25):

@@ -9,7 +9,7 @@ LINE = ("<12> {rows} {mover} -1 1 1 1 1 0 {game} {white} {black} {relation} 60 0
         "(0:00) {pretty} {flip} 0 0")
 
 
-def style12(rows, game=1, mover="W", white="Lantern", black="Harbour", relation=0, number=1, move="none", pretty="none",
+def style12(rows, game=1, mover="W", white="Skipper", black="Harbour", relation=0, number=1, move="none", pretty="none",
             flip=0):
     """A position with its prompt, as the server sends it."""
     return "\n\r" + LINE.format(rows=" ".join(rows), mover=mover, game=game, white=white, black=black, number=number,

@@ -97,6 +97,15 @@ TEST_F(ArrivalCutterTest, TheThirtyMillisecondsCountFromTheLastByte) {
     EXPECT_EQ(session.takeAfter(5), "one");
 }
 
+TEST_F(ArrivalCutterTest, TheThirtyMillisecondsMayBeginAnew) {
+    session.append("unfinished");
+    session.now += 1000;
+    session.cutter.waitOn(session.now);
+    EXPECT_EQ(session.takeAfter(29), "");
+    EXPECT_EQ(session.cutter.dueInMs(session.now), 1);
+    EXPECT_EQ(session.takeAfter(1), "unfinished");
+}
+
 TEST_F(ArrivalCutterTest, AtMost8192BytesGoInOneArrival) {
     session.append(lines(100, 100));
     const std::string arrival = session.take();

@@ -2,6 +2,7 @@
 #include "platform/tcpClient.h"
 
 #include "WaitUntil.h"
+#include "platform/Clock.h"
 #include "platform/MessageLoop.h"
 
 #include <QElapsedTimer>
@@ -382,6 +383,23 @@ TEST_F(TcpClientTest, WhenTheClientIsBusyNoMoreAnUnfinishedLineComes) {
     EXPECT_EQ(received, "");
     busy = false;
     EXPECT_TRUE(waitUntil([this] { return received == "unfinished"; }));
+}
+
+TEST_F(TcpClientTest, BehindTheWorkOfTheClientAnUnfinishedLineHasItsTimeOnceMore) {
+    bool busy = true;
+    std::int64_t now = 0;
+    wallClock.steadyMs = [&now] { return now; };
+    client->busy = [&busy] { return busy; };
+    connectClient();
+    say("unfinished");
+    runFor(100);
+    busy = false;
+    now = 1000;
+    runFor(100);
+    EXPECT_EQ(received, "");
+    now += ArrivalCutter::PatienceMs;
+    EXPECT_TRUE(waitUntil([this] { return received == "unfinished"; }));
+    wallClock = Clock();
 }
 
 TEST_F(TcpClientTest, AnArrivalThatIsNotFetchedHoldsBackTheNext) {

@@ -18,7 +18,7 @@ struct ComputerRoomTest : testing::Test {
         rig.enter("Ada", "1711");
     }
 
-    Game& pairGame() { return *rig.hall.gamesOf(*rig.hall.find("Lantern")).front(); }
+    Game& pairGame() { return *rig.hall.gamesOf(*rig.hall.find("Skipper")).front(); }
 };
 
 TEST_F(ComputerRoomTest, ThreeAdsAreOpenFromTheStart) {
@@ -47,7 +47,7 @@ TEST_F(ComputerRoomTest, AGameOfThePairEndsAfter150MovesAtMost) {
     pairGame().moves.resize(299);
     pairGame().facts.fen = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR b KQkq - 0 150";
     pairGame().facts.legal = {"e7e5"};
-    rig.type("Ada", "observe lantern");
+    rig.type("Ada", "observe skipper");
     playMove(rig.hall, pairGame(), "e7e5");
     EXPECT_TRUE(has(rig.takeShown("Ada"), "Game drawn by adjudication} 1/2-1/2"));
 }

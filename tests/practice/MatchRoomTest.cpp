@@ -268,7 +268,7 @@ TEST_F(MatchRoomTest, ComputersAcceptEveryKindThatIsPlayed) {
 
 TEST_F(MatchRoomTest, ThePairThatAlwaysPlaysIsNotDisturbed) {
     openComputerRoom(rig.hall);
-    EXPECT_EQ(rig.type("Ada", "match lantern 5 0"), "Lantern is not open to match requests.");
+    EXPECT_EQ(rig.type("Ada", "match skipper 5 0"), "Skipper is not open to match requests.");
 }
 
 TEST_F(MatchRoomTest, AChallengeTakenBackInTimeStartsNothing) {

@@ -177,7 +177,7 @@ TEST(ServerComputers, ThePairsGameEndsAndTheNextBegins) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
         games = client.ask("games");
     }
-    EXPECT_NE(games.find("Lantern"), std::string::npos);
+    EXPECT_NE(games.find("Skipper"), std::string::npos);
 }
 
 } // namespace

@@ -37,6 +37,7 @@ enum class Use {
     LineMenu,
     Question,
     CloseQuestion,
+    CloseInPress,
     ColourBox
 };
 enum class Victim { Itself, Another, All, TheProgram };
@@ -84,9 +85,10 @@ protected:
     }
 
     // Runs `whileUp` as soon as a menu or a box is on the screen.
-    void onceUp() {
-        QObject::connect(&look, &QTimer::timeout, &look, [this] {
-            if (!QApplication::activePopupWidget() && !QApplication::activeModalWidget()) return;
+    void onceUp(bool boxOnly = false) {
+        QObject::connect(&look, &QTimer::timeout, &look, [this, boxOnly] {
+            const bool menu = !boxOnly && QApplication::activePopupWidget();
+            if (!menu && !QApplication::activeModalWidget()) return;
             look.stop();
             whileUp();
         });
@@ -182,6 +184,16 @@ protected:
             onceUp();
             board->close();
             break;
+        case Use::CloseInPress: // the right button is still down when the question comes, behind a menu
+            boxes.okCancel = Boxes().okCancel;
+            board->game.zSetBughouse("<b1> game 77 white [QPPP] black [RB]");
+            QTimer::singleShot(0, board, [this] {
+                EXPECT_TRUE(QApplication::activePopupWidget());
+                onceUp(true);
+                board->close();
+            });
+            rightClick();
+            break;
         case Use::ColourBox:
             boxes.colour = Boxes().colour;
             board->findChild<QAction*>(QStringLiteral("mnuColors"))->trigger();
@@ -241,8 +253,8 @@ protected:
 };
 
 std::string nameOf(const testing::TestParamInfo<std::tuple<Use, Victim>>& info) {
-    static const std::array uses{"PieceInHand", "SlipDelay", "PromotionMenu", "PromotionOfDelay", "DropMenu",
-                                 "BarMenu",     "LineMenu",  "Question",      "CloseQuestion",    "ColourBox"};
+    static const std::array uses{"PieceInHand", "SlipDelay", "PromotionMenu", "PromotionOfDelay", "DropMenu", "BarMenu",
+                                 "LineMenu",    "Question",  "CloseQuestion", "CloseInPress",     "ColourBox"};
     static const std::array victims{"ItselfCloses", "AnotherCloses", "AllClose", "TheProgramCloses"};
     return std::string(uses.at(static_cast<std::size_t>(std::get<Use>(info.param)))) +
            victims.at(static_cast<std::size_t>(std::get<Victim>(info.param)));
@@ -263,7 +275,7 @@ TEST_P(BoardsInUse, NothingIsHarmed) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     const auto [use, victim] = GetParam();
-    const bool gone = victim != Victim::Another || use == Use::CloseQuestion;
+    const bool gone = victim != Victim::Another || use == Use::CloseQuestion || use == Use::CloseInPress;
     EXPECT_EQ(board.isNull(), gone);
     const bool sent = victim == Victim::Another && !sentBy(use).empty();
     EXPECT_TRUE(!sent || serverGot(sentBy(use)));
@@ -279,6 +291,6 @@ INSTANTIATE_TEST_SUITE_P(
     Such, BoardsInUse,
     testing::Combine(testing::Values(Use::PieceInHand, Use::SlipDelay, Use::PromotionMenu, Use::PromotionOfDelay,
                                      Use::DropMenu, Use::BarMenu, Use::LineMenu, Use::Question, Use::CloseQuestion,
-                                     Use::ColourBox),
+                                     Use::CloseInPress, Use::ColourBox),
                      testing::Values(Victim::Itself, Victim::Another, Victim::All, Victim::TheProgram)),
     nameOf);
