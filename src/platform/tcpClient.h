@@ -98,7 +98,7 @@ private:
     std::string arrived_;                // the arrival that was announced and not fetched
     std::optional<std::string> failure_; // the end to come is an Error event with this description
     bool connectDue_ = false;
-    bool endDue_ = false; // the Close or Error event is to come after the text
+    bool endDue_ = false;  // the Close or Error event is to come after the text
     bool wasBusy_ = false; // at the latest look at what waits
-    QTimer delivery_;     // 0 ms: deliver from the message loop; longer: an unfinished line or a backlog waits
+    QTimer delivery_;      // 0 ms: deliver from the message loop; longer: an unfinished line or a backlog waits
 };
