@@ -226,6 +226,16 @@ TEST(Finish, DroppedOnItsOriginItGivesAPlainRepaint) {
     EXPECT_EQ(rig.all("send"), Effects{"send g1-f3"}) << "and it can be lifted again";
 }
 
+// Both squares go back, and the last target was that of the opponent's move.
+TEST(Finish, DroppedOnItsOriginItTakesTheMarkOfTheLastMovesTargetAlong) {
+    MyGame rig;
+    rig.game.zHighlightMove("P/e7-e5");
+    rig.press("g1");
+    rig.effects.clear();
+    rig.release("g1");
+    EXPECT_EQ(rig.all("draw"), (Effects{"draw 6 0", "draw 36 0"}));
+}
+
 TEST(Finish, AnyMoveModeButOneIsTheNormalPath) {
     for (const int mode : {-1, 0}) {
         MyGame rig;
