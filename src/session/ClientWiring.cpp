@@ -106,13 +106,13 @@ void frmChessClient::wireRoad() {
 }
 
 void frmChessClient::askInPlaceOfPanel(const std::string& command) {
-    if (road.hooks.socketState() == ServerRoad::Connected) {
+    if (road.hooks.socketState() == ServerRoad::Connected && pipeline.login == 0) {
         road.zSendMsg(command + std::exchange(modChess.gHelpTopic, {}));
         return;
     }
     txtOutput->moveToEnd();
     txtOutput->setColor(modChess.ColorMain);
-    txtOutput->insert(command + "asks the server, and there is no connection.\r\n");
+    txtOutput->insert(command + "asks the server, and you are not logged on.\r\n");
 }
 
 void frmChessClient::wireSocket() {

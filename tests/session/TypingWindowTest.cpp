@@ -89,7 +89,19 @@ TEST_F(TypingWindow, HelpAndHistoryAreAskedForAsTheirPanelsWillAsk) {
 TEST_F(TypingWindow, HelpWhileNotConnectedSaysWhatIsMissing) {
     start();
     type("help");
-    EXPECT_TRUE(consoleHas("Help asks the server, and there is no connection."));
+    EXPECT_TRUE(consoleHas("Help asks the server, and you are not logged on."));
+}
+
+TEST_F(TypingWindow, HelpAtTheLogOnIsNoHandleAndNoPassword) {
+    connected();
+    for (const std::int16_t login : {std::int16_t{1}, std::int16_t{2}}) {
+        client->pipeline.login = login;
+        type("help");
+    }
+    client->pipeline.login = 0;
+    type("who");
+    EXPECT_TRUE(serverGot("who\n"));
+    EXPECT_TRUE(consoleHas("Help asks the server, and you are not logged on."));
 }
 
 TEST_F(TypingWindow, ATellButtonSendsItsToolTipByTheTypedRoute) {
