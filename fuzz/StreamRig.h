@@ -60,6 +60,7 @@ private:
     void wireBoards();
     void wireChat();
     void wireRoad();
+    void askInPlaceOfPanel(const std::string& command);
     void fillSurface(RigBoard& board);
     void fillLabels(RigBoard& board);
     void fillMouse(RigBoard& board);
@@ -113,7 +114,7 @@ private:
     void showChat();
     void nameChat(long serial, std::string answer, bool proposal);
     void closeChat(long serial);
-    void enterTell(RigChat& chat);
+    void enterTell(RigChat& chat, const std::function<void()>& pressEnter);
     bool routeTell(const std::string& line);
     void checkTaken(const std::string& line, const RigChat* taker, const std::string& inserted) const;
     void setChatCaption(int window, const std::string& caption);
