@@ -65,7 +65,7 @@ void StreamRig::fillMouse(RigBoard& board) {
         board.slip = milliseconds;
     };
     input.stopSlip = [&board] { board.slip = 0; };
-    input.popupDrop = [&board](const DropEntries& entries) { board.dropMenu = entries; };
+    input.popupDrop = [this, serial](const DropEntries& entries) { popup({serial, &entries}); };
 }
 
 // The grid's window reads the cell that it is told to show.

@@ -38,7 +38,8 @@ std::string shownPart(const std::string& line) {
 }
 
 void checkHistory(const CommandHistory& history) {
-    require(history.CommandCursor >= 0 && history.CommandCursor <= CommandHistory::Last, "the history has 20 lines");
+    const std::int32_t cursor = history.CommandCursor;
+    require(cursor == 0 || !history.entries[cursor].empty(), "Up and Down stop at the lines that were sent");
     for (int entry = 1; entry <= CommandHistory::Last; ++entry) {
         require(!hasLineEnd(history.entries[entry]), "a line of the history is one line");
     }
@@ -84,9 +85,12 @@ void StreamRig::chatEvent(const Tape::Segment& segment, RigChat& chat) {
             const int code = static_cast<unsigned char>(c);
             if ((code >= ' ' && code != 127) || code == 8) chat.box.chatKeyPress(code);
         }
+        if ((segment.choice() & 8) != 0) enterTell(chat, [&chat] { chat.box.chatKeyPress(KeyEnter); });
         return;
     case Event::TellEnter:
-        return enterTell(chat);
+        return enterTell(chat, [this, &chat] {
+            require(chat.box.zTxtTell(KeyEnter) == connected_, "Enter is taken while connected");
+        });
     case Event::TellKey:
         chat.box.keyDown(segment.choice() == 0 ? KeyUp : KeyDown);
         require(chat.box.ChatHistory.CommandCursor == cursor ||
@@ -132,26 +136,25 @@ void StreamRig::closeChat(long serial) {
     std::erase_if(chats_, [serial](const auto& chat) { return chat->serial == serial; });
 }
 
-void StreamRig::enterTell(RigChat& chat) {
+// Enter in the line, or on the conversation.
+void StreamRig::enterTell(RigChat& chat, const std::function<void()>& pressEnter) {
     const std::string typed = chat.typed;
-    const std::size_t before = chat.talk.size();
+    const std::string talk = chat.talk;
     const std::int32_t sent = modChess.LinesSent;
-    const bool consumed = chat.box.zTxtTell(KeyEnter);
-    require(consumed == connected_ && modChess.LinesSent == sent + (connected_ ? 1 : 0), "Enter sends one line");
+    pressEnter();
+    require(modChess.LinesSent == sent + (connected_ ? 1 : 0), "Enter sends one line");
     if (!connected_) {
-        require(chat.typed == typed && chat.talk.size() == before, "the text stays while not connected");
+        require(chat.typed == typed && chat.talk == talk, "the text stays while not connected");
         return;
     }
     const bool command = typed.size() >= 5 && lower(typed.substr(0, 4)) == "tell";
-    const std::string head = command ? "" : "Tell " + chat.box.xBuddy + " ";
-    require(lastSent_.starts_with(head) && lastSent_.size() == head.size() + typed.size(), "a box sends tells alone");
-    require(lower(lastSent_.substr(0, 4)) == "tell", "a box sends tells alone");
+    require(lastSent_ == (command ? typed : "Tell " + chat.box.xBuddy + " " + typed), "a box sends tells alone");
     require(modChess.gLastCmd == lastSent_ && modChess.gLastTyped == lastSent_ && road_.txtOld == lastSent_,
             "what a box sent is the last line");
     require(modChess.LastBuddy == chat.box.xBuddy && road_.idleSeconds == 0, "the buddy spoken to is known");
-    require(chat.typed.empty() && chat.talk.size() == before + typed.size() + 2, "the text goes into the conversation");
-    require(chat.talk.ends_with("\r\n") && chat.caret == chat.talk.size(), "the conversation ends with the own words");
-    require(chat.box.ChatHistory.entries[1].size() == typed.size(), "the text goes into the history");
+    require(chat.typed.empty() && chat.talk == talk + typed + "\r\n", "the conversation ends with the own words");
+    require(chat.caret == chat.talk.size(), "the insertion point is behind the own words");
+    require(chat.box.ChatHistory.entries[1] == typed, "the text goes into the history");
 }
 
 bool StreamRig::routeTell(const std::string& line) {

@@ -60,7 +60,7 @@ enum : int {
     NewChat = FirstOfTyping,
     NameChat, // the question for the buddy; takes the text
     TypeTell, // takes the text
-    TypeTalk, // with the focus on the conversation; takes the text
+    TypeTalk, // with the focus on the conversation; takes the text; bit 3 of `choice`: and Enter
     TellEnter,
     TellKey,
     CloseChat,

@@ -67,11 +67,12 @@ void StreamRig::press(RigBoard& board, int button, int position) {
     const bool lifts =
         !dragging && button == Left && modChess.SelfCheckOK && square != -1 && modelMayTake(board.game, square) != 0;
     const bool defeatsDelay = dragStyle() && button == Right && board.slip != 0;
+    const long events = events_;
     landing(board, defeatsDelay ? board.heldPointer : position, [&] {
         const BoardPoint point = pointOn(board.geometry, position);
         board.input.mouseDown(button, point.x, point.y);
     });
-    if (dragging) return; // the board may be gone
+    if (dragging || events_ != events) return; // the board may be gone
     require(board.game.Dragging == lifts, "a piece is taken up when the rules let its owner move it");
     if (!lifts) return;
     require(board.game.DragFrom == square && board.game.FromSq == square && board.game.FromSet == 1,
@@ -128,6 +129,13 @@ void StreamRig::fireSlip(RigBoard& board) {
     require(board.slip == EndlessSlip && board.game.Dragging == dragging, "the endless delay does not end by itself");
 }
 
+// Answers and whatever else comes run until the menu is gone, and its board may be gone with it.
+void StreamRig::popup(Menu menu) {
+    menus_.push_back(&menu);
+    pump(&menu);
+    menus_.pop_back();
+}
+
 // The board may be gone when the menu closes, and so may the pawn.
 void StreamRig::popupPromote(long board) {
     const Game& asking = boardOf(board)->game;
@@ -135,26 +143,29 @@ void StreamRig::popupPromote(long board) {
     const int pawn = asking.Board[from];
     const int turn = asking.Turn;
     require(std::abs(pawn) == Piece::Pawn, "a pawn is asked what it becomes");
-    Menu menu{board};
-    menus_.push_back(&menu);
-    pump(&menu);
-    menus_.pop_back();
+    popup({board});
     if (RigBoard* open = boardOf(board)) open->overtaken = open->game.Board[from] != pawn || open->game.Turn != turn;
 }
 
+StreamRig::Menu* StreamRig::menuFor(const RigBoard& board, bool ofDrops) const {
+    Menu* const last = menus_.empty() ? nullptr : menus_.back();
+    return last && last->up && last->board == board.serial && (last->drops != nullptr) == ofDrops ? last : nullptr;
+}
+
 void StreamRig::answerPromotion(RigBoard& board, int choice) {
-    if (menus_.empty() || !menus_.back()->up || menus_.back()->board != board.serial) return;
+    Menu* const menu = menuFor(board, false);
+    if (!menu) return;
     if (choice < 4) board.game.PromotePiece = static_cast<std::int16_t>(Piece::Queen + choice);
-    menus_.back()->up = false;
+    menu->up = false;
 }
 
 // A disabled entry cannot be chosen; the menu stays.
 void StreamRig::answerDrop(RigBoard& board, int choice) {
+    Menu* const menu = menuFor(board, true);
     const auto entry = static_cast<std::size_t>(choice);
-    if (!board.dropMenu || (entry < board.dropMenu->size() && !(*board.dropMenu)[entry].enabled)) return;
-    const bool chosen = entry < board.dropMenu->size();
-    board.dropMenu.reset();
-    if (!chosen) return;
+    if (!menu || (entry < menu->drops->size() && !(*menu->drops)[entry].enabled)) return;
+    menu->up = false;
+    if (entry >= menu->drops->size()) return;
     board.dropping = true;
     board.input.drop(choice);
     board.dropping = false;
@@ -162,5 +173,4 @@ void StreamRig::answerDrop(RigBoard& board, int choice) {
 
 void StreamRig::closeMenus() {
     if (!menus_.empty()) menus_.back()->up = false;
-    for (const auto& board : boards_) board->dropMenu.reset();
 }

@@ -5,6 +5,8 @@
 #include "Require.h"
 #include "common/modChess.h"
 
+#include <algorithm>
+
 namespace {
 
 bool sameSquares(const BoardSquares& board, const FixedArray<std::int16_t, 63>& stored) {
@@ -141,7 +143,17 @@ void StreamRig::checkHand(RigBoard& board) const {
     board.taken = rest;
     require(!game.PreMoveSet || (onBoard(game.PreTo) && game.PreFrom != game.PreTo), "a queued move goes somewhere");
     require(game.icsMode || !game.PreMoveSet, "a move is queued in a game of the server alone");
-    if (!game.icsMode) std::ranges::replace(board.marks, 1, 0); // an ended game leaves its marks
-    const int most = 2 + (game.Dragging ? 1 : 0);
-    require(events_ != 0 || board.preMoveMarks() <= most, "no more is marked than the one queued move");
+    checkMarks(board);
+}
+
+// An ended game leaves its marks until the next one paints the board whole.
+void StreamRig::checkMarks(RigBoard& board) const {
+    const Game& game = board.game;
+    if (!game.icsMode) std::ranges::replace(board.marks, 1, 0);
+    for (int square = 0; square < 64; ++square) {
+        const bool queued = game.PreMoveSet && (square == game.PreFrom || square == game.PreTo);
+        const bool marked = board.marks[static_cast<std::size_t>(square)] == 1;
+        require(!marked || queued || (game.Dragging && square == game.DragFrom),
+                "no square is marked but those of the queued move and of the piece in hand");
+    }
 }

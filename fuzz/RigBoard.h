@@ -4,9 +4,7 @@
 #include "board/MoveInput.h"
 #include "view/BoardGeometry.h"
 
-#include <algorithm>
 #include <array>
-#include <optional>
 #include <vector>
 
 struct RigBoard {
@@ -18,12 +16,11 @@ struct RigBoard {
     bool noPlayRuns = false;
 
     // The mouse
-    int slip = 0;                        // interval of tmrSlip while it runs, ms
-    int held = 0;                        // buttons that are down, as a sum
-    int pointer = OffBoard;              // display square under the pointer
-    int heldPointer = OffBoard;          // the same at the mouse-up that tmrSlip holds
-    std::optional<DropEntries> dropMenu; // mnuDrop while it is up
-    bool dropping = false;               // an entry of it is being answered
+    int slip = 0;               // interval of tmrSlip while it runs, ms
+    int held = 0;               // buttons that are down, as a sum
+    int pointer = OffBoard;     // display square under the pointer
+    int heldPointer = OffBoard; // the same at the mouse-up that tmrSlip holds
+    bool dropping = false;      // an entry of the drop menu is being answered
 
     // What was seen
     std::vector<int> taken;      // squares from which pieces were taken up by hand whose move may still come
@@ -45,6 +42,4 @@ struct RigBoard {
         marks.fill(0);
         input.boardPainted();
     }
-
-    long preMoveMarks() const { return std::ranges::count(marks, 1); }
 };

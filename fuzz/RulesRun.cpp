@@ -38,6 +38,7 @@ void RulesRun::run() {
             require(fault.kind() == FaultKind::Subscript && row >= LastMoveRow, "a move faults past row 200 alone");
             return;
         }
+        require(game_->KingMoved == kingMoved_, "no move sets or clears that a king has moved");
     }
 }
 
@@ -70,6 +71,8 @@ void RulesRun::setUp() {
             game_->Board[square + 1] = code(two >> 4U);
         }
     }
+    game_->KingMoved[game_->Turn + 1] = (flags & 16U) != 0;
+    kingMoved_ = game_->KingMoved;
     game_->zStorePos(game_->zDevMove());
 }
 
@@ -127,7 +130,7 @@ void RulesRun::drop(int kind, int to) {
     checkMade(before, HandSquare, to, *text);
 }
 
-// As the button for one move back does it on a local board.
+// By the store, which has the position before each ply of a local game. No button of the board does it.
 void RulesRun::takeBack() {
     if (past_.empty()) return;
     Game& game = *game_;

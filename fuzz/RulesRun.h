@@ -13,7 +13,7 @@
 // An input of fuzz_rules:
 //
 //   byte 0     bit 0 a game of the server, 1 queens without asking, 2 black to move, 3 the usual start position,
-//              5 each step picks a move that the rules allow
+//              4 the king of the side to move has moved, 5 each step picks a move that the rules allow
 //   byte 1     the row of the move list to begin at, 1 to 200
 //   32 bytes   two squares each, from a1, unless bit 3 is set: 1 to 6 white, 7 to 12 black, else empty
 //   2 bytes    a step, to the end: bits 0 to 5 the squares; bits 6 and 7 of the first which piece to promote to or
@@ -57,5 +57,6 @@ private:
     std::string sent_;         // by the last move
     std::vector<Before> past_; // of a local game
     ModelGrants grants_;
+    FixedArray<bool, 2> kingMoved_; // as the game has it from the start
     std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };

@@ -188,6 +188,7 @@ void StreamRig::hangUp() {
     cutter_.finish();
     deliver();
     if (cutter_.waiting() > 0) return;
+    modChess.MyHandle.clear();
     routing_.zEndAllGames();
     clearBoards();
     cutter_ = {};

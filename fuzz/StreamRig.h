@@ -36,9 +36,10 @@ public:
 private:
     static constexpr int MostPumps = 6; // that run inside each other
 
-    // A promotion menu that is up. The one that came up last takes the answers.
+    // A menu that is up. The one that came up last takes the answers.
     struct Menu {
-        long board = 0; // serial
+        long board = 0;                     // serial
+        const DropEntries* drops = nullptr; // null in a promotion menu
         bool up = true;
     };
 
@@ -59,6 +60,7 @@ private:
     void wireBoards();
     void wireChat();
     void wireRoad();
+    void askInPlaceOfPanel(const std::string& command);
     void fillSurface(RigBoard& board);
     void fillLabels(RigBoard& board);
     void fillMouse(RigBoard& board);
@@ -87,9 +89,11 @@ private:
     void lift(RigBoard& board, int position);
     void land(RigBoard& board, int position);
     void fireSlip(RigBoard& board);
+    void popup(Menu menu);
     void popupPromote(long board);
     void answerPromotion(RigBoard& board, int choice);
     void answerDrop(RigBoard& board, int choice);
+    Menu* menuFor(const RigBoard& board, bool ofDrops) const;
     void closeMenus();
 
     // What has to hold of moves by hand, MoveChecks.cpp
@@ -100,6 +104,7 @@ private:
     void checkPosition(const Game& game, bool preMovePlayed) const;
     void sendFromBoard(RigBoard& board, const std::string& text);
     void checkHand(RigBoard& board) const;
+    void checkMarks(RigBoard& board) const;
 
     // Chat boxes and typing, ChatEvents.cpp
     void typingEvent(const Tape::Segment& segment);
@@ -109,7 +114,7 @@ private:
     void showChat();
     void nameChat(long serial, std::string answer, bool proposal);
     void closeChat(long serial);
-    void enterTell(RigChat& chat);
+    void enterTell(RigChat& chat, const std::function<void()>& pressEnter);
     bool routeTell(const std::string& line);
     void checkTaken(const std::string& line, const RigChat* taker, const std::string& inserted) const;
     void setChatCaption(int window, const std::string& caption);
@@ -162,7 +167,7 @@ private:
     GameRouting routing_;
     ChatRouting chatRouting_;
     std::string typed_;
-    std::vector<Menu*> menus_;                      // promotion menus, the latest last
+    std::vector<Menu*> menus_;                      // that are up, the latest last
     std::vector<std::unique_ptr<RigBoard>> boards_; // open
     std::vector<std::unique_ptr<RigBoard>> closed_; // closed, destroyed when nothing runs
     std::vector<std::unique_ptr<RigChat>> chats_;   // open

@@ -13,7 +13,7 @@ class Tape {
 public:
     static constexpr char Mark = '\xFE';
 
-    // One segment. `kind` is 0 to 125, from bits 0 to 6 of the event; 126 is not to be had inside a pump.
+    // One segment. `kind` is bits 0 to 6 of the event; 126 is not to be had inside a pump, where its byte is the mark.
     struct Segment {
         int kind = 0;
         std::uint8_t argument = 0;
@@ -28,7 +28,7 @@ public:
 
     bool done() const { return rest_.empty(); }
 
-    // True when the next segment is to run inside a pump of the message loop: bit 7 of its event.
+    // True when the next segment runs inside a pump of the message loop, if there is one now: bit 7 of its event.
     bool nextRunsInPump() const { return atMark() && (static_cast<std::uint8_t>(rest_[1]) & 128U) != 0; }
 
     // Takes the next segment. An argument that the input has no byte for is 0.

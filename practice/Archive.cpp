@@ -16,7 +16,7 @@ bool isOf(const Game& game, const std::string& name) {
 
 std::size_t sideFor(const Game& game, const std::string& name) { return lower(game.names[0]) == lower(name) ? 0 : 1; }
 
-// "Res", "Mat": how lists name an end. By its last words, as a player may be called "Repetition".
+// "Res", "Mat": how lists name an end. By its last words, as a player may be called "resigns".
 std::string endLetters(const std::string& reason) {
     constexpr std::array<std::pair<std::string_view, std::string_view>, 13> letters{{
         {" resigns", "Res"},

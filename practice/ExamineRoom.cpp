@@ -86,8 +86,8 @@ std::string stopExamining(Hall& hall, Player& player) {
             Player* observer = hall.find(name);
             if (!observer) continue;
             unobserveGame(hall, *observer, number);
-            observer->show(player.name + " stopped examining game " + std::to_string(number) + ".\nRemoving game " +
-                           std::to_string(number) + " from observation list.");
+            observer->show(player.name + " stopped examining game " + std::to_string(number) + ".\n" +
+                           unobservedLine(number));
         }
         hall.games.erase(number);
     }

@@ -9,7 +9,7 @@
 namespace practice {
 
 // Puts a kept game on a player's board at its start, or a bare start position when `kept` is null; gives the answer.
-// He watches and offers no games meanwhile.
+// He watches none and has no ads meanwhile.
 std::string startExamining(Hall& hall, Player& player, const KeptGame* kept);
 
 // Ends it, tells observers, and gives the answer.

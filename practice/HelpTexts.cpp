@@ -36,8 +36,8 @@ const std::map<std::string, std::string>& topics() {
          "match NAME [time inc] [rated|unrated] [white|black] [kind]\n\nChallenges a player, who answers with "
          "\"accept\" or "
          "\"decline\". Computers accept always. Another challenge takes the place of the first, and \"withdraw\" takes "
-         "it "
-         "back. \"help kinds\" tells what can be played; \"rematch\" asks your last opponent for another game with the "
+         "it back; one in answer to his, with other terms, declines his. \"help kinds\" tells what can be played; "
+         "\"rematch\" asks your last opponent for another game with the "
          "colours turned."},
         {"takeback", "takeback [half-moves]\n\nAsks the opponent to take back the last half-move, or several. "
                      "Computers are always willing."},

@@ -12,8 +12,6 @@ namespace practice {
 
 namespace {
 
-std::string half(int count) { return std::to_string(count) + " half-move(s)"; }
-
 // What the one who got an offer reads.
 std::string offeredText(const PendingOffer& offer) {
     switch (offer.kind) {
@@ -24,7 +22,7 @@ std::string offeredText(const PendingOffer& offer) {
     case OfferKind::Adjourn:
         return offer.from + " would like to adjourn the game; type \"adjourn\" to accept.";
     case OfferKind::Takeback:
-        return offer.from + " would like to take back " + half(offer.halfmoves) + ".";
+        return offer.from + " would like to take back " + halfmovesText(offer.halfmoves) + ".";
     case OfferKind::Match:
         break;
     }
@@ -34,7 +32,8 @@ std::string offeredText(const PendingOffer& offer) {
 // What observers read.
 std::string toldText(const PendingOffer& offer) {
     if (offer.kind == OfferKind::Draw) return offer.from + " offers a draw.";
-    if (offer.kind == OfferKind::Takeback) return offer.from + " requests to take back " + half(offer.halfmoves) + ".";
+    if (offer.kind == OfferKind::Takeback)
+        return offer.from + " requests to take back " + halfmovesText(offer.halfmoves) + ".";
     return offer.from + " requests to " + (offer.kind == OfferKind::Abort ? "abort" : "adjourn") + " the game.";
 }
 

@@ -80,6 +80,8 @@ std::string offerName(OfferKind kind) {
     return {};
 }
 
+std::string halfmovesText(int halfmoves) { return std::to_string(halfmoves) + " half-move(s)"; }
+
 std::string offerSentence(const PendingOffer& offer, const std::string& terms) {
     switch (offer.kind) {
     case OfferKind::Match:
@@ -91,7 +93,7 @@ std::string offerSentence(const PendingOffer& offer, const std::string& terms) {
     case OfferKind::Adjourn:
         return offer.from + " is offering an adjournment.";
     case OfferKind::Takeback:
-        return offer.from + " is offering to takeback the last " + std::to_string(offer.halfmoves) + " half move(s).";
+        return offer.from + " is offering to takeback the last " + halfmovesText(offer.halfmoves) + ".";
     }
     return {};
 }

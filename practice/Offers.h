@@ -51,6 +51,9 @@ struct OfferTable {
 // "match offer", "abort request": the offer as answers to it call it.
 std::string offerName(OfferKind kind);
 
+// "2 half-move(s)": what is to be taken back.
+std::string halfmovesText(int halfmoves);
+
 // "Ada is offering a draw.": the offer as lists tell it; `terms` is the text of a challenge's terms.
 std::string offerSentence(const PendingOffer& offer, const std::string& terms);
 

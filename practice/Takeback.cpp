@@ -1,7 +1,6 @@
 // Taking moves back.
 #include "practice/Takeback.h"
 
-#include "practice/ComputerRoom.h"
 #include "practice/Play.h"
 
 namespace practice {

@@ -49,9 +49,10 @@ Answer games(Hall& hall, Player&, const Arguments& arguments) {
             padLeft(static_cast<int>(hall.games.size()), 3) + " in progress)."};
 }
 
-// Who plays does not watch: his client has one board in front of him.
+// Who plays or examines does not watch: his client has one board in front of him.
 Answer observe(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.playing != 0) return {"You are still playing a game."};
+    if (player.examining != 0) return {"You are still examining a game."};
     if (arguments.words.empty() && hall.games.empty()) return {"There are no games in progress."};
     Game* game = arguments.words.empty() ? &hall.games.begin()->second : gameNamed(hall, arguments.word(0));
     if (!game) return noSuchGame;

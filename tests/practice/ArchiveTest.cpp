@@ -101,7 +101,7 @@ TEST(Archive, EachEndHasItsLetters) {
     EXPECT_EQ(lettersOf("Ada ran out of time and Bert has no material to mate"), "TM ");
     EXPECT_EQ(lettersOf("Ada wins by losing all material"), "WLM");
     EXPECT_EQ(lettersOf("Ada wins by having less material (stalemate)"), "WNM");
-    EXPECT_EQ(lettersOf("Repetition checkmated"), "Mat") << "a name is no reason";
+    EXPECT_EQ(lettersOf("Ada ran out of time and resigns has no material to mate"), "TM ") << "a name is no reason";
 }
 
 TEST(Archive, AStoredRowHasItsColumns) {

@@ -77,10 +77,12 @@ TEST_F(ComputerRoomTest, AMoveThoughtOutForAPositionTakenBackIsNotPlayed) {
     rig.type("Ada", "e4");
     rig.pass(0);
     rig.type("Ada", "takeback");
+    rig.pass(2'000);
+    const Game& game = *rig.hall.game(rig.hall.find("Ada")->playing);
+    EXPECT_TRUE(game.moves.empty());
     rig.proposals = {{"g8f6", 0}};
     rig.type("Ada", "d4");
     rig.pass(2'000);
-    const Game& game = *rig.hall.game(rig.hall.find("Ada")->playing);
     ASSERT_EQ(game.moves.size(), 2U);
     EXPECT_EQ(game.moves.back().engineForm, "g8f6");
 }

@@ -65,7 +65,7 @@ TEST(Offers, AMoveDropsWhatItsMakerGotAndNotWhatHeMade) {
 TEST(Offers, EachKindHasItsSentence) {
     PendingOffer offer = offerOf(OfferKind::Takeback, "Ada", "Bert");
     offer.halfmoves = 2;
-    EXPECT_EQ(offerSentence(offer, ""), "Ada is offering to takeback the last 2 half move(s).");
+    EXPECT_EQ(offerSentence(offer, ""), "Ada is offering to takeback the last 2 half-move(s).");
     offer.kind = OfferKind::Draw;
     EXPECT_EQ(offerSentence(offer, ""), "Ada is offering a draw.");
     offer.kind = OfferKind::Match;

@@ -76,6 +76,20 @@ TEST(ServerRobustness, TwentyClientsComeAtOnce) {
     clients[0]->until(" 26 players displayed (of 26).");
 }
 
+TEST(ServerRobustness, MoreThan200ClientsAreTurnedAway) {
+    TestServer server;
+    std::vector<std::unique_ptr<TestClient>> clients;
+    for (int i = 0; i < 200; ++i) {
+        clients.push_back(std::make_unique<TestClient>(server.port()));
+        clients.back()->until("login: ");
+    }
+    bool closed = false;
+    EXPECT_EQ(TestClient(server.port()).rest(closed), "\n\rThe practice hall is full.  Come back later.\n\r");
+    EXPECT_TRUE(closed);
+    clients.front()->line("guest");
+    clients.front()->until("enter the server as \"");
+}
+
 TEST(ServerRobustness, AClientThatAsksMuchAndReadsLateGetsAllAnswers) {
     TestServer server;
     TestClient client(server.port());

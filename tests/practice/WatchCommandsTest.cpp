@@ -52,6 +52,15 @@ TEST_F(WatchCommandsTest, PlayersDoNotObserve) {
     EXPECT_EQ(rig.type("Ada", "observe 1"), "You are still playing a game.");
 }
 
+TEST_F(WatchCommandsTest, WhoExaminesDoesNotObserveNotEvenHisOwnGame) {
+    rig.match("Ada", "Bert");
+    rig.type("Cora", "examine");
+    for (const char* line : {"observe", "observe 1", "observe cora"}) {
+        EXPECT_EQ(rig.type("Cora", line), "You are still examining a game.") << line;
+    }
+    EXPECT_TRUE(rig.hall.find("Cora")->observing.empty());
+}
+
 TEST_F(WatchCommandsTest, ObservingEndsByNumberOrForAll) {
     rig.enter("Dora");
     rig.enter("Emil");
