@@ -84,9 +84,9 @@ void StreamRig::wireRoad() {
 
 // As the console window does it, which has no panels for either.
 void StreamRig::askInPlaceOfPanel(const std::string& command) {
-    if (connected_) {
+    if (connected_ && pipeline_.login == 0) {
         road_.zSendMsg(command + std::exchange(modChess.gHelpTopic, {}));
     } else {
-        console_ += command + "asks the server, and there is no connection.\r\n";
+        console_ += command + "asks the server, and you are not logged on.\r\n";
     }
 }
