@@ -3,9 +3,15 @@
 from game import QUIET, SCALE, PlayedByHand, time, unittest, waitFor
 
 
-class ChatBox(PlayedByHand):
+class Windows:
+    """The console and the boxes on a display of the test's."""
+
     def look(self, window):
         return self.display.picture(window.left, window.top, window.width, window.height).data
+
+    def text(self, window):
+        """The console's lines as they look; the caret below them blinks."""
+        return self.display.picture(window.left, window.top, window.width, window.height * 3 // 4).data
 
     def focusConsole(self):
         """Clicks its typing line, which stands at the lower left."""
@@ -13,19 +19,29 @@ class ChatBox(PlayedByHand):
         self.display.click(window.left + 120 * SCALE, window.top + window.height - 28 * SCALE)
         return window
 
-    def openBoxFor(self, handle):
-        """Shift+F9 asks for the buddy and proposes whoever has told something last."""
+    def openBox(self, title):
+        """Shift+F9 asks for the buddy and proposes whoever or what channel has told something last."""
         self.focusConsole()
         self.display.keys("shift+F9")
-        self.awaitDialog("Chat Box")
+        question = self.display.awaitDialog("Chat Box")
         self.display.keys("Return")
-        box = self.awaitWindow(f"Chat with {handle}")
-        self.display.click(box.left + box.width // 2, box.top + box.height - 20 * SCALE)  # its typing line
+        self.display.awaitGone(question)
+        box = self.display.awaitWindow(title)
+        self.focusBox(box)
         return box
+
+    def focusBox(self, box):
+        """Clicks its typing line."""
+        self.display.click(box.left + box.width // 2, box.top + box.height - 20 * SCALE)
+
+
+class ChatBox(Windows, PlayedByHand):
+    def openBoxFor(self, handle):
+        return self.openBox(f"Chat with {handle}")
 
     def tell(self, text):
         self.partner.say(f"tell Pupil {text}")
-        waitFor(lambda: f"Rookery tells you: {text}".encode() in self.wire.received, 5, "the tell")
+        waitFor(lambda: f"Rookery tells you: {text}".encode() in self.wire.received, "the tell")
         time.sleep(QUIET)
 
     def testABoxOpenedByATellAnswersItsSender(self):
@@ -46,13 +62,9 @@ class ChatBox(PlayedByHand):
         time.sleep(QUIET)
         boxBefore, consoleBefore = self.look(box), self.text(console)
         self.tell("are you there?")
-        waitFor(lambda: self.look(box) != boxBefore, 3, "the tell in the box")
-        self.assertEqual(self.text(console), consoleBefore)
+        waitFor(lambda: self.look(box) != boxBefore, "the tell in the box")
         self.awaitNothingMore()
-
-    def text(self, window):
-        """The console's lines as they look; the caret below them blinks."""
-        return self.display.picture(window.left, window.top, window.width, window.height * 3 // 4).data
+        self.assertEqual(self.text(console), consoleBefore)
 
     def testAnotherUsersTellStaysInTheConsole(self):
         self.logOn()
@@ -62,9 +74,9 @@ class ChatBox(PlayedByHand):
         time.sleep(QUIET)
         boxBefore, consoleBefore = self.look(box), self.text(console)
         self.wire.sayForUser("tell Pupil I am here myself")
-        waitFor(lambda: self.text(console) != consoleBefore, 3, "the tell in the console")
-        self.assertEqual(self.look(box), boxBefore)
+        waitFor(lambda: self.text(console) != consoleBefore, "the tell in the console")
         self.awaitNothingMore()
+        self.assertEqual(self.look(box), boxBefore)
 
     def testAWholeTellCommandTypedInTheBoxGoesOutAsItIs(self):
         self.logOn()
@@ -80,9 +92,9 @@ class ChatBox(PlayedByHand):
         self.tell("good evening")
         self.focusConsole()
         self.display.keys("shift+F9")
-        self.awaitDialog("Chat Box")
+        self.display.awaitDialog("Chat Box")
         self.display.keys("BackSpace", "Return")
-        waitFor(lambda: not [each for each in self.display.windows() if each.title.startswith("Chat")], 5,
+        waitFor(lambda: not [each for each in self.display.windows() if each.title.startswith("Chat")],
                 "the box to close")
         self.awaitNothingMore()
 
