@@ -1,6 +1,12 @@
 #!/usr/bin/env python3
 """A talk in a chat box of the built program: opened for whoever has told something, and answered by typing."""
 from game import QUIET, SCALE, PlayedByHand, time, unittest, waitFor
+from rig import LOG_ON, Client, Display
+from screen import iter4
+from scripted import ScriptedServer
+from style12 import PROMPT
+
+TELL = b"\x00\x00\xff"  # the default colour of tells, as the screen holds it
 
 
 class Windows:
@@ -110,6 +116,82 @@ class ChatBox(Windows, PlayedByHand):
         self.partner.await_("Pupil tells you: why?")
         self.move("g1", "f3")
         self.awaitSent("e2-e4", "Tell Rookery why?", "g1-f3")
+
+
+class LinesOfTheServer(Windows, unittest.TestCase):
+    """The server's lines come one by one, as the test gives them."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.display = cls.enterClassContext(Display())
+
+    def setUp(self):
+        self.server = ScriptedServer()
+        self.addCleanup(self.server.end)
+        self.client = Client(self.display, self.server.port)
+        self.expected = ""
+        self.addCleanup(self.endClient)
+        self.server.logOn()
+        time.sleep(QUIET)
+
+    def endClient(self):
+        self.client.end()
+        self.assertEqual(self.server.whole(), LOG_ON + self.expected)
+
+    def beginWithABox(self, tell, title):
+        """That tell has opened a box, and the keys are with the console again."""
+        self.server.say(f"\n\r{tell}{PROMPT}")
+        self.box = self.openBox(title)
+        self.console = self.focusConsole()
+        time.sleep(QUIET)
+
+    def awaitIn(self, changing, still, *lines):
+        """The server's lines, which come at once, change the look of one window and not the tells in the other."""
+        before = [self.text(changing), self.tells(still)]
+        self.server.say("".join(f"\n\r{line}" for line in lines) + PROMPT)
+        waitFor(lambda: self.text(changing) != before[0], f"{lines} in {changing.title!r}")
+        time.sleep(QUIET)
+        self.assertEqual(self.tells(still), before[1])
+
+    def tells(self, window):
+        """The rows of pixels in which letters of a tell stand."""
+        picture = self.display.picture(window.left, window.top, window.width, window.height * 3 // 4)
+        return {y: picture.row(y) for y in range(picture.height) if any(iter4(picture.row(y), TELL))}
+
+    def testAChannelHasABox(self):
+        self.beginWithABox("Rookery(50): good evening", "Chat on 50")
+        self.awaitIn(self.box, self.console, "Rookery(50): are you there?")
+        self.focusBox(self.box)
+        self.display.type("here")
+        self.display.keys("Return")
+        self.server.awaitLine("Tell 50 here")
+        self.expected = "Tell 50 here\n"
+
+    def testAnotherChannelStaysInTheConsole(self):
+        self.beginWithABox("Rookery(50): good evening", "Chat on 50")
+        self.awaitIn(self.console, self.box, "Rookery(51): are you there?")
+
+    def testTheRestOfATellGoesToItsBox(self):
+        self.beginWithABox("Rookery tells you: good evening", "Chat with Rookery")
+        tell, lowest = "Rookery tells you: one", []
+        for lines in ([tell], [tell], [tell, "\\   one"]):
+            self.awaitIn(self.box, self.console, *lines)
+            lowest.append(max(self.tells(self.box)))
+        self.assertEqual(lowest[2] - lowest[1], 2 * (lowest[1] - lowest[0]))
+
+    def testTheRestThatComesLaterStaysInTheConsole(self):
+        self.beginWithABox("Rookery tells you: good evening", "Chat with Rookery")
+        self.awaitIn(self.box, self.console, "Rookery tells you: a long story")
+        self.awaitIn(self.console, self.box, "\\   and its end")
+
+    def testTheNextTellBehindAClosedBoxGoesToTheConsole(self):
+        self.beginWithABox("Rookery tells you: good evening", "Chat with Rookery")
+        self.display.closeWindow(self.box)
+        self.display.awaitGone(self.box)
+        before = self.text(self.console)
+        self.server.say("\n\rRookery tells you: a long story\n\r\\   and its end" + PROMPT)
+        waitFor(lambda: self.text(self.console) != before, "the tell in the console")
+        self.assertEqual(self.display.windows("Chat with Rookery"), [])
 
 
 if __name__ == "__main__":
