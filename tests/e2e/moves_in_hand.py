@@ -95,7 +95,7 @@ class InHand(PlayedByHand):
         self.drag("b7", "a8")
         self.display.awaitMenu()
         self.takeBackTwo()
-        time.sleep(QUIET)
+        waitFor(lambda: self.screen.pieceOn("h7") == "p", "the pawn back on h7")
         self.choose(QUEEN)
         self.awaitNothingMore(*SENT_ON_THE_ROAD)
         self.awaitPosition()
