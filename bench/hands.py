@@ -18,9 +18,10 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests/e2e")]
 from desktop import Display, waitFor  # noqa: E402
-from rig import Client  # noqa: E402
+from rig import Client, awaitLifting  # noqa: E402
 from screen import MOVED, PRE_MOVED, Screen  # noqa: E402
-from scripted import ScriptedServer, style12  # noqa: E402
+from scripted import ScriptedServer  # noqa: E402
+from style12 import style12  # noqa: E402
 
 HOME = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
 OUT = HOME[:5] + ["-----N--", "PPPPPPPP", "RNBQKB-R"]
@@ -48,9 +49,9 @@ class Hands:
         self.opponent.logOn("Bench", "bench")
         self.screen = Screen(display)
         self.opponent.position(HOME, USERS, "none", "none")
-        waitFor(self.screen.find, 15, "a board")
-        time.sleep(4.5)  # no piece can be lifted in the first four seconds
-        waitFor(self.screen.find, 5, "the board")
+        waitFor(self.screen.find, "a board")
+        awaitLifting()
+        waitFor(self.screen.find, "the board")
         if self.screen.side != SIDE:
             raise SystemExit(f"hands: the squares have {self.screen.side} pixels and not {SIDE}")
 
@@ -66,7 +67,7 @@ class Hands:
         """CPU milliseconds for each of `count` movements that far apart. A program that paints at a pace of its own
         would show by costing more when they come slowly."""
         self.lift("g1")
-        waitFor(lambda: self.screen.mark("g1") == MOVED, 2, "the piece to be lifted")
+        waitFor(lambda: self.screen.mark("g1") == MOVED, "the piece to be lifted")
         x, y = self.screen.centre("d4")
         before = self.cpu()
         for step in range(count):

@@ -1,6 +1,7 @@
 """A virtual display with a real pointer: what a user has in hand and before his eyes, for tests and benchmarks.
 
 No window manager runs on it; the tests ask for what one does for its user: windows are moved, and asked to close."""
+import contextlib
 import ctypes
 import os
 import subprocess
@@ -10,7 +11,8 @@ import typing
 from x11 import (ALL_PLANES, ANY_TYPE, CLIENT_MESSAGE, MAP_NOTIFY, SUBSTRUCTURE_NOTIFY, VIEWABLE, Z_PIXMAP,
                  XClientMessage, XWindowAttributes, passOver, x11Calls)
 
-LEFT, MIDDLE, RIGHT = 1, 2, 3  # buttons as the window system counts them
+LEFT, RIGHT = 1, 3  # buttons as the window system counts them
+LIMIT = 30.0  # seconds, which only a hang reaches
 SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # device pixels to one of the program's
 
 
@@ -52,25 +54,38 @@ class Display:
         self.width, self.height = width * SCALE, height * SCALE
 
     def __enter__(self):
-        read, write = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self.width}x{self.height}x24", "-nolisten", "tcp"],
-            pass_fds=[write], stderr=subprocess.DEVNULL)
-        os.close(write)
-        with os.fdopen(read) as pipe:
-            self.name = ":" + pipe.readline().strip()
-        self.x11, self.xtst = x11Calls()
-        self.x11.XSetErrorHandler(passOver)
-        self.connection = self.x11.XOpenDisplay(self.name.encode())
-        self.root = self.x11.XDefaultRootWindow(self.connection)
-        self.x11.XSelectInput(self.connection, self.root, SUBSTRUCTURE_NOTIFY)
-        self.x11.XSync(self.connection, 0)
+        with contextlib.ExitStack() as stack:
+            self.start(stack)
+            self.connect(stack)
+            self.atEnd = stack.pop_all()
         return self
 
     def __exit__(self, *_):
-        self.x11.XCloseDisplay(self.connection)
-        self.server.terminate()
-        self.server.wait()
+        self.atEnd.close()
+
+    def start(self, stack):
+        read, write = os.pipe()
+        server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self.width}x{self.height}x24", "-nolisten", "tcp"],
+            pass_fds=[write], stderr=subprocess.DEVNULL)
+        stack.callback(endProcess, server)
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            raise RuntimeError("the virtual display did not start")
+        self.name = ":" + number
+
+    def connect(self, stack):
+        self.x11, self.xtst = x11Calls()
+        self.x11.XSetErrorHandler(passOver)
+        self.connection = self.x11.XOpenDisplay(self.name.encode())
+        if not self.connection:
+            raise RuntimeError(f"the virtual display {self.name} is not to be reached")
+        stack.callback(self.x11.XCloseDisplay, self.connection)
+        self.root = self.x11.XDefaultRootWindow(self.connection)
+        self.x11.XSelectInput(self.connection, self.root, SUBSTRUCTURE_NOTIFY)
+        self.x11.XSync(self.connection, 0)
 
     def awaitMap(self):
         """Waits until a window shows."""
@@ -150,6 +165,31 @@ class Display:
         self.x11.XGetInputFocus(self.connection, ctypes.byref(number), ctypes.byref(revert))
         return number.value == window.number
 
+    def awaitWindow(self, title):
+        """The highest window of that title, as soon as it shows."""
+        return waitFor(lambda: self.windows(title), f"a window {title!r}")[-1]
+
+    def awaitFocus(self, window):
+        waitFor(lambda: self.hasFocus(window), f"the focus in {window.title!r}")
+        return window
+
+    def awaitDialog(self, title):
+        """The window of that title, as soon as it takes the keys."""
+        return self.awaitFocus(self.awaitWindow(title))
+
+    def awaitMenu(self):
+        """The popup menu that is open."""
+        return waitFor(self.menus, "a menu")[-1]
+
+    def awaitNoMenu(self):
+        waitFor(lambda: not self.menus(), "the menu to close")
+
+    def isGone(self, window):
+        return window.number not in [each.number for each in self.windows()]
+
+    def awaitGone(self, window):
+        waitFor(lambda: self.isGone(window), f"{window.title!r} to close")
+
     def moveWindow(self, window, left, top):
         """As a user does who drags the title."""
         self.x11.XMoveWindow(self.connection, window.number, left, top)
@@ -178,13 +218,25 @@ class Display:
         subprocess.run(["import", "-display", self.name, "-window", "root", str(path)], check=True)
 
 
-def waitFor(holds, seconds=10.0, what="it"):
-    """Waits until `holds()` gives something true, and gives that; an error after `seconds`."""
+def waitFor(holds, what, seconds=LIMIT):
+    """Waits until `holds()` gives something true, and gives that; an error after `seconds`. `what` is waited for: a
+    text, or what gives one then."""
     until = time.monotonic() + seconds
     while True:
         found = holds()
         if found:
             return found
         if time.monotonic() > until:
-            raise AssertionError(f"waited {seconds} s in vain for {what}")
+            raise AssertionError(f"waited {seconds} s in vain for {what() if callable(what) else what}")
         time.sleep(0.005)
+
+
+def endProcess(process):
+    """Asks a process to end and gives its exit status; one that does not end is killed, and that is an error."""
+    process.terminate()
+    try:
+        return process.wait(LIMIT)
+    except subprocess.TimeoutExpired:
+        process.kill()
+        process.wait()
+        raise

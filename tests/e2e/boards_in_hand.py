@@ -3,9 +3,10 @@
 import time
 import unittest
 
-from forty import QUIET, FortyBoards
-from rig import RIGHT, waitFor
-from scripted import style12
+from dialogs import Dialog
+from forty import FortyBoards
+from rig import QUIET, RIGHT, awaitLifting, waitFor
+from style12 import style12
 
 OWN = 90  # number of the game in which the user moves
 TITLE = "Pupil - Harbour    [60 0]"
@@ -20,14 +21,13 @@ class OneInHand(FortyBoards):
         self.own = rows
         self.server.say(style12(rows, game=OWN, white="Pupil", relation=relation))
         self.layOut(OWN, TITLE)
-        time.sleep(4.2)  # no piece can be lifted in the first four seconds of a game
+        awaitLifting()
         self.screen = self.boards[OWN][1]
-        waitFor(lambda: self.screen.read() == rows, 5, "the own game")
+        waitFor(lambda: self.screen.read() == rows, "the own game")
 
     def lift(self, square):
         self.display.move(*self.screen.centre(square))
         self.display.press()
-        self.addCleanup(self.display.release)
 
     def carry(self, start, end):
         self.lift(start)
@@ -36,29 +36,28 @@ class OneInHand(FortyBoards):
     def openPromotion(self):
         self.carry("a7", "a8")
         self.display.release()
-        waitFor(self.display.menus, 5, "the promotion menu")
+        self.display.awaitMenu()
 
     def openDrop(self):
         self.server.say(HOLDINGS)
         time.sleep(QUIET)
         self.display.click(*self.screen.centre("d4"), RIGHT)
-        waitFor(self.display.menus, 5, "the drop menu")
+        self.display.awaitMenu()
 
     def awaitOwnClosed(self, *commands):
         for command in commands:
             self.awaitCommand(command)
         self.forget(OWN)
-        waitFor(lambda: not self.display.menus(), 5, "the menu to go")
+        self.display.awaitNoMenu()
         self.display.release()
         self.display.move(*self.boards[20][1].centre("e4"))
         self.round()
         self.awaitAll()
 
     def answerQuestion(self, key):
-        waitFor(lambda: self.display.windows("Game in progress"), 5, "the question")
+        question = Dialog.find(self.display, "Game in progress")
         self.round()
-        self.display.keys(key)
-        waitFor(lambda: not self.display.windows("Game in progress"), 5, "the question to go")
+        question.answer(key)
 
     def testAnExaminedBoardIsClosedWithAPieceInHand(self):
         self.showOwn(HOME, EXAMINED)

@@ -16,9 +16,7 @@ class DrawAndResign(PlayedByHand):
                            self.screen.top + 8 * self.screen.side - BUTTON_ROW * SCALE)
 
     def answerQuestion(self, key):
-        question = Dialog(self.display, self.awaitDialog("Brightrank"))
-        self.display.keys(key)
-        question.awaitGone()
+        Dialog.find(self.display, "Brightrank").answer(key)
 
     def testADrawIsOfferedByItsButton(self):
         self.begin(Confirm_Resign=0)
@@ -32,7 +30,7 @@ class DrawAndResign(PlayedByHand):
     def testADrawIsOfferedWhenTheQuestionIsAnsweredWithYes(self):
         self.begin()
         self.press(DRAW)
-        self.awaitWindow("Brightrank")
+        self.display.awaitWindow("Brightrank")
         self.awaitNothingMore()
         self.answerQuestion("alt+y")
         self.awaitSent("Draw")
@@ -51,7 +49,7 @@ class DrawAndResign(PlayedByHand):
         self.begin()
         self.move("e2", "e4")
         self.press(RESIGN)
-        self.awaitWindow("Brightrank")
+        self.display.awaitWindow("Brightrank")
         self.awaitNothingMore("e2-e4")
         self.answerQuestion("alt+y")
         self.awaitSent("e2-e4", "Resign")
@@ -61,7 +59,7 @@ class DrawAndResign(PlayedByHand):
         self.begin()
         self.move("e2", "e4")
         self.press(RESIGN)
-        self.awaitWindow("Brightrank")
+        self.display.awaitWindow("Brightrank")
         self.awaitAnother(lambda: self.partner.say("e7e5"), "the opponent's move")
         self.answerQuestion("alt+n")
         self.awaitPosition()
@@ -78,13 +76,13 @@ class Challenges(PlayedByHand):
     def open(self, title, key):
         """Actions, Match or Seek, of the board that shows before any game."""
         screen = Screen(self.display)
-        waitFor(screen.find, 10, "the board")
+        waitFor(screen.find, "the board")
         self.display.click(*screen.centre("e4"))
-        self.awaitDialog("Brightrank - Board")
+        self.display.awaitDialog("Brightrank - Board")
         self.display.keys("alt+a")
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.display.keys(key)
-        return Dialog(self.display, self.awaitDialog(title))
+        return Dialog.find(self.display, title)
 
     def challenge(self):
         return self.open("Match", "m")
@@ -100,10 +98,10 @@ class Challenges(PlayedByHand):
         dialog.click("Rated")
         dialog.click("OK")
         self.awaitSent("Match Rookery 5 0 r ")
-        dialog.awaitGone()
+        self.display.awaitGone(dialog.window)
         self.partner.await_("Challenge: Pupil")
         self.partner.say("accept")
-        waitFor(self.wire.positions, 5, "the game")
+        waitFor(self.wire.positions, "the game")
         self.assertEqual(self.wire.positions()[-1][16:18], ["Pupil", "Rookery"])
 
     def testAChallengeToAVariantWithAColor(self):
@@ -145,7 +143,7 @@ class Challenges(PlayedByHand):
         dialog = self.challenge()
         dialog.write(self.OPPONENT, "Rookery")
         dialog.click("Cancel")
-        dialog.awaitGone()
+        self.display.awaitGone(dialog.window)
         self.awaitNothingMore()
 
     def testASeekIsComposed(self):
@@ -156,7 +154,7 @@ class Challenges(PlayedByHand):
         dialog.click("Rated")
         dialog.click("OK")
         self.awaitSent("Seek 3 0 r 0-9999")
-        dialog.awaitGone()
+        self.display.awaitGone(dialog.window)
 
     def testASeekOfAVariantWithAColorAndARange(self):
         self.logOn()

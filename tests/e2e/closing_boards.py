@@ -1,9 +1,7 @@
 #!/usr/bin/env python3
 """The board of a game that goes on is closed: with a piece in hand, in the delay, under a menu, not after all."""
-from game import RIGHT, PlayedByHand, time, unittest, waitFor
-from moves_in_hand import ROAD, SENT_ON_THE_ROAD
-
-QUESTION = "Game in progress"
+from dialogs import Dialog
+from game import RIGHT, ROAD, SENT_ON_THE_ROAD, PlayedByHand, awaitLifting, time, unittest, waitFor
 
 
 class ClosingTheBoard(PlayedByHand):
@@ -11,27 +9,22 @@ class ClosingTheBoard(PlayedByHand):
 
     def close(self):
         """The board's window is asked to close, and asks back."""
-        self.board = self.awaitWindow("Pupil - Rookery    [10 0]")
-        self.display.closeWindow(self.board)
-        self.awaitDialog(QUESTION)
-
-    def answerQuestion(self, key):
-        self.display.keys(key)
-        waitFor(lambda: not self.display.windows(QUESTION), 5, "the question to go")
+        self.closing = self.display.awaitWindow("Pupil - Rookery    [10 0]")
+        self.display.closeWindow(self.closing)
+        self.question = Dialog.find(self.display, "Game in progress")
 
     def confirm(self):
-        self.answerQuestion("Return")
-        waitFor(lambda: self.board.number not in [each.number for each in self.display.windows()], 5,
-                "the board to close")
+        self.question.answer("Return")
+        self.display.awaitGone(self.closing)
         self.display.release()
 
     def playOn(self, *sent):
         """The server's next position opens a board anew."""
         self.awaitNothingMore(*sent)
         self.awaitAnother(lambda: self.wire.sayForUser("refresh"), "the refresh")
-        waitFor(self.screen.find, 10, "the board")
+        waitFor(self.screen.find, "the board")
         self.awaitPosition()
-        time.sleep(4.2)  # no piece can be lifted in the first four seconds
+        awaitLifting()
         self.move("g1", "f3")
         self.awaitSent(*sent, "g1-f3")
 
@@ -44,11 +37,11 @@ class ClosingTheBoard(PlayedByHand):
         self.playOn()
 
     def testInTheDelay(self):
-        self.begin(Mouse_Slip=9)
+        self.begin(Mouse_Slip=10)
         self.drag("e2", "e4")
         self.close()
         self.confirm()
-        time.sleep(2.2)
+        time.sleep(5.2)
         self.playOn()
 
     def testWithAPieceOnThePointerByClicks(self):
@@ -63,7 +56,7 @@ class ClosingTheBoard(PlayedByHand):
         self.begin()
         self.play(*ROAD)
         self.drag("b7", "a8")
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.close()
         self.confirm()
         self.assertEqual(self.display.menus(), [])
@@ -73,7 +66,7 @@ class ClosingTheBoard(PlayedByHand):
         self.begin(kind="crazyhouse")
         self.play("e2e4", "d7d5", "e4d5", "h7h6")
         self.display.click(*self.screen.centre("e4"), RIGHT)
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.close()
         self.confirm()
         self.assertEqual(self.display.menus(), [])
@@ -84,10 +77,11 @@ class ClosingTheBoard(PlayedByHand):
         self.move("e2", "e4")
         self.drag("g1", "f3")
         self.display.move(*self.screen.centre("e5"))
+        self.awaitQueued("f3")
         self.close()
         self.confirm()
         self.awaitAnother(lambda: self.partner.say("d7d6"), "the opponent's move")
-        waitFor(self.screen.find, 10, "the board")
+        waitFor(self.screen.find, "the board")
         self.playOn("e2-e4")
 
     def testRefusedWithAPieceInHand(self):
@@ -95,7 +89,7 @@ class ClosingTheBoard(PlayedByHand):
         self.lift("e2")
         self.display.move(*self.screen.centre("e3"))
         self.close()
-        self.answerQuestion("Escape")
+        self.question.answer("Escape")
         self.display.release()
         self.display.click(*self.screen.centre("e2"))  # it still hangs on the pointer, though the button is up
         self.awaitPosition()
@@ -106,9 +100,9 @@ class ClosingTheBoard(PlayedByHand):
         self.begin()
         self.play(*ROAD)
         self.drag("b7", "a8")
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.close()
-        self.answerQuestion("Escape")
+        self.question.answer("Escape")
         # The question has taken the menu down without a choice, which leaves the piece to the server.
         self.awaitSent(*SENT_ON_THE_ROAD, "b7-a8")
         self.answer("h6h5")

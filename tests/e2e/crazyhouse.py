@@ -9,14 +9,14 @@ ENTRIES = ("Q", "R", "B", "N", "P")
 class CrazyhouseDrops(PlayedByHand):
     def openMenu(self, square):
         self.display.click(*self.screen.centre(square), RIGHT)
-        return self.awaitMenu()
+        return self.display.awaitMenu()
 
     def clickEntry(self, menu, letter):
         place = (ENTRIES.index(letter) + 0.5) / len(ENTRIES)
         self.display.click(menu.left + menu.width // 2, menu.top + int(place * menu.height))
 
     def awaitDrop(self, row, pieces):
-        waitFor(lambda: self.wire.positions()[-1][row] == pieces, 5, f"{pieces} on the server's board")
+        waitFor(lambda: self.wire.positions()[-1][row] == pieces, f"{pieces} on the server's board")
         self.awaitPosition()
 
     def testACapturedPawnIsDroppedThroughThePopup(self):

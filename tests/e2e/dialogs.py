@@ -14,6 +14,11 @@ class Dialog:
     def __init__(self, display, window):
         self.display, self.window = display, window
 
+    @classmethod
+    def find(cls, display, title):
+        """That of a title, as soon as it takes the keys."""
+        return cls(display, display.awaitDialog(title))
+
     def fields(self):
         """The middles of the white fields, from the top and then from the left."""
         window = self.window
@@ -30,7 +35,7 @@ class Dialog:
 
     def write(self, field, text):
         """Puts a text into a field, whatever stood there."""
-        self.display.click(*waitFor(self.fields, 5, "the dialog's fields")[field])
+        self.display.click(*waitFor(self.fields, "the dialog's fields")[field])
         self.display.keys("ctrl+a")
         self.display.type(text)
 
@@ -43,14 +48,14 @@ class Dialog:
     def pick(self, control, index):
         """An entry of a list, which shows its first one yet."""
         self.click(control)
-        waitFor(self.display.menus, 5, f"the list of {control}")
+        self.display.awaitMenu()
         self.display.keys(*["Down"] * index, "Return")
-        waitFor(lambda: not self.display.menus(), 5, f"the list of {control} to close")
+        self.display.awaitNoMenu()
         time.sleep(0.1)
 
-    def awaitGone(self):
-        waitFor(lambda: self.window.number not in [window.number for window in self.display.windows()], 5,
-                f"the dialog {self.window.title} to close")
+    def answer(self, key):
+        self.display.keys(key)
+        self.display.awaitGone(self.window)
 
 
 def runs(row):

@@ -1,16 +1,19 @@
 """One game of two people: Pupil at the program, with the pointer, and Rookery at the server's own text."""
+import contextlib
 import time
 import unittest
 
 from learn import learnPieces
 from peers import Partner, PracticeServer, Wire
-from rig import LEFT, RIGHT, SCALE, Client, Display, waitFor
-from screen import MOVED, Screen
+from rig import LOG_ON, QUIET, RIGHT, SCALE, Client, Display, awaitLifting, waitFor
+from screen import MOVED, PRE_MOVED, Screen
+from style12 import RELATION, VERBOSE_MOVE, target
 
-QUIET = 0.25  # seconds in which something that must not happen would have happened
-RELATION, VERBOSE_MOVE = 18, 26  # fields of a Style 12 line, counted from its first row
-USERS_MOVE = "1"
-LOG_ON = ["Pupil", "practice", "Set Style 12"]  # all that the program says before its user does anything
+USERS_MOVE, PARTNERS_MOVE = "1", "-1"  # relations
+QUEEN, ROOK, BISHOP, KNIGHT = 1, 2, 3, 4  # entries of the promotion menu
+# To the move that promotes on a8, and what the program sends on the way.
+ROAD = ("e2e4", "d7d5", "e4d5", "c7c6", "d5c6", "a7a6", "c6b7", "h7h6")
+SENT_ON_THE_ROAD = ("e2-e4", "e4-d5", "d5-c6", "c6-b7")
 
 
 class PlayedByHand(unittest.TestCase):
@@ -33,15 +36,16 @@ class PlayedByHand(unittest.TestCase):
         self.logOn(**settings)
         self.startGame(white, kind)
         self.screen = Screen(self.display, flipped=not white, pieces=self.pieces)
-        waitFor(self.screen.find, 10, "the board")
+        waitFor(self.screen.find, "the board")
         self.awaitPosition()
-        self.awaitFocus(self.board())
+        self.display.awaitFocus(self.board())
         self.display.keys("alt+b", "l")  # Board, Clean: else no piece can be lifted in the first four seconds
         time.sleep(QUIET)
 
     def logOn(self, **settings):
         """Program and partner are there, and no game is."""
         self.expected = None
+        self.addCleanup(self.display.release)
         self.wire = Wire(self.practice.port)
         self.addCleanup(self.wire.end)
         self.display.move(self.display.width - 20, self.display.height - 20)
@@ -50,8 +54,8 @@ class PlayedByHand(unittest.TestCase):
         self.greet()
         self.partner = Partner(self.practice.port)
         self.addCleanup(self.partner.end)
-        waitFor(lambda: LOG_ON[-1] in self.wire.lines(), 20, "the log-on")
-        self.assertEqual(self.wire.lines(), [*LOG_ON, ""])
+        waitFor(lambda: len(self.wire.sent) >= len(LOG_ON), "the log-on")
+        self.assertEqual(self.wire.text(), LOG_ON)
         time.sleep(2 * QUIET)
 
     def greet(self):
@@ -62,22 +66,30 @@ class PlayedByHand(unittest.TestCase):
         self.partner.await_("Issuing")
         self.wire.sayForUser("accept")
         self.partner.await_("Creating")
-        waitFor(self.wire.positions, 10, "the first position")
+        waitFor(self.wire.positions, "the first position")
 
     def endClient(self):
-        self.assertEqual(self.client.end(), 0, "the program ended in disorder")
+        self.client.end()
         self.assertIsNotNone(self.expected, "the test has not said what the server gets")
-        self.assertEqual(self.sent(), self.expected)
+        self.assertEqual(self.wire.whole(), LOG_ON + "".join(f"{line}\n" for line in self.expected))
+
+    @contextlib.contextmanager
+    def round(self, **name):
+        """A subtest with a program of its own, which ends with it."""
+        with self.subTest(**name):
+            try:
+                yield
+            finally:
+                self.doCleanups()
 
     def sent(self):
-        """The commands the program has sent since the log-on, each as it came; what lacks its end stands last."""
-        lines = self.wire.lines()[len(LOG_ON):]
-        return lines[:-1] if lines[-1] == "" else lines
+        """The commands the program has sent since the log-on, each as it came and with its end."""
+        return self.wire.text()[len(LOG_ON):].split("\n")[:-1]
 
-    def awaitSent(self, *lines, seconds=5):
+    def awaitSent(self, *lines):
         """Waits until the server has got these commands in all, byte for byte."""
         self.expected = list(lines)
-        waitFor(lambda: len(self.sent()) >= len(lines), seconds, f"{lines} and not {self.sent()}")
+        waitFor(lambda: len(self.sent()) >= len(lines), lambda: f"{lines} and not {self.wire.text()!r}")
         self.assertEqual(self.sent(), self.expected)
 
     def awaitNothingMore(self, *lines):
@@ -87,28 +99,16 @@ class PlayedByHand(unittest.TestCase):
 
     def awaitPosition(self):
         """Waits until the screen shows the position that the server sent last."""
-        waitFor(lambda: self.screen.read() == self.wire.positions()[-1][:8], 5,
-                f"{self.wire.positions()[-1][:8]} on the screen")
+        waitFor(lambda: self.screen.read() == self.wire.positions()[-1][:8],
+                lambda: f"{self.wire.positions()[-1][:8]} on the screen and not {self.screen.read()}")
 
-    def awaitWindow(self, title):
-        """The window of that title, as soon as it shows."""
-        return waitFor(lambda: self.display.windows(title), 5, f"a window {title!r}")[-1]
-
-    def awaitDialog(self, title):
-        """The same, when it takes the keys."""
-        return self.awaitFocus(self.awaitWindow(title))
-
-    def awaitFocus(self, window):
-        waitFor(lambda: self.display.hasFocus(window), 5, f"the focus in {window.title!r}")
-        return window
+    def awaitQueued(self, end):
+        """Waits until the screen shows a pre-move to that square."""
+        waitFor(lambda: self.screen.mark(end) == PRE_MOVED, f"the mark on {end}")
 
     def board(self):
         """The window of the board that shows."""
         return next(each for each in self.display.windows() if not each.title.startswith("Brightrank - Client"))
-
-    def awaitMenu(self):
-        """The popup menu that is open."""
-        return waitFor(self.display.menus, 5, "a menu")[-1]
 
     def lift(self, square):
         self.display.move(*self.screen.centre(square))
@@ -129,7 +129,7 @@ class PlayedByHand(unittest.TestCase):
     def flip(self):
         """Board, Flip."""
         self.display.keys("alt+b")
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.display.keys("f")
         time.sleep(QUIET)
         self.screen.flipped = not self.screen.flipped
@@ -138,22 +138,29 @@ class PlayedByHand(unittest.TestCase):
         """Does something, and waits until the server has sent another position."""
         count = len(self.wire.positions())
         action()
-        waitFor(lambda: len(self.wire.positions()) > count, 5, f"the position behind {what}; sent {self.sent()}")
+        waitFor(lambda: len(self.wire.positions()) > count,
+                lambda: f"the position behind {what}; sent {self.sent()}")
 
     def awaitConfirmed(self):
         """Waits until the screen shows the server's last move as such. A move of the user's own shows before that; the
-        marks come with the server's word, "P/e2-e4", but for castling, which has none."""
+        marks come with the server's word, "P/e2-e4"."""
         self.awaitPosition()
-        move = self.wire.positions()[-1][VERBOSE_MOVE]
-        if move.startswith("o-o"):
-            time.sleep(QUIET)
-        else:
-            waitFor(lambda: self.screen.mark(move[5:7]) == MOVED, 5, f"the mark of {move}")
+        self.awaitMarked()
+
+    def awaitMarked(self):
+        last = self.wire.positions()[-1]
+        waitFor(lambda: self.screen.mark(target(last)) == MOVED, f"the mark of {last[VERBOSE_MOVE]}")
+
+    def answerInHand(self, move):
+        """The partner's move while a piece is in hand, which is missing on the screen; waits until it shows."""
+        self.awaitAnother(lambda: self.partner.say(move), move)
+        self.awaitMarked()
 
     def answer(self, move):
         """The partner's move, after the program's last one has come to him; waits until it shows."""
+        waitFor(lambda: self.wire.positions()[-1][RELATION] == PARTNERS_MOVE, f"the partner's turn before {move}")
         self.awaitAnother(lambda: self.partner.say(move), move)
-        waitFor(lambda: self.wire.positions()[-1][RELATION] == USERS_MOVE, 5, f"the position behind {move}")
+        waitFor(lambda: self.wire.positions()[-1][RELATION] == USERS_MOVE, f"the position behind {move}")
         self.awaitConfirmed()
 
     def move(self, start, end):
@@ -182,8 +189,8 @@ class PlayedByHand(unittest.TestCase):
 
     def choose(self, entry):
         """An entry of the menu that is open, by keys."""
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.display.keys(*["Down"] * entry, "Return")
 
 
-__all__ = ["LEFT", "RIGHT", "SCALE", "QUIET", "PlayedByHand", "waitFor", "time", "unittest"]
+__all__ = ["RIGHT", "SCALE", "QUIET", "PlayedByHand", "awaitLifting", "waitFor", "time", "unittest"]

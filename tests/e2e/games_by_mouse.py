@@ -1,9 +1,6 @@
 #!/usr/bin/env python3
 """Whole games played with the pointer on the built program; what the server receives is compared byte for byte."""
-from game import PlayedByHand, unittest, waitFor
-
-
-QUEEN, ROOK, BISHOP, KNIGHT = 1, 2, 3, 4  # entries of the promotion menu
+from game import BISHOP, KNIGHT, QUEEN, ROAD, ROOK, SENT_ON_THE_ROAD, PlayedByHand, unittest, waitFor
 
 
 class GamesByDragging(PlayedByHand):
@@ -84,35 +81,32 @@ class GamesByDragging(PlayedByHand):
 
 class Promotions(PlayedByHand):
     settings = {"AutoQueen": 0}
-    road = ("e2e4", "d7d5", "e4d5", "c7c6", "d5c6", "a7a6", "c6b7")
-    sentOnTheRoad = ("e2-e4", "e4-d5", "d5-c6", "c6-b7")
 
     def testPromotionToAKnight(self):
         self.begin()
-        self.play(*self.road, "h7h6")
+        self.play(*ROAD)
         self.promote("b7", "a8", KNIGHT)
-        self.awaitSent(*self.sentOnTheRoad, "b7-a8=N")
+        self.awaitSent(*SENT_ON_THE_ROAD, "b7-a8=N")
         self.answer("h6h5")
         self.assertEqual(self.screen.read()[0][0], "N")
 
     def testPromotionToAQueenWithCheck(self):
         self.begin()
-        self.play(*self.road, "d8d7")
+        self.play(*ROAD[:-1], "d8d7")
         self.promote("b7", "c8", QUEEN)
-        self.awaitSent(*self.sentOnTheRoad, "b7-c8=Q+")
-        waitFor(lambda: self.wire.positions()[-1][0].startswith("rnQ"), 5, "the queen on the server's board")
+        self.awaitSent(*SENT_ON_THE_ROAD, "b7-c8=Q+")
+        waitFor(lambda: self.wire.positions()[-1][0].startswith("rnQ"), "the queen on the server's board")
         self.awaitPosition()
 
     def testPromotionToARookAndABishop(self):
         for entry, letter in ((ROOK, "R"), (BISHOP, "B")):
-            with self.subTest(letter):
+            with self.round(piece=letter):
                 self.begin()
-                self.play(*self.road, "h7h6")
+                self.play(*ROAD)
                 self.promote("b7", "a8", entry)
-                self.awaitSent(*self.sentOnTheRoad, f"b7-a8={letter}")
+                self.awaitSent(*SENT_ON_THE_ROAD, f"b7-a8={letter}")
                 self.answer("h6h5")
                 self.assertEqual(self.screen.read()[0][0], letter)
-                self.doCleanups()
 
     def testBlackPromotesToAKnightWithCheck(self):
         self.begin(white=False)
@@ -124,9 +118,9 @@ class Promotions(PlayedByHand):
 
     def testAutoQueenAsksNothing(self):
         self.begin(AutoQueen=1)
-        self.play(*self.road, "h7h6")
+        self.play(*ROAD)
         self.drag("b7", "a8")
-        self.awaitSent(*self.sentOnTheRoad, "b7-a8=Q")
+        self.awaitSent(*SENT_ON_THE_ROAD, "b7-a8=Q")
         self.answer("h6h5")
 
 

@@ -1,23 +1,25 @@
 """Takes the looks of all pieces from the screen: a server that shows one position, and a run of the program."""
+import contextlib
+
 from rig import Client, waitFor
 from screen import ALL_PIECES, Screen
-from scripted import ScriptedServer, style12
+from scripted import ScriptedServer
+from style12 import style12
 
 
 def learnPieces(display, **client):
     """The pieces' looks as a `Screen` keeps them, on a board of the size that `client` gives."""
-    server = ScriptedServer()
-    program = Client(display, server.port, **client)
     screen = Screen(display)
-    try:
+    with contextlib.ExitStack() as stack:
+        server = ScriptedServer()
+        stack.callback(server.end)
+        program = Client(display, server.port, **client)
+        stack.callback(program.end)
         server.logOn()
         server.say(style12(ALL_PIECES, game=7))
-        waitFor(screen.find, 15, "a board")
-        waitFor(lambda: settled(screen), 10, "the position")
+        waitFor(screen.find, "a board")
+        waitFor(lambda: settled(screen), "the position")
         screen.learn(ALL_PIECES)
-    finally:
-        program.end()
-        server.end()
     return screen.pieces
 
 

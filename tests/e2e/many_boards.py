@@ -7,8 +7,8 @@ import threading
 import time
 import unittest
 
-from forty import FORTY, LOG_ON, FortyBoards
-from rig import SCALE, waitFor
+from forty import FORTY, FortyBoards
+from rig import LOG_ON, SCALE, waitFor
 from watched import WatchedGame
 
 
@@ -42,7 +42,7 @@ class Watching(FortyBoards):
             self.awaitAll()
             window = self.boards[number][0]
             self.display.click(window.left + 20 * SCALE, window.top + 10 * SCALE)
-            menu = waitFor(self.display.menus, 5, "the menu File")[0]
+            menu = self.display.awaitMenu()  # File
             self.display.click(menu.left + menu.width // 2, menu.top + menu.height - 12 * SCALE)  # Exit is the last
             self.awaitCommand(f"unob {number}")
             self.forget(number)
@@ -56,37 +56,37 @@ class Watching(FortyBoards):
             time.sleep(self.dice.random() / 50)
             self.close(number)
             flood.awaitLeft(number)
-            waitFor(lambda: self.isGone(number), 5, f"the board of {number} to close")
+            self.display.awaitGone(self.boards[number][0])
         flood.end()
         last = WatchedGame(FORTY + 1)
         self.server.say(last.now())
-        waitFor(lambda: self.display.windows(last.title), 60, "the flood to be read")
+        waitFor(lambda: self.display.windows(last.title), "the flood to be read", 60)
         closed.append(last.number)
         for number in closed:  # an update that was on its way has opened a board anew
             for window in self.display.windows(WatchedGame(number).title):
                 self.display.closeWindow(window)
-                waitFor(lambda: not self.display.windows(WatchedGame(number).title), 5, "the board to close")
+                waitFor(lambda: not self.display.windows(WatchedGame(number).title), "the board to close")
         self.expected = self.server.sent.decode("latin-1").removeprefix(LOG_ON)
         self.assertEqual(list(dict.fromkeys(self.expected.split("\n")[:-1])), [f"unob {number}" for number in closed])
-        kept = {game.title for number, game in self.games.items() if number not in closed}
-        self.assertEqual(kept, {window.title for window in self.boardWindows()})
+        self.games = {number: game for number, game in self.games.items() if number not in closed}
+        self.assertEqual({game.title for game in self.games.values()}, {each.title for each in self.boardWindows()})
 
     def testClosedWhileTheyOpen(self):
         for count in range(25):
             game = WatchedGame(50 + count)
             before = {window.number for window in self.display.windows()}
             self.server.say(game.now() + "".join(each.next() for each in self.games.values()))
-            opened = waitFor(lambda: [each for each in self.display.windows() if each.number not in before], 5,
+            opened = waitFor(lambda: [each for each in self.display.windows() if each.number not in before],
                              "another board")
             time.sleep(count * 0.001)
             self.display.closeWindow(opened[0])
             self.awaitCommand(f"unob {game.number}")
-            waitFor(lambda: not self.display.windows(game.title), 5, f"{game.title} to close")
+            waitFor(lambda: not self.display.windows(game.title), f"{game.title} to close")
         self.awaitAll()
 
 
 class Flood:
-    """Updates of all games at random, as fast as the program takes them, until their boards leave them."""
+    """Updates of all games at random, one a millisecond at the most, until their boards leave them."""
 
     def __init__(self, server, games):
         self.server, self.games = server, dict(games)
@@ -113,7 +113,7 @@ class Flood:
             self.left[int(line.removeprefix("unob "))] += 1
 
     def awaitLeft(self, number):
-        waitFor(lambda: self.left[number], 5, f"unob {number}")
+        waitFor(lambda: self.left[number], f"unob {number}")
 
     def end(self):
         self.ended = True

@@ -1,10 +1,7 @@
 #!/usr/bin/env python3
 """A move in hand and what may come between: buttons, the edge of the board, the end of game or program."""
-from game import QUIET, RIGHT, PlayedByHand, time, unittest, waitFor
-
-ROAD = ("e2e4", "d7d5", "e4d5", "c7c6", "d5c6", "a7a6", "c6b7", "h7h6")
-SENT_ON_THE_ROAD = ("e2-e4", "e4-d5", "d5-c6", "c6-b7")
-QUEEN, ROOK = 1, 2  # entries of the promotion menu
+from game import (QUEEN, QUIET, RIGHT, ROAD, ROOK, SENT_ON_THE_ROAD, PlayedByHand, awaitLifting, time, unittest,
+                  waitFor)
 
 
 class InHand(PlayedByHand):
@@ -37,7 +34,7 @@ class InHand(PlayedByHand):
         self.lift("e2")
         self.display.move(5, 5)
         self.display.release()
-        waitFor(lambda: self.screen.middles() == before, 3, "the board as it was")
+        waitFor(lambda: self.screen.middles() == before, "the board as it was")
         self.assertEqual(self.sent(), [])
         self.move("e2", "e4")
         self.awaitSent("e2-e4")
@@ -61,7 +58,7 @@ class InHand(PlayedByHand):
         self.begin()
         self.play(*ROAD)
         self.drag("b7", "a8")
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.endGame()
         self.display.keys("Down", "Return")
         self.awaitNothingMore(*SENT_ON_THE_ROAD)
@@ -70,13 +67,13 @@ class InHand(PlayedByHand):
         self.begin()
         self.play(*ROAD)
         self.drag("b7", "a8")
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.endGame()
         self.awaitAnother(lambda: self.startGame(True, ""), "the new game's start")
         time.sleep(2 * QUIET)
         self.choose(QUEEN)
         self.awaitNothingMore(*SENT_ON_THE_ROAD)
-        time.sleep(4.2)
+        awaitLifting()
         self.awaitPosition()
         self.move("g1", "f3")
         self.awaitSent(*SENT_ON_THE_ROAD, "g1-f3")
@@ -85,7 +82,7 @@ class InHand(PlayedByHand):
         self.begin()
         self.play(*ROAD)
         self.drag("b7", "a8")
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.awaitAnother(lambda: self.wire.sayForUser("refresh"), "the refresh")
         time.sleep(QUIET)
         self.choose(ROOK)
@@ -96,9 +93,9 @@ class InHand(PlayedByHand):
         self.begin()
         self.play(*ROAD)
         self.drag("b7", "a8")
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.takeBackTwo()
-        time.sleep(QUIET)
+        waitFor(lambda: self.screen.pieceOn("h7") == "p", "the pawn back on h7")
         self.choose(QUEEN)
         self.awaitNothingMore(*SENT_ON_THE_ROAD)
         self.awaitPosition()
@@ -111,7 +108,7 @@ class InHand(PlayedByHand):
         self.lift("e4")
         self.display.move(*self.screen.centre("e6"))
         self.takeBackTwo()
-        time.sleep(QUIET)
+        waitFor(lambda: self.screen.pieceOn("e7") == "p", "the pawn back on e7")
         self.drop("e5")
         self.awaitNothingMore("e2-e4")
         self.awaitPosition()
@@ -129,20 +126,18 @@ class InHand(PlayedByHand):
 
     def testTheProgramEndsWithAMoveInHand(self):
         for state in ("lifted", "in delay", "menu"):
-            with self.subTest(state):
+            with self.round(state=state):
                 self.begin(Mouse_Slip=11 if state == "in delay" else 0)
                 if state == "menu":
                     self.play(*ROAD)
                     self.drag("b7", "a8")
-                    self.awaitMenu()
+                    self.display.awaitMenu()
                 else:
                     self.lift("e2")
                     self.display.move(*self.screen.centre("e4"))
                     if state == "in delay":
                         self.display.release()
                 self.awaitNothingMore(*(SENT_ON_THE_ROAD if state == "menu" else ()))
-                self.doCleanups()
-                self.display.release()
 
 
 class Waiting(PlayedByHand):
@@ -155,18 +150,18 @@ class Waiting(PlayedByHand):
         self.display.move(*self.screen.centre("e5"))
         self.awaitNothingMore(*SENT_ON_THE_ROAD)
         self.awaitAnother(lambda: self.partner.say("h7h6"), "the opponent's move")
-        self.awaitMenu()
+        self.display.awaitMenu()
         self.awaitNothingMore(*SENT_ON_THE_ROAD)
         self.choose(QUEEN)
         self.awaitSent(*SENT_ON_THE_ROAD, "b7-a8=Q")
-        waitFor(lambda: self.wire.positions()[-1][0].startswith("Q"), 5, "the queen on the server's board")
+        waitFor(lambda: self.wire.positions()[-1][0].startswith("Q"), "the queen on the server's board")
         self.awaitPosition()
 
     def testThePointerThatRestsWhereThePieceWasLetGoSendsThePreMove(self):
         self.begin()
         self.move("e2", "e4")
         self.drag("g1", "f3")
-        time.sleep(QUIET)
+        self.awaitQueued("f3")
         self.partner.say("d7d6")
         self.awaitSent("e2-e4", "g1-f3")
 
@@ -174,6 +169,7 @@ class Waiting(PlayedByHand):
         self.begin()
         self.move("e2", "e4")
         self.drag("g1", "f3")
+        self.awaitQueued("f3")
         self.partner.say("resign")
         self.partner.await_("resigns")
         time.sleep(QUIET)

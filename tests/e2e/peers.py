@@ -1,4 +1,6 @@
 """Who the program talks with: the practice server, a wire to it that keeps every byte, and a partner who types."""
+import contextlib
+import os
 import queue
 import re
 import socket
@@ -6,7 +8,15 @@ import subprocess
 import threading
 import time
 
-from rig import BUILD
+from rig import BUILD, LIMIT, endProcess
+
+
+def hangUp(*sockets):
+    """Closes those that there are, also under a thread that reads from one."""
+    for each in filter(None, sockets):
+        with contextlib.suppress(OSError):  # it may not be connected
+            each.shutdown(socket.SHUT_RDWR)
+        each.close()
 
 
 class Wire:
@@ -18,7 +28,7 @@ class Wire:
         self.serverPort = serverPort
         self.sent = bytearray()  # by the program
         self.received = bytearray()  # by the program
-        self.times = []  # (moment, count of bytes sent by then)
+        self.times = []  # the moments at which the program has sent
         self.thread = threading.Thread(target=self.run, daemon=True)
         self.thread.start()
 
@@ -35,9 +45,9 @@ class Wire:
     def carry(self, source, target, kept):
         try:
             while piece := source.recv(65536):
-                kept += piece
                 if kept is self.sent:
-                    self.times.append((time.monotonic(), len(kept)))
+                    self.times.append(time.monotonic())
+                kept += piece
                 target.sendall(piece)
             target.shutdown(socket.SHUT_RDWR)
         except OSError:
@@ -47,9 +57,14 @@ class Wire:
         """A command to the server that the program knows nothing of."""
         self.server.sendall(line.encode("latin-1") + b"\n")
 
-    def lines(self):
-        """What the program has sent so far, line by line."""
-        return bytes(self.sent).decode("latin-1").split("\n")
+    def text(self):
+        """What the program has sent so far."""
+        return bytes(self.sent).decode("latin-1")
+
+    def whole(self):
+        """All that the program has sent, when it has ended."""
+        self.thread.join(LIMIT)
+        return self.text()
 
     def positions(self):
         """The Style 12 lines that the program was given, each as its fields."""
@@ -57,23 +72,23 @@ class Wire:
         return [line.decode("latin-1").split(" ") for line in found]
 
     def end(self):
-        for each in (self.listener, getattr(self, "client", None), getattr(self, "server", None)):
-            if each:
-                each.close()
+        hangUp(self.listener, getattr(self, "client", None), getattr(self, "server", None))
 
 
 class PracticeServer:
-    def __init__(self, *options):
-        self.process = subprocess.Popen([str(BUILD / "brightrank-practice"), "--port", "0", "--seed", "7", *options],
-                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-        while not (found := re.search(rb"127\.0\.0\.1:(\d+)|port (\d+)", self.process.stdout.readline())):
+    """It does not outlive the tests, in whatever way they end."""
+
+    def __init__(self):
+        self.process = subprocess.Popen(
+            [str(BUILD / "brightrank-practice"), "--port", "0", "--seed", "7", "--owner-pid", str(os.getpid())],
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        while not (found := re.search(rb"127\.0\.0\.1:(\d+)", self.process.stdout.readline())):
             if self.process.poll() is not None:
                 raise RuntimeError("the practice server did not start")
-        self.port = int(found[1] or found[2])
+        self.port = int(found[1])
 
     def end(self):
-        self.process.terminate()
-        self.process.wait(10)
+        endProcess(self.process)
 
 
 class Partner:
@@ -103,7 +118,7 @@ class Partner:
     def say(self, line):
         self.socket.sendall(line.encode("latin-1") + b"\n")
 
-    def await_(self, pattern, seconds=10):
+    def await_(self, pattern, seconds=LIMIT):
         """Waits for a pattern in what has come since the last one, and gives its match."""
         until = time.monotonic() + seconds
         while not (found := re.compile(pattern).search(self.text, self.read)):
@@ -115,4 +130,4 @@ class Partner:
         return found
 
     def end(self):
-        self.socket.close()
+        hangUp(self.socket)

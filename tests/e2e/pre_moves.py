@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """The queued pre-move, with the pointer on the built program: played, refused, replaced, taken back."""
-from game import QUIET, PlayedByHand, time, unittest, waitFor
+from game import PlayedByHand, unittest, waitFor
 from screen import DARK, LIGHT, MOVED, PRE_MOVED
 
 
@@ -15,12 +15,12 @@ class PreMoves(PlayedByHand):
         """Queues a pre-move; the pointer goes to an empty square then, since resting on a piece queues it again."""
         self.drag(start, end)
         self.display.move(*self.screen.centre("e5"))
-        waitFor(lambda: self.screen.mark(end) == PRE_MOVED, 3, f"the mark on {end}")
+        self.awaitQueued(end)
         self.assertEqual(self.screen.mark(start), PRE_MOVED)
 
     def assertPlain(self, *squares):
         for square in squares:
-            waitFor(lambda: self.screen.mark(square) in (LIGHT, DARK), 3, f"no mark on {square}")
+            waitFor(lambda: self.screen.mark(square) in (LIGHT, DARK), f"no mark on {square}")
 
     def testALegalPreMoveIsSentWhenTheOpponentHasMoved(self):
         self.beginWithTheOpponentToMove()
@@ -28,9 +28,9 @@ class PreMoves(PlayedByHand):
         self.awaitNothingMore("e2-e4")
         self.partner.say("d7d6")
         self.awaitSent("e2-e4", "g1-f3")
-        waitFor(lambda: len(self.wire.positions()) >= 4, 5, "the server's answer")
+        waitFor(lambda: len(self.wire.positions()) >= 4, "the server's answer")
         self.awaitPosition()
-        waitFor(lambda: self.screen.mark("g1") == MOVED, 3, "the mark of the last move")
+        waitFor(lambda: self.screen.mark("g1") == MOVED, "the mark of the last move")
 
     def testAPreMoveThatTheReplyBlocksIsNotSent(self):
         self.begin()
@@ -59,7 +59,7 @@ class PreMoves(PlayedByHand):
         self.awaitNothingMore("e2-e4")
         self.awaitAnother(lambda: self.partner.say("d7d5"), "the pawn to be taken")
         self.awaitSent("e2-e4", "e4-d5")
-        waitFor(lambda: self.wire.positions()[-1][3] == "---P----", 5, "the pawn on the server's board")
+        waitFor(lambda: self.wire.positions()[-1][3] == "---P----", "the pawn on the server's board")
         self.awaitPosition()
 
     def testASecondPreMoveReplacesTheFirst(self):
@@ -94,17 +94,16 @@ class PreMoves(PlayedByHand):
         self.display.move(*self.screen.centre("b1"))
         self.answer("d7d6")
         self.awaitNothingMore("e2-e4")
-        waitFor(lambda: self.screen.mark("f3") == PRE_MOVED, 3, "the mark still on f3")
+        self.awaitQueued("f3")
 
     def testAPieceInHandWhileTheOpponentMovesIsDroppedOnTheNewPosition(self):
         self.beginWithTheOpponentToMove()
         self.lift("g1")
         self.display.move(*self.screen.centre("f3"))
-        self.awaitAnother(lambda: self.partner.say("d7d6"), "the opponent's move")
-        time.sleep(QUIET)
+        self.answerInHand("d7d6")
         self.drop("f3")
         self.awaitSent("e2-e4", "g1-f3")
-        waitFor(lambda: len(self.wire.positions()) >= 4, 5, "the server's answer")
+        waitFor(lambda: len(self.wire.positions()) >= 4, "the server's answer")
         self.awaitPosition()
 
 

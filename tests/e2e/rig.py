@@ -7,14 +7,17 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 sys.path.insert(0, str(ROOT / "tools"))
-from desktop import LEFT, RIGHT, SCALE, Display, waitFor  # noqa: E402, F401
+from desktop import LIMIT, RIGHT, SCALE, Display, endProcess, waitFor  # noqa: E402, F401
 
 BUILD = pathlib.Path(os.environ.get("BRIGHTRANK_BUILD", ROOT / "build/dev")).resolve()
 
 TWIPS = 15  # a pixel of the program's, in the store
+QUIET = 0.25  # seconds in which something that must not happen would have happened
+LOG_ON = "Pupil\npractice\nSet Style 12\n"  # all that the program says before its user does anything
 
 # The keys of the store's section Client; a test may give others.
 CLIENT = {"Registry_OK": "Yes", "IP": "127.0.0.1", "Use_Timeseal": "False", "Auto_Connect": "True",
@@ -50,14 +53,19 @@ class Client:
         return int(re.search(r"VmRSS:\s+(\d+)", status)[1]) * 1024 / 1e6
 
     def end(self):
-        """Asks the program to end; gives its exit status. What it said of a disorder is shown."""
-        self.process.terminate()
+        """Asks the program to end, which it has to do in order. What it said of a disorder is shown."""
         try:
-            status = self.process.wait(15)
+            status = endProcess(self.process)
         finally:
             if self.process.returncode != 0:
                 self.log.seek(0)
                 sys.stderr.write(self.log.read().decode(errors="replace"))
             self.log.close()
             shutil.rmtree(self.folder, ignore_errors=True)
-        return status
+        if status != 0:
+            raise AssertionError(f"the program ended with status {status}")
+
+
+def awaitLifting():
+    """No piece can be lifted in the first four seconds of a game."""
+    time.sleep(4.2)

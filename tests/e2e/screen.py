@@ -58,6 +58,10 @@ class Screen:
             found[square] = picture.part(x - self.left + edge, y - self.top + edge, inner, inner)
         return found
 
+    def changed(self, before):
+        """The squares whose middles look other than they did."""
+        return {square for square, look in self.middles().items() if look != before[square]}
+
     def learn(self, rows):
         """Takes the pieces' looks from a position that is known to show; rows as in a Style 12 line."""
         for square, look in self.middles().items():
@@ -67,6 +71,9 @@ class Screen:
         """The position that shows, as the eight rows of a Style 12 line; "?" for what is no known piece."""
         middles = self.middles()
         return ["".join(self.pieces.get(middles[file + rank], "?") for file in "abcdefgh") for rank in "87654321"]
+
+    def pieceOn(self, square):
+        return pieceOn(self.read(), square)
 
     def mark(self, square):
         """The colour of the square's frame."""

@@ -4,16 +4,9 @@ import socket
 import threading
 import time
 
-PROMPT = "\n\rfics% "
-LINE = ("<12> {rows} {mover} -1 1 1 1 1 0 {game} {white} {black} {relation} 60 0 39 39 3600 3600 {number} {move} "
-        "(0:00) {pretty} {flip} 0 0")
-
-
-def style12(rows, game=1, mover="W", white="Skipper", black="Harbour", relation=0, number=1, move="none", pretty="none",
-            flip=0):
-    """A position with its prompt, as the server sends it."""
-    return "\n\r" + LINE.format(rows=" ".join(rows), mover=mover, game=game, white=white, black=black, number=number,
-                                relation=relation, move=move, pretty=pretty, flip=flip) + PROMPT
+from peers import hangUp
+from rig import LIMIT
+from style12 import PROMPT
 
 
 class ScriptedServer:
@@ -24,7 +17,8 @@ class ScriptedServer:
         self.port = self.listener.getsockname()[1]
         self.lines = queue.Queue()  # (moment, line)
         self.sent = bytearray()  # by the client
-        threading.Thread(target=self.listen, daemon=True).start()
+        self.thread = threading.Thread(target=self.listen, daemon=True)
+        self.thread.start()
 
     def listen(self):
         try:
@@ -44,7 +38,7 @@ class ScriptedServer:
     def say(self, text):
         self.client.sendall(text.encode("latin-1"))
 
-    def awaitLine(self, wanted, seconds=20):
+    def awaitLine(self, wanted, seconds=LIMIT):
         """The moment at which that line came; another one before it is an error."""
         try:
             moment, line = self.lines.get(timeout=seconds)
@@ -62,7 +56,10 @@ class ScriptedServer:
         self.awaitLine("Set Style 12")
         self.say("\n\rStyle 12 set." + PROMPT)
 
+    def whole(self):
+        """All that the client has sent, when it has ended."""
+        self.thread.join(LIMIT)
+        return bytes(self.sent).decode("latin-1")
+
     def end(self):
-        for each in (self.listener, getattr(self, "client", None)):
-            if each:
-                each.close()
+        hangUp(self.listener, getattr(self, "client", None))

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """Many games between two runs of the program, each with a pointer of its own, at the practice server.
 
-    tests/e2e/soak.py [--games 1000] [--plies 24] [--pace 0.02] [--seed 1]
+    tests/e2e/soak.py [--games 1000] [--plies 24] [--pace 0.02] [--seed 1] [--settled 100] [--allowance 1.0]
 
 Legal moves at random, by the packaged engine; every third one is answered by a move that was queued before it.
 After each move both screens have to show the position that the server sent, and after each game the server has to have
-got its moves and nothing else. Prints the memory of both every hundred games; the consoles, which keep all they ever
-showed, are cleared every fifty. It fails when either program has grown from the hundredth game to the last."""
+got its moves and nothing else. Prints the memory of both every hundred games, and the time that a move took; the
+consoles, which keep all they ever showed, are cleared every fifty. It fails when either program has grown from the
+game at which its memory is taken as settled to the last."""
 import argparse
 import contextlib
 import random
@@ -19,11 +20,9 @@ from learn import learnPieces
 from peers import PracticeServer, Wire
 from rig import CLIENT, SCALE, TWIPS, Client, Display, waitFor
 from screen import MOVED, PRE_MOVED, SQUARES, Screen, pieceOn
+from style12 import target
 
 NAMES = ("Pupil", "Rookery")  # white and black
-VERBOSE_MOVE = 26  # field of a Style 12 line, counted from its first row
-SETTLED = 100  # games after which memory grows no more
-ALLOWANCE = 1.0  # megabytes that it may differ by all the same
 
 
 class Engine:
@@ -62,13 +61,9 @@ class Player:
         self.wire = Wire(port)
         stack.callback(self.wire.end)
         self.client = Client(self.display, self.wire.port, handle=name, PreMove_OK=1, AutoQueen=1)
-        stack.callback(self.end)
+        stack.callback(self.client.end)
         self.screen = Screen(self.display, flipped=name == NAMES[1], pieces=pieces)
-        waitFor(lambda: "Set Style 12" in self.wire.lines(), 20, "the log-on")
-
-    def end(self):
-        if status := self.client.end():
-            raise SystemExit(f"a program ended with status {status}")
+        waitFor(lambda: "Set Style 12\n" in self.wire.text(), "the log-on")
 
     def liftTheFourSecondsRule(self):
         """Board, Clean: else no piece can be lifted yet. The menu stands above the board."""
@@ -96,7 +91,7 @@ class Player:
         for _ in range(10):
             self.drag(move)
             with contextlib.suppress(AssertionError):
-                return waitFor(done, 1, f"{move}, taken up")
+                return waitFor(done, f"{move}, taken up", 1)
         raise AssertionError(f"{move} could not be made")
 
     def queue(self, move):
@@ -126,13 +121,13 @@ class Soak:
     def agree(self, count, move):
         """Both sides have got the position behind `count` plies of this game, and both screens show it."""
         for player in self.players:
-            waitFor(lambda: len(player.wire.positions()) > count, 10, f"the position behind {move}")
-            waitFor(player.shows, 5, f"{player.wire.positions()[-1][:8]} on the screen behind {move}")
-            # A move shows before the server has confirmed it; its mark comes with the confirmation.
-            # Castling has none, and the repainting at a game's start takes that of the first move.
-            fields = player.wire.positions()[-1]
-            if count > 1 and not fields[VERBOSE_MOVE].startswith("o-o"):
-                waitFor(lambda: player.screen.mark(move[2:4]) == MOVED, 5, f"the mark of {move}")
+            waitFor(lambda: len(player.wire.positions()) > count, f"the position behind {move}")
+            last = player.wire.positions()[-1]
+            waitFor(player.shows, f"{last[:8]} on the screen behind {move}")
+            # A move shows before the server has confirmed it; its mark comes with the confirmation. The repainting at
+            # a game's start takes that of the first move.
+            if count > 1:
+                waitFor(lambda: player.screen.mark(target(last)) == MOVED, f"the mark of {move}")
             else:
                 time.sleep(0.05)
 
@@ -142,20 +137,20 @@ class Soak:
             player.wire.sent.clear()
         white, black = self.players
         white.wire.sayForUser(f"match {NAMES[1]} 60 0 u white")
-        waitFor(lambda: b"Challenge: Pupil" in black.wire.received, 5, "the challenge")
+        waitFor(lambda: b"Challenge: Pupil" in black.wire.received, "the challenge")
         black.wire.sayForUser("accept")
         for player in self.players:
-            waitFor(player.wire.positions, 5, "the first position")
+            waitFor(player.wire.positions, "the first position")
             if not hasattr(player.screen, "side"):
-                waitFor(player.screen.find, 10, "a board")
-            waitFor(player.shows, 5, "the start position")
+                waitFor(player.screen.find, "a board")
+            waitFor(player.shows, "the start position")
             player.liftTheFourSecondsRule()
 
     def play(self):
         moves = self.engine.randomGame(self.dice, self.options.plies)
+        self.current = moves
         self.start()
         ply = 0
-        self.current = moves
         while ply < len(moves):
             due = time.monotonic() + self.options.pace
             ply += self.preMove(moves, ply) if ply % 3 == 2 and ply + 1 < len(moves) else self.move(moves, ply)
@@ -185,7 +180,7 @@ class Soak:
         if not ended.search(bytes(self.players[0].wire.received)):
             self.players[0].wire.sayForUser("resign")
         for player in self.players:
-            waitFor(lambda: ended.search(bytes(player.wire.received)), 5, "the end of the game")
+            waitFor(lambda: ended.search(bytes(player.wire.received)), "the end of the game")
         for place, player in enumerate(self.players):
             self.compareSent(player, self.current[place::2])
 
@@ -204,6 +199,8 @@ def main():
     parser.add_argument("--plies", type=int, default=24, help="of a game; it is resigned then")
     parser.add_argument("--pace", type=float, default=0.02, help="seconds from one move to the next, at the least")
     parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--settled", type=int, default=100, help="games after which memory grows no more")
+    parser.add_argument("--allowance", type=float, default=1.0, help="megabytes that it may grow by all the same")
     options = parser.parse_args()
     with contextlib.ExitStack() as stack:
         soak = Soak(stack, options)
@@ -213,20 +210,21 @@ def main():
             try:
                 soak.play()
             except AssertionError as error:
-                sent = [player.wire.lines()[-3:] for player in soak.players]
+                sent = [player.wire.text()[-30:] for player in soak.players]
                 raise SystemExit(f"game {game}, {' '.join(soak.current)}: {error}; sent last: {sent}") from error
             if game % 50 == 0:
                 for player in soak.players:
                     player.clearConsole()
                 time.sleep(0.3)
-            if game % 100 == 0 or game in (1, options.games):
+            if game % 100 == 0 or game in (1, options.settled, options.games):
+                spent = time.monotonic() - begin
                 memory = [player.client.memory() for player in soak.players]
                 print(f"{game} games, {soak.moves} moves, {soak.preMoves} of them queued: "
-                      f"{', '.join(f'{each:.1f}' for each in memory)} MB resident, {time.monotonic() - begin:.0f} s",
-                      flush=True)
-                settled = memory if game == SETTLED else settled
-        if settled and any(now > before + ALLOWANCE for now, before in zip(memory, settled)):
-            raise SystemExit(f"memory has grown since game {SETTLED}")
+                      f"{', '.join(f'{each:.1f}' for each in memory)} MB resident, {spent:.0f} s, "
+                      f"{1000 * spent / soak.moves:.0f} ms a move", flush=True)
+                settled = memory if game == options.settled else settled
+        if settled and any(now > before + options.allowance for now, before in zip(memory, settled)):
+            raise SystemExit(f"memory has grown since game {options.settled}")
 
 
 if __name__ == "__main__":

@@ -1,33 +1,25 @@
 #!/usr/bin/env python3
 """The built program behind a TimeSeal relay of the project's own: log-on, a game by hand, its end; and no relay."""
+import fcntl
 import os
 import pathlib
-import socket
-import sys
 import tempfile
+from unittest import mock
 
 from game import PlayedByHand, unittest, waitFor
-from rig import BUILD
+from rig import BUILD, LIMIT, Client
 
 PORT = 6000  # of the relay, fixed and so one for the whole machine
-LOCK = pathlib.Path(tempfile.gettempdir(), "brightrank-test-port-6000.lock")
+LOCK = pathlib.Path(tempfile.gettempdir(), "brightrank-relay-port.lock")
 
 
-def lockPort():
-    """Waits until no other test uses the port. The lock is one of the toolkit's, as other tests use it too."""
-    names = [os.getpid(), os.path.realpath(sys.executable), socket.gethostname(),
-             pathlib.Path("/etc/machine-id").read_text().strip() if os.path.exists("/etc/machine-id") else "",
-             pathlib.Path("/proc/sys/kernel/random/boot_id").read_text().strip()]
-
-    def taken():
-        try:
-            lock = os.open(LOCK, os.O_CREAT | os.O_EXCL | os.O_WRONLY, 0o644)
-        except FileExistsError:
-            return False
-        os.write(lock, "".join(f"{name}\n" for name in names).encode())
-        os.close(lock)
-        return True
-    waitFor(taken, 60, f"{LOCK}, the lock of another test")
+def free(lock):
+    """Locks a file if nobody else has."""
+    try:
+        fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+    except BlockingIOError:
+        return False
+    return True
 
 
 def socketOf(port):
@@ -48,12 +40,16 @@ class AskedForTimeSeal(PlayedByHand):
     settings = {"Use_Timeseal": "True"}
 
     def setUp(self):
-        lockPort()
-        self.addCleanup(LOCK.unlink)
+        lock = self.enterContext(LOCK.open("a"))  # other tests use the same
+        waitFor(lambda: free(lock), "the other tests that start a relay", 60)
 
     def relayLog(self):
         log = pathlib.Path(self.client.folder, "relay.log")
         return log.read_text().splitlines() if log.exists() else []
+
+    def assertOnTheWire(self, process):
+        """The wire leads to that process."""
+        self.assertIn(socketOf(self.wire.client.getpeername()[1]), filesOf(process))
 
 
 class BehindARelay(AskedForTimeSeal):
@@ -65,42 +61,54 @@ class BehindARelay(AskedForTimeSeal):
     def relayProcess(self):
         return next(line.removeprefix("process ") for line in self.relayLog() if line.startswith("process "))
 
+    def mode(self, name):
+        self.enterContext(mock.patch.dict(os.environ, RELAY_MODE=name))
+
     def testAGameIsPlayedThroughTheRelay(self):
         self.begin()
         log = self.relayLog()
         self.assertEqual(log[:4], ["127.0.0.1", str(self.wire.port), "-p", str(PORT)])
         self.assertEqual(log.count("ready"), 1)
         self.assertTrue(self.relayRuns())
-        self.assertIn(socketOf(self.wire.client.getpeername()[1]), filesOf(self.relayProcess()))
+        self.assertOnTheWire(self.relayProcess())
         self.play("e2e4", "e7e5", "f1c4", "b8c6", "d1h5", "g8f6")
         self.drag("h5", "f7")
         self.partner.await_("Rookery checkmated")
         self.awaitSent("e2-e4", "f1-c4", "d1-h5", "h5-f7")
         self.awaitPosition()
-        self.awaitWindow("Brightrank - Client     Connected to FICS")
+        self.display.awaitWindow("Brightrank - Client     Connected to FICS")
 
     def testTheRelayEndsWithTheProgram(self):
+        self.mode("stays")
         self.begin()
         self.move("e2", "e4")
         self.awaitSent("e2-e4")
         process = self.relayProcess()
         self.assertTrue(self.relayRuns())
         self.client.process.terminate()
-        waitFor(lambda: not os.path.exists(f"/proc/{process}"), 10, "the relay to end")
+        self.client.process.wait(LIMIT)
+        waitFor(lambda: not os.path.exists(f"/proc/{process}"), "the relay to end")
+
+    def testTheHostReachesTheRelayAsItStandsInTheSettings(self):
+        self.mode("dies")
+        self.client = Client(self.display, 5000, beside=self.beside, **self.settings, IP=r'"a b; \"c\""')
+        self.addCleanup(self.client.end)
+        waitFor(lambda: len(self.relayLog()) > 4, "the relay")
+        self.assertEqual(self.relayLog()[:4], ['a b; "c"', "5000", "-p", str(PORT)])
 
 
 class WithoutARelay(AskedForTimeSeal):
     def greet(self):
         """The box that tells that there is none."""
-        self.awaitDialog("Brightrank")
-        self.assertEqual(self.wire.lines(), [""])
+        self.display.awaitDialog("Brightrank")
+        self.assertEqual(self.wire.text(), "")
         self.display.keys("Return")
 
     def testTheConnectionIsDirect(self):
         self.begin()
         self.move("e2", "e4")
         self.awaitSent("e2-e4")
-        self.assertEqual(self.relayLog(), [])
+        self.assertOnTheWire(self.client.process.pid)
 
 
 if __name__ == "__main__":

@@ -2,16 +2,15 @@
 import re
 
 from rig import ROOT
-from scripted import style12
+from style12 import MOVE_NUMBER, MOVER, PRETTY_MOVE, VERBOSE_MOVE, style12
 
 RECORDED = ROOT / "tests/data/streams/server-b/03_long_game_smoves.raw"
 LAST_MOVE = 195  # of a replayed game; a board holds 200
-MOVER, MOVE_NUMBER, VERBOSE_MOVE, PRETTY_MOVE = 9, 26, 27, 29  # fields, the "<12>" counted as 0
 
 
 def recordedGame():
     """The fields of the recorded game's Style 12 lines, from the start to the last move that a board holds."""
-    recorded = [line.split(" ") for line in re.split(r"[\n\r]+", RECORDED.read_text("latin-1"))
+    recorded = [line.split(" ")[1:] for line in re.split(r"[\n\r]+", RECORDED.read_text("latin-1"))
                 if line.startswith("<12>")]
     once = []
     for fields in recorded:
@@ -38,7 +37,7 @@ class WatchedGame:
     @property
     def rows(self):
         """The position that `now` shows."""
-        return self.course[self.place][1:9]
+        return self.course[self.place][:8]
 
     def now(self):
         fields = self.course[self.place]

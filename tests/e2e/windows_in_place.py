@@ -22,7 +22,7 @@ class Places(unittest.TestCase):
     def begin(self, **settings):
         self.client = Client(self.display, self.server.getsockname()[1], **settings)
         self.addCleanup(self.client.end)
-        waitFor(lambda: "location" in self.hints("Brightrank - Board"), 20, "the board")
+        waitFor(lambda: "location" in self.hints("Brightrank - Board"), "the board")
 
     # With the gravity NorthWest the place is that of the frame, with Static that of what it holds, and the title bar
     # goes above it.

@@ -6,18 +6,35 @@
 
 #include <QDir>
 #include <QFile>
-#include <QLockFile>
 #include <QString>
 #include <QStringList>
 
 #include <gtest/gtest.h>
 
-// Relay.cpp tells how the relay behaves in each mode. Its port is one for the whole machine, so the tests that use it
-// wait for each other.
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+// The right to use the relays' port, which is one for the whole machine: the tests that do, those in Python too, wait
+// for each other. It ends with the process at the latest; the file stays.
+class RelayPortLock {
+public:
+    RelayPortLock() {
+        EXPECT_TRUE(waitUntil([this] { return ::flock(file, LOCK_EX | LOCK_NB) == 0; }, 60000));
+    }
+    ~RelayPortLock() { ::close(file); }
+    RelayPortLock(const RelayPortLock&) = delete;
+    RelayPortLock& operator=(const RelayPortLock&) = delete;
+
+private:
+    const QByteArray path = QFile::encodeName(QDir::temp().filePath(QStringLiteral("brightrank-relay-port.lock")));
+    const int file = ::open(path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+};
+
+// Relay.cpp tells how the relay behaves in each mode.
 class RelayFolder {
 public:
     explicit RelayFolder(const QString& path) : folder(path) {
-        EXPECT_TRUE(portLock.tryLock(60000));
         mode("relay");
     }
     ~RelayFolder() { qunsetenv("RELAY_MODE"); }
@@ -42,5 +59,5 @@ public:
 
 private:
     QDir folder;
-    QLockFile portLock{QDir::temp().filePath(QStringLiteral("brightrank-test-port-6000.lock"))};
+    RelayPortLock portLock;
 };
