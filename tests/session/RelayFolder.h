@@ -34,9 +34,7 @@ private:
 // Relay.cpp tells how the relay behaves in each mode.
 class RelayFolder {
 public:
-    explicit RelayFolder(const QString& path) : folder(path) {
-        mode("relay");
-    }
+    explicit RelayFolder(const QString& path) : folder(path) { mode("relay"); }
     ~RelayFolder() { qunsetenv("RELAY_MODE"); }
     RelayFolder(const RelayFolder&) = delete;
     RelayFolder& operator=(const RelayFolder&) = delete;
