@@ -50,6 +50,7 @@ frmChat::frmChat(ServerRoad& road, const ChatRoads& roads) : box(road), roads_(r
     txtTell->setObjectName(QStringLiteral("txtTell"));
     txtTell->setAccessibleName(tr("Tell"));
     txtTell->setTextMargins(TellIndent, 0, TellIndent, 0);
+    tmrStart_.setObjectName(QStringLiteral("tmrStart"));
     tmrStart_.setSingleShot(true);
     tmrStart_.setInterval(200);
     connect(&tmrStart_, &QTimer::timeout, this, &frmChat::askForBuddy);

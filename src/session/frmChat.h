@@ -53,5 +53,5 @@ private:
     WindowPlacer placer_{this};
     Console* txtChat = nullptr;
     TypingLine* txtTell = nullptr;
-    QTimer tmrStart_;
+    QTimer tmrStart_{this}; // to be found by its name
 };

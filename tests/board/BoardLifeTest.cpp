@@ -2,6 +2,7 @@
 #include "board/BoardWindowRig.h"
 
 #include "platform/EndedProgram.h"
+#include "platform/EventCount.h"
 
 #include <QCloseEvent>
 #include <QDir>
@@ -23,18 +24,6 @@ protected:
 
     QString startFolder = QDir::currentPath();
     QTemporaryDir folder;
-};
-
-// How often a window has come up.
-class ShowCount : public QObject {
-public:
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Show) ++count;
-        return false;
-    }
 };
 
 } // namespace
@@ -309,8 +298,7 @@ TEST_F(BoardLife, ABoardMayCloseWhilePositionsArriveAndPump) {
 TEST_F(BoardLife, ABoardMayCloseWhileItLoadsAndDoesNotShowThen) {
     QTimer::singleShot(0, qApp, [] { openWindows.unload("frmChessBoard"); });
     made.emplace_back(new frmChessBoard(roads));
-    ShowCount shows;
-    made.back()->installEventFilter(&shows);
+    const EventCount shows(*made.back(), QEvent::Show);
     made.back()->load();
     EXPECT_TRUE(waitUntil([this] { return made.back().isNull(); }));
     EXPECT_TRUE(openWindows.windows.empty());

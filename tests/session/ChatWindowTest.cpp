@@ -45,6 +45,8 @@ TEST_F(ChatWindow, ABoxAsksForItsBuddyAMomentAfterItOpened) {
     ASSERT_EQ(chats().size(), 1U);
     EXPECT_TRUE(messages.empty());
     EXPECT_EQ(chats()[0]->box.xBuddy, "");
+    EXPECT_EQ(caption(*chats()[0]), "Chat");
+    EXPECT_EQ(chats()[0]->findChild<QTimer*>(QStringLiteral("tmrStart"))->interval(), 200);
     ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
     EXPECT_EQ(messages[0], "Chat Box: Chat with /Bob");
     runFor(300);
@@ -113,9 +115,21 @@ TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionAndNotGoneYetTakesNoName) {
 TEST_F(ChatWindow, ABoxThatIsClosedBeforeItsQuestionDoesNotAsk) {
     start();
     client->zNewChat();
-    chats()[0]->close();
+    const QPointer<frmChat> chat(chats()[0]);
+    chat->close();
+    EXPECT_FALSE(chat->findChild<QTimer*>(QStringLiteral("tmrStart"))->isActive());
     runFor(300);
+    EXPECT_TRUE(chat.isNull());
     EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(ChatWindow, AClosedBoxThatIsNotGoneYetTakesNoTell) {
+    start();
+    frmChat& chat = openChat("Bob");
+    chat.close();
+    EXPECT_EQ(openWindows.count("frmChat"), 0);
+    modChess.TellTarget = "Bob";
+    EXPECT_FALSE(client->classifier.hooks.zChatBox("Bob tells you: hi\r\n"));
 }
 
 TEST_F(ChatWindow, TheRealQuestionGoesWithTheProgram) {
@@ -274,8 +288,10 @@ TEST_F(ChatWindow, AMinimisedBoxIsSavedAsItStoodBefore) {
     start();
     client->zNewChat();
     put(*chats()[0], {100, 50, 500, 400});
-    chats()[0]->showMinimized();
-    chats()[0]->close();
+    const QPointer<frmChat> chat(chats()[0]);
+    chat->showMinimized();
+    chat->close();
+    EXPECT_FALSE(chat->isMinimized()) << "brought back before it is saved";
     EXPECT_EQ(stored("Chat", "Left"), "1500");
     EXPECT_EQ(stored("Chat", "Height"), "6000");
 }
@@ -316,6 +332,22 @@ TEST_F(ChatWindow, TheTypingLineStandsBelowTheConversationAtTheSameWidth) {
     }
 }
 
+TEST_F(ChatWindow, AMinimisedBoxKeepsItsLayout) {
+    start();
+    frmChat& chat = openChat("Bob");
+    const QRect conversation = txtChat(chat).geometry();
+    chat.showMinimized();
+    chat.resize(300, 200);
+    EXPECT_EQ(txtChat(chat).geometry(), conversation);
+}
+
+TEST_F(ChatWindow, ABoxIsNeverTooSmallForItsFields) {
+    start();
+    frmChat& chat = openChat("Bob");
+    chat.resize(1, 1);
+    EXPECT_EQ(chat.size(), QSize(180, 130));
+}
+
 TEST_F(ChatWindow, BothFieldsHaveNamesForAssistiveTools) {
     start();
     const frmChat& chat = openChat("Bob");
@@ -331,7 +363,8 @@ TEST_F(ChatWindow, WhatIsTypedInTheConversationLandsInTheTypingLine) {
     txtChat(chat).setFocus();
     QTest::keyClicks(&txtChat(chat), QStringLiteral("hit"));
     QTest::keyClick(&txtChat(chat), Qt::Key_Backspace);
-    QTest::keyClick(&txtChat(chat), Qt::Key_Delete);
+    const QString deleted(QChar(127)); // a keyboard's Delete comes with a character
+    QTest::sendKeyEvent(QTest::Click, &txtChat(chat), Qt::Key_Delete, deleted, Qt::NoModifier);
     EXPECT_EQ(txtTell(chat).line(), "hi");
     EXPECT_EQ(txtTell(chat).cursorPosition(), 2);
     EXPECT_EQ(txtChat(chat).text(), "");

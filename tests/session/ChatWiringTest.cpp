@@ -1,4 +1,5 @@
 // Chat boxes in the program: how they open, talk with a server on a real socket, and go.
+#include "platform/EventCount.h"
 #include "session/ChatWindowRig.h"
 
 #include <QClipboard>
@@ -70,7 +71,10 @@ TEST_F(ChatWiring, ShiftF9OnABoardRaisesTheBoxOfTheTellTargetAndOpensOneOnlyWher
     openChat("Ann");
     bob.showMinimized();
     txtChat(bob).setFocus();
+    const EventCount raised(bob, QEvent::ZOrderChange);
     client->showChat();
+    EXPECT_EQ(raised.count, 1);
+    EXPECT_TRUE(waitUntil([&] { return QApplication::activeWindow() == &bob; }));
     EXPECT_EQ(openWindows.count("frmChat"), 2);
     EXPECT_FALSE(bob.isMinimized());
     EXPECT_EQ(bob.focusWidget(), &txtTell(bob));
