@@ -60,7 +60,6 @@ private:
     void wireBoards();
     void wireChat();
     void wireRoad();
-    void askInPlaceOfPanel(const std::string& command);
     void fillSurface(RigBoard& board);
     void fillLabels(RigBoard& board);
     void fillMouse(RigBoard& board);

@@ -75,18 +75,10 @@ void StreamRig::wireRoad() {
     road_.hooks.login = [this] { return pipeline_.login; };
     road_.hooks.handle = [this] { return logOn_.handle; };
     road_.hooks.echo = [this](const std::string& text) { console_ += text; };
-    road_.hooks.showHelp = [this] { askInPlaceOfPanel("Help "); };
-    road_.hooks.showHistory = [this] { askInPlaceOfPanel("History "); };
+    road_.hooks.tell = [this](const std::string& text) { console_ += text; };
+    road_.hooks.showHelp = [this] { road_.askInPlaceOfPanel("Help "); };
+    road_.hooks.showHistory = [this] { road_.askInPlaceOfPanel("History "); };
     keys_.hooks.text = [this] { return typed_; };
     keys_.hooks.setText = [this](const std::string& text) { typed_ = text; };
     blockMode_.hooks.insertAtEnd = [this](const std::string& text) { console_ += text; };
-}
-
-// As the console window does it, which has no panels for either.
-void StreamRig::askInPlaceOfPanel(const std::string& command) {
-    if (connected_ && pipeline_.login == 0) {
-        road_.zSendMsg(command + std::exchange(modChess.gHelpTopic, {}));
-    } else {
-        console_ += command + "asks the server, and you are not logged on.\r\n";
-    }
 }

@@ -5,6 +5,8 @@
 #include "common/Fault.h"
 #include "common/modChess.h"
 
+#include <utility>
+
 void ServerRoad::zSendRaw(const std::string& text) {
     hooks.sendData(text + '\n');
     ++modChess.LinesSent;
@@ -29,6 +31,14 @@ void ServerRoad::zSend(const std::string& text) {
     history.zPushCommand(text);
     hooks.echo(text + "\r\n");
     txtOld = text;
+}
+
+void ServerRoad::askInPlaceOfPanel(const std::string& command) {
+    if (hooks.socketState() == Connected && hooks.login() == 0) {
+        zSendMsg(command + std::exchange(modChess.gHelpTopic, {}));
+    } else {
+        hooks.tell(command + "asks the server, and you are not logged on.\r\n");
+    }
 }
 
 void ServerRoad::countIdle(bool connected) {

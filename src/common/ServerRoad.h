@@ -19,6 +19,8 @@ struct RoadHooks {
     std::function<std::string()> handle = [] { return std::string(); };
     // Prints `text`, which ends in CR LF, at the end of the console in Color_Copy, and goes back to Color_Main.
     std::function<void(const std::string& text)> echo = [](const std::string&) {};
+    // Prints `text`, which ends in CR LF, at the end of the console in Color_Main.
+    std::function<void(const std::string& text)> tell = [](const std::string&) {};
     // Opens the help or the history panel, or starts it anew if it is open, with modChess.gHelpTopic.
     std::function<void()> showHelp = [] {};
     std::function<void()> showHistory = [] {};
@@ -42,6 +44,10 @@ struct ServerRoad {
     // The road of typed commands. "help" and "history", abbreviated to two letters or more, open panels; all else goes
     // to the server. Echoed and kept in the history unless a log-on prompt is pending. A closed socket faults.
     void zSend(const std::string& text);
+
+    // Stands in for a panel that is not built, whose answer then goes to the console: asks the server `command`, which
+    // ends in a blank, of modChess.gHelpTopic, and clears that. Before the log-on it only tells the user so.
+    void askInPlaceOfPanel(const std::string& command);
 
     // A second has passed; counts it while `connected`.
     void countIdle(bool connected);

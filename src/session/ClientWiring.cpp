@@ -10,8 +10,6 @@
 
 #include <QApplication>
 
-#include <utility>
-
 namespace {
 
 constexpr double LoopTurn = 0.01; // seconds; lets the processor rest while a relay is waited for
@@ -101,18 +99,13 @@ void frmChessClient::wireRoad() {
         txtOutput->moveToEnd();
         txtOutput->setColor(modChess.ColorMain);
     };
-    hooks.showHelp = [this] { askInPlaceOfPanel("Help "); };
-    hooks.showHistory = [this] { askInPlaceOfPanel("History "); };
-}
-
-void frmChessClient::askInPlaceOfPanel(const std::string& command) {
-    if (road.hooks.socketState() == ServerRoad::Connected && pipeline.login == 0) {
-        road.zSendMsg(command + std::exchange(modChess.gHelpTopic, {}));
-        return;
-    }
-    txtOutput->moveToEnd();
-    txtOutput->setColor(modChess.ColorMain);
-    txtOutput->insert(command + "asks the server, and you are not logged on.\r\n");
+    hooks.tell = [this](const std::string& text) {
+        txtOutput->moveToEnd();
+        txtOutput->setColor(modChess.ColorMain);
+        txtOutput->insert(text);
+    };
+    hooks.showHelp = [this] { road.askInPlaceOfPanel("Help "); };
+    hooks.showHistory = [this] { road.askInPlaceOfPanel("History "); };
 }
 
 void frmChessClient::wireSocket() {

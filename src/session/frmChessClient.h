@@ -118,8 +118,6 @@ private:
     void wireChat();
     void wireConsoleMenu();
     void takeMenuTicks();
-    // What the panel of `command` will ask when it is built; until then the answer goes to the console.
-    void askInPlaceOfPanel(const std::string& command);
     void dumpRegistry();
 
     const ClientRoads& roads_;

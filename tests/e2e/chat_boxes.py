@@ -15,9 +15,13 @@ class Windows:
     def look(self, window):
         return self.display.picture(window.left, window.top, window.width, window.height).data
 
+    def upper(self, window):
+        """The picture of its lines without the typing line, in which the caret blinks."""
+        return self.display.picture(window.left, window.top, window.width, window.height * 3 // 4)
+
     def text(self, window):
-        """The console's lines as they look; the caret below them blinks."""
-        return self.display.picture(window.left, window.top, window.width, window.height * 3 // 4).data
+        """Its lines as they look."""
+        return self.upper(window).data
 
     def focusConsole(self):
         """Clicks its typing line, which stands at the lower left."""
@@ -155,7 +159,7 @@ class LinesOfTheServer(Windows, unittest.TestCase):
 
     def tells(self, window):
         """The rows of pixels in which letters of a tell stand."""
-        picture = self.display.picture(window.left, window.top, window.width, window.height * 3 // 4)
+        picture = self.upper(window)
         return {y: picture.row(y) for y in range(picture.height) if any(iter4(picture.row(y), TELL))}
 
     def testAChannelHasABox(self):
