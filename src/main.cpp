@@ -9,18 +9,16 @@
 #include "settings/Sounds.h"
 
 #include <QIcon>
-#include <QPointer>
 
 #include <string>
 #include <string_view>
 
 namespace {
 
-const void* openBoard(const BoardRoads& roads, frmChessClient& client) {
-    const QPointer<frmChessBoard> board(new frmChessBoard(roads)); // deletes itself after closing, even while it loads
+void openBoard(const BoardRoads& roads, frmChessClient& client) {
+    auto* board = new frmChessBoard(roads); // deletes itself after closing
     QObject::connect(board, &frmChessBoard::chatWanted, &client, [&client] { client.showChat(); });
     board->load();
-    return board;
 }
 
 // What the dump of the settings asks of the windows.
@@ -57,7 +55,7 @@ int main(int argc, char** argv) {
     roads.runningWindows = runningWindows();
 
     frmChessClient client(roads);
-    roads.openBoard = [&boards, &client] { return openBoard(boards, client); };
+    roads.openBoard = [&boards, &client] { openBoard(boards, client); };
     boards = client.boardRoads();
     match = {roads.store, boards.zSendMsg};
     EndRequests endRequests([&client] { client.close(); });

@@ -17,7 +17,7 @@ void frmChessBoard::setPieceSet(std::int16_t set) {
     constexpr std::int16_t Limit = 48; // pixels
     modChess.ChessSet = set;
     if (set == 0) zSetBookup(set, Limit);
-    if (!game.zBoardSetup(false)) return; // closed by what came in meanwhile
+    game.zBoardSetup(false);
     menus_.checkPieces(set);
     game.zBoardSetup(false);
 }
@@ -38,7 +38,7 @@ void frmChessBoard::sendTyped(const std::string& text) {
 void frmChessBoard::sendConfirmed(const std::string& word) {
     const QPointer<frmChessBoard> self(this);
     const bool confirmed = modChess.ConfirmResign == 0 || boxes.yesNo(this, "Brightrank", word);
-    if (!self || !game.isOpen()) return; // closed while the box was up
+    if (!self || closed_) return; // closed while the box was up
     parts_.txtSend->setFocus();
     if (confirmed) sendTyped(word);
 }

@@ -6,7 +6,6 @@
 #include "platform/MenuEntry.h"
 #include "settings/MouseSlips.h"
 
-#include <QPointer>
 #include <QTimer>
 
 namespace {
@@ -27,28 +26,6 @@ BoardPoint centreOf(const BoardGeometry& geometry, int position) {
     return {point.x + half, point.y + half};
 }
 
-// Keeps a window that closes in a press from being deleted before the press is over: behind one of the right button the
-// toolkit looks at the window again.
-class WindowHold {
-public:
-    WindowHold(QWidget* window, const Game& game)
-        : window_(window), game_(game), deletes_(window->testAttribute(Qt::WA_DeleteOnClose)) {
-        window->setAttribute(Qt::WA_DeleteOnClose, false);
-    }
-    WindowHold(const WindowHold&) = delete;
-    WindowHold& operator=(const WindowHold&) = delete;
-    ~WindowHold() {
-        if (!window_ || !deletes_) return;
-        window_->setAttribute(Qt::WA_DeleteOnClose);
-        if (!game_.isOpen()) window_->deleteLater();
-    }
-
-private:
-    QPointer<QWidget> window_;
-    const Game& game_; // goes with the window
-    bool deletes_;     // false in a press within a press
-};
-
 } // namespace
 
 void BoardInput::build(QWidget* window, const BoardParts& parts) {
@@ -64,10 +41,8 @@ void BoardInput::build(QWidget* window, const BoardParts& parts) {
 
 void BoardInput::connectMouse(QWidget* window, const BoardParts& parts) {
     const BoardView* view = parts.picChess;
-    QObject::connect(view, &BoardView::mouseDown, window, [this, window](int button, float x, float y) {
-        const WindowHold hold(window, moves.game);
-        moves.mouseDown(button, x, y);
-    });
+    QObject::connect(view, &BoardView::mouseDown, window,
+                     [this](int button, float x, float y) { moves.mouseDown(button, x, y); });
     QObject::connect(view, &BoardView::mouseMoved, window,
                      [this](int button, float x, float y) { moves.mouseMoved(button, x, y); });
     QObject::connect(view, &BoardView::mouseUp, window,
@@ -84,12 +59,12 @@ void BoardInput::fillSurfaces(const BoardParts& parts) {
     moves.surface.startSlip = [this](int milliseconds) { tmrSlip_->start(milliseconds); };
     moves.surface.stopSlip = [this] { tmrSlip_->stop(); };
     moves.surface.popupDrop = [this](const DropEntries& entries) { popupDrop(entries); };
+    moves.surface.popupPromote = [this] { popupPromote(); };
     moves.surface.focusTyping = [txtSend] { txtSend->setFocus(); };
 
     GameSurface& surface = moves.game.surface;
     surface.zSqFinish = [this](int square) { moves.zSqFinish(square); };
     surface.setPointerPicture = [view](int picture) { showPointer(*view, picture); };
-    surface.popupPromote = [this] { boxes.popup(*mnuPromote_); };
 }
 
 void BoardInput::makeMenus(QWidget* window) {
@@ -100,25 +75,26 @@ void BoardInput::makeMenus(QWidget* window) {
     mnuPromote_->setObjectName(QStringLiteral("mnuPromote"));
     mnuDrop_ = new QMenu(window);
     mnuDrop_->setObjectName(QStringLiteral("mnuDrop"));
-    std::int16_t code = 2; // queen, rook, bishop, knight
-    for (const auto& [name, caption] : Promotions) {
-        QObject::connect(addEntry(mnuPromote_, name, caption), &QAction::triggered, window,
-                         [this, code] { moves.game.PromotePiece = code; });
-        ++code;
-    }
-    for (std::size_t entry = 0; entry < Drops.size(); ++entry) {
-        drops_[entry] = addEntry(mnuDrop_, Drops[entry], "");
-        QObject::connect(drops_[entry], &QAction::triggered, window,
-                         [this, entry] { moves.drop(static_cast<int>(entry)); });
-    }
+    for (const auto& [name, caption] : Promotions) addEntry(mnuPromote_, name, caption);
+    for (const char* name : Drops) addEntry(mnuDrop_, name, "");
 }
 
 void BoardInput::popupDrop(const DropEntries& entries) {
     for (std::size_t entry = 0; entry < entries.size(); ++entry) {
-        drops_[entry]->setText(QString::fromStdString(entries[entry].caption));
-        drops_[entry]->setEnabled(entries[entry].enabled);
+        QAction* const action = mnuDrop_->actions().at(static_cast<qsizetype>(entry));
+        action->setText(QString::fromStdString(entries[entry].caption));
+        action->setEnabled(entries[entry].enabled);
     }
-    boxes.popup(*mnuDrop_);
+    boxes.popup(*mnuDrop_, [this](QAction* chosen) {
+        if (chosen) moves.drop(static_cast<int>(mnuDrop_->actions().indexOf(chosen)));
+    });
+}
+
+void BoardInput::popupPromote() {
+    constexpr int Queen = 2; // the first entry
+    boxes.popup(*mnuPromote_, [this](QAction* chosen) {
+        moves.promote(chosen ? Queen + static_cast<int>(mnuPromote_->actions().indexOf(chosen)) : 0);
+    });
 }
 
 void BoardInput::stop() {

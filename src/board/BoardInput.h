@@ -6,7 +6,6 @@
 #include <array>
 
 struct BoardParts;
-class QAction;
 class QMenu;
 class QTimer;
 class QWidget;
@@ -27,9 +26,9 @@ private:
     void fillSurfaces(const BoardParts& parts);
     void makeMenus(QWidget* window);
     void popupDrop(const DropEntries& entries);
+    void popupPromote();
 
     QTimer* tmrSlip_ = nullptr;
     QMenu* mnuPromote_ = nullptr; // mnuQueen, mnuRook, mnuBishop, mnuKnight
     QMenu* mnuDrop_ = nullptr;    // mnuDQ, mnuDR, mnuDB, mnuDN, mnuDP
-    std::array<QAction*, 5> drops_{};
 };

@@ -1,39 +1,33 @@
-// A board's repaints: these let the message loop run, so the window may be gone when they return.
+// A board's repaints.
 #include "board/Game.h"
 
-bool Game::zUpdate() {
-    if (!pumping(surface.pump)) return false;
-    surface.keepPicture();
-    return true;
-}
+void Game::zUpdate() { surface.keepPicture(); }
 
-bool Game::zBoardSetup(bool fresh) {
+void Game::zBoardSetup(bool fresh) {
     surface.paintBoard();
-    if (!zUpdate()) return false;
+    zUpdate();
     if (fresh) GridLightOn = false;
-    return true;
 }
 
-bool Game::mnuInvert() {
+void Game::mnuInvert() {
     Flipped = !Flipped;
-    return zBoardSetup(false) && zUpdate();
+    zBoardSetup(false);
 }
 
-bool Game::mnuClean() {
-    if (!zBoardSetup(false) || !zUpdate()) return false;
+void Game::mnuClean() {
+    zBoardSetup(false);
     noPlay = false;
-    return true;
 }
 
-bool Game::zExitMove() {
+void Game::zExitMove() {
     noPlay = true;
     surface.startNoPlay();
     Dragging = false;
     FromSet = 0;
-    return zBoardSetup(false) && zUpdate();
+    zBoardSetup(false);
 }
 
-bool Game::tmrNoPlay() {
+void Game::tmrNoPlay() {
     surface.stopNoPlay();
-    return !noPlay || mnuClean();
+    if (noPlay) mnuClean();
 }

@@ -20,7 +20,6 @@ void frmChessBoard::fillSurface() {
     };
     surface.keepPicture = [this] { parts_.picChess->persist(); };
     surface.paintBoard = [this] { paintBoard(); };
-    surface.pump = [this] { paintHold_.pump(); };
     surface.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
     surface.zSendMsg = [this](const std::string& text) { zSendMsg(text); };
     fillLabels();

@@ -25,21 +25,18 @@ bool readInto(Style12Record& record, std::string_view line, Style12Fields fields
 
 void Game::beginLoad() {
     modChess.SelfCheckOK = true;
-    Loading = true;
     Style12Record.Relation = -100;
     DragAlpha = 128;
     id = nextBoardId();
 }
 
-bool Game::finishLoad() {
+void Game::finishLoad() {
     InitialLine = FixedStartLine;
-    if (!zLoadPosition(FixedStartLine, false)) return false;
+    zLoadPosition(FixedStartLine, false);
     zGridSetup();
     grdMoves.goTo(1, 1);
     Turn = 1;
     GameLoaded = false;
-    Loading = false;
-    return true;
 }
 
 void Game::zEndParms() {
@@ -83,19 +80,18 @@ bool Game::zParseStyle12(std::string_view line) {
 
 bool Game::zStyle12(std::string_view line) { return readInto(Style12Record, line, Style12Fields::PositionOnly); }
 
-bool Game::zLoadPosition(std::string_view line, bool noShow) {
+void Game::zLoadPosition(std::string_view line, bool noShow) {
     for (long square = 0; square < 64; ++square) Board[square] = NoPiece;
     const std::int16_t sideToMove = Style12Record.SideToMove;
     zStyle12(line);
     Style12Record.SideToMove = sideToMove;
-    if (!zSetPosition(true, noShow)) return false;
+    zSetPosition(true, noShow);
     KingMoved[0] = false;
     KingMoved[2] = false;
     zGridSetup();
     zFor(false);
     Deviated = -1;
     zStorePos(0);
-    return true;
 }
 
 void Game::zStorePos(std::int32_t ply) { PositionStore.store(ply, Board); }
@@ -124,8 +120,9 @@ void Game::zGridSetup() {
     MoveRow = 1;
 }
 
-bool Game::mnuNew() {
-    if (!zBoardSetup(true) || !zLoadPosition(FixedStartLine, false)) return false;
+void Game::mnuNew() {
+    zBoardSetup(true);
+    zLoadPosition(FixedStartLine, false);
     grdMoves.blankMoves();
     grdMoves.goTo(1, 1);
     MoveRow = 1;
@@ -135,5 +132,4 @@ bool Game::mnuNew() {
     surface.setTitle("New Board");
     GameLoaded = false;
     surface.enableSavePGN(false);
-    return true;
 }

@@ -9,23 +9,18 @@
 #include "common/Style12Record.h"
 
 #include <cstdint>
-#include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
 // One game, owned by its frmChessBoard. Invariants:
 // 1. idle: gameIndex 0, Relation -100, icsMode false; running: gameIndex and Relation as the server sent them.
 // 2. a board that is up to date has ShownPly == NextPly - 2 and Turn == 1 - 2 * SideToMove.
-// 3. the window may close whenever the message loop is pumped. It calls `windowClosed` (or destroys the game); a
-//    routine here that pumped then ends at once. Routines that may pump give false in that case: the caller too must
-//    not touch the game any more. Callers that keep a window number look the board up again.
+// 3. nothing here runs the message loop, so no window closes within a call.
 // Nothing grows: arrays are fixed, and a subscript past 200 moves or 400 plies faults.
 struct Game {
     Game() = default;
     Game(const Game&) = delete;
     Game& operator=(const Game&) = delete;
-    ~Game() { windowClosed(); }
 
     GameSurface surface;
     MoveGridState grdMoves;
@@ -44,7 +39,6 @@ struct Game {
     std::int32_t id = 0;        // unique per board, from `beginLoad` on
     std::int16_t gameIndex = 0; // game number the board answers to; 0 idle
     bool icsMode = false;       // a server game is on this board
-    bool Loading = false;       // from beginLoad to the end of finishLoad: not free for a game yet
     bool GameLoaded = false;    // the moves came from a stored or reviewed game
     std::string currentGame;    // text of panel 2 while a game is on
     std::string InitialLine;    // the Style 12 line the game started from
@@ -93,11 +87,8 @@ struct Game {
 
     // First step of the window's load: no game, an `id` of its own; raises modChess.SelfCheckOK.
     void beginLoad();
-    // Last step: the start position, an empty grid at cell (1, 1), white to move. False: the window closed meanwhile.
-    bool finishLoad();
-    // The window has closed: every routine that is pumping ends when its pump returns.
-    void windowClosed() { *alive_ = false; }
-    bool isOpen() const { return *alive_; }
+    // Last step: the start position, an empty grid at cell (1, 1), white to move.
+    void finishLoad();
     // The game is over; squares, positions and move texts stay for review.
     void zEndParms();
     // Click of cmdUn: leaves an observed ("unob") or examined ("unex") game.
@@ -108,18 +99,18 @@ struct Game {
     // Takes over the shared record (modChess.Record).
     void zGS();
     // Shows the record's position. `init` only changes squares, paints and runs the tail; `noShow` leaves out the
-    // painting of each square. Faults (subscript) past row 200 or ply 400. False: the window closed meanwhile.
-    bool zSetPosition(bool init, bool noShow = false);
+    // painting of each square. Faults (subscript) past row 200 or ply 400.
+    void zSetPosition(bool init, bool noShow = false);
     // The same as zSetPosition(false); `x` is ignored.
-    bool zReceiveMove(std::int16_t x);
+    void zReceiveMove(std::int16_t x);
     // Marks the move of a text such as "P/e2-e4"; never faults.
     void zHighlightMove(std::string_view verbose);
     // Both holdings of a "<b1>" line.
     void zSetBughouse(std::string_view line);
     // A new game has opened here: the move in hand is given up and no piece can be lifted for four seconds.
-    bool zExitMove();
+    void zExitMove();
     // The timer of those four seconds.
-    bool tmrNoPlay();
+    void tmrNoPlay();
 
     // Positions from a line or from the store
 
@@ -128,8 +119,8 @@ struct Game {
     bool zParseStyle12(std::string_view line);
     // Parse of Position, SideToMove and Flip alone; false as above.
     bool zStyle12(std::string_view line);
-    // Shows `line` as a fresh start, ply 0. False: the window closed meanwhile.
-    bool zLoadPosition(std::string_view line, bool noShow);
+    // Shows `line` as a fresh start, ply 0.
+    void zLoadPosition(std::string_view line, bool noShow);
     // Squares 0 to 63 to the store; faults (subscript) outside 0..400.
     void zStorePos(std::int32_t ply);
     // Squares from the store: all when `thorough`, else those that differ; painted when `animate`. Faults (subscript).
@@ -152,13 +143,14 @@ struct Game {
     bool zMoveLegal(int from, int to);
     // Whether `side` (1 white, -1 black) attacks the other side's king.
     bool zCheckTest(int side);
-    // The algebraic text of the move about to be made, without "+". Puts the promotion piece on `from`, asking for it
-    // (popupPromote, pumps) unless PromotePiece names it. Empty: its pawn or turn went meanwhile; nothing: the window.
-    std::optional<std::string> zMoveText(int from, int to);
+    // The algebraic text of the move about to be made, without "+". Puts the promotion piece on `from`: PromotePiece
+    // or, with AutoQueen, a queen; with neither the pawn goes and no piece comes.
+    std::string zMoveText(int from, int to);
+    // Whether the user has to be asked for PromotePiece before the move in hand can be made to `to`.
+    bool asksPromotion(int to);
     // Makes the move from FromSq to `to`, tested by the rules if `check`, painted and listed if `display`; a live game
-    // sends it. Gives its text, empty if no move was made; nothing if the window closed meanwhile (pumps as zMoveText).
-    // Faults (subscript) past row 200.
-    std::optional<std::string> zMakeMove(int to, bool check, bool display);
+    // sends it. Gives its text, empty if no move was made. Faults (subscript) past row 200.
+    std::string zMakeMove(int to, bool check, bool display);
 
     // The view and the grid
 
@@ -168,12 +160,11 @@ struct Game {
     void zGridSetup(); // grdMoves anew, MoveRow 1
     void zSetTop() { grdMoves.zSetTop(MoveRow); }
     void zGridLight(std::string_view text) { grdMoves.zGridLight(text); }
-    // These three pump. False: the window closed meanwhile.
-    bool zUpdate();
-    bool zBoardSetup(bool fresh); // `fresh` also clears GridLightOn
-    bool mnuInvert();
-    bool mnuClean();
-    bool mnuNew();
+    void zUpdate();               // the image becomes the persistent picture
+    void zBoardSetup(bool fresh); // `fresh` also clears GridLightOn
+    void mnuInvert();
+    void mnuClean();
+    void mnuNew();
 
     // The clock
 
@@ -188,10 +179,10 @@ private:
     void blankMoveAhead();
     void enterMove();
     void showLastMove();
-    bool beginGame();
+    void beginGame();
     void soundMove();
     void showClocks();
-    bool finishMoveInHand();
+    void finishMoveInHand();
     void setClockColor(int side, std::uint32_t background);
     void paintMark(std::int16_t square, int mode);
     void transferPiece(int from, int to, bool display);
@@ -204,16 +195,4 @@ private:
     void sendMove(int from, int to, const std::string& text);
     void setSquare(int square, int code, bool display);
     FixedArray<std::int16_t, 7>& undo() { return MoveUndo[MoveRow][(1 - Turn) / 2]; }
-
-    // Runs a hook that may pump, on a copy since the game may be gone before it returns; gives whether the window is
-    // still open.
-    template <typename Hook, typename... Arguments>
-    bool pumping(const Hook& hook, Arguments... arguments) {
-        const std::shared_ptr<bool> token = alive_;
-        const Hook copy = hook;
-        copy(arguments...);
-        return *token;
-    }
-
-    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };

@@ -25,17 +25,7 @@ int firstBoard(Test fits) {
     return -1;
 }
 
-// A board whose load is pumping has no game yet, and must not get one: the load lays the start position over it.
-bool isFree(const Game& game) { return game.gameIndex == 0 && !game.Loading; }
-
 bool hasNoGame(const Game& game) { return game.Style12Record.Relation == -100; }
-
-const OpenWindow* windowOf(const void* identity) {
-    for (const OpenWindow& window : openWindows.windows) {
-        if (window.window == identity) return &window;
-    }
-    return nullptr;
-}
 
 // "{Game 12 (a vs b) ...": the number four characters behind the place of "ame". A number past 16 bits is on no board.
 std::int16_t gameNumberIn(std::string_view line) {
@@ -48,7 +38,6 @@ std::int16_t gameNumberIn(std::string_view line) {
 } // namespace
 
 int zFindBoard(std::int16_t game) {
-    if (game == 0) return firstBoard(isFree);
     return firstBoard([game](const Game& board) { return game < 0 || board.gameIndex == game; });
 }
 
@@ -72,21 +61,10 @@ Game& boardAt(int windowNumber) {
 }
 
 int GameRouting::zFindReviewBoard() {
-    const auto ready = [](const Game& board) { return hasNoGame(board) && !board.Loading; };
-    const int found = firstBoard(ready);
+    const int found = firstBoard(hasNoGame);
     if (found >= 0) return found;
-    zNewBoard();
-    return firstBoard(ready);
-}
-
-void GameRouting::zNewBoard() {
-    const void* const identity = hooks.openBoard();
-    if (!identity) return;
-    for (;;) {
-        const OpenWindow* window = windowOf(identity); // anew each time: the pump may close windows
-        if (!window || !window->game || hasNoGame(*window->game)) return;
-        hooks.pump();
-    }
+    hooks.zNewBoard();
+    return firstBoard(hasNoGame);
 }
 
 bool GameRouting::zStyle12Line(std::string_view line, bool full) {
@@ -98,7 +76,7 @@ bool GameRouting::zStyle12Line(std::string_view line, bool full) {
     int board = zFindBoardOrFree(game);
     modChess.NewGameFlag = game == 0;
     if (board < 0) {
-        passOver([this] { zNewBoard(); });
+        passOver(hooks.zNewBoard);
         board = zFindBoardOrFree(game);
     }
     if (board < 0) return false;

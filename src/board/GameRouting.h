@@ -7,10 +7,9 @@
 #include <functional>
 #include <string_view>
 
-// A window number is a position in openWindows; it is good until the message loop is pumped. The older board wins.
+// A window number is a position in openWindows; it is good until a window opens or closes. The older board wins.
 
-// First board whose gameIndex is `game`, or the first of all boards if `game` is negative; -1 if there is none. A board
-// that still loads is not found by 0.
+// First board whose gameIndex is `game`, or the first of all boards if `game` is negative; -1 if there is none.
 int zFindBoard(std::int16_t game);
 
 // zFindBoard; if that fails the first idle board or -1, and `game` becomes 0 whatever was found.
@@ -27,10 +26,7 @@ inline Game& boardOfGame(std::int16_t game) { return boardAt(zFindBoard(game)); 
 
 // What routing needs of the windows. Every member does nothing until it is filled in.
 struct GameRoutingHooks {
-    // Creates and shows a frmChessBoard that is in openWindows before this returns; gives its identity there
-    // (OpenWindow::window), null if none was made.
-    std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
-    std::function<void()> pump = [] {}; // lets pending window events run once
+    std::function<void()> zNewBoard = [] {}; // opens one more frmChessBoard; loaded and in openWindows on return
     std::function<void()> beep = [] {};
     std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
     std::function<bool()> seekGraphChecked = [] { return false; }; // mnuSeekGrf of the console
@@ -43,9 +39,6 @@ struct GameRouting {
 
     // First loaded board with relation -100; opens one board if there is none, and gives -1 if that did not help.
     int zFindReviewBoard();
-
-    // Opens one more board and returns when its load is finished (or when it was closed meanwhile). No time limit.
-    void zNewBoard();
 
     // Reads a Style 12 line into the shared record and hands it to its board: the board that has the game, else an
     // idle one, else a new one; sets NewGameFlag. `full` false takes only Position, SideToMove and Flip. False when

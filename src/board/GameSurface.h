@@ -6,17 +6,14 @@
 #include <string>
 #include <string_view>
 
-// Every member does nothing until it is filled in. Only `pump`, `zSqFinish` and `popupPromote` may run the message
-// loop, and so close the window; a game calls them on a copy and touches nothing of its own afterwards unless its
-// window is still there.
+// Every member does nothing until it is filled in. None of them runs the message loop.
 struct GameSurface {
     // picChess
     std::function<void(int square, int mode)> zDrawSquare = [](int, int) {}; // 0..63; mode 0 plain, -1 last move,
                                                                              // 1 pre-move
     std::function<void(float x, float y, int alpha)> zMovePiece = [](float, float, int) {}; // pixels; 0..255, 0 erases
-    std::function<void()> paintBoard = [] {};  // fit to the window, paint whole, count the grid's visible rows; no pump
+    std::function<void()> paintBoard = [] {};  // fit to the window, paint whole, count the grid's visible rows
     std::function<void()> keepPicture = [] {}; // the image becomes the persistent picture
-    std::function<void()> pump = [] {};        // lets pending window events run once
     std::function<void(int picture)> setPointerPicture = [](int) {}; // 0 the default pointer, 3 move, 4 pre-move
 
     // Labels, panels and buttons
@@ -42,7 +39,5 @@ struct GameSurface {
     // Sound, server, move input
     std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
     std::function<void(const std::string& text)> zSendMsg = [](const std::string&) {}; // one command to the server
-    std::function<void(int square)> zSqFinish = [](int) {}; // finishes the move in hand on `square`; may pump
-    std::function<void()> popupPromote = [] {}; // mnuPromote: shows it until its entries have set PromotePiece (2 to 5)
-                                                // or it was dismissed; may pump
+    std::function<void(int square)> zSqFinish = [](int) {}; // finishes the move in hand on `square`
 };

@@ -1,14 +1,18 @@
 // The end of a move by mouse: queued as the pre-move, or played and written down.
 #include "board/MoveInput.h"
 
-bool MoveInput::zSqFinish(int square) {
-    if (game.MoveMode == 1) {
-        queuePreMove(square);
-    } else if (!playMove(square)) {
-        return false;
+void MoveInput::zSqFinish(int square) {
+    if (game.MoveMode != 1) {
+        playMove(square);
+        return;
     }
+    queuePreMove(square);
+    showFinished();
+}
+
+void MoveInput::showFinished() {
     if (!game.icsMode && game.GridLightOn) game.zGridLight(game.CanForward ? game.grdMoves.currentText() : "No");
-    return game.zUpdate();
+    game.zUpdate();
 }
 
 // No rule is tested here: the position in which the pre-move will be played is not known yet.
@@ -32,20 +36,48 @@ void MoveInput::unmarkPreMove() {
     draw(game.PreTo, 0);
 }
 
-bool MoveInput::playMove(int square) {
-    const int row = game.MoveRow;
-    const int col = (1 - game.Turn) / 2;
+void MoveInput::playMove(int square) {
     // A pre-move that a position played with this piece in hand has taken the from-square: both squares go back.
     if (game.FromSet != 1) game.ToSq = static_cast<std::int16_t>(square);
-    const auto text = game.zMakeMove(square, true, true);
-    if (!text) return false;
-    if (text->empty()) {
+    if (game.asksPromotion(square)) {
+        askPromotion(square);
+        return;
+    }
+    const int row = game.MoveRow;
+    const int col = (1 - game.Turn) / 2;
+    const std::string text = game.zMakeMove(square, true, true);
+    if (text.empty()) {
         draw(game.FromSq, 0);
         draw(game.ToSq, 0);
     } else {
-        keepMove(row, col, *text);
+        keepMove(row, col, text);
     }
-    return true;
+    showFinished();
+}
+
+// Positions may arrive while the menu is up.
+void MoveInput::askPromotion(int square) {
+    game.FromSet = 0;
+    game.ToSq = static_cast<std::int16_t>(square);
+    promotion_ = Promotion{game.FromSq, square, game.Board[game.FromSq], game.Turn, game.MoveRow};
+    surface.popupPromote();
+}
+
+void MoveInput::promote(int piece) {
+    const auto asked = std::exchange(promotion_, std::nullopt);
+    if (!asked) return;
+    game.FromSq = static_cast<std::int16_t>(asked->from);
+    game.ToSq = static_cast<std::int16_t>(asked->to);
+    if (game.Board[asked->from] != asked->pawn || game.Turn != asked->turn) { // another game or a takeback came
+        draw(asked->from, 0);
+        draw(asked->to, 0);
+    } else {
+        game.FromSet = 1;
+        game.PromotePiece = static_cast<std::int16_t>(piece);
+        const std::string text = game.zMakeMove(asked->to, false, true);
+        keepMove(asked->row, (1 - asked->turn) / 2, text);
+    }
+    showFinished();
 }
 
 // A move that repeats the game held here walks along it; another one overwrites it and ends what lay ahead, but the

@@ -121,21 +121,20 @@ void MoveInput::stopSlip() {
     surface.stopSlip();
 }
 
-bool MoveInput::zMouseUp(float x, float y) {
-    if (!game.Dragging) return true;
+void MoveInput::zMouseUp(float x, float y) {
+    if (!game.Dragging) return;
     game.Dragging = false;
-    game.FromSq = game.DragFrom; // an arriving position that lets the loop run has its own use of FromSq
+    game.FromSq = game.DragFrom;
     int position = surface.zGetSqr(x, y);
     const bool beside = position == OffBoard;
     if (beside) position = surface.DisplaySquare(game.DragFrom);
     const BoardPoint centre = surface.centreOf(position);
     game.surface.zMovePiece(centre.x, centre.y, 255);
-    if (!zSqFinish(surface.DisplaySquare(position))) return false;
+    zSqFinish(surface.DisplaySquare(position));
     surface.focusTyping();
     game.surface.setPointerPicture(0);
     surface.moveMade();
     rest(beside);
-    return true;
 }
 
 // A pointer that rests where the piece was let go sends no event of its own. MoveMode must not stay that of the lift:
@@ -158,6 +157,7 @@ void MoveInput::stop() {
     stopSlip();
     game.Dragging = false;
     game.FromSet = 0;
+    promotion_.reset();
 }
 
 // The server judges whose pieces these are and where they may go; the board changes with its next line.
@@ -174,8 +174,7 @@ void MoveInput::openDropMenu(int square) {
         if (count > 0) entries[kind].caption += " " + std::to_string(count);
     }
     DropSquare = zSquareName(square);
-    const auto popup = surface.popupDrop; // this object may be gone before it returns
-    popup(entries);
+    surface.popupDrop(entries);
 }
 
 void MoveInput::drop(int entry) {

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 // One entry of the drop menu.
@@ -23,8 +24,8 @@ struct BoardPoint {
     float y = 0;
 };
 
-// What move input needs beside the game's own surface; every member does nothing until it is filled in. Only
-// `popupDrop` may run the message loop, and so close the window: it is called on a copy, and last.
+// What move input needs beside the game's own surface; every member does nothing until it is filled in. None of these
+// runs the message loop.
 struct MoveInputSurface {
     std::function<int(float x, float y)> zGetSqr = [](float, float) { return 64; }; // position in the view; 64 beside
     std::function<int(int position)> DisplaySquare = [](int position) { return position; }; // to a square and back
@@ -32,15 +33,16 @@ struct MoveInputSurface {
     std::function<void(int square)> zYankPiece = [](int) {};                                // onto the pointer
     std::function<void(int milliseconds)> startSlip = [](int) {};                           // tmrSlip from now on
     std::function<void()> stopSlip = [] {};                                                 // tmrSlip ends nothing
-    std::function<void(const DropEntries& entries)> popupDrop = [](const DropEntries&) {};  // mnuDrop; waits
-    std::function<void()> focusTyping = [] {};                                              // txtSend
-    std::function<void()> moveMade = [] {}; // a piece was dropped; the self-check panel counts from here
+    std::function<void(const DropEntries& entries)> popupDrop = [](const DropEntries&) {};  // mnuDrop; drop() answers
+    std::function<void()> popupPromote = [] {}; // mnuPromote; promote() answers, from the message loop
+    std::function<void()> focusTyping = [] {};  // txtSend
+    std::function<void()> moveMade = [] {};     // a piece was dropped; the self-check panel counts from here
 };
 
 // The move in hand of one board, whose state is in its game: no move (FromSet 0, Dragging false); lifted (FromSet 1,
 // Dragging true); released in delay (tmrSlip running, Dragging still true); finished by zSqFinish. Two styles, by
-// modChess.DragMode: drag and drop, or click and click. Lives and dies with its game: when the game's window closes in
-// a pump, the routines end at once and touch neither. Buttons are 1 left, 2 right, in a move their sum, 0 none.
+// modChess.DragMode: drag and drop, or click and click. Lives and dies with its game. Buttons are 1 left, 2 right, in a
+// move their sum, 0 none.
 struct MoveInput {
     explicit MoveInput(Game& ofGame) : game(ofGame) {}
     MoveInput(const MoveInput&) = delete;
@@ -52,7 +54,7 @@ struct MoveInput {
     float SlipY = 0;
     std::string DropSquare; // name of the square on which the drop menu was opened
 
-    // The mouse over picChess. All of these may pump.
+    // The mouse over picChess
 
     void mouseDown(int button, float x, float y);
     void mouseMoved(int button, float x, float y);
@@ -61,11 +63,14 @@ struct MoveInput {
     void tmrSlip();
 
     // Lands the piece that hangs on the pointer in the square at a point; one let go beside the board goes back to
-    // where it was lifted. False: the window closed meanwhile.
-    bool zMouseUp(float x, float y);
-    // Finishes the move in hand on `square`: queued as the pre-move while Game::MoveMode is 1, else played. Faults
-    // (subscript) past row 200. False: the window closed meanwhile.
-    bool zSqFinish(int square);
+    // where it was lifted.
+    void zMouseUp(float x, float y);
+    // Finishes the move in hand on `square`: queued as the pre-move while Game::MoveMode is 1, else played. A pawn that
+    // needs its promotion named goes when promote() is called. Faults (subscript) past row 200.
+    void zSqFinish(int square);
+    // The answer of mnuPromote: 2 queen, 3 rook, 4 bishop, 5 knight, 0 for a menu that was dismissed. No move is made
+    // if the pawn or its turn has gone meanwhile. Faults as zSqFinish.
+    void promote(int piece);
     // Entry 0 to 4 of the drop menu: "Q@", "R@", "B@", "N@" or "P@" with DropSquare goes to the server.
     void drop(int entry);
     // The board was painted whole: the piece in hand comes back to the pointer and leaves its square again.
@@ -74,6 +79,15 @@ struct MoveInput {
     void stop();
 
 private:
+    // The move that waits for its promotion, and where it stood when it was made.
+    struct Promotion {
+        int from;
+        int to;
+        int pawn; // its code
+        int turn;
+        int row;
+    };
+
     bool inDelay() const { return slipping_ && game.Dragging; }
     bool follows(int button) const;
     void pressWhileDragging(int button, float x, float y);
@@ -86,12 +100,15 @@ private:
     void stopSlip();
     void queuePreMove(int square);
     void unmarkPreMove();
-    bool playMove(int square);
+    void playMove(int square);
+    void askPromotion(int square);
+    void showFinished();
     void keepMove(int row, int col, const std::string& text);
     void draw(int square, int mode) const;
 
     bool slipping_ = false;  // tmrSlip runs
     int slipInterval_ = 165; // of tmrSlip, milliseconds
-    int liftedCode_ = 0;     // the piece on the pointer
-    int liftedMode_ = 0;     // how its square was marked
+    std::optional<Promotion> promotion_;
+    int liftedCode_ = 0; // the piece on the pointer
+    int liftedMode_ = 0; // how its square was marked
 };

@@ -4,6 +4,7 @@
 #include "board/MoveRules.h"
 #include "board/PieceCodes.h"
 #include "common/Squares.h"
+#include "common/modChess.h"
 
 #include <cstdlib>
 
@@ -22,7 +23,7 @@ RookStep rookStep(int from, int to) {
 
 } // namespace
 
-std::optional<std::string> Game::zMakeMove(int to, bool check, bool display) {
+std::string Game::zMakeMove(int to, bool check, bool display) {
     if (FromSet != 1) return "";
     FromSet = 0;
     const int from = FromSq;
@@ -34,23 +35,24 @@ std::optional<std::string> Game::zMakeMove(int to, bool check, bool display) {
     const int piece = Board[from];
     if (!drop) EPGranted = zEnPassantOK(Board, from, to);
 
-    std::optional<std::string> text = zMoveText(from, to);
-    if (!text) return std::nullopt;
-    if (text->empty()) {
-        FromSq = static_cast<std::int16_t>(from); // for the repaint: what came has used both
-        ToSq = static_cast<std::int16_t>(to);
-        return text;
-    }
+    std::string text = zMoveText(from, to);
     transferPiece(from, to, display);
     if (!drop && zCastle(piece, from, to)) text = moveRook(from, to, display);
     if (!drop && EPCapture != 0) takeEnPassant(to, display);
     grantEnPassant();
     recordPromotion(drop);
-    if (zCheckTest(Turn)) *text += "+";
-    if (!icsMode && display) listOwnMove(*text);
+    if (zCheckTest(Turn)) text += "+";
+    if (!icsMode && display) listOwnMove(text);
     passTurn();
-    if (icsMode && !text->empty()) sendMove(from, to, *text);
+    if (icsMode && !text.empty()) sendMove(from, to, text);
     return text;
+}
+
+bool Game::asksPromotion(int to) {
+    const int from = FromSq;
+    if (FromSet != 1 || to == from || to < 0 || to >= HandSquare) return false;
+    if (!promotes(Board[from], to) || PromotePiece != 0 || modChess.AutoQueen != 0) return false;
+    return from == HandSquare || zMoveLegal(from, to);
 }
 
 // A square that is not there is passed over: castling beside the corner asks for one, and so does an en passant capture

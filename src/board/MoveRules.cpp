@@ -136,6 +136,8 @@ bool zEnPassantCapture(int piece, int from, int to, int target) {
     return std::abs(piece) == Piece::Pawn && target == 0 && (distance == 7 || distance == 9);
 }
 
+bool promotes(int piece, int to) { return std::abs(piece) == Piece::Pawn && (rankOf(to) == 0 || rankOf(to) == 7); }
+
 std::string zLiteral(int from, int to) { return zSquareName(from) + "-" + zSquareName(to); }
 
 std::int16_t Game::zMoveOK(int square) const {

@@ -25,5 +25,8 @@ bool zCastle(int piece, int from, int to);
 // Whether `piece` is a pawn that goes 7 or 9 squares on to an empty one, `target` being the code there.
 bool zEnPassantCapture(int piece, int from, int to, int target);
 
+// Whether `piece` is a pawn that goes to the first or the last row, whichever its colour.
+bool promotes(int piece, int to);
+
 // A move as the server reads it, such as "e2-e4".
 std::string zLiteral(int from, int to);

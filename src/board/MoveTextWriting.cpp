@@ -1,5 +1,6 @@
 // The algebraic text of a move about to be made, and the promotion that belongs to it.
 #include "board/Game.h"
+#include "board/MoveRules.h"
 #include "board/PieceCodes.h"
 #include "common/Squares.h"
 #include "common/modChess.h"
@@ -36,20 +37,14 @@ std::string disambiguation(Game& game, int from, int to) {
 
 } // namespace
 
-std::optional<std::string> Game::zMoveText(int from, int to) {
+std::string Game::zMoveText(int from, int to) {
     const int piece = Board[from];
-    const int side = Turn;
     const bool pawn = std::abs(piece) == Piece::Pawn;
     const std::string toName = zSquareName(to);
     const bool captures = Board[to] != 0 || EPCapture != 0;
     std::string promotion;
-    if (pawn && (toName.ends_with('8') || toName.ends_with('1'))) {
+    if (promotes(piece, to)) {
         if (PromotePiece == 0 && modChess.AutoQueen != 0) PromotePiece = Piece::Queen;
-        if (PromotePiece == 0 && !pumping(surface.popupPromote)) return std::nullopt;
-        if (Board[from] != piece || Turn != side) { // another game or a takeback came under the menu
-            PromotePiece = 0;
-            return "";
-        }
         Board[from] = static_cast<std::int16_t>(Turn * PromotePiece);
         promotion = promotionPart(PromotePiece);
     }

@@ -7,12 +7,15 @@
 
 #include <cstdlib>
 
-bool Game::zSetPosition(bool init, bool noShow) {
+void Game::zSetPosition(bool init, bool noShow) {
     DragAlpha = 0;
     if (Dragging) surface.zMovePiece(0, 0, 0); // squares paint on a clean surface
     putPosition(init, noShow);
-    if (!zUpdate()) return false;
-    if (init) return finishMoveInHand();
+    zUpdate();
+    if (init) {
+        finishMoveInHand();
+        return;
+    }
 
     listMove();
     zSetTop();
@@ -22,15 +25,15 @@ bool Game::zSetPosition(bool init, bool noShow) {
     ShownPly = NextPly - 2;
     MoveRow = Style12Record.MoveNumber;
     Turn = static_cast<std::int16_t>(1 - 2 * Style12Record.SideToMove);
-    if (modChess.NewGameFlag && !beginGame()) return false;
+    if (modChess.NewGameFlag) beginGame();
     soundMove();
     zHighlightMove(Style12Record.VerboseMove);
     zStorePos(NextPly - 2);
     showClocks();
-    return finishMoveInHand();
+    finishMoveInHand();
 }
 
-bool Game::zReceiveMove(std::int16_t) { return zSetPosition(false, false); }
+void Game::zReceiveMove(std::int16_t) { zSetPosition(false, false); }
 
 void Game::putPosition(bool init, bool noShow) {
     const std::string& position = Style12Record.Position;
@@ -89,7 +92,7 @@ void Game::showLastMove() {
     surface.setLastMove(std::to_string(MoveRow) + points + Style12Record.PrettyMove);
 }
 
-bool Game::beginGame() {
+void Game::beginGame() {
     currentGame = xGame();
     icsMode = true;
     if (std::abs(Style12Record.Relation) >= 2) {
@@ -99,9 +102,8 @@ bool Game::beginGame() {
         surface.startClock();
         modChess.GameRunning = true;
     }
-    if (Style12Record.Flip != Flipped && !mnuInvert()) return false;
+    if (Style12Record.Flip != Flipped) mnuInvert();
     zGridSetup();
-    return true;
 }
 
 void Game::soundMove() {
@@ -120,12 +122,12 @@ void Game::soundMove() {
 }
 
 // MoveMode is cleared only after the pre-move was played: zSqFinish reads what the last hover left in it.
-bool Game::finishMoveInHand() {
+void Game::finishMoveInHand() {
     if (PreMoveSet) {
         PreMoveSet = false;
         FromSq = PreFrom;
         FromSet = 1;
-        if (!pumping(surface.zSqFinish, PreTo)) return false;
+        surface.zSqFinish(PreTo);
     } else {
         FromSq = DragFrom;
     }
@@ -135,5 +137,4 @@ bool Game::finishMoveInHand() {
         surface.keepPicture();
         surface.zMovePiece(MouseX, MouseY, DragAlpha);
     }
-    return true;
 }

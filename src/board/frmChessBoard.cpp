@@ -42,10 +42,7 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
                      .zBoardSetup = [this] { game.zBoardSetup(false); }});
 }
 
-frmChessBoard::~frmChessBoard() {
-    game.windowClosed();
-    openWindows.remove(this);
-}
+frmChessBoard::~frmChessBoard() { openWindows.remove(this); }
 
 // The status bar and the parts, once; where the parts stand is paintBoard's.
 void frmChessBoard::zObjectSetup() {
@@ -72,11 +69,9 @@ void frmChessBoard::load() {
         parts_.cmdTell[index]->setToolTip(text);
         parts_.cmdTell[index]->setEnabled(!text.isEmpty());
     }
-    const QPointer<frmChessBoard> self(this);
     frmBoardColors::loaded().zSave();
-    if (!self || !game.isOpen()) return; // closed by what came in meanwhile
     show();
-    if (!game.finishLoad()) return;
+    game.finishLoad();
     openWindows.unload("frmBoardColors");
     parts_.txtSend->setFocus();
     resizeWatch_.Muted = false;
@@ -146,7 +141,7 @@ void frmChessBoard::unload() {
 }
 
 void frmChessBoard::finishClosing() {
-    game.windowClosed();
+    closed_ = true;
     input_.stop();
     zSaveReg(roads_.store, BoardSection, placer_.place());
     openWindows.remove(this);
@@ -159,11 +154,11 @@ void frmChessBoard::resizeEvent(QResizeEvent* event) {
 }
 
 void frmChessBoard::closeEvent(QCloseEvent* event) {
-    if (!game.isOpen()) return; // asked again before it is deleted
+    if (closed_) return; // asked again before it is deleted
     placer_.unminimise();
     const QPointer<frmChessBoard> self(this);
     const bool may = mayClose();
-    if (!self || !game.isOpen()) return; // taken along by the program while the box was up
+    if (!self || closed_) return; // taken along by the program while the box was up
     asking_ = false;
     if (!may) {
         askedByUser_ = true;

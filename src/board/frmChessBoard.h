@@ -6,7 +6,6 @@
 #include "board/BoardParts.h"
 #include "board/BoardRoads.h"
 #include "board/Game.h"
-#include "platform/PaintHold.h"
 #include "settings/WindowPlacer.h"
 #include "view/ResizeWatch.h"
 
@@ -14,7 +13,7 @@
 #include <QTimer>
 
 // Owns its Game and shows what the game says. It is in openWindows from its construction until it closes, and deletes
-// itself after closing, which may happen whenever the message loop is pumped.
+// itself after closing.
 class frmChessBoard : public QMainWindow {
     Q_OBJECT
 public:
@@ -22,7 +21,7 @@ public:
     explicit frmChessBoard(const BoardRoads& roads);
     ~frmChessBoard() override;
 
-    // Places and shows the window with the start position; pumps.
+    // Places and shows the window with the start position.
     void load();
     // Part of the board's interface, and does nothing.
     void zBuildMask(std::int16_t, std::int16_t) {}
@@ -80,13 +79,13 @@ private:
     BoardMenus menus_;
     BoardParts parts_;
     BoardInput input_{game};
-    PaintHold paintHold_{this};
     WindowPlacer placer_{this};
     QTimer tmrClock_;
     QTimer tmrNoPlay_;
     QTimer tmrResize_;
     ResizeWatch resizeWatch_;
     bool askedByUser_ = true;
+    bool closed_ = false;
     bool asking_ = false;  // the question before closing is up
     bool unShown_ = false; // cmdUn is to be shown wherever it clears the command line
 };

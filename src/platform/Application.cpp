@@ -92,7 +92,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv), int
 }
 
 int Application::run(const std::function<void()>& start) {
-    // From the message loop: an end asked for in a pump of `start` would be forgotten by a loop that begins behind it.
+    // From the message loop: an end asked for within `start` would be forgotten by a loop that begins behind it.
     QMetaObject::invokeMethod(this, start, Qt::QueuedConnection);
     return exec();
 }

@@ -18,8 +18,8 @@ public:
     // Stops the program's socket and timers before the box comes up; faults in it are passed over.
     std::function<void()> stopEverything;
 
-    // Runs the message loop, and in it first of all `start`, which builds the windows and may pump; gives the exit
-    // status. An end asked for while `start` runs comes when it returns.
+    // Runs the message loop, and in it first of all `start`, which builds the windows; gives the exit status. An end
+    // asked for while `start` runs comes when it returns.
     int run(const std::function<void()>& start);
 
     // The end itself; `line` says which limit was met and with which text.

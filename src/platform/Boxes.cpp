@@ -14,6 +14,9 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QTimer>
+
+#include <memory>
 
 namespace {
 
@@ -108,7 +111,26 @@ std::optional<std::string> realFolder(QWidget* parent, const std::string& title,
     return askForPath(box);
 }
 
-void realPopup(QMenu& menu) { menu.exec(QCursor::pos()); }
+// The menu comes down before its entry announces itself, so the answer is put together behind both.
+void answerOnce(QMenu& menu, const std::function<void(QAction* chosen)>& answer) {
+    auto* once = new QObject(&menu);
+    const auto choice = std::make_shared<QAction*>(nullptr);
+    QObject::connect(&menu, &QMenu::triggered, once, [choice](QAction* entry) { *choice = entry; });
+    QObject::connect(&menu, &QMenu::aboutToHide, once, [once, choice, answer] {
+        QTimer::singleShot(0, once, [once, choice, answer] {
+            once->deleteLater();
+            answer(*choice);
+        });
+    });
+}
+
+void realPopup(QMenu& menu, const std::function<void(QAction* chosen)>& answer) {
+    QTimer::singleShot(0, &menu, [&menu, answer] {
+        menu.hide(); // one that is up already has been overtaken
+        answerOnce(menu, answer);
+        menu.popup(QCursor::pos());
+    });
+}
 
 } // namespace
 

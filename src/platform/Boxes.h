@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+class QAction;
 class QMenu;
 class QWidget;
 
@@ -45,9 +46,9 @@ struct Boxes {
     std::function<std::optional<std::string>(QWidget* parent, const std::string& title, const std::string& start)>
         folder;
 
-    // Shows `menu` at the pointer until an entry was chosen, which has announced itself by then, or it was dismissed.
-    // The menu may be gone afterwards.
-    std::function<void(QMenu& menu)> popup;
+    // Has `menu` shown at the pointer from the message loop, and returns. When the menu has come down, `answer` gets
+    // the entry that was chosen, null for none, from the message loop too; never if the menu is gone by then.
+    std::function<void(QMenu& menu, const std::function<void(QAction* chosen)>& answer)> popup;
 };
 
 // The boxes of the program.

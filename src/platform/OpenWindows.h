@@ -17,7 +17,7 @@ struct OpenWindow {
     Game* game = nullptr;         // of a "frmChessBoard", null for all others
     std::function<void()> unload; // asks the window to close; it may refuse
     ChatBox* chat = nullptr;      // of a "frmChat", null for all others
-    // Of a "frmChessBoard": fits and repaints it whole; pumps, so that any window may be gone afterwards.
+    // Of a "frmChessBoard": fits and repaints it whole.
     std::function<void()> zBoardSetup = [] {};
 };
 

@@ -5,7 +5,6 @@
 #include "platform/StreamText.h"
 
 #include <QNetworkProxy>
-#include <QPointer>
 #include <QTcpSocket>
 
 #include <array>
@@ -16,7 +15,6 @@
 namespace {
 
 constexpr qint64 ReadBufferBytes = 65536;
-constexpr int BacklogPollMs = 250;
 constexpr int PartingMs = 3000; // how long a closed connection may take to send its rest
 constexpr int LastChanceMs = 500;
 
@@ -127,9 +125,11 @@ void tcpClient::pull() {
     while (socket_ && cutter_.waiting() <= ArrivalCutter::Limit) {
         const auto count = socket_->isOpen() ? socket_->read(bytes.data(), static_cast<qint64>(bytes.size())) : 0;
         if (count <= 0) return;
-        cutter_.append({bytes.data(), static_cast<std::size_t>(count)}, wallClock.steadyMs());
+        receive({bytes.data(), static_cast<std::size_t>(count)});
     }
 }
+
+void tcpClient::receive(std::string_view bytes) { cutter_.append(telnet_.filter(bytes), wallClock.steadyMs()); }
 
 void tcpClient::peerClosed() {
     if (state_ == SocketStates::Connected) state_ = SocketStates::PeerClosing;
@@ -145,8 +145,9 @@ void tcpClient::fail(const std::string& description) {
 void tcpClient::endReceiving() {
     if (socket_ && socket_->isOpen()) {
         const QByteArray rest = socket_->readAll();
-        cutter_.append({rest.data(), static_cast<std::size_t>(rest.size())}, wallClock.steadyMs());
+        receive({rest.data(), static_cast<std::size_t>(rest.size())});
     }
+    cutter_.append(telnet_.finish(), wallClock.steadyMs());
     cutter_.finish();
     endDue_ = true;
     schedule();
@@ -155,6 +156,7 @@ void tcpClient::endReceiving() {
 void tcpClient::Close() {
     state_ = SocketStates::Closed;
     delivery_.stop();
+    telnet_ = {};
     cutter_ = {};
     arrived_.clear();
     failure_.reset();
@@ -163,7 +165,7 @@ void tcpClient::Close() {
 }
 
 std::string tcpClient::GetData() {
-    if (!arrived_.empty()) schedule(); // so a loop that the handler pumps brings what follows
+    if (!arrived_.empty()) schedule();
     return std::exchange(arrived_, {});
 }
 
@@ -171,10 +173,6 @@ void tcpClient::SendData(const std::string& bytes) {
     if (state_ != SocketStates::Connected) return;
     socket_->write(bytes.data(), static_cast<qint64>(bytes.size()));
     socket_->flush();
-}
-
-void tcpClient::resume() {
-    if (state_ != SocketStates::Closed) schedule();
 }
 
 void tcpClient::deliver() {
@@ -197,20 +195,11 @@ void tcpClient::deliver() {
 }
 
 void tcpClient::deliverText() {
-    if (backlog() > ArrivalCutter::Limit) {
-        delivery_.start(BacklogPollMs);
-        fire(onWithheld);
-        return;
-    }
     const auto now = wallClock.steadyMs();
-    const bool isBusy = busy();
-    if (std::exchange(wasBusy_, isBusy) || isBusy) cutter_.waitOn(now); // the rest has its time after the work too
     arrived_ = cutter_.take(prompt(), now);
     if (arrived_.empty()) {
         delivery_.start(static_cast<int>(*cutter_.dueInMs(now)));
         return;
     }
-    const QPointer<tcpClient> self(this);
     fire(onDataArrival, static_cast<std::int32_t>(arrived_.size()));
-    if (self) self->resume();
 }

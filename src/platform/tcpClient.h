@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/ArrivalCutter.h"
+#include "platform/TelnetFilter.h"
 
 #include <QObject>
 #include <QTimer>
@@ -10,6 +11,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 class QTcpSocket;
 
@@ -58,25 +60,11 @@ public:
     // The state 0 to 9; 1, 2 and 3 never occur.
     int State() const { return static_cast<int>(state_); }
 
-    // Tells that the backlog has gone down, so that withheld text can follow.
-    void resume();
-
     // The events; each may be left empty. `onError` gets a description in English.
     std::function<void()> onConnect;
     std::function<void()> onClose;
     std::function<void(std::int32_t bytesTotal)> onDataArrival;
     std::function<void(const std::string& description)> onError;
-
-    // Text waits in the socket and is withheld because of the backlog; called from the message loop, again and again
-    // until the backlog has gone down.
-    std::function<void()> onWithheld;
-
-    // How many bytes wait unread with the client (the length of `PendingText`): above 8192 nothing further is given.
-    std::function<std::size_t()> backlog = [] { return std::size_t{0}; };
-
-    // Whether the client is at work on an arrival and lets the message loop run. What comes meanwhile it reads at the
-    // end of that as it is, so an unfinished line waits for its rest.
-    std::function<bool()> busy = [] { return false; };
 
     // The learnt prompt (`gPrompt`), empty before it is learnt.
     std::function<std::string()> prompt = [] { return std::string(); };
@@ -85,6 +73,7 @@ private:
     void listenTo(QTcpSocket& socket);
     void connected();
     void pull();
+    void receive(std::string_view bytes);
     void peerClosed();
     void fail(const std::string& description);
     void endReceiving();
@@ -94,11 +83,11 @@ private:
 
     QTcpSocket* socket_ = nullptr; // null while there is no connection to end
     SocketStates state_ = SocketStates::Closed;
+    TelnetFilter telnet_;
     ArrivalCutter cutter_;
     std::string arrived_;                // the arrival that was announced and not fetched
     std::optional<std::string> failure_; // the end to come is an Error event with this description
     bool connectDue_ = false;
-    bool endDue_ = false;  // the Close or Error event is to come after the text
-    bool wasBusy_ = false; // at the latest look at what waits
-    QTimer delivery_;      // 0 ms: deliver from the message loop; longer: an unfinished line or a backlog waits
+    bool endDue_ = false; // the Close or Error event is to come after the text
+    QTimer delivery_;     // 0 ms: deliver from the message loop; longer: what waits has not rested
 };

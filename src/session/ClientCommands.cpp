@@ -60,7 +60,7 @@ void frmChessClient::wireMenus() {
     on(menus.mnuClose, [this] { connection.mnuCloseClick(); });
     on(menus.mnuExit, [this] { close(); });
     wireConsoleMenu();
-    on(menus.mnuBoard, [this] { routing.zNewBoard(); });
+    on(menus.mnuBoard, [this] { routing.hooks.zNewBoard(); });
     on(menus.mnuMatch, [this] {
         modChess.MatchMode = true;
         roads_.showMatch();

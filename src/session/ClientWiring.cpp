@@ -76,11 +76,10 @@ void frmChessClient::wireClassifier() {
 }
 
 void frmChessClient::wireBoards() {
-    routing.hooks.openBoard = [this] {
+    routing.hooks.zNewBoard = [this] {
         menus.mnuBoard->setEnabled(false);
-        return roads_.openBoard();
+        roads_.openBoard();
     };
-    routing.hooks.pump = pumpMessages;
     routing.hooks.beep = [] { QApplication::beep(); };
     routing.hooks.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
     routing.hooks.seekGraphChecked = [this] { return menus.mnuSeekGrf->isChecked(); };
@@ -111,19 +110,7 @@ void frmChessClient::wireRoad() {
 void frmChessClient::wireSocket() {
     tcpClient_.onClose = [this] { connection.socketClosed(); };
     tcpClient_.onError = [this](const std::string& description) { connection.socketError(description); };
-    tcpClient_.onDataArrival = [this](std::int32_t) {
-        pipeline.zDataArrival();
-        tcpClient_.resume();
-    };
-    tcpClient_.backlog = [this] { return pipeline.PendingText.size(); };
-    // The rest of a long answer is here and has no room. Silence, which would let its front go, is now of our own
-    // making.
-    tcpClient_.onWithheld = [this] {
-        if (pipeline.ParseBusy) return;
-        pipeline.tmrArrival();
-        tcpClient_.resume();
-    };
-    tcpClient_.busy = [this] { return pipeline.ParseBusy; };
+    tcpClient_.onDataArrival = [this](std::int32_t) { pipeline.zDataArrival(); };
     tcpClient_.prompt = [] { return modChess.gPrompt; };
 }
 
@@ -169,10 +156,7 @@ void frmChessClient::wireTimers() {
     }
     tmrTCP_.setInterval(1000);
     tmrClose_.setInterval(550);
-    connect(&tmrArrival_, &QTimer::timeout, this, [this] {
-        pipeline.tmrArrival();
-        tcpClient_.resume();
-    });
+    connect(&tmrArrival_, &QTimer::timeout, this, [this] { pipeline.tmrArrival(); });
     connect(&tmrPrompt_, &QTimer::timeout, this, [this] { pipeline.tmrPrompt(); });
     connect(&tmrState_, &QTimer::timeout, this, [this] { pipeline.tmrState(); });
     connect(&tmrTCP_, &QTimer::timeout, this, [this] { connection.tmrTCPTimer(); });

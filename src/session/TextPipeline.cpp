@@ -3,6 +3,7 @@
 
 #include "common/Text.h"
 #include "common/modChess.h"
+#include "session/FullBatch.h"
 
 #include <algorithm>
 #include <array>
@@ -61,7 +62,19 @@ void TextPipeline::zDataArrival() {
     const BusyMark busy(ParseBusy);
     disarm();
     hooks.textArrived();
-    takeArrival(held);
+    takeArrival(held > 0 && letGoFullBatches() ? 0 : held);
+}
+
+// Without it an answer of any length would wait for its prompt, and end the program when the prompt comes.
+bool TextPipeline::letGoFullBatches() {
+    bool letGo = false;
+    while (const std::size_t front = frontOfFullBatch(PendingText)) {
+        const std::string batch = PendingText.substr(0, front);
+        PendingText.erase(0, front);
+        hooks.dataParse(batch);
+        letGo = true;
+    }
+    return letGo;
 }
 
 void TextPipeline::disarm() {

@@ -48,7 +48,8 @@ struct TextPipeline {
     TextPipeline(const TextPipeline&) = delete;
     TextPipeline& operator=(const TextPipeline&) = delete;
 
-    // Takes all waiting data and drains it, or holds it for three seconds counted from the latest arrival.
+    // Takes all waiting data and drains it, or holds it for three seconds counted from the latest arrival. Of what is
+    // held already, the front goes ahead where one batch can not hold it all.
     void zDataArrival();
 
     // The timers' routines. tmrArrival drains whatever is held, partial text included, without testing ParseBusy.
@@ -68,6 +69,7 @@ struct TextPipeline {
 private:
     void disarm();
     std::string_view unsearched(std::size_t held) const;
+    bool letGoFullBatches();
     void takeArrival(std::size_t held);
     void drain();
     void learnHandle();

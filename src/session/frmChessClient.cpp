@@ -147,7 +147,7 @@ void frmChessClient::load() {
     connection.ClosedByUser = true;
     show();
     txtSend->setFocus();
-    passOver([this] { routing.zNewBoard(); });
+    passOver([this] { routing.hooks.zNewBoard(); });
     tmrTCP_.start();
 }
 

@@ -41,8 +41,8 @@ struct ClientRoads {
     // What the dump of the settings says of the other windows.
     RunningWindows runningWindows;
     std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
-    // Creates, shows and loads a board window; gives its identity in openWindows.
-    std::function<const void*()> openBoard = [] { return static_cast<const void*>(nullptr); };
+    // Creates, shows and loads a board window.
+    std::function<void()> openBoard = [] {};
     // Shows frmMatch as modChess.MatchMode says.
     std::function<void()> showMatch = [] {};
 };

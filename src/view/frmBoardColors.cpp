@@ -181,21 +181,13 @@ void frmBoardColors::drawHighlights() {
 
 void frmBoardColors::zBuildMasks(PieceSets& pieces, int list) const { buildMasks(colors_, pieces, list); }
 
-// Each board is looked up anew, and the dialog left alone: a repaint lets boards close, and the dialog with them.
 void frmBoardColors::zSave() {
-    const BoardColors colors = colors_;
-    std::vector<const void*> boards;
-    for (const OpenWindow& open : openWindows.windows) {
-        if (open.className == "frmChessBoard") boards.push_back(open.window);
-    }
-    passOver([&] {
-        for (const void* board : boards) {
-            const auto open = std::ranges::find(openWindows.windows, board, &OpenWindow::window);
-            if (open == openWindows.windows.end()) continue;
-            for (const int list : {0, 1}) buildMasks(colors, imlPieces, list);
-            setBoardColors(colors);
-            const auto repaint = open->zBoardSetup; // the entry may go while it runs
-            repaint();
+    passOver([this] {
+        for (const OpenWindow& open : openWindows.windows) {
+            if (open.className != "frmChessBoard") continue;
+            for (const int list : {0, 1}) buildMasks(colors_, imlPieces, list);
+            setBoardColors(colors_);
+            open.zBoardSetup();
         }
     });
 }
@@ -215,9 +207,8 @@ void frmBoardColors::cmdTest() {
 }
 
 void frmBoardColors::cmdOK() {
-    const QPointer<frmBoardColors> self(this);
     zSave();
-    if (self) close();
+    close();
 }
 
 frmBoardColors& frmBoardColors::loaded() {

@@ -26,7 +26,7 @@ public:
     // Puts seven keyed images of the dialog's colours behind the twelve pieces of list 0 to 25, in place of those that
     // stood there; faults (subscript) on any other list.
     void zBuildMasks(PieceSets& pieces, int list) const;
-    // For each open board: the images, then the program's colours, then its repaint, which pumps. Does nothing without
+    // For each open board: the images, then the program's colours, then its repaint. Does nothing without
     // a board. A fault ends it silently.
     void zSave();
 
