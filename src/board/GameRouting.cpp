@@ -6,21 +6,18 @@
 #include "common/Numbers.h"
 #include "common/Text.h"
 #include "common/modChess.h"
-#include "platform/OpenWindows.h"
 
 #include <cmath>
 #include <cstdlib>
 
 namespace {
 
-bool isBoard(const OpenWindow& window) { return window.className == "frmChessBoard" && window.game; }
-
 // The first board that fits, the oldest since the list is in order of creation.
 template <typename Test>
 int firstBoard(Test fits) {
     for (std::size_t number = 0; number < openWindows.windows.size(); ++number) {
-        const OpenWindow& window = openWindows.windows[number];
-        if (isBoard(window) && fits(*window.game)) return static_cast<int>(number);
+        const Game* game = gameOf(openWindows.windows[number]);
+        if (game && fits(*game)) return static_cast<int>(number);
     }
     return -1;
 }
@@ -52,12 +49,17 @@ int zFindBoardById(std::int32_t id) {
     return firstBoard([id](const Game& board) { return board.id == id; });
 }
 
+Game* gameOf(const OpenWindow& window) {
+    Game* const* game = std::any_cast<Game*>(&window.content);
+    return game ? *game : nullptr;
+}
+
 Game& boardAt(int windowNumber) {
     const auto number = static_cast<std::size_t>(windowNumber);
-    if (windowNumber < 0 || number >= openWindows.windows.size() || !isBoard(openWindows.windows[number])) {
-        throw Fault(FaultKind::Subscript, "window " + std::to_string(windowNumber) + " is no board");
-    }
-    return *openWindows.windows[number].game;
+    Game* game =
+        windowNumber >= 0 && number < openWindows.windows.size() ? gameOf(openWindows.windows[number]) : nullptr;
+    if (!game) throw Fault(FaultKind::Subscript, "window " + std::to_string(windowNumber) + " is no board");
+    return *game;
 }
 
 int GameRouting::zFindReviewBoard() {
@@ -108,8 +110,9 @@ void GameRouting::zEndGame(std::string_view line) {
 
 void GameRouting::zEndAllGames() {
     for (const OpenWindow& window : openWindows.windows) {
-        if (!isBoard(window)) continue;
-        window.game->zEndParms();
+        Game* game = gameOf(window);
+        if (!game) continue;
+        game->zEndParms();
         modChess.GameRunning = false;
     }
 }

@@ -37,8 +37,8 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     connectTyping();
     openWindows.add({.className = "frmChessBoard",
                      .window = this,
-                     .game = &game,
                      .unload = [this] { unload(); },
+                     .content = &game,
                      .zBoardSetup = [this] { game.zBoardSetup(false); }});
 }
 

@@ -19,16 +19,15 @@ bool isBughouse(const std::string& line) { return contains(line, "<b1>"); }
 } // namespace
 
 void LineClassifier::zDataParse(const std::string& text) {
+    if (modChess.AppClosing) return; // no board opens any more, and no text has a place to go
     const int count = lines.zParse(text);
     TellToChat = false;
-    // The close-down may come in a pump: then no board opens any more, and the rest of the batch has no place to go.
-    for (int i = 0; i < count && !modChess.AppClosing; ++i) {
+    for (int i = 0; i < count; ++i) {
         routeLine(i, count);
         detectTell(i, count);
     }
-    // One copy for all lines keeps its room, and a batch that runs inside this one has its own.
-    std::string line;
-    for (int i = 0; i < count && !modChess.AppClosing; ++i) {
+    std::string line; // one copy for all lines keeps its room
+    for (int i = 0; i < count; ++i) {
         line = lines[i];
         printLine(line);
     }
@@ -70,19 +69,16 @@ void LineClassifier::blankBehindStyle12(int i, int count, int board) {
     }
 }
 
-// The board is looked up before each call, as a call may pump the message loop and windows may close there.
 void LineClassifier::setPosition() {
     const std::int16_t game = modChess.Record.GameNumber;
-    const auto onBoard = [&](const std::function<void(int)>& call) {
-        const int board = hooks.zFindBoard(game);
-        if (board != -1) call(board);
-        return board != -1;
-    };
-    if (!onBoard(hooks.zSetPosition) || !modChess.NewGameFlag) return;
-    onBoard(hooks.zExitMove);
-    onBoard(hooks.getMoves);
+    const int board = hooks.zFindBoard(game);
+    if (board == -1) return;
+    hooks.zSetPosition(board);
+    if (!modChess.NewGameFlag) return;
+    hooks.zExitMove(board);
+    hooks.zGetMoves(board);
     modChess.MovesTarget = game;
-    onBoard(hooks.showBoard);
+    hooks.showBoard(board);
 }
 
 // "<b1> game 1 white [PN] black []": the board is that of the latest record, whatever game the line names.

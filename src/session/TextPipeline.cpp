@@ -51,7 +51,8 @@ constexpr std::array<Flag, 6> busyFlags{&ModChess::gNotesCapture,  &ModChess::gV
 
 } // namespace
 
-TextPipeline::TextPipeline(ServerLines& serverLines) : lines(serverLines) {
+TextPipeline::TextPipeline(ServerLines& serverLines, PipelineHooks reachedOut)
+    : lines(serverLines), hooks(std::move(reachedOut)) {
     lines.tailSeen = [this] { hooks.startTimer(SessionTimer::tmrPrompt, LoneTailMs); };
 }
 
@@ -109,13 +110,7 @@ void TextPipeline::takeArrival(std::size_t held) {
     }
 }
 
-// The classifier may pump the message loop, and text that arrives there lands in PendingText.
-void TextPipeline::drain() {
-    do {
-        const std::string batch = std::exchange(PendingText, {});
-        hooks.dataParse(batch);
-    } while (!PendingText.empty());
-}
+void TextPipeline::drain() { hooks.dataParse(std::exchange(PendingText, {})); }
 
 // What was sent last at this moment is the answer to "login:".
 void TextPipeline::learnHandle() {

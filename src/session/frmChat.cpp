@@ -56,7 +56,7 @@ frmChat::frmChat(ServerRoad& road, const ChatRoads& roads) : box(road), roads_(r
     connect(&tmrStart_, &QTimer::timeout, this, &frmChat::askForBuddy);
     fillHooks();
     connectKeys();
-    openWindows.add({"frmChat", this, nullptr, [this] { close(); }, &box});
+    openWindows.add({"frmChat", this, [this] { close(); }, &box});
 }
 
 frmChat::~frmChat() { openWindows.remove(this); }

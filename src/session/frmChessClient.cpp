@@ -20,6 +20,7 @@ namespace {
 
 constexpr QSize DesignedSize(760, 560); // pixels
 constexpr int ConsolePointSize = 9;
+constexpr int FirstTick = 1000; // milliseconds, of tmrTCP
 
 // Pixels. What the console leaves of the window, and how that is shared out.
 constexpr int Beside = 37;
@@ -55,17 +56,12 @@ frmChessClient::frmChessClient(const ClientRoads& roads) : roads_(roads) {
     menus.build(*menuBar());
     setCentralWidget(buildInner());
     resize(DesignedSize);
-    wirePipeline();
-    wireClassifier();
-    wireBoards();
-    wireRoad();
-    wireSocket();
-    wireConnection();
-    wireTimers();
-    wireKeys();
-    wireMenus();
-    wireChat();
-    openWindows.add({"frmChessClient", this, nullptr, [this] { close(); }});
+    connectSocket();
+    connectTimers();
+    connectKeys();
+    connectMenus();
+    connectChat();
+    openWindows.add({"frmChessClient", this, [this] { close(); }});
 }
 
 frmChessClient::~frmChessClient() { openWindows.remove(this); }
@@ -136,19 +132,19 @@ void frmChessClient::load() {
     zStartValues();
     const QStringList arguments = QApplication::arguments().mid(1);
     if (arguments.join(u' ') == QStringLiteral("test")) QDir::setCurrent(QDir::tempPath());
-    connection.StartDirectory = QDir::currentPath().toLocal8Bit().toStdString();
+    session.connection.StartDirectory = QDir::currentPath().toLocal8Bit().toStdString();
     settings.Width = twipsOf(DesignedSize).Width;
     settings.Height = twipsOf(DesignedSize).Height;
     zGetReg(roads_.store, settings);
     applySettings();
     loadPlace();
     takeLook();
-    classifier.LineColor = modChess.ColorMain;
-    connection.ClosedByUser = true;
+    session.classifier.LineColor = modChess.ColorMain;
+    session.connection.ClosedByUser = true;
     show();
     txtSend->setFocus();
-    passOver([this] { routing.hooks.zNewBoard(); });
-    tmrTCP_.start();
+    passOver([this] { session.routing.hooks.zNewBoard(); });
+    timerOf(SessionTimer::tmrTCP).start(FirstTick);
 }
 
 void frmChessClient::loadPlace() {
@@ -187,23 +183,23 @@ void frmChessClient::queryUnload() {
     tcpClient_.Close();
     collectSettings();
     zSaveReg(roads_.store, settings);
-    connection.zTerminateTimeSeal();
+    session.connection.bridge.zTerminateTimeSeal();
     stopEverything();
     Q_EMIT closed();
 }
 
 void frmChessClient::stopEverything() {
     tcpClient_.Close();
-    for (QTimer* timer : {&tmrArrival_, &tmrPrompt_, &tmrState_, &tmrTCP_, &tmrClose_}) timer->stop();
+    for (QTimer& timer : timers_) timer.stop();
 }
 
 void frmChessClient::applySettings() {
-    connection.LastServer = settings.LastServer;
-    connection.mnuUseTS = settings.mnuUseTS;
-    connection.mnuAutoCon = settings.mnuAutoCon;
-    connection.mnuAutoLogon = settings.mnuAutoLogon;
-    logOn.handle = settings.Handle;
-    logOn.password = settings.Password;
+    session.connection.LastServer = settings.LastServer;
+    session.connection.mnuUseTS = settings.mnuUseTS;
+    session.connection.mnuAutoCon = settings.mnuAutoCon;
+    session.connection.mnuAutoLogon = settings.mnuAutoLogon;
+    session.logOn.handle = settings.Handle;
+    session.logOn.password = settings.Password;
     menus.mnuSeekGrf->setChecked(settings.mnuSeekGrf);
     menus.mnuXP->setChecked(settings.mnuXP);
     takeMenuTicks();
@@ -220,12 +216,12 @@ void frmChessClient::collectSettings() {
     settings.Top = at.Top;
     settings.Width = at.Width;
     settings.Height = at.Height;
-    settings.mnuUseTS = connection.mnuUseTS;
-    settings.mnuAutoCon = connection.mnuAutoCon;
-    settings.mnuAutoLogon = connection.mnuAutoLogon;
+    settings.mnuUseTS = session.connection.mnuUseTS;
+    settings.mnuAutoCon = session.connection.mnuAutoCon;
+    settings.mnuAutoLogon = session.connection.mnuAutoLogon;
     settings.mnuSeekGrf = menus.mnuSeekGrf->isChecked();
     settings.mnuXP = menus.mnuXP->isChecked();
-    settings.LastServer = connection.LastServer;
-    settings.Handle = logOn.handle;
-    settings.Password = logOn.password;
+    settings.LastServer = session.connection.LastServer;
+    settings.Handle = session.logOn.handle;
+    settings.Password = session.logOn.password;
 }

@@ -156,7 +156,7 @@ TEST_P(ProgramClosingInAPump, OpensNoBoardFromTheRestOfTheBatch) {
     pumps = 0;
     rig.server.send(nextOfAll() + "\n\r<b1> game 4 white [P] black []\n\rfics% ");
     ASSERT_TRUE(waitUntil([] { return modChess.AppClosing; }, PatienceMs));
-    EXPECT_TRUE(waitUntil([this] { return !rig.client->pipeline.ParseBusy; }));
+    EXPECT_TRUE(waitUntil([this] { return !rig.client->session.pipeline.ParseBusy; }));
     EXPECT_TRUE(rig.boards().empty());
     EXPECT_EQ(rig.fault, std::nullopt) << "holdings of a game whose board is gone end nothing any more";
     EXPECT_EQ(rig.values->texts.count({"Client", "Registry_OK"}), 1U) << "the settings are written";

@@ -41,7 +41,7 @@ QColor colorAt(Console& console, int position) {
 TEST_F(ChatWindow, ABoxAsksForItsBuddyAMomentAfterItOpened) {
     start();
     modChess.TellTarget = "Bob";
-    client->zNewChat();
+    client->session.zNewChat();
     ASSERT_EQ(chats().size(), 1U);
     EXPECT_TRUE(messages.empty());
     EXPECT_EQ(chats()[0]->box.xBuddy, "");
@@ -74,7 +74,7 @@ TEST_F(ChatWindow, AnEmptyAnswerOrCancelClosesTheBox) {
     start();
     for (const std::optional<std::string>& none : {std::optional<std::string>(""), std::optional<std::string>()}) {
         buddy = none;
-        client->zNewChat();
+        client->session.zNewChat();
         const QPointer<frmChat> chat(chats().back());
         ASSERT_TRUE(waitUntil([&] { return chat.isNull(); }));
         EXPECT_EQ(openWindows.count("frmChat"), 0);
@@ -85,7 +85,7 @@ TEST_F(ChatWindow, ALineEndInAPastedNameIsNoPartOfIt) {
     start();
     EXPECT_EQ(openChat("Bob\r\n").box.xBuddy, "Bob");
     buddy = "\n";
-    client->zNewChat();
+    client->session.zNewChat();
     EXPECT_TRUE(waitUntil([] { return openWindows.count("frmChat") == 1; }));
 }
 
@@ -95,7 +95,7 @@ TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionStaysClosed) {
         openWindows.windows.back().unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     };
-    client->zNewChat();
+    client->session.zNewChat();
     ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
     runFor(20);
     EXPECT_EQ(openWindows.count("frmChat"), 0);
@@ -105,7 +105,7 @@ TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionAndNotGoneYetTakesNoName) {
     start();
     std::string named;
     whileAsked = [] { openWindows.windows.back().unload(); };
-    client->zNewChat();
+    client->session.zNewChat();
     chats()[0]->box.hooks.setCaption = [&named](const std::string& caption) { named = caption; };
     ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
     runFor(20);
@@ -114,7 +114,7 @@ TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionAndNotGoneYetTakesNoName) {
 
 TEST_F(ChatWindow, ABoxThatIsClosedBeforeItsQuestionDoesNotAsk) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     const QPointer<frmChat> chat(chats()[0]);
     chat->close();
     EXPECT_FALSE(chat->findChild<QTimer*>(QStringLiteral("tmrStart"))->isActive());
@@ -129,13 +129,13 @@ TEST_F(ChatWindow, AClosedBoxThatIsNotGoneYetTakesNoTell) {
     chat.close();
     EXPECT_EQ(openWindows.count("frmChat"), 0);
     modChess.TellTarget = "Bob";
-    EXPECT_FALSE(client->classifier.hooks.zChatBox("Bob tells you: hi\r\n"));
+    EXPECT_FALSE(client->session.classifier.hooks.zChatBox("Bob tells you: hi\r\n"));
 }
 
 TEST_F(ChatWindow, TheRealQuestionGoesWithTheProgram) {
     boxes.inputAt = Boxes().inputAt;
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     bool asked = false;
     QTimer look; // the question runs the message loop until it is gone
     look.callOnTimeout([&] {
@@ -170,8 +170,8 @@ protected:
     // Opens two boxes at once and runs `reply` when both ask.
     void whenBothAsk(const std::function<void()>& reply) {
         start();
-        client->zNewChat();
-        client->zNewChat();
+        client->session.zNewChat();
+        client->session.zNewChat();
         bool both = false;
         QTimer look;
         look.callOnTimeout([&] {
@@ -217,7 +217,7 @@ TEST_F(ChatQuestions, TwoThatAreUpGoWithTheProgram) {
 
 TEST_F(ChatQuestions, ATellThatNamesTheBoxMeanwhileIsShownAndTheAnswerStillNamesIt) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     QTimer look;
     look.callOnTimeout([] {
         const auto questions = asked();
@@ -237,7 +237,7 @@ TEST_F(ChatQuestions, ATellThatNamesTheBoxMeanwhileIsShownAndTheAnswerStillNames
 
 TEST_F(ChatWindow, AFirstBoxStandsAtTheCornerInTheDesignedSize) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     EXPECT_EQ(chats()[0]->pos(), QPoint(0, 0));
     EXPECT_EQ(chats()[0]->size(), Designed);
 }
@@ -245,7 +245,7 @@ TEST_F(ChatWindow, AFirstBoxStandsAtTheCornerInTheDesignedSize) {
 TEST_F(ChatWindow, ASavedPlaceIsTaken) {
     saved("1500", "750");
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     EXPECT_EQ(shownAt(*chats()[0]), QRect(100, 50, 500, 400));
 }
 
@@ -253,7 +253,7 @@ TEST_F(ChatWindow, APlaceBelow1OrBeyondTheScreenGivesTheCornerAndTheDesignedSize
     for (const auto& [left, top] : {std::pair{"0", "750"}, {"750", "0"}, {"-15", "750"}, {"30000", "750"}}) {
         saved(left, top);
         if (!client) start();
-        client->zNewChat();
+        client->session.zNewChat();
         EXPECT_EQ(shownAt(*chats().back()), QRect(QPoint(0, 0), Designed)) << left << " " << top;
     }
 }
@@ -268,14 +268,14 @@ TEST_F(ChatWindow, BeforeTheFirstExitThePlaceComesFromTheOlderFile) {
     file.close();
     save("Left", "3000");
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     EXPECT_EQ(shownAt(*chats()[0]), QRect(100, 50, 500, 400));
     QDir::setCurrent(before);
 }
 
 TEST_F(ChatWindow, ClosingSavesThePlace) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     put(*chats()[0], {100, 50, 500, 400});
     chats()[0]->close();
     EXPECT_EQ(stored("Chat", "Left"), "1500");
@@ -286,7 +286,7 @@ TEST_F(ChatWindow, ClosingSavesThePlace) {
 
 TEST_F(ChatWindow, AMinimisedBoxIsSavedAsItStoodBefore) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     put(*chats()[0], {100, 50, 500, 400});
     const QPointer<frmChat> chat(chats()[0]);
     chat->showMinimized();
@@ -469,7 +469,7 @@ TEST_F(ChatWindow, AHundredThousandTellsAreAllShownInOrder) {
     for (int i = 0; i < 100000; ++i) {
         const string text = "tell number " + std::to_string(i);
         expected += text + "\n";
-        ASSERT_TRUE(client->classifier.hooks.zChatBox("Bob tells you: " + text + "\r\n"));
+        ASSERT_TRUE(client->session.classifier.hooks.zChatBox("Bob tells you: " + text + "\r\n"));
         if (i % 100 == 0) QCoreApplication::processEvents();
     }
     EXPECT_TRUE(txtChat(chat).text() == expected);

@@ -83,9 +83,9 @@ TEST_F(ConsoleMenuWindow, OtherAsksForTheServerAndLabelsTheConnectionWithIt) {
     client->menus.mnuConnect[2]->trigger();
     EXPECT_EQ(messages, (std::vector<std::string>{"Alternate Server: Enter IP, Port"}));
     ASSERT_TRUE(waitUntil([this] { return socketState() == 7; }));
-    client->connection.tmrTCPTimer();
+    client->session.connection.tmrTCPTimer();
     EXPECT_EQ(title(), "Brightrank - Client     Connected to 127.0.0.1 Port " + std::to_string(loopback.port()));
-    EXPECT_EQ(client->connection.LastServer, 0);
+    EXPECT_EQ(client->session.connection.LastServer, 0);
 }
 
 TEST_F(ConsoleMenuWindow, OtherWithoutAFittingAnswerDoesNothing) {
@@ -104,9 +104,9 @@ TEST_F(ConsoleMenuWindow, CloseConnectionClosesTheSocketAtTheUsersWish) {
     connected();
     entry("mnuClose").trigger();
     EXPECT_EQ(socketState(), 0);
-    client->connection.tmrTCPTimer();
+    client->session.connection.tmrTCPTimer();
     EXPECT_EQ(title(), "Brightrank - Client     Closed");
-    EXPECT_TRUE(client->connection.ClosedByUser);
+    EXPECT_TRUE(client->session.connection.ClosedByUser);
 }
 
 TEST_F(ConsoleMenuWindow, TicksFollowTheirClicks) {
@@ -116,8 +116,8 @@ TEST_F(ConsoleMenuWindow, TicksFollowTheirClicks) {
         entry(name).trigger();
         EXPECT_EQ(entry(name).isChecked(), !before) << name;
     }
-    EXPECT_TRUE(client->serverLines.verbose);
-    EXPECT_TRUE(client->connection.mnuAutoLogon);
+    EXPECT_TRUE(client->session.serverLines.verbose);
+    EXPECT_TRUE(client->session.connection.mnuAutoLogon);
 }
 
 TEST_F(ConsoleMenuWindow, AutoConnectCheckedWhileClosedConnectsToTheLastServer) {

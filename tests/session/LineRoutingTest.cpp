@@ -242,7 +242,7 @@ TEST(LineClassifierUnset, HooksAreHarmless) {
     Captures captures;
     LineClassifier classifier(lines, captures);
     modChess.HistoryCapture = true;
-    classifier.menu.mnuAutoLogon = true;
+    session.connection.mnuAutoLogon = true;
     classifier.zDataParse("\n" + style12Line(1) + "\nBob tells you: x\nlogin:\npassword:\nChallenge:\nStyle 12 set\n");
     EXPECT_EQ(classifier.SuppressCount, 0);
 }

@@ -22,7 +22,7 @@ protected:
         ASSERT_TRUE(serverGot("anders\nsecret\n"));
     }
     bool loginIs(int login) {
-        return waitUntil([&] { return client->pipeline.login == login; });
+        return waitUntil([&] { return client->session.pipeline.login == login; });
     }
 };
 
@@ -40,7 +40,7 @@ TEST_F(LogOnWindow, UpAtTheLoginPromptSendsTheHandle) {
     ASSERT_TRUE(loginIs(1));
     QTest::keyClick(&txtSend(), Qt::Key_Up);
     EXPECT_TRUE(serverGot("anders\n"));
-    EXPECT_EQ(client->pipeline.login, 0);
+    EXPECT_EQ(client->session.pipeline.login, 0);
     EXPECT_EQ(txtSend().line(), "");
 }
 
@@ -80,7 +80,7 @@ TEST_F(LogOnWindow, TheMaskVanishesWithTheNextTextOfTheServer) {
     ASSERT_TRUE(loginIs(2));
     loopback.send("\r\nwelcome\r\n");
     EXPECT_TRUE(waitUntil([&] { return txtSend().echoMode() == QLineEdit::Normal; }));
-    EXPECT_EQ(client->pipeline.login, 0);
+    EXPECT_EQ(client->session.pipeline.login, 0);
 }
 
 TEST_F(LogOnWindow, WithAutoLogonASessionNeedsNoKeyPress) {

@@ -30,11 +30,10 @@ inline WatchedGame gameOf(int number, const std::string& round) {
 class ManyBoards : public testing::Test {
 protected:
     ManyBoards() {
-        rig.roads.openBoard = [this]() -> const void* {
+        rig.roads.openBoard = [this] {
             auto* board = new frmChessBoard(rig.boardRoads);
             watch(*board);
             board->load();
-            return board;
         };
         boxes.okCancel = [](QWidget*, const std::string&, const std::string&) { return true; };
     }
@@ -47,7 +46,7 @@ protected:
     // Whatever a test has done: no fault, nothing waits, and nothing stays behind.
     void TearDown() override {
         EXPECT_EQ(rig.fault, std::nullopt);
-        EXPECT_FALSE(rig.client->pipeline.ParseBusy);
+        EXPECT_FALSE(rig.client->session.pipeline.ParseBusy);
         atPump = nullptr;
         rig.client->queryUnload();
         EXPECT_EQ(openWindows.windows.size(), 1U) << "only the console is left";

@@ -33,10 +33,9 @@ ProgramRig::ProgramRig() {
     fillStore();
     roads.store = memoryStore(values);
     roads.playSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); };
-    roads.openBoard = [this]() -> const void* {
+    roads.openBoard = [this] {
         auto* board = new frmChessBoard(boardRoads);
         board->load();
-        return board;
     };
     client = std::make_unique<frmChessClient>(roads);
     boardRoads = client->boardRoads();
@@ -70,7 +69,7 @@ void ProgramRig::fillStore() {
 
 // The client's own roads stay in place; the rig listens on them.
 void ProgramRig::noteTraffic() {
-    PipelineHooks& pipeline = client->pipeline.hooks;
+    PipelineHooks& pipeline = client->session.pipeline.hooks;
     pipeline.getData = [this, real = pipeline.getData] {
         std::string text = real();
         fetched_ += text.size();
@@ -86,7 +85,7 @@ void ProgramRig::noteTraffic() {
             client->stopEverything();
         }
     };
-    ClassifierHooks& classifier = client->classifier.hooks;
+    ClassifierHooks& classifier = client->session.classifier.hooks;
     classifier.zSetPosition = [this, real = classifier.zSetPosition](int board) {
         const Style12Record record = boardAt(board).Style12Record;
         real(board);
@@ -104,15 +103,15 @@ void ProgramRig::holdTime() {
 }
 
 void ProgramRig::connectNow() {
-    client->connection.tmrTCPTimer();
-    ASSERT_TRUE(waitUntil([this] { return server.hasClient() && client->road.hooks.socketState() == 7; }));
+    client->session.connection.tmrTCPTimer();
+    ASSERT_TRUE(waitUntil([this] { return server.hasClient() && client->session.road.hooks.socketState() == 7; }));
 }
 
 void ProgramRig::learnPrompt() {
     send(FicsPrompt);
     settle();
-    ASSERT_EQ(client->serverLines.PartialLine, FicsPrompt);
-    client->pipeline.tmrPrompt();
+    ASSERT_EQ(client->session.serverLines.PartialLine, FicsPrompt);
+    client->session.pipeline.tmrPrompt();
     ASSERT_EQ(modChess.gPrompt, FicsPrompt);
     console().clearScreen();
 }
@@ -126,7 +125,7 @@ void ProgramRig::pumpOnce() { QCoreApplication::processEvents(QEventLoop::AllEve
 
 // A server of the real kind waits for the answer at this place.
 void ProgramRig::answerLogOn() {
-    if (client->pipeline.login == 0) return;
+    if (client->session.pipeline.login == 0) return;
     const std::size_t before = server.received.size();
     EXPECT_TRUE(waitUntil([&] { return server.received.size() > before; })) << "no answer to the log-on question";
 }
@@ -147,7 +146,7 @@ void ProgramRig::replay(std::string_view script, Packets packets) {
 void ProgramRig::fetchAll() {
     const bool done = waitUntil([this] {
         steady_ += LinePatienceMs;
-        if (client->pipeline.PendingText.size() > OneArrival) client->pipeline.tmrArrival();
+        if (client->session.pipeline.PendingText.size() > OneArrival) client->session.pipeline.tmrArrival();
         return fetched_ == sent_ || fault;
     });
     EXPECT_TRUE(done) << fetched_ << " of " << sent_ << " bytes were fetched";
@@ -155,7 +154,7 @@ void ProgramRig::fetchAll() {
 
 void ProgramRig::settle() {
     fetchAll();
-    if (!fault && !client->pipeline.PendingText.empty()) client->pipeline.tmrArrival();
+    if (!fault && !client->session.pipeline.PendingText.empty()) client->session.pipeline.tmrArrival();
     answerLogOn();
     const auto all = static_cast<std::size_t>(modChess.LinesSent);
     EXPECT_TRUE(waitUntil([&] { return server.commands().size() == all; })) << "commands are still under way";
