@@ -7,7 +7,6 @@
 #include "common/Text.h"
 #include "common/modChess.h"
 
-#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -24,12 +23,11 @@ int firstBoard(Test fits) {
 
 bool hasNoGame(const Game& game) { return game.Style12Record.Relation == -100; }
 
-// "{Game 12 (a vs b) ...": the number four characters behind the place of "ame". A number past 16 bits is on no board.
+// "{Game 12 (a vs b) ...": the number four characters behind the place of "ame". Faults (overflow) past 16 bits.
 std::int16_t gameNumberIn(std::string_view line) {
     const long place = find(1, line, "ame");
     if (place == 0) return 0;
-    const double number = leadingNumber(mid(line, place + 4));
-    return std::abs(number) > 32767 ? std::int16_t{0} : toInt16(number);
+    return toInt16(leadingNumber(mid(line, place + 4)));
 }
 
 } // namespace

@@ -55,7 +55,8 @@ struct GameRouting {
     // `free` becomes true when no board has the game of the shared record.
     void zGameParms(bool& free) const;
 
-    // The end of one game, from a line such as "{Game 12 (a vs b) a resigns} 1-0".
+    // The end of one game, from a line such as "{Game 12 (a vs b) a resigns} 1-0". Faults (overflow) on a number past
+    // 16 bits.
     void zEndGame(std::string_view line);
 
     // The end of every game: the connection is lost.

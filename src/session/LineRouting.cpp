@@ -6,6 +6,8 @@
 #include "common/modChess.h"
 #include "session/TellLine.h"
 
+#include <algorithm>
+
 namespace {
 
 // Up to this length, CR LF included, a line behind a board update is taken for a prompt.
@@ -14,22 +16,37 @@ constexpr std::size_t ShortLine = 15;
 // Drops short lines until the next longer one.
 constexpr std::int32_t DropShortLines = 1000;
 
+// The front of the text that met a limit, for somebody who reads it in a box or on a terminal.
+std::string metBy(std::string_view text) {
+    constexpr std::size_t Enough = 160;
+    std::string shown(text.substr(0, Enough));
+    while (shown.ends_with('\n') || shown.ends_with('\r')) shown.pop_back();
+    std::ranges::replace_if(
+        shown, [](char c) { return c < ' ' || c == 127; }, '?');
+    return ", met by \"" + shown + (text.size() > Enough ? "...\"" : "\"");
+}
+
 bool isBughouse(const std::string& line) { return contains(line, "<b1>"); }
 
 } // namespace
 
 void LineClassifier::zDataParse(const std::string& text) {
     if (modChess.AppClosing) return; // no board opens any more, and no text has a place to go
-    const int count = lines.zParse(text);
-    TellToChat = false;
-    for (int i = 0; i < count; ++i) {
-        routeLine(i, count);
-        detectTell(i, count);
-    }
-    std::string line; // one copy for all lines keeps its room
-    for (int i = 0; i < count; ++i) {
-        line = lines[i];
-        printLine(line);
+    std::string line;                // the one at hand; one copy for all keeps its room
+    try {
+        const int count = lines.zParse(text);
+        TellToChat = false;
+        for (int i = 0; i < count; ++i) {
+            line = lines[i];
+            routeLine(i, count);
+            detectTell(i, count);
+        }
+        for (int i = 0; i < count; ++i) {
+            line = lines[i];
+            printLine(line);
+        }
+    } catch (const Fault& fault) {
+        throw Fault(fault.kind(), fault.what() + metBy(line.empty() ? text : line));
     }
 }
 

@@ -1,6 +1,7 @@
 // The conversation with the server: how its parts are joined.
 #include "session/Session.h"
 
+#include "common/RaisedFlag.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
 #include "session/ChatBox.h"
@@ -53,11 +54,7 @@ PipelineHooks Session::pipelineHooks() {
             [](const std::string& handle) { eachBoard([&handle](Game& game) { game.surface.setPanel(1, handle); }); },
         .promptCaption = outside.client.promptCaption,
         .setPromptCaption = outside.client.setPromptCaption,
-        .dataParse =
-            [this](const std::string& batch) {
-                classifier.zDataParse(batch);
-                road.forgetPassword();
-            },
+        .dataParse = [this](const std::string& batch) { readBatch(batch); },
     };
 }
 
@@ -157,7 +154,7 @@ ConnectionHooks Session::connectionHooks() {
         .fillTestPanel = outside.client.fillTestPanel,
         .countIdle = [this](bool connected) { road.countIdle(connected); },
         .beep = outside.user.beep,
-        .message = outside.user.message,
+        .message = [this](const std::string& text) { tell(text); },
         .yesNo = outside.user.yesNo,
         .input = outside.user.input,
         .endAllGames = [this] { routing.zEndAllGames(); },
@@ -188,6 +185,31 @@ GameRoutingHooks Session::routingHooks() {
     };
 }
 
+void Session::readBatch(const std::string& batch) {
+    const RaisedFlag reading(reading_);
+    classifier.zDataParse(batch);
+    road.forgetPassword();
+}
+
+void Session::tell(const std::string& text) {
+    messages_.push_back(text);
+    if (reading_) {
+        outside.timers.start(SessionTimer::Messages, 0);
+    } else {
+        showMessages();
+    }
+}
+
+void Session::showMessages() {
+    if (telling_) return;
+    const RaisedFlag telling(telling_);
+    while (!messages_.empty()) {
+        const std::string text = std::move(messages_.front());
+        messages_.pop_front();
+        outside.user.message(text);
+    }
+}
+
 void Session::takeKeyboard() {
     outside.typing.activate();
     outside.typing.focus();
@@ -213,6 +235,8 @@ void Session::timerFired(SessionTimer timer) {
         return connection.tmrCloseTimer();
     case SessionTimer::AutoLogon:
         return logOn.timer();
+    case SessionTimer::Messages:
+        return showMessages();
     }
 }
 

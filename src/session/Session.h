@@ -14,6 +14,9 @@
 #include "session/TextPipeline.h"
 #include "session/TypingKeys.h"
 
+#include <deque>
+#include <string>
+
 // One instance. The constructor is the one place where the parts are joined; a part's hooks may be replaced afterwards
 // by whoever wants to look on. The boards and chat boxes are those of openWindows.
 struct Session {
@@ -40,6 +43,9 @@ struct Session {
     void socketError(const std::string& description) { connection.socketError(description); }
     void timerFired(SessionTimer timer);
 
+    // Tells the user something in a box. What is told while a batch is being read comes up behind it; what is told
+    // while a box is up, behind that one.
+    void tell(const std::string& text);
     // Opens a chat box, which proposes the sender of the latest tell; none while the program closes.
     void zNewChat();
     // The chat box of modChess.TellTarget comes up; where there is none, one opens.
@@ -57,6 +63,12 @@ private:
     ConnectionHooks connectionHooks();
     BridgeHooks bridgeHooks();
     GameRoutingHooks routingHooks();
+    void readBatch(const std::string& batch);
+    void showMessages();
     void takeKeyboard();
     void insertAtEnd(const std::string& text, std::int32_t color);
+
+    bool reading_ = false;             // a batch
+    bool telling_ = false;             // a box is up
+    std::deque<std::string> messages_; // to be told, in order
 };

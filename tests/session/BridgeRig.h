@@ -19,7 +19,9 @@ protected:
     void startWithBridge() {
         set("Use_Timeseal", "True");
         start();
-        client->session.connection.bridge.hooks.wait = [this](double) { waitUntil([this] { return relay.hasNoted("ready"); }, 200); };
+        client->session.connection.bridge.hooks.wait = [this](double) {
+            waitUntil([this] { return relay.hasNoted("ready"); }, 200);
+        };
     }
     bool connectedThroughRelay() {
         relay.put();

@@ -183,8 +183,8 @@ TEST_F(Burst, TextThatArrivesWhileABoardOpensJoinsTheRunningDrain) {
     const auto open = rig.roads.openBoard;
     rig.roads.openBoard = [&] {
         rig.server.send(update(8, 2));
-        busyAtArrival =
-            waitUntil([&] { return !rig.client->session.pipeline.PendingText.empty(); }) && rig.client->session.pipeline.ParseBusy;
+        busyAtArrival = waitUntil([&] { return !rig.client->session.pipeline.PendingText.empty(); }) &&
+                        rig.client->session.pipeline.ParseBusy;
         return open();
     };
     rig.server.send(update(7, 1) + update(8, 1));

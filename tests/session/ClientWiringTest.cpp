@@ -41,7 +41,7 @@ std::string answerOf(int lines) {
 TEST_F(ClientWiring, AnAnswerLongerThanTheSocketGivesComesWholeAndWithoutAWaitForSilence) {
     modChess.gPrompt = "fics% ";
     client->session.pipeline.hooks.startTimer = [](SessionTimer, int) {}; // silence releases nothing
-    const std::string text = answerOf(3000) + "fics% ";           // 115,000 bytes, too many lines for one batch
+    const std::string text = answerOf(3000) + "fics% ";                   // 115,000 bytes, too many lines for one batch
     loopback.sendLater(text);
     ASSERT_TRUE(waitUntil([&] { return read().size() == text.size(); }, 20000));
     EXPECT_TRUE(read() == text);

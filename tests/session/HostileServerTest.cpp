@@ -100,7 +100,8 @@ TEST_F(HostileServer, AfterALostConnectionTheNextOneWorksWithTheSameBoard) {
     rig.server.hangUp();
     expectConnectionLost();
     rig.client->session.connection.mnuConnectClick(0);
-    ASSERT_TRUE(waitUntil([this] { return rig.server.hasClient() && rig.client->session.road.hooks.socketState() == 7; }));
+    ASSERT_TRUE(
+        waitUntil([this] { return rig.server.hasClient() && rig.client->session.road.hooks.socketState() == 7; }));
     beginGame();
     EXPECT_EQ(rig.boards().size(), 1U);
 }

@@ -13,9 +13,8 @@ inline SessionSurface quietSurface() {
                    .state = [] { return std::int16_t{0}; },
                    .connectTo = [](const std::string&, std::int32_t) {},
                    .close = nothing},
-        .timers = {.start = [](SessionTimer, int) {},
-                   .stop = [](SessionTimer) {},
-                   .millisecondsOfDay = [] { return 0; }},
+        .timers = {
+            .start = [](SessionTimer, int) {}, .stop = [](SessionTimer) {}, .millisecondsOfDay = [] { return 0; }},
         .console = {.setColor = [](std::int32_t) {},
                     .setEmphasis = nothing,
                     .insert = takeText,

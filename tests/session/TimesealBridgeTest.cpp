@@ -165,11 +165,11 @@ TEST_F(Bridge, CloseDownAsksTheRelayAfterTheSettingsAreSaved) {
     const std::int32_t process = client->session.connection.bridge.hooks.zTimeSealHandle();
     hurry();
     std::string savedBefore;
-    client->session.connection.bridge.hooks.requestEnd = [this, &savedBefore,
-                                              real = client->session.connection.bridge.hooks.requestEnd](std::int32_t handle) {
-        savedBefore = stored("Client", "Registry_OK");
-        real(handle);
-    };
+    client->session.connection.bridge.hooks.requestEnd =
+        [this, &savedBefore, real = client->session.connection.bridge.hooks.requestEnd](std::int32_t handle) {
+            savedBefore = stored("Client", "Registry_OK");
+            real(handle);
+        };
     client->close();
     EXPECT_EQ(savedBefore, "Yes");
     EXPECT_TRUE(ends(process));
