@@ -140,7 +140,7 @@ void MoveInput::zMouseUp(float x, float y) {
 // A pointer that rests where the piece was let go sends no event of its own. MoveMode must not stay that of the lift:
 // a queued pre-move would then be queued again by the position that is to play it.
 void MoveInput::rest(bool beside) {
-    if (game.Dragging || game.noPlay || !modChess.SelfCheckOK) return;
+    if (game.noPlay || !modChess.SelfCheckOK) return;
     hover(beside ? OffBoard : surface.zGetSqr(game.MouseX, game.MouseY));
 }
 

@@ -102,6 +102,7 @@ private:
     void unmarkPreMove();
     void playMove(int square);
     void askPromotion(int square);
+    void putBack(const Promotion& asked) const;
     void showFinished();
     void keepMove(int row, int col, const std::string& text);
     void draw(int square, int mode) const;

@@ -102,7 +102,11 @@ void TextPipeline::takeArrival(std::size_t held) {
     }
 }
 
-void TextPipeline::drain() { hooks.dataParse(std::exchange(PendingText, {})); }
+void TextPipeline::drain() {
+    do {
+        hooks.dataParse(std::exchange(PendingText, {}));
+    } while (!PendingText.empty());
+}
 
 // What was sent last at this moment is the answer to "login:".
 void TextPipeline::learnHandle() {

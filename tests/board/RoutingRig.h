@@ -28,17 +28,9 @@ struct RoutingRig {
     }
     ~RoutingRig() { openWindows = {}; }
 
-    // A window whose load has not begun.
-    Game& add() {
-        boards.push_back(std::make_unique<Game>());
-        openWindows.add({.className = "frmChessBoard",
-                         .window = boards.back().get(),
-                         .unload = {},
-                         .content = boards.back().get()});
-        return *boards.back();
-    }
     Game& addIdle() {
-        Game& game = add();
+        Game& game = *boards.emplace_back(std::make_unique<Game>());
+        openWindows.add({.className = "frmChessBoard", .window = &game, .unload = {}, .content = &game});
         game.beginLoad();
         game.finishLoad();
         return game;

@@ -76,7 +76,7 @@ TEST_F(ChatTellsTest, TheUsersOwnChannelTellIsKeptOffTheConsoleAndOutOfTheBox) {
 
 TEST_F(ChatTellsTest, ABoxThatClosesBetweenTellAndContinuationLeavesTheRestToTheConsole) {
     open("Bob");
-    classifier.hooks.playSound = [this](const char*, std::int16_t) { chats.clear(); };
+    classifier.hooks.playSound = [this](std::string_view, std::int16_t) { chats.clear(); };
     batch("Bob tells you: one\r\n\\   two\r\nfics% \r\nlast\r\n");
     EXPECT_THAT(printed, ElementsAre(Printed{"two\r\n", 0}, Printed{"last\r\n", MainColor}))
         << "the tell itself was taken; no line was printed before";

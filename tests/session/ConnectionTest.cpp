@@ -499,12 +499,3 @@ TEST_F(ConnectionTest, AutoLogonAndUseTimeSealToggleTheirMarks) {
     EXPECT_FALSE(connection.mnuUseTS);
     EXPECT_EQ(log, (Log{"checks", "checks", "checks", "checks"}));
 }
-
-TEST_F(ConnectionTest, HooksThatAreNotFilledInDoNothing) {
-    Connection bare;
-    bare.mnuAutoCon = true;
-    bare.tmrTCPTimer();
-    bare.mnuConnectClick(2);
-    bare.socketError("x");
-    EXPECT_EQ(bare.ConnectionLabel, "FICS");
-}

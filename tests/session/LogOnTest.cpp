@@ -37,9 +37,9 @@ struct LogOnTest : SessionRig {
 
     // An arrival, and the message loop behind it.
     void arriveAndWait(const std::string& text) {
-        const auto keys = pauses.size();
+        const auto before = pauses.size();
         arrive(text);
-        if (pauses.size() > keys) session.timerFired(SessionTimer::AutoLogon);
+        if (pauses.size() > before) session.timerFired(SessionTimer::AutoLogon);
     }
 };
 

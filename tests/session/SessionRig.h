@@ -62,6 +62,7 @@ struct SessionRig : testing::Test {
         modChess.ColorShout = ShoutColor;
         modChess.SoundTell = 7;
         modChess.SeekOff = 0;
+        captures.help = {[](std::string&, int) { return false; }, [] {}}; // an answer that never ends
         hookBoards();
         hookConsole();
         hookPipeline();
@@ -137,7 +138,6 @@ struct SessionRig : testing::Test {
         hooks.millisecondsOfDay = [this] { return clock; };
         hooks.promptCaption = [this] { return promptLabel; };
         hooks.setPromptCaption = [this](const std::string& caption) { promptLabel = caption; };
-        hooks.dataParse = [this](const std::string& batch) { classifier.zDataParse(batch); };
     }
 
     // One batch through both passes.

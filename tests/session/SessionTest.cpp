@@ -295,7 +295,7 @@ TEST_F(SessionTest, WhatIsToldUnderABoxWaitsForItsEnd) {
 TEST_F(SessionTest, AFaultNamesTheLimitAndTheLineThatMetIt) {
     arriveRecord({.game = 12});
     try {
-        arriveRecord({.game = 12, .moveNumber = 201, .pretty = "Ke2"});
+        arriveRecord({.ranks = AfterE4, .turn = "B", .game = 12, .moveNumber = 201, .pretty = "Ke2"});
         ADD_FAILURE() << "move 201 has no place";
     } catch (const Fault& fault) {
         EXPECT_THAT(fault.what(),
