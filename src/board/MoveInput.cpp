@@ -158,6 +158,7 @@ void MoveInput::stop() {
     game.Dragging = false;
     game.FromSet = 0;
     promotion_.reset();
+    DropSquare.clear();
 }
 
 // The server judges whose pieces these are and where they may go; the board changes with its next line.
@@ -179,5 +180,6 @@ void MoveInput::openDropMenu(int square) {
 
 void MoveInput::drop(int entry) {
     static constexpr std::string_view Letters = "QRBNP";
+    if (DropSquare.empty()) return; // answered as the window closed
     game.surface.zSendMsg(Letters.at(static_cast<std::size_t>(entry)) + ("@" + DropSquare));
 }

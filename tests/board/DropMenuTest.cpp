@@ -91,6 +91,14 @@ TEST(DropMenu, EachEntrySendsItsLetterAndTheSquareAndTheBoardWaits) {
     EXPECT_EQ(rig.game.Turn, 1);
 }
 
+TEST(DropMenu, AfterTheWindowHasClosedAnEntrySendsNothing) {
+    Bughouse rig;
+    rig.press("e4", Bughouse::Right);
+    rig.input.stop();
+    rig.input.drop(4);
+    EXPECT_TRUE(rig.all("send").empty());
+}
+
 TEST(DropMenu, APositionMayArriveWhileItIsUp) {
     Bughouse rig;
     rig.press("e5", Bughouse::Right);
