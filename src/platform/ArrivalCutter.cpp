@@ -32,22 +32,27 @@ std::size_t behindLastPrompt(std::string_view text, std::string_view prompt) {
     return at == text.npos ? 0 : at + prompt.size();
 }
 
-// A line ends in CR, in LF, or in a pair of them in either order; whether the single one at the end of `text` is half
-// of a pair is not known yet.
-bool endsInHalfPair(std::string_view text) {
+bool arePartners(char a, char b) { return isBreak(a) && isBreak(b) && a != b; }
+
+// A line ends in CR, in LF, or in a pair of them in either order.
+bool endsInSingleBreak(std::string_view text) {
     const auto before = text.find_last_not_of("\r\n");
     auto at = before == text.npos ? 0 : before + 1;
-    while (at + 1 < text.size()) at += text[at] != text[at + 1] ? std::size_t{2} : std::size_t{1};
+    while (at + 1 < text.size()) at += arePartners(text[at], text[at + 1]) ? std::size_t{2} : std::size_t{1};
     return at < text.size();
 }
 
-std::size_t behindLastLine(std::string_view text) {
-    return behindLastBreak(endsInHalfPair(text) ? text.substr(0, text.size() - 1) : text);
+// The first `count` bytes, less a CR or LF at their end that is half of a pair, or may still become it.
+std::string_view withWholePairs(std::string_view text, std::size_t count) {
+    const auto front = text.substr(0, count);
+    if (!endsInSingleBreak(front)) return front;
+    const bool single = count < text.size() && !arePartners(text[count - 1], text[count]);
+    return single ? front : front.substr(0, count - 1);
 }
 
 std::size_t goesAhead(std::string_view text, std::string_view prompt) {
     const auto cut = behindLastPrompt(text, prompt);
-    return cut > 0 ? cut : behindLastLine(text);
+    return cut > 0 ? cut : behindLastBreak(text);
 }
 
 } // namespace
@@ -68,11 +73,12 @@ std::string ArrivalCutter::take(std::string_view prompt, std::int64_t nowMs) {
 std::size_t ArrivalCutter::nextCut(std::string_view prompt, std::int64_t nowMs) const {
     const auto text = std::string_view(bytes_).substr(start_);
     if (text.size() > Limit) {
-        const auto cut = goesAhead(text.substr(0, Limit), prompt);
-        return cut > 0 ? cut : Limit;
+        const auto front = withWholePairs(text, Limit);
+        const auto cut = goesAhead(front, prompt);
+        return cut > 0 ? cut : front.size();
     }
     if (finished_ || nowMs - lastByteMs_ >= PatienceMs || rests(text, prompt)) return text.size();
-    return nowMs - waitingSinceMs_ >= PatienceMs ? goesAhead(text, prompt) : 0;
+    return nowMs - waitingSinceMs_ >= PatienceMs ? goesAhead(withWholePairs(text, text.size()), prompt) : 0;
 }
 
 std::string ArrivalCutter::give(std::size_t count, std::int64_t nowMs) {
@@ -88,6 +94,7 @@ std::string ArrivalCutter::give(std::size_t count, std::int64_t nowMs) {
 
 std::optional<std::int64_t> ArrivalCutter::dueInMs(std::int64_t nowMs) const {
     if (waiting() == 0) return std::nullopt;
-    const auto ahead = waitingSinceMs_ + PatienceMs;
-    return std::max<std::int64_t>(0, (ahead > nowMs ? ahead : lastByteMs_ + PatienceMs) - nowMs);
+    const auto goesAheadMs = waitingSinceMs_ + PatienceMs;
+    const auto allMs = lastByteMs_ + PatienceMs;
+    return std::max<std::int64_t>(0, (goesAheadMs > nowMs ? std::min(goesAheadMs, allMs) : allMs) - nowMs);
 }
