@@ -1,6 +1,6 @@
 // Tests of finding commands by typed words.
-#include "practice/CommandNames.h"
-#include "practice/Commands.h"
+#include "practice/commands/CommandNames.h"
+#include "practice/commands/Commands.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Tests of what the computer players do.
-#include "practice/ComputerRoom.h"
+#include "practice/play/ComputerRoom.h"
 #include "practice/HallRig.h"
-#include "practice/Play.h"
+#include "practice/play/Play.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Tests of examined games, of the lists of old games, and of adjourning.
-#include "practice/ComputerRoom.h"
 #include "practice/HallRig.h"
+#include "practice/play/ComputerRoom.h"
 
 #include <gtest/gtest.h>
 

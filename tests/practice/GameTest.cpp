@@ -1,6 +1,6 @@
 // Tests of the texts that tell of a game.
-#include "practice/Game.h"
-#include "practice/Text.h"
+#include "practice/games/Game.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Tests of cutting a client's bytes into lines.
-#include "practice/LineReader.h"
+#include "practice/wire/LineReader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Tests of the talk before a session.
-#include "practice/LoginDialog.h"
+#include "practice/server/LoginDialog.h"
 
 #include <gtest/gtest.h>
 

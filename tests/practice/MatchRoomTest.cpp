@@ -1,7 +1,7 @@
 // Tests of challenges: issuing, answering, taking back.
-#include "practice/MatchRoom.h"
-#include "practice/ComputerRoom.h"
+#include "practice/play/MatchRoom.h"
 #include "practice/HallRig.h"
+#include "practice/play/ComputerRoom.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Tests of the course of games between two players.
-#include "practice/Play.h"
+#include "practice/play/Play.h"
 #include "practice/HallRig.h"
-#include "practice/Text.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Tests of seek ads: reading terms, the table of ads, and their texts.
-#include "practice/Seeks.h"
+#include "practice/games/Seeks.h"
 
 #include <gtest/gtest.h>
 

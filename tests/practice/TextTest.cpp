@@ -1,5 +1,5 @@
 // Tests of the text helpers.
-#include "practice/Text.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 
