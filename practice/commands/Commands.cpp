@@ -3,16 +3,17 @@
 
 #include "practice/chess/MoveText.h"
 #include "practice/commands/CommandNames.h"
+#include "practice/commands/Subjects.h"
 #include "practice/text/Text.h"
 
 namespace practice {
 
 namespace {
 
-// Each subject knows its own commands only; the names are told apart by the tests.
 CommandRoutine routineOf(const std::string& name) {
-    for (const auto subject : {gameCommand, offerCommand, examineCommand, watchCommand, talkCommand, infoCommand}) {
-        if (const auto routine = subject(name)) return routine;
+    for (const auto subject :
+         {gameCommands, offerCommands, examineCommands, watchCommands, talkCommands, infoCommands}) {
+        if (const auto at = subject().find(name); at != subject().end()) return at->second;
     }
     return nullptr;
 }
@@ -44,21 +45,13 @@ std::string ambiguousText(const std::vector<std::string>& names) {
 
 } // namespace
 
-Answer noSuchPlayer(const std::string& word) { return {"There is no player matching the name " + word + "."}; }
-
-Answer notOnline(const std::string& word) { return {"No player named \"" + word + "\" is online."}; }
-
-std::string Arguments::restBehindFirst() const {
-    return words.empty() ? std::string() : trim(rest.substr(words[0].size()));
-}
-
 Answer runCommand(Hall& hall, Player& player, const std::string& typed) {
     const std::string line = trim(printable(typed));
     player.lastTyped = hall.outside.now();
     if (line.empty()) return {};
     const std::string word = line.substr(0, line.find_first_of(" \t"));
     const Arguments arguments = argumentsBehind(line, word.size());
-    if (word[0] == '.') return talkCommand("tell")(hall, player, argumentsBehind(". " + line.substr(1), 0));
+    if (word[0] == '.') return talkCommands().at("tell")(hall, player, argumentsBehind(". " + line.substr(1), 0));
     if (word[0] == '+' || word[0] == '-' || word[0] == '=') return runListCommand(player, word, arguments);
     if (looksLikeMove(line)) return typedMove(hall, player, line);
     const CommandMatch match = matchCommand(word);

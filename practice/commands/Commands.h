@@ -1,58 +1,13 @@
 // Typed commands: finding and running them.
 #pragma once
 
-#include "practice/hall/Hall.h"
+#include "practice/commands/Command.h"
 
 #include <string>
-#include <vector>
 
 namespace practice {
 
-// What a command has to say. Empty text with a prompt gives the prompt alone.
-struct Answer {
-    std::string text;
-    bool prompt = true;   // false when nothing is said and the effect shows as blocks, at once or later
-    bool leaving = false; // the session ends after the text
-};
-
-// What a command did shows as blocks of its own.
-inline const Answer quiet{{}, false, false};
-
-// Complaints of several subjects; `word` is what was typed for a handle.
-inline const Answer notPlaying{"You are not playing a game."};
-Answer noSuchPlayer(const std::string& word);
-Answer notOnline(const std::string& word);
-
-// What follows a command's word.
-struct Arguments {
-    std::vector<std::string> words;
-    std::string rest; // the same in one piece, blanks inside kept
-
-    // The word at `index`; empty if there are fewer.
-    std::string word(std::size_t index) const { return index < words.size() ? words[index] : std::string(); }
-
-    // What follows the first word.
-    std::string restBehindFirst() const;
-};
-
 // Runs one typed line for a player who is logged on. The player may be gone afterwards only if the answer says so.
 Answer runCommand(Hall& hall, Player& player, const std::string& line);
-
-// A command's routine.
-using CommandRoutine = Answer (*)(Hall& hall, Player& player, const Arguments& arguments);
-
-// The routine of a command's full name, by subject; null if the subject has no such command.
-CommandRoutine gameCommand(const std::string& name);
-CommandRoutine examineCommand(const std::string& name);
-CommandRoutine offerCommand(const std::string& name);
-CommandRoutine watchCommand(const std::string& name);
-CommandRoutine talkCommand(const std::string& name);
-CommandRoutine infoCommand(const std::string& name);
-
-// Plays a typed text that looks like a move.
-Answer typedMove(Hall& hall, Player& player, const std::string& text);
-
-// "+channel 50" and "-channel 50".
-Answer changeChannel(Player& player, const std::string& which, bool join);
 
 } // namespace practice

@@ -1,9 +1,7 @@
 // Commands about games that are over or adjourned: lists, move lists, examining.
-#include "practice/commands/Commands.h"
+#include "practice/commands/Subjects.h"
 #include "practice/play/ExamineRoom.h"
 #include "practice/text/Text.h"
-
-#include <map>
 
 namespace practice {
 
@@ -87,13 +85,12 @@ Answer unexamine(Hall& hall, Player& player, const Arguments&) {
 
 } // namespace
 
-CommandRoutine examineCommand(const std::string& name) {
-    static const std::map<std::string, CommandRoutine> routines{
+const CommandTable& examineCommands() {
+    static const CommandTable routines{
         {"backward", backward}, {"examine", examine},    {"forward", forward}, {"history", history},
         {"revert", revert},     {"smoves", storedMoves}, {"stored", stored},   {"unexamine", unexamine},
     };
-    const auto at = routines.find(name);
-    return at == routines.end() ? nullptr : at->second;
+    return routines;
 }
 
 } // namespace practice

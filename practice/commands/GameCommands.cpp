@@ -1,8 +1,11 @@
 // Commands of those who play: moves, ends, ads.
 #include "practice/chess/MoveText.h"
-#include "practice/commands/Commands.h"
+#include "practice/commands/Subjects.h"
+#include "practice/games/GameTexts.h"
 #include "practice/play/Endings.h"
-#include "practice/play/Play.h"
+#include "practice/play/Flags.h"
+#include "practice/play/GameEnd.h"
+#include "practice/play/Moves.h"
 #include "practice/play/SeekRoom.h"
 #include "practice/text/Text.h"
 
@@ -80,13 +83,12 @@ Answer play(Hall& hall, Player& player, const Arguments& arguments) {
 
 } // namespace
 
-CommandRoutine gameCommand(const std::string& name) {
-    static const std::map<std::string, CommandRoutine> routines{
+const CommandTable& gameCommands() {
+    static const CommandTable routines{
         {"flag", flag}, {"play", play},     {"promote", promote}, {"resign", resign},
         {"seek", seek}, {"sought", sought}, {"unseek", unseek},
     };
-    const auto at = routines.find(name);
-    return at == routines.end() ? nullptr : at->second;
+    return routines;
 }
 
 Answer typedMove(Hall& hall, Player& player, const std::string& text) {

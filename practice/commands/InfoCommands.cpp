@@ -1,10 +1,9 @@
 // Commands that tell about players and settings, and the one that ends the session.
-#include "practice/commands/Commands.h"
 #include "practice/commands/HelpTexts.h"
+#include "practice/commands/Subjects.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>
-#include <map>
 
 namespace practice {
 
@@ -123,14 +122,13 @@ Answer quit(Hall&, Player& player, const Arguments&) {
 
 } // namespace
 
-CommandRoutine infoCommand(const std::string& name) {
-    static const std::map<std::string, CommandRoutine> routines{
+const CommandTable& infoCommands() {
+    static const CommandTable routines{
         {"date", date},     {"finger", finger},       {"help", help}, {"iset", interfaceSet},
         {"next", next},     {"quit", quit},           {"set", set},   {"style", style},
         {"uptime", uptime}, {"variables", variables}, {"who", who},
     };
-    const auto at = routines.find(name);
-    return at == routines.end() ? nullptr : at->second;
+    return routines;
 }
 
 } // namespace practice

@@ -1,11 +1,9 @@
 // Commands about offers: challenges, offers within a game, and their answers.
-#include "practice/commands/Commands.h"
+#include "practice/commands/Subjects.h"
+#include "practice/play/GameEnd.h"
 #include "practice/play/MatchRoom.h"
 #include "practice/play/OfferRoom.h"
-#include "practice/play/Play.h"
 #include "practice/text/Text.h"
-
-#include <map>
 
 namespace practice {
 
@@ -136,14 +134,13 @@ Answer pending(Hall& hall, Player& player, const Arguments&) { return {pendingTe
 
 } // namespace
 
-CommandRoutine offerCommand(const std::string& name) {
-    static const std::map<std::string, CommandRoutine> routines{
+const CommandTable& offerCommands() {
+    static const CommandTable routines{
         {"abort", abortGame},   {"accept", accept},     {"adjourn", adjourn}, {"decline", decline},
         {"draw", draw},         {"match", match},       {"pending", pending}, {"rematch", rematch},
         {"takeback", takeback}, {"withdraw", withdraw},
     };
-    const auto at = routines.find(name);
-    return at == routines.end() ? nullptr : at->second;
+    return routines;
 }
 
 } // namespace practice

@@ -1,7 +1,6 @@
 // Commands of those who talk: tells, shouts, channels, and words over the board.
-#include "practice/commands/Commands.h"
+#include "practice/commands/Subjects.h"
 #include "practice/play/ComputerRoom.h"
-#include "practice/play/Play.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>
@@ -182,16 +181,15 @@ Answer changeChannel(Player& player, const std::string& which, bool join) {
     return {name + " removed from your channel list."};
 }
 
-CommandRoutine talkCommand(const std::string& name) {
-    static const std::map<std::string, CommandRoutine> routines{
+const CommandTable& talkCommands() {
+    static const CommandTable routines{
         {"inchannel", inChannel}, {"it", it},
         {"kibitz", kibitz},       {"say", say},
         {"shout", shout},         {"tell", tell},
         {"whisper", whisper},     {"xkibitz", kibitzOn},
         {"xtell", tellName},      {"xwhisper", whisperOn},
     };
-    const auto at = routines.find(name);
-    return at == routines.end() ? nullptr : at->second;
+    return routines;
 }
 
 } // namespace practice

@@ -1,10 +1,10 @@
 // Commands of those who look on: games, observing, boards and move lists.
-#include "practice/commands/Commands.h"
-#include "practice/play/Play.h"
+#include "practice/commands/Subjects.h"
+#include "practice/games/GameTexts.h"
+#include "practice/play/Observing.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>
-#include <map>
 
 namespace practice {
 
@@ -111,13 +111,12 @@ Answer allObservers(Hall& hall, Player&, const Arguments&) {
 
 } // namespace
 
-CommandRoutine watchCommand(const std::string& name) {
-    static const std::map<std::string, CommandRoutine> routines{
+const CommandTable& watchCommands() {
+    static const CommandTable routines{
         {"allobservers", allObservers}, {"games", games}, {"moves", moves},         {"observe", observe},
         {"refresh", refresh},           {"time", time},   {"unobserve", unobserve},
     };
-    const auto at = routines.find(name);
-    return at == routines.end() ? nullptr : at->second;
+    return routines;
 }
 
 } // namespace practice

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "practice/engine/EngineProcess.h"
-#include "practice/hall/Hall.h"
+#include "practice/engine/SearchOrder.h"
+#include "practice/engine/UciReplies.h"
 
 #include <QTemporaryFile>
 

@@ -1,6 +1,7 @@
 // Games that are over or adjourned, and the lists and move lists that tell of them.
 #include "practice/games/Archive.h"
 
+#include "practice/games/GameTexts.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
-// One game: who plays, what was moved, and the texts that tell of it.
+// One game: who plays and what was moved.
 #pragma once
 
 #include "practice/chess/GameClock.h"
 #include "practice/chess/Position.h"
 #include "practice/chess/Variants.h"
-#include "practice/games/Seeks.h"
+#include "practice/games/Terms.h"
 
 #include <array>
 #include <cstdint>
@@ -66,32 +66,5 @@ struct Game {
     // The number of the move about to be made, from 1 on.
     int moveNumber() const;
 };
-
-// "(white vs. black)".
-std::string pairing(const Game& game);
-
-// "Game 1: white (rating) black (rating) unrated blitz 5 0".
-std::string gameTitle(const Game& game);
-
-// The board line as `viewer` gets it at the moment `now`; where pieces are dropped, the line with both hands follows.
-std::string boardLineFor(const Game& game, const std::string& viewer, std::int64_t now);
-
-// "{Game 1 (white vs. black) REASON} RESULT".
-std::string endLine(const Game& game, const std::string& reason, const std::string& result);
-
-// "br", "su", "zu": kind and rating mode as tables have them.
-std::string kindLetters(const Terms& terms);
-
-// A move list from the line with both names to the last of the moves.
-std::string moveRows(const Game& game);
-
-// The answer to "moves", from the line "Movelist for game" to the one that says that the game goes on.
-std::string moveList(const Game& game);
-
-// The row of an examined game in the answer to "games".
-std::string examinedRow(const Game& game);
-
-// The game's row in the answer to "games", clocks as of `now`.
-std::string gamesRow(const Game& game, std::int64_t now);
 
 } // namespace practice

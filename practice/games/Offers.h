@@ -1,7 +1,7 @@
 // What players have put before each other: challenges, and offers within a game.
 #pragma once
 
-#include "practice/games/Seeks.h"
+#include "practice/games/Terms.h"
 
 #include <cstdint>
 #include <map>

@@ -1,4 +1,4 @@
-// The computer players: who they are, how strong, and how they choose among an engine's proposals.
+// The computer players: who they are, how strong, how they choose among an engine's proposals, and what they agree to.
 #include "practice/hall/Computers.h"
 
 namespace practice {
@@ -35,6 +35,11 @@ std::string chooseMove(const std::vector<Candidate>& proposals, int margin, std:
     while (near < proposals.size() && proposals[near].score >= best - margin) ++near;
     // The remainder keeps a seed's games the same with every standard library.
     return proposals[random() % near].move;
+}
+
+bool acceptsInGame(const Game& game, OfferKind kind) {
+    const int score = game.computerScore;
+    return kind != OfferKind::Draw || score <= -150 || (game.moveNumber() > 40 && score > -30 && score < 30);
 }
 
 } // namespace practice

@@ -1,8 +1,10 @@
-// The computer players: who they are, how strong, and how they choose among an engine's proposals.
+// The computer players: who they are, how strong, how they choose among an engine's proposals, and what they agree to.
 #pragma once
 
 #include "practice/engine/UciReplies.h"
-#include "practice/games/Seeks.h"
+#include "practice/games/Game.h"
+#include "practice/games/Offers.h"
+#include "practice/games/Terms.h"
 
 #include <random>
 #include <string>
@@ -32,5 +34,9 @@ const std::vector<Computer>& computers();
 // Chooses among proposals that stand best first: each one within `margin` of the best has the same chance. With a
 // mate in sight the best is taken. Empty for an empty list.
 std::string chooseMove(const std::vector<Candidate>& proposals, int margin, std::mt19937& random);
+
+// What a computer says to an offer within its game: aborting and taking back are always fine, and so is a draw when it
+// thinks little of its chances or the game has long been level.
+bool acceptsInGame(const Game& game, OfferKind kind);
 
 } // namespace practice

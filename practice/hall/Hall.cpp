@@ -1,10 +1,6 @@
-// Everything that goes on at the server: players, games, ads, and what the hall needs from outside.
+// Everything that goes on at the server: players, games, ads.
 #include "practice/hall/Hall.h"
 
-#include "practice/play/ExamineRoom.h"
-#include "practice/play/MatchRoom.h"
-#include "practice/play/Play.h"
-#include "practice/play/SeekRoom.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>
@@ -76,21 +72,10 @@ Player& Hall::enter(const std::string& name, const std::string& title, const std
     return player;
 }
 
-// First nothing more is shown to the player, whose socket may be gone already; then the game ends.
-void Hall::leave(const std::string& name) {
-    Player* player = find(name);
-    if (!player) return;
-    player->show = [](const std::string&) {};
-    player->resume = [] {};
-    abandonGame(*this, *player);
-    unobserveAll(*this, *player);
-    if (player->examining != 0) stopExamining(*this, *player);
-    if (player->isGuest()) archive.forget(player->name);
-    seeks.removeOwner(player->name);
-    dropChallenges(*this, *player, {});
-    if (player->title.empty()) remembered[lower(player->name)] = player->variables;
-    const std::string titled = player->titled();
-    players.remove_if([&](const Player& p) { return &p == player; });
+void Hall::remove(const Player& player) {
+    if (player.title.empty()) remembered[lower(player.name)] = player.variables;
+    const std::string titled = player.titled();
+    players.remove_if([&](const Player& p) { return &p == &player; });
     tellArrival(*this, titled, false);
 }
 

@@ -1,73 +1,22 @@
-// Everything that goes on at the server: players, games, ads, and what the hall needs from outside.
+// Everything that goes on at the server: players, games, ads.
 #pragma once
 
 #include "practice/games/Archive.h"
 #include "practice/games/Game.h"
 #include "practice/games/Offers.h"
-#include "practice/hall/Computers.h"
+#include "practice/games/Seeks.h"
+#include "practice/hall/Outside.h"
+#include "practice/hall/Player.h"
 #include "practice/people/Accounts.h"
-#include "practice/people/Variables.h"
 
 #include <cstdint>
-#include <functional>
 #include <list>
 #include <map>
 #include <random>
-#include <set>
 #include <string>
+#include <vector>
 
 namespace practice {
-
-// A request to look for moves in a running game.
-struct SearchOrder {
-    Rules rules;
-    std::string startFen;
-    std::vector<std::string> moves; // from `startFen` on, in engine form
-    int depth = 1;
-    int proposals = 1;
-};
-
-// What the hall cannot do itself. Every member must be set before use; answers may come at once or later, but only
-// from the thread that calls the hall.
-struct Outside {
-    std::function<std::int64_t()> now;      // steady milliseconds
-    std::function<std::string()> wallClock; // "Sat Nov 21, 02:42 UTC 2026"
-    std::function<void(int milliseconds, std::function<void()>)> later;
-    // Plays `move` (none if empty) on `fen` and hands over the facts of the position reached.
-    std::function<void(const Rules&, const std::string& fen, const std::string& move,
-                       std::function<void(PositionFacts)>)>
-        rules;
-    std::function<void(const SearchOrder&, std::function<void(std::vector<Candidate>)>)> search;
-};
-
-// Somebody who is logged on: a client at its socket, or a computer.
-struct Player {
-    std::string name;
-    std::string title;  // "", "(U)" for a guest, "(C)" for a computer
-    std::string rating; // "1711", "++++" for a guest, "----" for a registered player without games
-    Variables variables;
-    std::set<int> channels{1, 50};
-    std::vector<int> observing; // game numbers, oldest first
-    int playing = 0;            // game number; 0 for none and always 0 for a computer
-    int examining = 0;          // game number; 0 for none
-    char promotion = 'q';       // taken when a move names no piece
-    std::string lastOpponent;   // for "say" after the game
-    Terms lastTerms;            // of the last game, for "rematch"
-    std::string lastTold;       // for "tell ."
-    std::int64_t since = 0;
-    std::int64_t lastTyped = 0;
-    std::function<void(const std::string&)> show = [](const std::string&) {}; // a block that was not asked for
-    std::function<void()> resume = [] {}; // the rules answered: go on reading this player's lines
-
-    // A computer player; never a client.
-    bool isComputer() const { return title == "(C)"; }
-
-    // Somebody without an account.
-    bool isGuest() const { return title == "(U)"; }
-
-    // The handle with its title: "Willow(C)".
-    std::string titled() const { return name + title; }
-};
 
 // The state of the server. Players stay at their place in memory as long as they are logged on; games do not live
 // past their end, so whoever waits for an answer keeps a serial and looks the game up again.
@@ -109,8 +58,9 @@ struct Hall {
     // Adds a player who just logged on and tells those who asked for it.
     Player& enter(const std::string& name, const std::string& title, const std::string& rating);
 
-    // Takes a player out: games end, ads and observations go.
-    void leave(const std::string& name);
+    // Takes a player out who has no part in anything any more, keeps a registered player's settings, and tells those
+    // who asked for it. Whoever leaves with all that he has at stake goes by `leaveHall`.
+    void remove(const Player& player);
 
     // Shows a block to a player who is logged on.
     void show(const std::string& name, const std::string& text);

@@ -1,7 +1,9 @@
 // Adjourning games and going on with them.
 #include "practice/play/Adjournment.h"
 
-#include "practice/play/Play.h"
+#include "practice/play/GameEnd.h"
+#include "practice/play/GameStart.h"
+#include "practice/play/Moves.h"
 
 namespace practice {
 

@@ -1,8 +1,10 @@
 // What the computer players do in the hall: offer games, think, answer, and play each other.
 #include "practice/play/ComputerRoom.h"
 
+#include "practice/hall/Computers.h"
+#include "practice/play/GameStart.h"
+#include "practice/play/Moves.h"
 #include "practice/play/OfferRoom.h"
-#include "practice/play/Play.h"
 
 #include <algorithm>
 
@@ -17,8 +19,6 @@ const Computer* characterOf(const std::string& name) {
     const auto at = std::find_if(all.begin(), all.end(), [&](const Computer& c) { return c.name == name; });
     return at == all.end() ? nullptr : &*at;
 }
-
-const std::string& nameToMove(const Game& game) { return game.names[static_cast<std::size_t>(game.toMove())]; }
 
 bool inHurry(const Hall& hall, const Game& game) {
     return game.clock.timed && game.clock.remaining(game.toMove(), game.toMove(), hall.outside.now()) < hurryBelow;
@@ -58,7 +58,29 @@ Game* stillWaiting(Hall& hall, std::uint64_t serial, std::uint64_t course) {
     return game && !game->pending && game->course == course ? game : nullptr;
 }
 
-// Also runs when a new game is on already, for two ends may come close together.
+void think(Hall& hall, Game& game, const Computer& computer) {
+    const auto serial = game.serial;
+    const auto course = game.course;
+    const auto due = hall.outside.now() + paceOf(hall, game, computer);
+    hall.outside.search(orderFor(hall, game, computer), [&hall, &computer, serial, course, due](auto proposals) {
+        Game* waiting = stillWaiting(hall, serial, course);
+        if (!waiting) return;
+        waiting->computerScore = proposals.empty() ? 0 : proposals.front().score;
+        const std::string chosen = chooseMove(proposals, computer.margin, waiting->dice);
+        const int wait = static_cast<int>(std::max<std::int64_t>(0, due - hall.outside.now()));
+        hall.outside.later(wait, [&hall, serial, course, chosen] {
+            if (Game* ready = stillWaiting(hall, serial, course)) playChosen(hall, *ready, chosen);
+        });
+    });
+}
+
+// Accepts in a moment, if the challenge still stands then.
+void consider(Hall& hall, const PendingOffer& offer) {
+    hall.outside.later(100, [&hall, serial = offer.serial] {
+        if (const int number = hall.offers.numberOf(serial); number != 0) acceptOffer(hall, number);
+    });
+}
+
 void startPair(Hall& hall) {
     std::vector<Player*> pair;
     for (const Computer& computer : computers()) {
@@ -69,52 +91,27 @@ void startPair(Hall& hall) {
     startGame(hall, *pair[0], *pair[1], characterOf(pair[0]->name)->offer);
 }
 
-} // namespace
-
-void openComputerRoom(Hall& hall) {
-    for (const Computer& computer : computers()) {
-        Player& player = hall.enter(computer.name, "(C)", std::to_string(computer.rating));
-        player.channels.clear();
-        player.variables.notes[0] = computer.about;
-        if (computer.always) applySetting(player.variables, "open", "0");
-        if (computer.seeks) hall.seeks.post({player.name, player.title, player.rating, computer.offer});
-    }
-    startPair(hall);
-}
-
-void letComputerThink(Hall& hall, Game& game) {
-    const Computer* computer = game.examiner.empty() ? characterOf(nameToMove(game)) : nullptr;
-    if (!computer) return;
-    const auto serial = game.serial;
-    const auto course = game.course;
-    const auto due = hall.outside.now() + paceOf(hall, game, *computer);
-    hall.outside.search(orderFor(hall, game, *computer), [&hall, computer, serial, course, due](auto proposals) {
-        Game* waiting = stillWaiting(hall, serial, course);
-        if (!waiting) return;
-        waiting->computerScore = proposals.empty() ? 0 : proposals.front().score;
-        const std::string chosen = chooseMove(proposals, computer->margin, waiting->dice);
-        const int wait = static_cast<int>(std::max<std::int64_t>(0, due - hall.outside.now()));
-        hall.outside.later(wait, [&hall, serial, course, chosen] {
-            if (Game* ready = stillWaiting(hall, serial, course)) playChosen(hall, *ready, chosen);
-        });
-    });
-}
-
+// Both of the pair ask for it, and whoever comes second finds a game on.
 void startPairLater(Hall& hall) {
     hall.outside.later(std::min(3000, 100 + 2 * hall.moveDelay), [&hall] { startPair(hall); });
 }
 
-bool acceptsDraw(const Game& game) {
-    const int score = game.computerScore;
-    return score <= -150 || (game.moveNumber() > 40 && score > -30 && score < 30);
+void letIn(Hall& hall, const Computer& computer) {
+    Player& player = hall.enter(computer.name, "(C)", std::to_string(computer.rating));
+    player.channels.clear();
+    player.variables.notes[0] = computer.about;
+    player.reactions.toMove = [&hall, &computer](Game& game) { think(hall, game, computer); };
+    player.reactions.challenged = [&hall](const PendingOffer& offer) { consider(hall, offer); };
+    if (computer.always) player.reactions.gameOver = [&hall] { startPairLater(hall); };
+    if (computer.always) applySetting(player.variables, "open", "0");
+    if (computer.seeks) hall.seeks.post({player.name, player.title, player.rating, computer.offer});
 }
 
-bool acceptsInGame(const Game& game, OfferKind kind) { return kind != OfferKind::Draw || acceptsDraw(game); }
+} // namespace
 
-void considerChallenge(Hall& hall, const PendingOffer& offer) {
-    hall.outside.later(100, [&hall, serial = offer.serial] {
-        if (const int number = hall.offers.numberOf(serial); number != 0) acceptOffer(hall, number);
-    });
+void openComputerRoom(Hall& hall) {
+    for (const Computer& computer : computers()) letIn(hall, computer);
+    startPair(hall);
 }
 
 void answerTell(Hall& hall, const Player& computer, const std::string& teller) {

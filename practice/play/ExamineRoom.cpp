@@ -1,7 +1,10 @@
 // Examined games: one player walks through the moves and may try others, anybody may watch.
 #include "practice/play/ExamineRoom.h"
 
-#include "practice/play/Play.h"
+#include "practice/games/GameTexts.h"
+#include "practice/play/GameStart.h"
+#include "practice/play/Moves.h"
+#include "practice/play/Observing.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>

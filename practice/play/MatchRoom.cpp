@@ -2,8 +2,7 @@
 #include "practice/play/MatchRoom.h"
 
 #include "practice/play/Adjournment.h"
-#include "practice/play/ComputerRoom.h"
-#include "practice/play/Play.h"
+#include "practice/play/GameStart.h"
 #include "practice/text/Text.h"
 
 namespace practice {
@@ -76,17 +75,8 @@ std::string post(Hall& hall, const Player& from, Player& to, const PendingOffer&
     if (number == 0) return "You have too many offers pending.";
     const std::string declined = declineEarlier(hall, from, to);
     showChallenge(hall, to, offer, earlier != 0);
-    if (to.isComputer()) considerChallenge(hall, hall.offers.open.at(number));
+    to.reactions.challenged(hall.offers.open.at(number));
     return declined + issuedText(hall, from, to, offer, earlier != 0);
-}
-
-void tellDropped(Hall& hall, const PendingOffer& offer, const Player& gone, const std::string& opponent) {
-    const bool made = offer.from == gone.name;
-    const std::string why = opponent.empty() ? "has departed." : "has joined a match with " + opponent + ".";
-    const std::string relation = made ? ", who was challenging you, " : ", whom you were challenging, ";
-    hall.show(made ? offer.to : offer.from,
-              gone.name + relation + why + "\n" +
-                  (made ? "Challenge from " + gone.name + " removed." : "Challenge to " + gone.name + " withdrawn."));
 }
 
 } // namespace
@@ -140,18 +130,6 @@ void startMatch(Hall& hall, const PendingOffer& offer) {
         resumeGame(hall, *adjourned);
     } else {
         startGame(hall, *hall.find(offer.from), *hall.find(offer.to), offer.terms);
-    }
-}
-
-// A computer plays several at once, so its challenges stand.
-void dropChallenges(Hall& hall, const Player& player, const std::string& opponent) {
-    if (player.isComputer()) return;
-    auto& open = hall.offers.open;
-    for (auto at = open.begin(); at != open.end();) {
-        const PendingOffer offer = at->second;
-        const bool concerned = offer.kind == OfferKind::Match && (offer.from == player.name || offer.to == player.name);
-        at = concerned ? open.erase(at) : std::next(at);
-        if (concerned) tellDropped(hall, offer, player, opponent);
     }
 }
 

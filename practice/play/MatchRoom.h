@@ -21,8 +21,4 @@ bool bothAreFree(Hall& hall, const PendingOffer& offer);
 // Starts the game of a challenge that was accepted and is off the table; both players must be free.
 void startMatch(Hall& hall, const PendingOffer& offer);
 
-// Takes back all challenges of and to a player who plays now or has left, and tells those concerned; `opponent` is
-// empty when he has left.
-void dropChallenges(Hall& hall, const Player& player, const std::string& opponent);
-
 } // namespace practice

@@ -1,10 +1,12 @@
 // Offers and their answers: accepting, declining, taking back, and what computers say to them.
 #include "practice/play/OfferRoom.h"
 
+#include "practice/games/GameTexts.h"
+#include "practice/hall/Computers.h"
 #include "practice/play/Adjournment.h"
-#include "practice/play/ComputerRoom.h"
+#include "practice/play/GameEnd.h"
 #include "practice/play/MatchRoom.h"
-#include "practice/play/Play.h"
+#include "practice/play/Observing.h"
 #include "practice/play/Takeback.h"
 #include "practice/text/Text.h"
 

@@ -1,7 +1,7 @@
 // Ads in the hall: posting them, telling of them, and answering one.
 #include "practice/play/SeekRoom.h"
 
-#include "practice/play/Play.h"
+#include "practice/play/GameStart.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>

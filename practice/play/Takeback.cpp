@@ -1,7 +1,7 @@
 // Taking moves back.
 #include "practice/play/Takeback.h"
 
-#include "practice/play/Play.h"
+#include "practice/play/Moves.h"
 
 namespace practice {
 

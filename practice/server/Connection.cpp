@@ -2,6 +2,7 @@
 #include "practice/server/Connection.h"
 
 #include "practice/commands/Commands.h"
+#include "practice/play/Departure.h"
 #include "practice/text/Text.h"
 
 #include <QTimer>
@@ -99,7 +100,7 @@ void Connection::run(Player& player, const std::string& line) {
     if (result.leaving) {
         const std::string name = handle_;
         finish(result.text);
-        return hall_.leave(name);
+        return leaveHall(hall_, name);
     }
     const std::string text = (result.text.empty() ? result.text : result.text + "\n") + std::exchange(blocks_, {});
     write(text + (result.prompt || !text.empty() ? prompt() : std::string()));

@@ -2,7 +2,8 @@
 #include "practice/server/Server.h"
 
 #include "practice/play/ComputerRoom.h"
-#include "practice/play/Play.h"
+#include "practice/play/Departure.h"
+#include "practice/play/Flags.h"
 #include "practice/text/Text.h"
 
 #include <QHostAddress>
@@ -113,7 +114,7 @@ void Server::enter(Connection& connection) {
     const auto same = [&](const auto& other) { return other->handle() == name; };
     if (const auto old = std::find_if(connections_.begin(), connections_.end(), same); old != connections_.end()) {
         (*old)->finish("\n**** " + name + " has arrived; you can't both be logged in. ****\n\n");
-        hall_.leave(name);
+        leaveHall(hall_, name);
     }
     const Account* account = connection.login().guest ? nullptr : hall_.accounts.find(name);
     connection.startSession(hall_.enter(name, account ? "" : "(U)", account ? ratingOf(*account) : "++++"));
@@ -123,7 +124,7 @@ void Server::enter(Connection& connection) {
 void Server::forget(Connection& connection) {
     const std::string name = connection.handle();
     connections_.remove_if([&](const auto& each) { return each.get() == &connection; });
-    if (!name.empty()) hall_.leave(name);
+    if (!name.empty()) leaveHall(hall_, name);
 }
 
 std::string Server::freeGuestName() {

@@ -1,5 +1,5 @@
 // Tests of the texts that tell of a game.
-#include "practice/games/Game.h"
+#include "practice/games/GameTexts.h"
 #include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ void addMove(Game& game, const std::string& verbose, const std::string& pretty, 
     game.moves.push_back({"", verbose, pretty, taken, 4});
 }
 
-TEST(Game, SidesAndMoveNumbersFollowTheMoves) {
+TEST(GameTexts, SidesAndMoveNumbersFollowTheMoves) {
     Game game = sample();
     EXPECT_EQ(game.toMove(), 0);
     EXPECT_EQ(game.moveNumber(), 1);
@@ -39,12 +39,12 @@ TEST(Game, SidesAndMoveNumbersFollowTheMoves) {
     EXPECT_EQ(game.sideOf("ada"), -1);
 }
 
-TEST(Game, TitleAndEndLineNameThePlayers) {
+TEST(GameTexts, TitleAndEndLineNameThePlayers) {
     EXPECT_EQ(gameTitle(sample()), "Game 3: Ada (1711) Bert (++++) unrated blitz 5 0");
     EXPECT_EQ(endLine(sample(), "Bert resigns", "1-0"), "{Game 3 (Ada vs. Bert) Bert resigns} 1-0");
 }
 
-TEST(Game, TheBoardLineDependsOnItsViewer) {
+TEST(GameTexts, TheBoardLineDependsOnItsViewer) {
     const Game game = sample();
     const auto token = [&](const std::string& viewer, std::size_t index) {
         return words(boardLineFor(game, viewer, 0))[index];
@@ -57,7 +57,7 @@ TEST(Game, TheBoardLineDependsOnItsViewer) {
     EXPECT_EQ(token("Cora", 30), "0");
 }
 
-TEST(Game, TheBoardLineTellsTheLastMove) {
+TEST(GameTexts, TheBoardLineTellsTheLastMove) {
     Game game = sample();
     addMove(game, "P/e2-e4", "e4", 7'000);
     const auto tokens = words(boardLineFor(game, "Cora", 7'000));
@@ -67,7 +67,7 @@ TEST(Game, TheBoardLineTellsTheLastMove) {
     EXPECT_EQ(tokens[29], "e4");
 }
 
-TEST(Game, TheMoveListHasFixedColumns) {
+TEST(GameTexts, TheMoveListHasFixedColumns) {
     Game game = sample();
     addMove(game, "P/e2-e4", "e4", 0);
     addMove(game, "P/e7-e5", "e5", 0);
@@ -82,11 +82,11 @@ TEST(Game, TheMoveListHasFixedColumns) {
                               "      {Still in progress} *\n");
 }
 
-TEST(Game, AMoveListWithoutMovesHasItsFrame) {
+TEST(GameTexts, AMoveListWithoutMovesHasItsFrame) {
     EXPECT_TRUE(moveList(sample()).ends_with("----------------\n      {Still in progress} *\n"));
 }
 
-TEST(Game, TheRowOfTheGamesTableHasFixedColumns) {
+TEST(GameTexts, TheRowOfTheGamesTableHasFixedColumns) {
     Game game = sample();
     EXPECT_EQ(gamesRow(game, 0), "  3 1711 Ada         ++++ Bert       [ bu  5   0]   5:00 -  5:00 (39-39) W:  1");
     game.names = {"Abcdefghijklmnopq", "Qponmlkjihgfedcba"};
