@@ -3,7 +3,7 @@
 
 #include "practice/commands/Commands.h"
 #include "practice/play/Departure.h"
-#include "practice/text/Text.h"
+#include "practice/wire/Telnet.h"
 
 #include <QTimer>
 
@@ -13,6 +13,8 @@ namespace practice {
 
 Connection::Connection(QTcpSocket* socket, Hall& hall, Host& host) : socket_(socket), hall_(hall), host_(host) {
     socket_->setReadBufferSize(readLimit);
+    // Else a computer's move waits until the client's system has acknowledged the one before.
+    socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     QObject::connect(socket_, &QTcpSocket::readyRead, socket_, [this] { work(); });
     QObject::connect(socket_, &QTcpSocket::bytesWritten, socket_, [this] { work(); });
     QObject::connect(
@@ -30,19 +32,21 @@ void Connection::begin() {
     work();
 }
 
-void Connection::startSession(Player& player) {
+std::string Connection::startSession(Player& player) {
     handle_ = player.name;
     player.show = [this](const std::string& text) { show(text); };
     player.resume = [this] { work(); };
-    write(welcome(player.titled()) + prompt());
+    return welcome(player.titled()) + prompt();
 }
 
-void Connection::finish(const std::string& text) {
+void Connection::finish(const std::string& text) { hangUp(wireText(text)); }
+
+void Connection::hangUp(const std::string& bytes) {
     if (finished_) return;
     finished_ = true;
     handle_.clear();
     lines_.clear();
-    write(text);
+    send(bytes);
     socket_->disconnectFromHost();
     // A client that does not read would keep its socket open for ever.
     QTimer::singleShot(closingTime, socket_, [socket = socket_] { socket->abort(); });
@@ -83,13 +87,19 @@ void Connection::work() {
 }
 
 void Connection::takeLine(const std::string& line) {
-    if (handle_.empty()) {
-        const LoginDialog::Step step = login_.take(line, host_.questions);
-        write(step.text);
-        if (step.entered) host_.enter(*this);
-        return;
-    }
+    if (handle_.empty()) return logOn(line);
     if (Player* player = hall_.find(handle_)) run(*player, line);
+}
+
+// Typing is hidden behind the question for it and shown ahead of what follows.
+void Connection::logOn(const std::string& line) {
+    LoginDialog::Step step = login_.take(line, host_.questions);
+    if (step.course == LoginDialog::Course::Entered) step.text += startSession(host_.enter(*this));
+    std::string bytes = wireText(step.text);
+    if (step.typing == LoginDialog::Typing::Shown) bytes.insert(0, showTyping);
+    if (step.typing == LoginDialog::Typing::Hidden) bytes += hideTyping;
+    if (step.course == LoginDialog::Course::Refused) return hangUp(bytes);
+    send(bytes);
 }
 
 // Text, line break, prompt: an answer begins right behind what the client typed.
@@ -116,15 +126,17 @@ void Connection::show(const std::string& text) {
     }
 }
 
-void Connection::write(const std::string& text) {
-    if (socket_->state() != QAbstractSocket::ConnectedState) return;
+void Connection::write(const std::string& text) { send(wireText(text)); }
+
+void Connection::send(const std::string& bytes) {
+    if (bytes.empty() || socket_->state() != QAbstractSocket::ConnectedState) return;
     if (socket_->bytesToWrite() > outputLimit) {
         // Not at once: the caller may be in the middle of a walk through all players.
         finished_ = true;
         QTimer::singleShot(0, socket_, [socket = socket_] { socket->abort(); });
         return;
     }
-    socket_->write(QByteArray::fromStdString(wireText(text)));
+    socket_->write(QByteArray::fromStdString(bytes));
 }
 
 std::string Connection::prompt() {

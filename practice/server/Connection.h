@@ -24,8 +24,8 @@ public:
     struct Host {
         WireLog log;
         LoginDialog::Questions questions;
-        std::function<void(Connection&)> enter;  // the log-on is done: make it a player
-        std::function<void(Connection&)> closed; // the socket is gone: called once, from the event loop
+        std::function<Player&(const Connection&)> enter; // the log-on is done: make it a player
+        std::function<void(Connection&)> closed;         // the socket is gone: called once, from the event loop
     };
 
     // Takes the socket over; `host` and `hall` must outlive the connection.
@@ -43,9 +43,6 @@ public:
     // The handle of this client's player; empty before the log-on and after the session.
     const std::string& handle() const { return handle_; }
 
-    // Ties the connection to its player and welcomes him.
-    void startSession(Player& player);
-
     // Ends the session with a last text; the socket closes once that is written.
     void finish(const std::string& text);
 
@@ -62,12 +59,20 @@ private:
     bool readMore();
     // Hands a line to the log-on or to the commands.
     void takeLine(const std::string& line);
+    // Takes a line of the log-on: asks on, makes the connection a player's, or hangs up.
+    void logOn(const std::string& line);
+    // Ties the connection to its player and gives his welcome.
+    std::string startSession(Player& player);
     // Runs a command and writes what it says, the blocks that it showed its own player, and one prompt behind all.
     void run(Player& player, const std::string& line);
     // Writes a block that was not asked for, with line breaks and the prompt around it; keeps it while a command runs.
     void show(const std::string& text);
-    // Writes LF as LF CR, and drops a client whose output piles up.
+    // Sends the last bytes and closes the socket once they are written.
+    void hangUp(const std::string& bytes);
+    // Send text, or bytes as they are, in one write: whatever belongs together, its prompt included, comes in one call.
+    // A client whose output piles up is dropped.
     void write(const std::string& text);
+    void send(const std::string& bytes);
     // The player's prompt; empty without a session.
     std::string prompt();
 

@@ -7,15 +7,12 @@ namespace practice {
 
 namespace {
 
-constexpr std::string_view echoOff = "\xFF\xFB\x01";
-constexpr std::string_view echoOn = "\xFF\xFC\x01";
-
 std::string loginPrompt() { return "\nUse your own name, or \"guest\" for a name that we choose.\n\nlogin: "; }
 
-// Programs log on by the word "password:", terminals stop their echo by the bytes behind it.
+// Programs log on by the word "password:".
 std::string passwordQuestion(const std::string& name) {
     return "\n\"" + name + "\" is a registered name.  If it is yours, type its password.\n" +
-           "An empty line lets you choose another name.\n\npassword: " + std::string(echoOff);
+           "An empty line lets you choose another name.\n\npassword: ";
 }
 
 } // namespace
@@ -43,7 +40,7 @@ LoginDialog::Step LoginDialog::takeName(const std::string& typed, const Question
     if (const Account* account = ask.accounts->find(typed)) {
         name = account->name;
         stage = Stage::Password;
-        return {passwordQuestion(name)};
+        return {passwordQuestion(name), Course::Asking, Typing::Hidden};
     }
     name = typed;
     if (ask.isOnline(name)) return {"\n" + name + " is logged on already.  Try again.\n\nlogin: "};
@@ -54,25 +51,30 @@ LoginDialog::Step LoginDialog::takeName(const std::string& typed, const Question
 LoginDialog::Step LoginDialog::takePassword(const std::string& typed, const Questions& ask) {
     const Account* account = ask.accounts->find(name);
     stage = Stage::Name;
-    if (typed.empty()) return {std::string(echoOn) + "\n" + loginPrompt()};
-    if (!account || account->password != typed) {
-        return {std::string(echoOn) + "\n\n**** Invalid password! ****\n" + loginPrompt()};
-    }
+    if (typed.empty()) return {"\n" + loginPrompt(), Course::Asking, Typing::Shown};
+    if (!account || account->password != typed) return takeWrongPassword();
     guest = false;
-    return {std::string(echoOn) + "\n", true};
+    return {"\n", Course::Entered, Typing::Shown};
+}
+
+// Who tries passwords one after the other has to come back each time.
+LoginDialog::Step LoginDialog::takeWrongPassword() {
+    const std::string text = "\n\n**** Invalid password! ****\n";
+    if (++wrongPasswords < passwordTries) return {text + loginPrompt(), Course::Asking, Typing::Shown};
+    return {text + "\nThat was one wrong password too many.  Good-bye.\n", Course::Refused, Typing::Shown};
 }
 
 // The name may have been taken while the question stood.
 LoginDialog::Step LoginDialog::takeGuest(const Questions& ask) {
-    if (!ask.isOnline(name)) return {std::string(echoOn) + "\n", true};
+    if (!ask.isOnline(name)) return {"\n", Course::Entered};
     stage = Stage::Name;
-    return {std::string(echoOn) + "\n" + name + " is logged on already.  Try again.\n" + loginPrompt()};
+    return {"\n" + name + " is logged on already.  Try again.\n" + loginPrompt()};
 }
 
 LoginDialog::Step LoginDialog::askGuest(const std::string& reason) {
     stage = Stage::Guest;
     guest = true;
-    return {"\n" + reason + "\nPress return to enter the server as \"" + name + "\":\n" + std::string(echoOff)};
+    return {"\n" + reason + "\nPress return to enter the server as \"" + name + "\":\n"};
 }
 
 std::string welcome(const std::string& titled) {

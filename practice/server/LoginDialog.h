@@ -8,9 +8,11 @@
 
 namespace practice {
 
-// Leads one connection from the greeting to its session. Texts come with LF line ends and with the telnet bytes that
-// turn a terminal's echo off for a password and on again.
+// Leads one connection from the greeting to its session, or to its end after `passwordTries` wrong passwords. Texts
+// come with LF line ends.
 struct LoginDialog {
+    static constexpr int passwordTries = 3;
+
     // What the dialog needs to know from the hall.
     struct Questions {
         const Accounts* accounts = nullptr; // never null while lines are taken
@@ -18,10 +20,17 @@ struct LoginDialog {
         std::function<std::string()> freeGuestName; // "GuestABCD", not in use
     };
 
-    // What to send, and whether the session begins.
+    // Whether a terminal may show what is typed from now on.
+    enum class Typing { AsBefore, Hidden, Shown };
+
+    // Whether there are more questions, the session begins, or the connection ends.
+    enum class Course { Asking, Entered, Refused };
+
+    // What to send, and how it goes on.
     struct Step {
         std::string text;
-        bool entered = false;
+        Course course = Course::Asking;
+        Typing typing = Typing::AsBefore;
     };
 
     // What the next line answers.
@@ -30,6 +39,7 @@ struct LoginDialog {
     Stage stage = Stage::Name;
     std::string name; // the handle that was given, in its registered spelling
     bool guest = false;
+    int wrongPasswords = 0;
 
     // The greeting with the first prompt for a handle.
     static std::string greeting();
@@ -41,6 +51,7 @@ private:
     // Take the answers by their stages; what is typed to the guest's question does not matter.
     Step takeName(const std::string& typed, const Questions& ask);
     Step takePassword(const std::string& typed, const Questions& ask);
+    Step takeWrongPassword();
     Step takeGuest(const Questions& ask);
     // Asks whoever has no account to enter as a guest, behind the `reason` for it.
     Step askGuest(const std::string& reason);

@@ -80,7 +80,7 @@ void Server::fillHost() {
     host_.questions.accounts = &hall_.accounts;
     host_.questions.isOnline = [this](const std::string& name) { return hall_.find(name) != nullptr; };
     host_.questions.freeGuestName = [this] { return freeGuestName(); };
-    host_.enter = [this](Connection& connection) { enter(connection); };
+    host_.enter = [this](const Connection& connection) -> Player& { return enter(connection); };
     host_.closed = [this](Connection& connection) { forget(connection); };
 }
 
@@ -109,7 +109,7 @@ void Server::accept() {
 }
 
 // The newer log-on wins: the older may be a connection that died without a word.
-void Server::enter(Connection& connection) {
+Player& Server::enter(const Connection& connection) {
     const std::string name = connection.login().name;
     const auto same = [&](const auto& other) { return other->handle() == name; };
     if (const auto old = std::find_if(connections_.begin(), connections_.end(), same); old != connections_.end()) {
@@ -117,7 +117,7 @@ void Server::enter(Connection& connection) {
         leaveHall(hall_, name);
     }
     const Account* account = connection.login().guest ? nullptr : hall_.accounts.find(name);
-    connection.startSession(hall_.enter(name, account ? "" : "(U)", account ? ratingOf(*account) : "++++"));
+    return hall_.enter(name, account ? "" : "(U)", account ? ratingOf(*account) : "++++");
 }
 
 // The connection first: leaving the hall shows texts, and its socket takes none any more.

@@ -45,7 +45,7 @@ private:
     // Takes all clients that knock.
     void accept();
     // Makes a connection a player; an older session of the same name ends.
-    void enter(Connection& connection);
+    Player& enter(const Connection& connection);
     // Drops a connection whose socket is gone, and its player.
     void forget(Connection& connection);
     // "Guest" and four letters that nobody has.

@@ -1,4 +1,4 @@
-// Small text helpers of the practice server: cutting, padding, numbers and the wire's line ends.
+// Small text helpers of the practice server: cutting, padding and numbers.
 #include "practice/text/Text.h"
 
 #include <algorithm>
@@ -76,16 +76,6 @@ std::string wrapped(const std::string& text, std::size_t width) {
         rest = "\\   " + rest.substr(rest[cut] == ' ' ? cut + 1 : cut);
     }
     return result + rest;
-}
-
-std::string wireText(std::string_view text) {
-    std::string result;
-    result.reserve(text.size() + 16);
-    for (const char c : text) {
-        result += c;
-        if (c == '\n') result += '\r';
-    }
-    return result;
 }
 
 std::string printable(std::string_view text) {

@@ -1,4 +1,4 @@
-// Small text helpers of the practice server: cutting, padding, numbers and the wire's line ends.
+// Small text helpers of the practice server: cutting, padding and numbers.
 #pragma once
 
 #include <optional>
@@ -35,9 +35,6 @@ std::string counted(int count, std::string_view word);
 
 // `text` cut at blanks into lines of at most `width` characters; further lines begin with "\   ".
 std::string wrapped(const std::string& text, std::size_t width);
-
-// `text` with each LF written as LF CR, as lines end on the wire.
-std::string wireText(std::string_view text);
 
 // `text` with control characters left out, so that nobody can forge lines on another screen.
 std::string printable(std::string_view text);

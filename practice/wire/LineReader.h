@@ -7,8 +7,9 @@
 
 namespace practice {
 
-// Holds the part of a line that has no end yet. Lines end with LF; CR, NUL and telnet commands are left out. What
-// goes past `limit` bytes of one line is dropped, so the memory stays bounded whatever comes.
+// Holds the part of a line that has no end yet. Lines end with LF; CR, NUL and telnet commands are left out, 255 255 is
+// one byte of text, and 255 before a byte that is no command is text as well. What goes past `limit` bytes of one line
+// is dropped, so the memory stays bounded whatever comes.
 struct LineReader {
     static constexpr std::size_t limit = 1024;
 
@@ -20,6 +21,10 @@ private:
 
     // Follows telnet's commands; true if the byte is part of one.
     bool swallow(unsigned char byte);
+    // The byte behind 255: what it makes of the two.
+    bool beginCommand(unsigned char byte);
+    // Puts a byte of text behind what is there.
+    void keep(char c);
 
     std::string pending_;
     Telnet telnet_ = Telnet::None;

@@ -61,8 +61,6 @@ TEST(Text, WrappingCutsAWordThatIsLongerThanALine) {
     EXPECT_EQ(letters, 100);
 }
 
-TEST(Text, WireLinesEndWithLineFeedAndReturn) { EXPECT_EQ(wireText("a\n\nb"), "a\n\r\n\rb"); }
-
 TEST(Text, PrintableLeavesControlCharactersOut) { EXPECT_EQ(printable("a\x1b[2J\x07\tb\x7f\xe9"), "a[2Jb\xe9"); }
 
 } // namespace
