@@ -1,7 +1,10 @@
 // Tests of what the computer players do.
-#include "practice/ComputerRoom.h"
+#include "practice/play/ComputerRoom.h"
 #include "practice/HallRig.h"
-#include "practice/Play.h"
+#include "practice/play/Departure.h"
+#include "practice/play/Flags.h"
+#include "practice/play/GameEnd.h"
+#include "practice/play/Moves.h"
 
 #include <gtest/gtest.h>
 
@@ -138,7 +141,7 @@ TEST_F(ComputerRoomTest, AComputerSaysAWordToATell) {
 
 TEST_F(ComputerRoomTest, AnOpponentWhoLeavesIsForgottenQuietly) {
     rig.type("Ada", "play 1");
-    rig.hall.leave("Ada");
+    leaveHall(rig.hall, "Ada");
     rig.pass(5'000);
     EXPECT_TRUE(rig.hall.gamesOf(*rig.hall.find("Sprout")).empty());
 }

@@ -1,6 +1,6 @@
 // Tests of the computer players' characters and choices.
-#include "practice/Computers.h"
-#include "practice/Accounts.h"
+#include "practice/hall/Computers.h"
+#include "practice/people/Accounts.h"
 
 #include <gtest/gtest.h>
 

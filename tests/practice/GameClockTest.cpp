@@ -1,5 +1,5 @@
 // Tests of a game's clocks.
-#include "practice/GameClock.h"
+#include "practice/chess/GameClock.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 // Tests of commands about players and settings, and of finding a command at all.
 #include "practice/HallRig.h"
+#include "practice/play/Departure.h"
 
 #include <gtest/gtest.h>
 
@@ -71,8 +72,8 @@ TEST_F(InfoCommandsTest, SettingsKeepTheRestOfTheLine) {
 TEST_F(InfoCommandsTest, SettingsOfARegisteredPlayerAreRemembered) {
     rig.type("Ada", "set width 100");
     rig.type("Bert", "set width 100");
-    rig.hall.leave("Ada");
-    rig.hall.leave("Bert");
+    leaveHall(rig.hall, "Ada");
+    leaveHall(rig.hall, "Bert");
     EXPECT_EQ(rig.enter("Ada", "1711").variables.value("width"), 100);
     EXPECT_EQ(rig.enter("Bert").variables.value("width"), 79);
 }
@@ -80,7 +81,7 @@ TEST_F(InfoCommandsTest, SettingsOfARegisteredPlayerAreRemembered) {
 TEST_F(InfoCommandsTest, ArrivalsAreToldToThoseWhoWantThem) {
     rig.type("Ada", "set pin 1");
     rig.enter("Cora");
-    rig.hall.leave("Cora");
+    leaveHall(rig.hall, "Cora");
     EXPECT_EQ(rig.takeShown("Ada"), "|[Cora(U) has connected.]|[Cora(U) has disconnected.]");
     EXPECT_EQ(rig.takeShown("Bert"), "");
 }

@@ -1,7 +1,9 @@
 // Tests of the course of games between two players.
-#include "practice/Play.h"
 #include "practice/HallRig.h"
-#include "practice/Text.h"
+#include "practice/play/Departure.h"
+#include "practice/play/Flags.h"
+#include "practice/play/Moves.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -265,14 +267,14 @@ TEST_F(PlayTest, TheFirstMovesTakeNoTime) {
 
 TEST_F(PlayTest, DisconnectionBeforeTwoMovesAborts) {
     play({"e4"});
-    rig.hall.leave("Bert");
+    leaveHall(rig.hall, "Bert");
     EXPECT_TRUE(rig.takeShown("Ada").ends_with(
         "|Game 1: Bert disconnected.|{Game 1 (Ada vs. Bert) Bert lost connection and too few moves; game aborted} *"));
 }
 
 TEST_F(PlayTest, DisconnectionLaterForfeits) {
     play({"e4", "e5"});
-    rig.hall.leave("Ada");
+    leaveHall(rig.hall, "Ada");
     EXPECT_TRUE(has(rig.takeShown("Bert"), "{Game 1 (Ada vs. Bert) Ada forfeits by disconnection} 0-1"));
     EXPECT_EQ(rig.hall.find("Ada"), nullptr);
 }
@@ -306,7 +308,7 @@ TEST_F(PlayTest, NoFlagIsCalledWhileAMoveIsJudged) {
 TEST_F(PlayTest, WhoLeavesObservesNoMore) {
     rig.match("Ada", "Bert");
     rig.type("Cora", "observe 1");
-    rig.hall.leave("Cora");
+    leaveHall(rig.hall, "Cora");
     EXPECT_TRUE(rig.hall.game(1)->observers.empty());
 }
 
@@ -314,7 +316,7 @@ TEST_F(PlayTest, AJudgementThatComesTooLateIsDropped) {
     rig.match("Ada", "Bert");
     rig.holdRules = true;
     rig.type("Ada", "e4");
-    rig.hall.leave("Bert");
+    leaveHall(rig.hall, "Bert");
     rig.takeShown("Ada");
     rig.release();
     EXPECT_EQ(rig.takeShown("Ada"), "");

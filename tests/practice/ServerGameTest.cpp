@@ -1,6 +1,6 @@
 // Tests of whole games at the server's socket, with the real engine for the rules.
 #include "practice/ServerRig.h"
-#include "practice/Text.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 

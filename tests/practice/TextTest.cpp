@@ -1,5 +1,5 @@
 // Tests of the text helpers.
-#include "practice/Text.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -60,8 +60,6 @@ TEST(Text, WrappingCutsAWordThatIsLongerThanALine) {
     for (const char c : text) letters += c == 'x' ? 1 : 0;
     EXPECT_EQ(letters, 100);
 }
-
-TEST(Text, WireLinesEndWithLineFeedAndReturn) { EXPECT_EQ(wireText("a\n\nb"), "a\n\r\n\rb"); }
 
 TEST(Text, PrintableLeavesControlCharactersOut) { EXPECT_EQ(printable("a\x1b[2J\x07\tb\x7f\xe9"), "a[2Jb\xe9"); }
 

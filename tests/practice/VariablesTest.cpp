@@ -1,5 +1,5 @@
 // Tests of a player's settings.
-#include "practice/Variables.h"
+#include "practice/people/Variables.h"
 
 #include <gtest/gtest.h>
 

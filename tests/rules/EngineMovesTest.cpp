@@ -6,7 +6,7 @@
 #include "board/PieceCodes.h"
 #include "common/Squares.h"
 #include "common/Text.h"
-#include "practice/MoveText.h"
+#include "practice/chess/MoveText.h"
 #include "rules/EngineTalk.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,16 @@
+// One game: who plays and what was moved.
+#include "practice/games/Game.h"
+
+namespace practice {
+
+int Game::toMove() const { return static_cast<int>(moves.size() % 2); }
+
+int Game::sideOf(const std::string& name) const {
+    if (!examiner.empty()) return -1;
+    if (names[0] == name) return 0;
+    return names[1] == name ? 1 : -1;
+}
+
+int Game::moveNumber() const { return static_cast<int>(moves.size() / 2) + 1; }
+
+} // namespace practice
