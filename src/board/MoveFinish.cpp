@@ -17,19 +17,19 @@ void MoveInput::queuePreMove(int square) {
     if (game.PreMoveSet) unmarkPreMove();
     game.PreMoveSet = square != game.FromSq;
     if (!game.PreMoveSet) {
-        draw(game.FromSq, 0); // the piece is back on its square
+        game.drawSquare(game.FromSq, 0); // the piece is back on its square
         return;
     }
     game.ToSq = static_cast<std::int16_t>(square);
-    draw(game.FromSq, 1);
-    draw(game.ToSq, 1);
+    game.drawSquare(game.FromSq, 1);
+    game.drawSquare(game.ToSq, 1);
     game.PreFrom = game.FromSq;
     game.PreTo = game.ToSq;
 }
 
 void MoveInput::unmarkPreMove() {
-    draw(game.PreFrom, 0);
-    draw(game.PreTo, 0);
+    game.drawSquare(game.PreFrom, 0);
+    game.drawSquare(game.PreTo, 0);
 }
 
 bool MoveInput::playMove(int square) {
@@ -40,8 +40,8 @@ bool MoveInput::playMove(int square) {
     const auto text = game.zMakeMove(square, true, true);
     if (!text) return false;
     if (text->empty()) {
-        draw(game.FromSq, 0);
-        draw(game.ToSq, 0);
+        game.drawSquare(game.FromSq, 0);
+        game.drawSquare(game.ToSq, 0);
     } else {
         keepMove(row, col, *text);
     }
@@ -60,8 +60,4 @@ void MoveInput::keepMove(int row, int col, const std::string& text) {
     }
     game.Deviated = game.zDevMove();
     game.zFor(false);
-}
-
-void MoveInput::draw(int square, int mode) const {
-    if (square >= 0 && square < 64) game.surface.zDrawSquare(square, mode);
 }

@@ -88,7 +88,6 @@ private:
     void unmarkPreMove();
     bool playMove(int square);
     void keepMove(int row, int col, const std::string& text);
-    void draw(int square, int mode) const;
 
     bool slipping_ = false;  // tmrSlip runs
     int slipInterval_ = 165; // of tmrSlip, milliseconds
