@@ -23,19 +23,19 @@ void MoveInput::queuePreMove(int square) {
     if (game.PreMoveSet) unmarkPreMove();
     game.PreMoveSet = square != game.FromSq;
     if (!game.PreMoveSet) {
-        draw(game.FromSq, 0); // the piece is back on its square
+        game.drawSquare(game.FromSq, 0); // the piece is back on its square
         return;
     }
     game.ToSq = static_cast<std::int16_t>(square);
-    draw(game.FromSq, 1);
-    draw(game.ToSq, 1);
+    game.drawSquare(game.FromSq, 1);
+    game.drawSquare(game.ToSq, 1);
     game.PreFrom = game.FromSq;
     game.PreTo = game.ToSq;
 }
 
 void MoveInput::unmarkPreMove() {
-    draw(game.PreFrom, 0);
-    draw(game.PreTo, 0);
+    game.drawSquare(game.PreFrom, 0);
+    game.drawSquare(game.PreTo, 0);
 }
 
 void MoveInput::playMove(int square) {
@@ -49,8 +49,8 @@ void MoveInput::playMove(int square) {
     const int col = (1 - game.Turn) / 2;
     const std::string text = game.zMakeMove(square, true, true);
     if (text.empty()) {
-        draw(game.FromSq, 0);
-        draw(game.ToSq, 0);
+        game.drawSquare(game.FromSq, 0);
+        game.drawSquare(game.ToSq, 0);
     } else {
         keepMove(row, col, text);
     }
@@ -85,8 +85,8 @@ void MoveInput::promote(int piece) {
 }
 
 void MoveInput::putBack(const Promotion& asked) const {
-    draw(asked.from, 0);
-    draw(asked.to, 0);
+    game.drawSquare(asked.from, 0);
+    game.drawSquare(asked.to, 0);
 }
 
 // A move that repeats the game held here walks along it; another one overwrites it and ends what lay ahead, but the
@@ -101,8 +101,4 @@ void MoveInput::keepMove(int row, int col, const std::string& text) {
     }
     game.Deviated = game.zDevMove();
     game.zFor(false);
-}
-
-void MoveInput::draw(int square, int mode) const {
-    if (square >= 0 && square < 64) game.surface.zDrawSquare(square, mode);
 }

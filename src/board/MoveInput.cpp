@@ -54,7 +54,7 @@ void MoveInput::lift(int square, float x, float y) {
     game.Dragging = true;
     liftedCode_ = game.Board[square];
     liftedMode_ = game.MoveMode;
-    draw(square, game.MoveMode);
+    game.drawSquare(square, game.MoveMode);
     game.surface.keepPicture();
     surface.zYankPiece(square);
     game.surface.zMovePiece(x, y, game.DragAlpha);
@@ -147,7 +147,7 @@ void MoveInput::rest(bool beside) {
 void MoveInput::boardPainted() {
     if (!game.Dragging) return;
     if (game.Board[game.DragFrom] == liftedCode_) {
-        draw(game.DragFrom, liftedMode_);
+        game.drawSquare(game.DragFrom, liftedMode_);
         surface.zYankPiece(game.DragFrom);
     }
     game.surface.zMovePiece(game.MouseX, game.MouseY, game.DragAlpha);

@@ -106,7 +106,6 @@ private:
     void putBack(const Promotion& asked) const;
     void showFinished();
     void keepMove(int row, int col, const std::string& text);
-    void draw(int square, int mode) const;
 
     bool slipping_ = false;  // tmrSlip runs
     int slipInterval_ = 165; // of tmrSlip, milliseconds

@@ -60,7 +60,7 @@ bool Game::asksPromotion(int to) {
 void Game::setSquare(int square, int code, bool display) {
     if (square < 0 || square > HandSquare) return;
     Board[square] = static_cast<std::int16_t>(code);
-    if (display && square < HandSquare) surface.zDrawSquare(square, 0);
+    if (display) drawSquare(square, 0);
 }
 
 void Game::transferPiece(int from, int to, bool display) {

@@ -89,7 +89,7 @@ TEST(EndGame, WithoutAnyBoardThatFitsGameRunningStays) {
 
 TEST(EndGame, TheLossOfTheConnectionEndsEveryGame) {
     EndRig rig(1);
-    openWindows.add({"frmChat", &rig, nullptr, {}});
+    openWindows.add({"frmChat", &rig, {}});
     Game& observed = rig.addGame(14, 0);
     rig.routing.zEndAllGames();
     EXPECT_EQ(rig.board.gameIndex, 0);

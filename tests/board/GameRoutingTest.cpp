@@ -7,7 +7,7 @@
 
 TEST(GameRouting, ZFindBoardGivesTheFirstBoardOfTheGame) {
     RoutingRig rig;
-    openWindows.add({"frmChessClient", &rig, nullptr, {}});
+    openWindows.add({"frmChessClient", &rig, {}});
     rig.addIdle();
     rig.addGame(12, 1);
     rig.addGame(12, 0);
@@ -19,7 +19,7 @@ TEST(GameRouting, ZFindBoardGivesTheFirstBoardOfTheGame) {
 TEST(GameRouting, ZFindBoardWithANegativeNumberGivesTheFirstBoardOfAll) {
     RoutingRig rig;
     EXPECT_EQ(zFindBoard(-1), -1);
-    openWindows.add({"frmChat", &rig, nullptr, {}});
+    openWindows.add({"frmChat", &rig, {}});
     rig.addGame(12, 1);
     rig.addIdle();
     EXPECT_EQ(zFindBoard(-1), 1);
@@ -28,7 +28,7 @@ TEST(GameRouting, ZFindBoardWithANegativeNumberGivesTheFirstBoardOfAll) {
 
 TEST(GameRouting, WindowsOfOtherClassesAreNoBoards) {
     RoutingRig rig;
-    openWindows.add({"frmHistory", &rig, nullptr, {}});
+    openWindows.add({"frmHistory", &rig, {}});
     EXPECT_EQ(zFindBoard(0), -1);
     EXPECT_THROW(boardAt(0), Fault);
 }
