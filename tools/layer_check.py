@@ -21,8 +21,8 @@ SRC_FLOORS = [
 ]
 PRACTICE_FLOORS = [
     ["text"],
-    ["wire", "chess", "people"],
-    ["engine", "games"],
+    ["wire", "chess"],
+    ["people", "engine", "games"],
     ["hall"],
     ["play"],
     ["commands"],

@@ -28,7 +28,8 @@ void GameClock::settle(int toMove, std::int64_t now) {
 
 std::int64_t GameClock::press(int side, std::int64_t now) {
     const std::int64_t taken = running() ? now - turnBegan : 0;
-    if (running()) left[static_cast<std::size_t>(side)] += increment - taken;
+    std::int64_t& own = left[static_cast<std::size_t>(side)];
+    if (running()) own = std::min<std::int64_t>(own + increment - taken, std::int64_t{mostClockSeconds} * 1000);
     turnBegan = now;
     ++halfmoves;
     return taken;
@@ -37,7 +38,8 @@ std::int64_t GameClock::press(int side, std::int64_t now) {
 // Rounded and not cut: half a second on the clock is no fallen flag.
 int roundedSeconds(std::int64_t milliseconds) {
     const std::int64_t half = milliseconds < 0 ? -500 : 500;
-    return static_cast<int>((milliseconds + half) / 1000);
+    return static_cast<int>(
+        std::clamp<std::int64_t>((milliseconds + half) / 1000, -mostClockSeconds, mostClockSeconds));
 }
 
 std::string clockText(std::int64_t milliseconds) {

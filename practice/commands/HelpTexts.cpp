@@ -44,11 +44,11 @@ const std::map<std::string, std::string>& topics() {
         {"abort", "abort\n\nBefore both sides have moved the game ends at once, without a result.  Later a computer\n"
                   "agrees always, and a player may answer with \"abort\" or \"accept\"."},
         {"computers",
-         "Computer players\n\nSprout, Willow and Granite, from weak to strong, offer games at three time\n"
-         "controls: see \"sought\".  Each plays as many opponents at once as come, so an ad\n"
-         "stays open while its owner plays.  These three accept a \"match\" of any kind, and Spark, who has no "
-         "ad, answers each move at once, the same move in the same position.  Skipper and Harbour always play each "
-         "other:\n"
+         "Computer players\n\nSprout, Willow and Granite, from weak to strong, offer games at three time "
+         "controls, and Spark, who answers each move at once and always with the same move in the same position, "
+         "offers "
+         "a minute for the whole game: see \"sought\". Each plays as many opponents at once as come, so an ad stays "
+         "open while its owner plays, and accepts a \"match\" of any kind. Skipper and Harbour always play each other: "
          "see \"games\" and \"observe\"."},
         {"draw", "draw\n\nOffers a draw, or accepts the one that is offered.  A third repetition, fifty moves\n"
                  "without capture or pawn's move, and a lack of mating material end a game by themselves."},

@@ -1,6 +1,7 @@
 // Commands that tell about players and settings, and the one that ends the session.
 #include "practice/commands/HelpTexts.h"
 #include "practice/commands/Subjects.h"
+#include "practice/games/Scores.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>
@@ -48,38 +49,48 @@ Answer who(Hall& hall, Player&, const Arguments&) {
 }
 
 // " 1: text", the number in two columns: clients look for the colon in the third.
-std::string notesText(const Player& player) {
+std::string notesText(const Variables& variables) {
     std::string text;
-    for (std::size_t i = 0; i < player.variables.notes.size(); ++i) {
-        const std::string& note = player.variables.notes[i];
+    for (std::size_t i = 0; i < variables.notes.size(); ++i) {
+        const std::string& note = variables.notes[i];
         if (!note.empty()) text += "\n" + padLeft(static_cast<int>(i) + 1, 2) + ": " + note;
     }
     return text.empty() ? text : "\n" + text;
 }
 
-std::string ratingText(const Player& player) {
-    if (player.isGuest()) return player.name + " is NOT a registered player.";
-    if (!number(trim(player.rating))) return player.name + " has not played any rated games.";
-    return "          rating     RD      win    loss    draw   total   best\nBlitz      " + player.rating +
-           "     80.0       0       0       0       0";
+// All games of the history count, rated or not: a guest's and an unrated player's as well.
+std::string recordText(const Hall& hall, const std::string& name, const std::string& rating) {
+    const std::string table = scoreTable(hall.archive, name, rating);
+    if (number(trim(rating))) return table;
+    const bool guest = rating == "++++";
+    return name + (guest ? " is NOT a registered player." : " has not played any rated games.") +
+           (table.empty() ? "" : "\n\n" + table);
+}
+
+// Of a registered player who is not here.
+std::string fingerOfAbsent(const Hall& hall, const Account& account) {
+    const auto kept = hall.remembered.find(lower(account.name));
+    return "Finger of " + account.name + ":\n\n" + account.name + " is not logged on.\n\n" +
+           recordText(hall, account.name, account.ratingText()) +
+           (kept == hall.remembered.end() ? std::string() : notesText(kept->second));
+}
+
+std::string fingerOf(Hall& hall, const Player& about) {
+    const auto now = hall.outside.now();
+    std::string text = "Finger of " + about.titled() + ":\n\nOn for: " + spanText(now - about.since) +
+                       "   Idle: " + spanText(about.isComputer() ? 0 : now - about.lastTyped) + "\n";
+    for (const Game* game : hall.gamesOf(about)) {
+        text +=
+            "(playing game " + std::to_string(game->number) + ": " + game->names[0] + " vs. " + game->names[1] + ")\n";
+    }
+    return text + "\n" + recordText(hall, about.name, about.rating) + notesText(about.variables);
 }
 
 Answer finger(Hall& hall, Player& player, const Arguments& arguments) {
     const std::string name = arguments.word(0);
-    const Player* about = name.empty() ? &player : hall.findByHead(name);
-    if (!about) {
-        const Account* account = hall.accounts.find(name);
-        if (!account) return noSuchPlayer(name);
-        return {"Finger of " + account->name + ":\n\n" + account->name + " is not logged on."};
-    }
-    const auto now = hall.outside.now();
-    std::string text = "Finger of " + about->titled() + ":\n\nOn for: " + spanText(now - about->since) +
-                       "   Idle: " + spanText(about->isComputer() ? 0 : now - about->lastTyped) + "\n";
-    for (const Game* game : hall.gamesOf(*about)) {
-        text +=
-            "(playing game " + std::to_string(game->number) + ": " + game->names[0] + " vs. " + game->names[1] + ")\n";
-    }
-    return {text + "\n" + ratingText(*about) + notesText(*about)};
+    if (const Player* about = name.empty() ? &player : hall.findByHead(name)) return {fingerOf(hall, *about)};
+    const Account* account = hall.accounts.find(name);
+    return account ? Answer{fingerOfAbsent(hall, *account)} : noSuchPlayer(name);
 }
 
 Answer help(Hall&, Player&, const Arguments& arguments) { return {helpOn(arguments.rest)}; }

@@ -39,11 +39,6 @@ std::string endLetters(const std::string& reason) {
     return std::string(at == letters.end() ? "Mat" : at->second);
 }
 
-char signFor(const KeptGame& kept, std::size_t side) {
-    if (kept.result == "1/2-1/2") return '=';
-    return (kept.result == "1-0") == (side == 0) ? '+' : '-';
-}
-
 // Four columns; a player without a rating has 0 here, as elsewhere "++++".
 std::string ratingCell(const std::string& rating) { return padLeft(number(rating) ? rating : "0", 4); }
 
@@ -53,9 +48,10 @@ std::string typeCell(const Terms& terms) {
 }
 
 // 66: - 1735 B    0 GuestHKZX     [ bu  3   0] --- Res Sun Dec  6, 15:50 EST 2015
-std::string historyRow(int index, const KeptGame& kept, std::size_t side) {
+std::string historyRow(int index, const KeptGame& kept, const std::string& name) {
     const Game& game = kept.game;
-    return padLeft(index, 2) + ": " + signFor(kept, side) + " " + ratingCell(game.ratings[side]) + " " +
+    const std::size_t side = sideFor(game, name);
+    return padLeft(index, 2) + ": " + resultSign(kept, name) + " " + ratingCell(game.ratings[side]) + " " +
            (side == 0 ? "W " : "B ") + ratingCell(game.ratings[1 - side]) + " " +
            padRight(game.names[1 - side].substr(0, 13), 13) + " " + typeCell(game.terms) + " --- " +
            endLetters(kept.reason) + " " + kept.ended;
@@ -128,12 +124,17 @@ KeptGamePtr keptGame(const Game& game, const std::string& reason, const std::str
     return kept;
 }
 
+char resultSign(const KeptGame& kept, const std::string& name) {
+    if (kept.result == "1/2-1/2") return '=';
+    return (kept.result == "1-0") == (sideFor(kept.game, name) == 0) ? '+' : '-';
+}
+
 std::string historyTable(const Archive& archive, const std::string& name) {
     const auto shelf = archive.shelves.find(lower(name));
     if (shelf == archive.shelves.end()) return name + " has no history games.";
     std::string text = "History for " + name + ":\n                  Opponent      Type         ECO End Date";
     for (const auto& [index, kept] : shelf->second.games) {
-        text += "\n" + historyRow(index, *kept, sideFor(kept->game, name));
+        text += "\n" + historyRow(index, *kept, name);
     }
     return text;
 }

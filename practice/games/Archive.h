@@ -59,6 +59,9 @@ struct Archive {
 // A copy of a game as it is kept.
 KeptGamePtr keptGame(const Game& game, const std::string& reason, const std::string& result, const std::string& ended);
 
+// '+', '-' or '=': how one of its two players did in a game.
+char resultSign(const KeptGame& kept, const std::string& name);
+
 // The answer to "history"; clients read its rows by columns.
 std::string historyTable(const Archive& archive, const std::string& name);
 

@@ -1,6 +1,7 @@
 // The terms of a game: times, rating mode, colour and kind, as offers ask for them and texts tell them.
 #include "practice/games/Terms.h"
 
+#include "practice/chess/GameClock.h"
 #include "practice/chess/Variants.h"
 #include "practice/text/Text.h"
 
@@ -18,6 +19,11 @@ bool readRange(const std::string& word, Terms& terms) {
     terms.lowest = *low;
     terms.highest = *high;
     return true;
+}
+
+std::string timesComplaint() {
+    return "Times go from 0 to " + std::to_string(mostMinutes) + " minutes and from 0 to " +
+           std::to_string(mostIncrement) + " seconds a move.";
 }
 
 // Each word may be cut short as far as one letter: "u", "w", "unr".
@@ -45,7 +51,7 @@ TermsReading readTerms(const std::vector<std::string>& arguments, const Terms& s
         const auto value = number(word);
         const VariantReading kind = readVariant(arguments, at);
         if (value && times.size() < 2) {
-            if (*value > 999) return {standard, "Times go from 0 to 999."};
+            if (*value > (times.empty() ? mostMinutes : mostIncrement)) return {standard, timesComplaint()};
             times.push_back(*value);
         } else if (!kind.refusal.empty()) {
             return {standard, kind.refusal};

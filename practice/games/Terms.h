@@ -11,8 +11,8 @@ enum class WantedColour { Any, White, Black };
 
 // Time control, rating mode and limits of an offer.
 struct Terms {
-    int minutes = 2;    // 0..999
-    int increment = 12; // 0..999 seconds
+    int minutes = 2;    // 0..mostMinutes
+    int increment = 12; // 0..mostIncrement seconds
     bool rated = false; // only shown: ratings never change
     WantedColour colour = WantedColour::Any;
     int lowest = 0; // ratings 0..9999 that may answer

@@ -16,13 +16,12 @@ Terms offerOf(int minutes, int increment) {
 
 const std::vector<Computer>& computers() {
     static const std::vector<Computer> all{
-        {"Sprout", 1050, 1, 8, 220, offerOf(3, 0), true, "I look one move ahead and forget the rest."},
-        {"Willow", 1560, 4, 4, 60, offerOf(5, 5), true, "A club player's strength, on a good day."},
-        {"Granite", 2210, 11, 2, 12, offerOf(15, 10), true, "Patient and hard to move."},
-        {"Spark", 1400, 1, 1, 0, offerOf(1, 0), false, "I move before you see it, and always the same move.", false,
-         true},
-        {"Skipper", 1850, 6, 4, 35, offerOf(10, 5), false, "Always at the board with Harbour.", true},
-        {"Harbour", 1830, 6, 4, 40, offerOf(10, 5), false, "Always at the board with Skipper.", true},
+        {"Sprout", 1050, 1, 8, 220, offerOf(3, 0), "I look one move ahead and forget the rest."},
+        {"Willow", 1560, 4, 4, 60, offerOf(5, 5), "A club player's strength, on a good day."},
+        {"Granite", 2210, 11, 2, 12, offerOf(15, 10), "Patient and hard to move."},
+        {"Spark", 1400, 1, 1, 0, offerOf(1, 0), "I move before you see it, and always the same move.", false, true},
+        {"Skipper", 1850, 6, 4, 35, offerOf(10, 5), "Always at the board with Harbour.", true},
+        {"Harbour", 1830, 6, 4, 40, offerOf(10, 5), "Always at the board with Skipper.", true},
     };
     return all;
 }

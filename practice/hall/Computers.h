@@ -20,15 +20,13 @@ struct Computer {
     int depth = 1;
     int proposals = 1;
     int margin = 0;      // hundredths of a pawn
-    Terms offer;         // the seek it keeps open
-    bool seeks = true;   // keeps its ad open
+    Terms offer;         // what it plays: its open ad, or the games of the pair
     std::string about;   // one line for finger
-    bool always = false; // one of the two that always play each other
+    bool always = false; // one of the two that always play each other and have no ad
     bool prompt = false; // answers at once instead of after a human delay
 };
 
-// The three opponents with an ad, weakest first, then one that answers at once, and then the two that always play each
-// other.
+// Three opponents, weakest first, then one that answers at once, and then the two that always play each other.
 const std::vector<Computer>& computers();
 
 // Chooses among proposals that stand best first: each one within `margin` of the best has the same chance. With a

@@ -26,6 +26,8 @@ std::optional<Account> readAccount(const std::vector<std::string>& parts) {
 
 } // namespace
 
+std::string Account::ratingText() const { return rating == 0 ? "----" : padLeft(rating, 4); }
+
 const Account* Accounts::find(std::string_view name) const {
     const std::string wanted = lower(name);
     const auto at = std::find_if(users.begin(), users.end(), [&](const Account& a) { return lower(a.name) == wanted; });

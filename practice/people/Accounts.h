@@ -14,6 +14,9 @@ struct Account {
     std::string name;
     std::string password;
     int rating = 0; // 0 for a player without rated games
+
+    // The rating in four columns, "----" for none.
+    std::string ratingText() const;
 };
 
 // The list of registered users; handles are compared without letter case.

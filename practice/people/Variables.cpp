@@ -1,6 +1,7 @@
 // A player's settings on the server.
 #include "practice/people/Variables.h"
 
+#include "practice/chess/GameClock.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@ namespace practice {
 
 namespace {
 
-// How a variable answers to being set; "%" stands for "now" or "not".
+// A variable that is on or off, and how it answers to being set; without such answers by its name.
 struct Switch {
     std::string_view name;
     int initial;
@@ -67,11 +68,11 @@ struct Figure {
 
 constexpr std::array<Figure, 10> figures{{
     {"height", 24, 5, 240},
-    {"inc", 12, 0, 999},
+    {"inc", 12, 0, mostIncrement},
     {"kiblevel", 0, 0, 9999},
     {"minmovetime", 1, 0, 1},
     {"style", 12, 12, 12},
-    {"time", 2, 0, 999},
+    {"time", 2, 0, mostMinutes},
     {"tolerance", 1, 1, 5},
     {"tourney", 0, 0, 1},
     {"unobserve", 1, 0, 3},

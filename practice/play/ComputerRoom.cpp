@@ -102,9 +102,12 @@ void letIn(Hall& hall, const Computer& computer) {
     player.variables.notes[0] = computer.about;
     player.reactions.toMove = [&hall, &computer](Game& game) { think(hall, game, computer); };
     player.reactions.challenged = [&hall](const PendingOffer& offer) { consider(hall, offer); };
-    if (computer.always) player.reactions.gameOver = [&hall] { startPairLater(hall); };
-    if (computer.always) applySetting(player.variables, "open", "0");
-    if (computer.seeks) hall.seeks.post({player.name, player.title, player.rating, computer.offer});
+    if (!computer.always) {
+        hall.seeks.post({player.name, player.title, player.rating, computer.offer});
+        return;
+    }
+    player.reactions.gameOver = [&hall] { startPairLater(hall); };
+    applySetting(player.variables, "open", "0");
 }
 
 } // namespace
@@ -115,10 +118,11 @@ void openComputerRoom(Hall& hall) {
 }
 
 void answerTell(Hall& hall, const Player& computer, const std::string& teller) {
-    const std::string titled = computer.titled();
-    hall.outside.later(300, [&hall, titled, teller] {
-        hall.show(teller, titled + " tells you: I talk best over the board; \"sought\" shows my ad.");
-    });
+    const Computer* character = characterOf(computer.name);
+    const bool always = character && character->always;
+    const std::string line = computer.titled() + " tells you: I talk best over the board; " +
+                             (always ? "\"observe " + computer.name + "\" shows mine." : "\"sought\" shows my ad.");
+    hall.outside.later(300, [&hall, line, teller] { hall.show(teller, line); });
 }
 
 } // namespace practice

@@ -4,7 +4,6 @@
 #include "practice/play/ComputerRoom.h"
 #include "practice/play/Departure.h"
 #include "practice/play/Flags.h"
-#include "practice/text/Text.h"
 
 #include <QHostAddress>
 
@@ -32,8 +31,6 @@ std::string wallClockText() {
     char text[64];
     return {text, std::strftime(text, sizeof text, "%a %b %e, %H:%M UTC %Y", &parts)};
 }
-
-std::string ratingOf(const Account& account) { return account.rating == 0 ? "----" : padLeft(account.rating, 4); }
 
 } // namespace
 
@@ -117,7 +114,7 @@ Player& Server::enter(const Connection& connection) {
         leaveHall(hall_, name);
     }
     const Account* account = connection.login().guest ? nullptr : hall_.accounts.find(name);
-    return hall_.enter(name, account ? "" : "(U)", account ? ratingOf(*account) : "++++");
+    return hall_.enter(name, account ? "" : "(U)", account ? account->ratingText() : "++++");
 }
 
 // The connection first: leaving the hall shows texts, and its socket takes none any more.

@@ -265,6 +265,23 @@ TEST_F(PlayTest, TheFirstMovesTakeNoTime) {
     EXPECT_NE(rig.hall.game(1), nullptr);
 }
 
+TEST_F(PlayTest, NoFieldOfABoardLineIsMoreThanSixteenBitsHold) {
+    rig.match("Ada", "Bert", "546 999");
+    for (int i = 0; i < 3; ++i) {
+        rig.type("Ada", i % 2 == 0 ? "Nf3" : "Ng1");
+        rig.type("Bert", i % 2 == 0 ? "Nf6" : "Ng8");
+    }
+    const auto clocks = [&] {
+        const std::string text = rig.type("Cora", "refresh 1");
+        const auto tokens = words(text.substr(text.find("<12>")));
+        return tokens.at(24) + " " + tokens.at(25);
+    };
+    EXPECT_EQ(clocks(), "32767 32767");
+    for (const char* name : {"Ada", "Bert"}) rig.type(name, "set autoflag 0");
+    rig.pass(std::int64_t{200'000} * 1000);
+    EXPECT_EQ(clocks(), "-32767 32767");
+}
+
 TEST_F(PlayTest, DisconnectionBeforeTwoMovesAborts) {
     play({"e4"});
     leaveHall(rig.hall, "Bert");

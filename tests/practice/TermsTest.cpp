@@ -43,6 +43,14 @@ TEST(Terms, StrangeTermsAreComplainedAbout) {
     EXPECT_NE(readTerms({"-"}, {}).error, "");
 }
 
+TEST(Terms, TimesStayBelowWhatAClientsClockHolds) {
+    EXPECT_EQ(readTerms({"546", "999"}, {}).error, "");
+    const std::string complaint = "Times go from 0 to 546 minutes and from 0 to 999 seconds a move.";
+    EXPECT_EQ(readTerms({"547"}, {}).error, complaint);
+    EXPECT_EQ(readTerms({"999", "0"}, {}).error, complaint);
+    EXPECT_EQ(readTerms({"5", "1000"}, {}).error, complaint);
+}
+
 TEST(Terms, TheKindFollowsTheTimeOfFortyMoves) {
     EXPECT_EQ(gameKind(0, 0), "untimed");
     EXPECT_EQ(gameKind(1, 0), "lightning");

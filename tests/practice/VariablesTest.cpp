@@ -43,6 +43,14 @@ TEST(Variables, NumbersKeepWithinTheirRange) {
     EXPECT_EQ(variables.value("width"), 120);
 }
 
+TEST(Variables, TheTimesOfAnUnsaidChallengeStayBelowWhatAClientsClockHolds) {
+    Variables variables;
+    EXPECT_EQ(applySetting(variables, "time", "546"), "time set to 546.");
+    EXPECT_EQ(applySetting(variables, "time", "547"), "Bad value given for variable \"time\".");
+    EXPECT_EQ(applySetting(variables, "inc", "999"), "inc set to 999.");
+    EXPECT_EQ(applySetting(variables, "inc", "1000"), "Bad value given for variable \"inc\".");
+}
+
 TEST(Variables, FirstLettersFindAVariableIfTheyAreItsOwn) {
     Variables variables;
     EXPECT_EQ(applySetting(variables, "autofl", "0"), "Auto-flagging disabled.");

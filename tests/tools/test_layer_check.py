@@ -174,9 +174,9 @@ class LayerCheck(unittest.TestCase):
         changes = {
             "practice/CMakeLists.txt": SOUND["practice/CMakeLists.txt"] + "# people\n",
             "practice/people/CMakeLists.txt": "target_sources(brightrank_practice_lib PRIVATE Accounts.h)",
-            "practice/people/Accounts.h": '// Accounts.\n#include "practice/chess/Moves.h"\n',
+            "practice/people/Accounts.h": '// Accounts.\n#include "practice/games/Game.h"\n',
         }
-        self.expect(changes, "practice/people/Accounts.h:2", "people may not include chess/")
+        self.expect(changes, "practice/people/Accounts.h:2", "people may not include games/")
 
     def test_finds_an_include_of_the_practice_program_itself(self):
         changes = {"practice/server/Server.h": '// Server.\n#include "practice/main.cpp"\n', "practice/main.cpp": "// It.\n"}
