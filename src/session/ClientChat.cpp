@@ -2,11 +2,13 @@
 #include "session/frmChessClient.h"
 
 #include "common/modChess.h"
+#include "platform/HelpFile.h"
 #include "platform/OpenWindows.h"
 
 void frmChessClient::wireChat() {
     chatRoads_.store = roads_.store;
     chatRoads_.typingFont = [this] { return txtSend->font(); };
+    chatRoads_.showHelp = [this] { showHelpFile(this); };
     chatRouting.consoleLength = [this] { return txtOutput->length(); };
     ClassifierHooks& hooks = classifier.hooks;
     hooks.zChatBox = [this](const std::string& line) { return chatRouting.zChatBox(line); };
@@ -20,7 +22,7 @@ void frmChessClient::wireChat() {
         zNewChat();
     };
     connect(menus.mnuChat, &QAction::triggered, this, chat);
-    connect(cmdChat, &QPushButton::clicked, this, chat);
+    connect(row_->cmdChat, &QPushButton::clicked, this, chat);
 }
 
 void frmChessClient::zNewChat() {

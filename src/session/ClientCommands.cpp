@@ -41,12 +41,18 @@ void frmChessClient::wireKeys() {
         }
         txtSend->setFocus();
     };
-    for (QToolButton* button : cmdTell) {
+    wireRow();
+}
+
+void frmChessClient::wireRow() {
+    row_->typed = txtOutput->typed;
+    row_->turnPage = [this](int pages) { txtOutput->turnPage(pages); };
+    for (QToolButton* button : row_->cmdTell) {
         connect(button, &QToolButton::clicked, this,
                 [this, button] { typingKeys.pressButton(bytesOf(button->toolTip())); });
     }
-    connect(cmdAcc, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Accept"); });
-    connect(cmdDec, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Decline"); });
+    connect(row_->cmdAcc, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Accept"); });
+    connect(row_->cmdDec, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Decline"); });
 }
 
 void frmChessClient::wireMenus() {

@@ -10,6 +10,7 @@
 #include "session/Captures.h"
 #include "session/ChatRouting.h"
 #include "session/ClientMenus.h"
+#include "session/CommandRow.h"
 #include "session/Connection.h"
 #include "session/Console.h"
 #include "session/LineClassifier.h"
@@ -24,13 +25,9 @@
 #include "settings/SettingsStore.h"
 #include "settings/WindowPlacer.h"
 
-#include <QLabel>
 #include <QMainWindow>
-#include <QPushButton>
 #include <QTimer>
-#include <QToolButton>
 
-#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -97,8 +94,6 @@ private:
     }
 
     QWidget* buildInner();
-    QWidget* buildRow();
-    QLayout* buildTellButtons(QWidget* bar);
     void fitMargins();
     void applySettings();
     void collectSettings();
@@ -114,6 +109,7 @@ private:
     void wireBridge();
     void wireTimers();
     void wireKeys();
+    void wireRow();
     void wireMenus();
     void wireChat();
     void wireConsoleMenu();
@@ -126,12 +122,9 @@ private:
     tcpClient tcpClient_;
     TimesealBridge bridge_;
     Console* txtOutput = nullptr;
-    TypingLine* txtSend = nullptr;
-    QLabel* lblPrompt = nullptr;
-    std::array<QToolButton*, 10> cmdTell{};
-    QPushButton* cmdAcc = nullptr;
-    QPushButton* cmdDec = nullptr;
-    QPushButton* cmdChat = nullptr;
+    CommandRow* row_ = nullptr;
+    TypingLine* txtSend = nullptr; // of the row
+    QLabel* lblPrompt = nullptr;   // of the row
     QTimer tmrArrival_;
     QTimer tmrPrompt_;
     QTimer tmrState_;
