@@ -206,27 +206,37 @@ TEST_F(ClientFace, F1OpensTheHelpAndEscapeClosesIt) {
     EXPECT_TRUE(waitUntil([&help] { return help.isNull(); }));
 }
 
-// Only those that are prescribed are shortcuts although a field of another kind may know them.
-TEST_F(ClientFace, NoShortcutTakesAKeyThatATextFieldNeeds) {
+// Ctrl+B and Ctrl+H are users' old habit, whatever a field of another kind does with them.
+TEST_F(ClientFace, NoShortcutOfOurOwnTakesAKeyThatATextFieldNeeds) {
     startActive();
-    const QSet<QKeySequence> prescribed{QKeySequence(Qt::CTRL | Qt::Key_B), QKeySequence(Qt::CTRL | Qt::Key_H)};
     QSet<QKeySequence> shortcuts;
-    for (const QAction* entry : client->findChildren<QAction*>()) shortcuts += entry->shortcut();
-    for (const auto* each : client->findChildren<QAbstractButton*>()) shortcuts += each->shortcut();
-    shortcuts -= prescribed;
-    shortcuts.remove(QKeySequence());
+    const std::initializer_list<QWidget*> windows{client.get(), boards()[0]};
+    for (const QWidget* window : windows) {
+        for (const QAction* entry : window->findChildren<QAction*>()) shortcuts += entry->shortcut();
+        for (const auto* each : window->findChildren<QAbstractButton*>()) shortcuts += each->shortcut();
+    }
+    shortcuts -= {QKeySequence(), QKeySequence(Qt::CTRL | Qt::Key_B), QKeySequence(Qt::CTRL | Qt::Key_H)};
     EXPECT_TRUE(shortcuts.contains(QKeySequence(Qt::CTRL | Qt::Key_Q)));
     for (const QKeySequence& shortcut : shortcuts) {
         const QKeyCombination keys = shortcut[0];
-        QKeyEvent asks(QEvent::ShortcutOverride, keys.key(), keys.keyboardModifiers());
-        asks.ignore();
-        QApplication::sendEvent(&txtSend(), &asks);
-        EXPECT_FALSE(asks.isAccepted()) << shortcut.toString().toStdString();
+        QKeyEvent asked(QEvent::ShortcutOverride, keys.key(), keys.keyboardModifiers());
+        asked.ignore();
+        QApplication::sendEvent(&txtSend(), &asked);
+        EXPECT_FALSE(asked.isAccepted()) << shortcut.toString().toStdString();
     }
     // The letters with Ctrl that move, delete and copy in the fields of this and of other toolkits.
     for (const char letter : std::string("ABCDEFHKNPTUVWXYZ")) {
         EXPECT_FALSE(shortcuts.contains(QKeySequence(QStringLiteral("Ctrl+") + QLatin1Char(letter)))) << letter;
     }
+}
+
+TEST_F(ClientFace, F1OnABoardOpensTheHelpOfThatWindow) {
+    startActive();
+    frmChessBoard& board = *boards()[0];
+    board.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&board));
+    press(Qt::Key_F1);
+    EXPECT_NE(board.findChild<QTextBrowser*>(QStringLiteral("helpFile")), nullptr);
 }
 
 // Width and letters
