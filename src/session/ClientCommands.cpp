@@ -36,12 +36,18 @@ void frmChessClient::connectKeys() {
         }
         txtSend->setFocus();
     };
-    for (QToolButton* button : cmdTell) {
+    connectRow();
+}
+
+void frmChessClient::connectRow() {
+    row_->typed = txtOutput->typed;
+    row_->turnPage = [this](int pages) { txtOutput->turnPage(pages); };
+    for (QToolButton* button : row_->cmdTell) {
         connect(button, &QToolButton::clicked, this,
                 [this, button] { session.typingKeys.pressButton(bytesOf(button->toolTip())); });
     }
-    connect(cmdAcc, &QPushButton::clicked, this, [this] { session.typingKeys.pressButton("Accept"); });
-    connect(cmdDec, &QPushButton::clicked, this, [this] { session.typingKeys.pressButton("Decline"); });
+    connect(row_->cmdAcc, &QPushButton::clicked, this, [this] { session.typingKeys.pressButton("Accept"); });
+    connect(row_->cmdDec, &QPushButton::clicked, this, [this] { session.typingKeys.pressButton("Decline"); });
 }
 
 void frmChessClient::connectMenus() {

@@ -190,6 +190,12 @@ void Console::moveTo(std::size_t position) {
     });
 }
 
+void Console::turnPage(int pages) {
+    flush();
+    const auto way = pages < 0 ? QAbstractSlider::SliderPageStepSub : QAbstractSlider::SliderPageStepAdd;
+    for (int page = 0; page < std::abs(pages); ++page) verticalScrollBar()->triggerAction(way);
+}
+
 std::size_t Console::length() {
     flush();
     return static_cast<std::size_t>(document()->characterCount()) - 1; // without the document's own end

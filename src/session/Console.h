@@ -31,6 +31,8 @@ public:
     // The insertion point goes behind the first `position` characters, or to the end if there are fewer; the view stays
     // where it is, or follows the end if it was there.
     void moveTo(std::size_t position);
+    // Scrolls by so many pages, up where that is below 0; the insertion point stays.
+    void turnPage(int pages);
     // The number of characters; a line end counts as one.
     std::size_t length();
     // The whole text, a line feed between lines.

@@ -146,3 +146,15 @@ void frmChat::resizeEvent(QResizeEvent* event) {
     const int tell = AboveAndBelow - TopMargin - TellGap - BottomMargin;
     txtTell->setGeometry(txtChat->x(), txtChat->geometry().bottom() + 1 + TellGap, txtChat->width(), tell);
 }
+
+// What the fields leave.
+void frmChat::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+        txtChat->turnPage(key == Qt::Key_PageUp ? -1 : 1);
+    } else if (key == Qt::Key_F1) {
+        roads_.showHelp();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}

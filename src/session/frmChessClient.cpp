@@ -12,7 +12,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFontDatabase>
-#include <QHBoxLayout>
 #include <QMenuBar>
 #include <QVBoxLayout>
 
@@ -28,16 +27,7 @@ constexpr int BelowAndAbove = 71;
 constexpr int TallTitleBar = 9;
 constexpr int TopMargin = 6;
 constexpr int RowGap = 7;
-constexpr int RowHeight = 24;
-constexpr int TellWidth = 21;
-
-QPushButton* commandButton(QWidget* parent, const char* name, const char* caption) {
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setFocusPolicy(Qt::NoFocus);
-    button->setFixedSize(button->fontMetrics().horizontalAdvance(button->text()) + 18, RowHeight);
-    return button;
-}
+constexpr int LeastMargin = 2;
 
 // The prescribed font is a bitmap font of old; where it is missing the system's fixed font stands in.
 QFont consoleFont() {
@@ -69,58 +59,27 @@ frmChessClient::~frmChessClient() { openWindows.remove(this); }
 QWidget* frmChessClient::buildInner() {
     auto* inner = new QWidget(this);
     auto* column = new QVBoxLayout(inner);
-    column->setSpacing(RowGap);
     txtOutput = new Console(inner);
     txtOutput->setMinimumHeight(60);
+    row_ = new CommandRow(inner);
+    txtSend = row_->txtSend;
+    lblPrompt = row_->lblPrompt;
+    connect(row_, &CommandRow::fitted, this, &frmChessClient::fitMargins);
     column->addWidget(txtOutput, 1);
-    column->addWidget(buildRow());
+    column->addWidget(row_);
     return inner;
 }
 
-// The prompt, the command line and the buttons stand in one row below the console.
-QWidget* frmChessClient::buildRow() {
-    auto* bar = new QWidget(this);
-    bar->setFixedHeight(RowHeight);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
-    lblPrompt = new QLabel(bar);
-    lblPrompt->setObjectName(QStringLiteral("lblPrompt"));
-    lblPrompt->setTextFormat(Qt::PlainText);
-    lblPrompt->setMaximumWidth(140);
-    txtSend = new TypingLine(bar);
-    txtSend->setMinimumWidth(120);
-    txtSend->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    row->addWidget(lblPrompt);
-    row->addWidget(txtSend, 1);
-    row->addLayout(buildTellButtons(bar));
-    cmdAcc = commandButton(bar, "cmdAcc", "Accept");
-    cmdDec = commandButton(bar, "cmdDec", "Decline");
-    cmdChat = commandButton(bar, "cmdChat", "Chat");
-    for (QPushButton* button : {cmdAcc, cmdDec, cmdChat}) row->addWidget(button);
-    return bar;
-}
-
-QLayout* frmChessClient::buildTellButtons(QWidget* bar) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(1);
-    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        cmdTell[index] = new QToolButton(bar);
-        cmdTell[index]->setObjectName(QStringLiteral("cmdTell(%1)").arg(index));
-        cmdTell[index]->setText(QString::number((index + 1) % 10));
-        cmdTell[index]->setAccessibleName(tr("Button command %1").arg(index + 1));
-        cmdTell[index]->setFocusPolicy(Qt::NoFocus);
-        cmdTell[index]->setFixedSize(TellWidth, RowHeight);
-        row->addWidget(cmdTell[index]);
-    }
-    return row;
-}
-
-// The console is the window less fixed margins; tall title bars take a little more of the height.
+// The console is the window less fixed margins, in which menus and row stand; tall title bars take a little more of the
+// height, and so do more rows and larger letters than there is room for.
 void frmChessClient::fitMargins() {
     const int below = BelowAndAbove + (menus.mnuXP->isChecked() ? TallTitleBar : 0);
-    const int bottom = below - menuBar()->height() - TopMargin - RowGap - RowHeight;
-    centralWidget()->layout()->setContentsMargins(Beside / 2, TopMargin, Beside - Beside / 2, std::max(4, bottom));
+    const int rest = std::max(3 * LeastMargin, below - menuBar()->height() - row_->height());
+    const int top = std::min(TopMargin, rest / 3);
+    const int gap = std::min(RowGap, rest / 3);
+    QLayout* column = centralWidget()->layout();
+    column->setSpacing(gap);
+    column->setContentsMargins(Beside / 2, top, Beside - Beside / 2, rest - top - gap);
 }
 
 void frmChessClient::resizeEvent(QResizeEvent* event) {
@@ -203,10 +162,10 @@ void frmChessClient::applySettings() {
     menus.mnuSeekGrf->setChecked(settings.mnuSeekGrf);
     menus.mnuXP->setChecked(settings.mnuXP);
     takeMenuTicks();
-    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
+    for (std::size_t index = 0; index < row_->cmdTell.size(); ++index) {
         const QString command = shownText(settings.Tell[long(index)]);
-        cmdTell[index]->setToolTip(command);
-        cmdTell[index]->setEnabled(!command.isEmpty());
+        row_->cmdTell[index]->setToolTip(command);
+        row_->cmdTell[index]->setEnabled(!command.isEmpty());
     }
 }
 

@@ -5,6 +5,7 @@
 #include "platform/TypingLine.h"
 #include "platform/tcpClient.h"
 #include "session/ClientMenus.h"
+#include "session/CommandRow.h"
 #include "session/Console.h"
 #include "session/Session.h"
 #include "session/TimesealBridge.h"
@@ -14,13 +15,9 @@
 #include "settings/SettingsStore.h"
 #include "settings/WindowPlacer.h"
 
-#include <QLabel>
 #include <QMainWindow>
-#include <QPushButton>
 #include <QTimer>
-#include <QToolButton>
 
-#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -73,8 +70,6 @@ private:
     }
 
     QWidget* buildInner();
-    QWidget* buildRow();
-    QLayout* buildTellButtons(QWidget* bar);
     void fitMargins();
     void applySettings();
     void collectSettings();
@@ -94,6 +89,7 @@ private:
     void connectSocket();
     void connectTimers();
     void connectKeys();
+    void connectRow();
     void connectMenus();
     void connectConsoleMenu();
     void connectChat();
@@ -107,12 +103,9 @@ private:
     tcpClient tcpClient_;
     TimesealBridge bridge_;
     Console* txtOutput = nullptr;
-    TypingLine* txtSend = nullptr;
-    QLabel* lblPrompt = nullptr;
-    std::array<QToolButton*, 10> cmdTell{};
-    QPushButton* cmdAcc = nullptr;
-    QPushButton* cmdDec = nullptr;
-    QPushButton* cmdChat = nullptr;
+    CommandRow* row_ = nullptr;
+    TypingLine* txtSend = nullptr; // of the row
+    QLabel* lblPrompt = nullptr;   // of the row
     std::array<QTimer, SessionTimers> timers_; // by SessionTimer
     bool unloaded_ = false;
 };

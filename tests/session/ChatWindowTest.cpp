@@ -3,12 +3,14 @@
 
 #include "settings/WindowSettings.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QInputDialog>
 #include <QScrollBar>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 
 using std::string;
 
@@ -351,8 +353,12 @@ TEST_F(ChatWindow, ABoxIsNeverTooSmallForItsFields) {
 TEST_F(ChatWindow, BothFieldsHaveNamesForAssistiveTools) {
     start();
     const frmChat& chat = openChat("Bob");
-    EXPECT_EQ(txtChat(chat).accessibleName(), QStringLiteral("Conversation"));
-    EXPECT_EQ(txtTell(chat).accessibleName(), QStringLiteral("Tell"));
+    const auto face = [](QWidget& field) { return QAccessible::queryAccessibleInterface(&field); };
+    EXPECT_EQ(face(txtChat(chat))->text(QAccessible::Name), QStringLiteral("Conversation"));
+    EXPECT_EQ(face(txtTell(chat))->text(QAccessible::Name), QStringLiteral("Tell"));
+    EXPECT_TRUE(face(txtChat(chat))->state().readOnly);
+    EXPECT_EQ(face(txtChat(chat))->role(), QAccessible::EditableText);
+    EXPECT_EQ(face(txtTell(chat))->role(), QAccessible::EditableText);
 }
 
 // Keys
@@ -389,6 +395,45 @@ TEST_F(ChatWindow, UpAndDownWalkTheHistoryInBothFields) {
         EXPECT_EQ(txtTell(chat).line(), "edited");
         EXPECT_EQ(txtTell(chat).cursorPosition(), 6);
     }
+}
+
+TEST_F(ChatWindow, PageUpAndPageDownInTheTypingLineScrollTheConversationAndLeaveTheInsertionPoint) {
+    start();
+    const frmChat& chat = openChat("Bob");
+    for (int i = 0; i < 200; ++i) txtChat(chat).insert("line\r\n");
+    txtChat(chat).flush();
+    const QScrollBar& bar = *txtChat(chat).verticalScrollBar();
+    QTest::keyClick(&txtTell(chat), Qt::Key_PageUp);
+    EXPECT_EQ(bar.value(), bar.maximum() - bar.pageStep());
+    EXPECT_TRUE(txtChat(chat).textCursor().atEnd());
+    EXPECT_EQ(chat.focusWidget(), &txtTell(chat));
+    QTest::keyClick(&txtTell(chat), Qt::Key_PageDown);
+    EXPECT_EQ(bar.value(), bar.maximum());
+}
+
+TEST_F(ChatWindow, F1OpensTheHelpFromBothFields) {
+    start();
+    const frmChat& chat = openChat("Bob");
+    const std::initializer_list<QWidget*> fields{&txtTell(chat), &txtChat(chat)};
+    for (QWidget* field : fields) {
+        QTest::keyClick(field, Qt::Key_F1);
+        auto* help = client->findChild<QTextBrowser*>(QStringLiteral("helpFile"));
+        ASSERT_NE(help, nullptr);
+        EXPECT_TRUE(help->isVisible());
+        delete help;
+    }
+}
+
+TEST_F(ChatWindow, TabGoesFromOneFieldToTheOther) {
+    start();
+    frmChat& chat = openChat("Bob");
+    chat.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&chat));
+    EXPECT_EQ(QApplication::focusWidget(), &txtTell(chat));
+    QTest::keyClick(&txtTell(chat), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &txtChat(chat));
+    QTest::keyClick(&txtChat(chat), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &txtTell(chat));
 }
 
 TEST_F(ChatWindow, NotConnectedEnterLeavesTheText) {
