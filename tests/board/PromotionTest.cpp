@@ -81,16 +81,23 @@ TEST(AsksPromotion, NotWhenThePieceIsKnownAndNotWithAutoQueen) {
 }
 
 TEST(AsksPromotion, NotWithoutAMoveInHand) {
-    MoveRig rig("Pa7 Pa8");
+    MoveRig rig("Pa7");
     rig.game.FromSq = 48;
     for (const auto set : std::initializer_list<std::int16_t>{0, 2, -1}) {
         rig.game.FromSet = set;
         EXPECT_FALSE(rig.game.asksPromotion(56)) << set;
     }
-    EXPECT_FALSE(asks(rig, "a8a8")) << "back on its square";
-    rig.game.zSetFrom(48);
-    EXPECT_FALSE(rig.game.asksPromotion(64)) << "beside the board";
-    EXPECT_FALSE(rig.game.asksPromotion(-1));
+}
+
+TEST(AsksPromotion, NotBackOnItsSquareNorBesideTheBoard) {
+    MoveRig rig("Pa8 Pa7");
+    EXPECT_FALSE(asks(rig, "a8a8"));
+    rig.game.Board[HandSquare] = 6;
+    for (const int from : {48, HandSquare}) {
+        rig.game.zSetFrom(from);
+        EXPECT_FALSE(rig.game.asksPromotion(64)) << from;
+        EXPECT_FALSE(rig.game.asksPromotion(-1)) << from;
+    }
 }
 
 TEST(AsksPromotion, AgainForTheNextPromotion) {
@@ -275,10 +282,12 @@ TEST(UnderThePromotionMenu, ANewGameGetsNoMoveOfTheOldOneAndBothSquaresAreRepain
 TEST(UnderThePromotionMenu, ATakebackThatGivesTheOtherSideTheMoveEndsIt) {
     Promoting rig;
     rig.drag("a7", "a8");
-    rig.receive({.ranks = Ranks, .turn = "B", .relation = -1});
+    rig.receive({.ranks = Ranks, .turn = "B", .relation = -1, .verbose = "K/e2-e1", .pretty = "Ke1"});
+    EXPECT_EQ(rig.game.ToSq, 4) << "of the last move's marks";
     rig.effects.clear();
     rig.input.promote(2);
     EXPECT_EQ(rig.effects, (Effects{"draw 48 0", "draw 56 0", "picture"}));
+    EXPECT_EQ(rig.game.ToSq, 56) << "as of any move that goes back";
     EXPECT_EQ(rig.game.Board[48], 6);
     EXPECT_EQ(rig.game.Turn, -1);
 }
