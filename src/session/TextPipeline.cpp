@@ -4,7 +4,6 @@
 #include "common/RaisedFlag.h"
 #include "common/Text.h"
 #include "common/modChess.h"
-#include "session/FullBatch.h"
 
 #include <algorithm>
 #include <array>
@@ -55,19 +54,7 @@ void TextPipeline::zDataArrival() {
     const RaisedFlag busy(ParseBusy);
     disarm();
     hooks.textArrived();
-    takeArrival(held > 0 && letGoFullBatches() ? 0 : held);
-}
-
-// Without it an answer of any length would wait for its prompt, and end the program when the prompt comes.
-bool TextPipeline::letGoFullBatches() {
-    bool letGo = false;
-    while (const std::size_t front = frontOfFullBatch(PendingText)) {
-        const std::string batch = PendingText.substr(0, front);
-        PendingText.erase(0, front);
-        hooks.dataParse(batch);
-        letGo = true;
-    }
-    return letGo;
+    takeArrival(held);
 }
 
 void TextPipeline::disarm() {
@@ -87,22 +74,37 @@ std::string_view TextPipeline::unsearched(std::size_t held) const {
 void TextPipeline::takeArrival(std::size_t held) {
     const std::string_view text = unsearched(held);
     if (PassThroughCount != 0) {
-        drain();
+        drain(held);
         --PassThroughCount;
     } else if (holdsWord(text, "login:")) {
-        drain();
+        drain(held);
     } else if (holdsWord(text, "password:")) {
         learnHandle();
-        drain();
+        drain(held);
         PassThroughCount = 5;
     } else if (holdsPrompt(text)) {
-        drain();
+        drain(held);
     } else {
-        hold();
+        hold(held);
     }
 }
 
-void TextPipeline::drain() {
+// Without it an answer of any length would wait for its prompt, and end the program when the prompt comes.
+void TextPipeline::letGoFullBatches(std::size_t held) {
+    if (held == 0) heldLines_ = {};
+    heldLines_.add(std::string_view(PendingText).substr(held));
+    while (held > 0 && heldLines_.overfull()) {
+        const std::string batch = PendingText.substr(0, frontOfFullBatch(PendingText));
+        PendingText.erase(0, batch.size());
+        hooks.dataParse(batch);
+        heldLines_ = {};
+        heldLines_.add(PendingText);
+    }
+}
+
+// What arrives while a batch is being read lands in PendingText.
+void TextPipeline::drain(std::size_t held) {
+    if (held > 0) letGoFullBatches(held);
     do {
         hooks.dataParse(std::exchange(PendingText, {}));
     } while (!PendingText.empty());
@@ -114,7 +116,8 @@ void TextPipeline::learnHandle() {
     hooks.showHandle(modChess.MyHandle);
 }
 
-void TextPipeline::hold() {
+void TextPipeline::hold(std::size_t held) {
+    letGoFullBatches(held);
     modChess.Deadlines[0] = hooks.millisecondsOfDay() + SilenceMs;
     hooks.startTimer(SessionTimer::tmrArrival, SilenceMs);
 }
@@ -122,7 +125,7 @@ void TextPipeline::hold() {
 void TextPipeline::tmrArrival() {
     hooks.stopTimer(SessionTimer::tmrArrival);
     modChess.Deadlines[0] = -1;
-    drain();
+    drain(0);
 }
 
 void TextPipeline::tmrPrompt() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/Needed.h"
+#include "session/FullBatch.h"
 #include "session/ServerLines.h"
 #include "session/SessionSurface.h"
 
@@ -46,8 +47,8 @@ struct TextPipeline {
     TextPipeline(const TextPipeline&) = delete;
     TextPipeline& operator=(const TextPipeline&) = delete;
 
-    // Takes all waiting data and drains it, or holds it for three seconds counted from the latest arrival. Of what is
-    // held already, the front goes ahead where one batch can not hold it all.
+    // Takes all waiting data and drains it, or holds it for three seconds counted from the latest arrival. Where text
+    // is held and one batch can not hold the arrival as well, the front goes ahead.
     void zDataArrival();
 
     // The timers' routines. tmrArrival drains whatever is held, partial text included, without testing ParseBusy.
@@ -67,9 +68,11 @@ struct TextPipeline {
 private:
     void disarm();
     std::string_view unsearched(std::size_t held) const;
-    bool letGoFullBatches();
     void takeArrival(std::size_t held);
-    void drain();
+    void letGoFullBatches(std::size_t held);
+    void drain(std::size_t held);
     void learnHandle();
-    void hold();
+    void hold(std::size_t held);
+
+    LineCount heldLines_; // of what is held
 };
