@@ -34,7 +34,7 @@ protected:
 
 class BoardsClosingInTurn : public BoardsClosing, public testing::WithParamInterface<unsigned> {};
 
-// Which boards close, seen from the one whose pump runs.
+// Which boards close, seen from the one that was updated.
 enum class Closing { Itself, TheOldest, TheNewest, AllOthers, All };
 
 class BoardsClosingInAPump : public BoardsClosing, public testing::WithParamInterface<Closing> {
@@ -52,19 +52,19 @@ protected:
             if (chosen) close(all[place]);
         }
     }
-    // One idle board and three games that begin at once; the boards close at the pump of that number.
+    // One idle board and three games that begin at once; the boards close behind the update of that number.
     void openWithClosingAt(int moment) {
         for (frmChessBoard* board : rig.boards()) board->close();
         rig.client->menus.mnuBoard->trigger();
         ASSERT_EQ(rig.boards().size(), 1U);
         games.clear();
         for (int number = 1; number <= 3; ++number) games.push_back(gameOf(number, std::to_string(moment) + "."));
-        pumps = 0;
-        atPump = [this, moment](int number, const QPointer<frmChessBoard>& own) {
+        updates = 0;
+        behindUpdate = [this, moment](int number, const QPointer<frmChessBoard>& own) {
             if (number == moment) closeFrom(own);
         };
         read(nextOfAll());
-        atPump = nullptr;
+        behindUpdate = nullptr;
     }
 };
 
@@ -103,18 +103,18 @@ TEST_P(BoardsClosingInTurn, InAnyOrderWhileUpdatesStreamLeavesNone) {
 
 INSTANTIATE_TEST_SUITE_P(Seed, BoardsClosingInTurn, testing::Values(1U, 2U, 3U));
 
-TEST_F(BoardsClosing, SomeAtRandomPumpsOfOneDrainTheOthersMissNothing) {
+TEST_F(BoardsClosing, SomeAtRandomMomentsOfOneDrainTheOthersMissNothing) {
     openAll();
     std::vector<int> closed;
-    atPump = [&](int number, const QPointer<frmChessBoard>&) {
+    behindUpdate = [&](int number, const QPointer<frmChessBoard>&) {
         const int victim = dice(Forty) + 1;
         if (number % 5 != 0 || !rig.boardOf(victim)) return;
         closed.push_back(victim);
         rig.boardOf(victim)->close();
     };
-    pumps = 0;
+    updates = 0;
     read(nextOfAll());
-    atPump = nullptr;
+    behindUpdate = nullptr;
     EXPECT_GT(closed.size(), 3U);
     const auto wasClosed = [&](const WatchedGame& each) { return std::ranges::count(closed, each.number()) > 0; };
     for (const WatchedGame& each : games) {
@@ -139,7 +139,7 @@ TEST_P(BoardsClosingInAPump, AtEachMomentOfOpeningAllGamesAreThereWithTheirNextU
         read(nextOfAll());
         expectFaces();
         EXPECT_EQ(rig.fault, std::nullopt);
-    } while (!HasFailure() && ++moment <= pumps);
+    } while (!HasFailure() && ++moment <= updates);
     EXPECT_GT(moment, 10) << "there are so many moments at least";
 }
 
@@ -149,11 +149,11 @@ INSTANTIATE_TEST_SUITE_P(Of, BoardsClosingInAPump,
                          nameOf);
 
 TEST_P(ProgramClosingInAPump, OpensNoBoardFromTheRestOfTheBatch) {
-    atPump = [this](int number, const QPointer<frmChessBoard>&) {
+    behindUpdate = [this](int number, const QPointer<frmChessBoard>&) {
         if (number == GetParam()) rig.client->close();
     };
     for (int number = 1; number <= 4; ++number) games.push_back(gameOf(number, "first"));
-    pumps = 0;
+    updates = 0;
     rig.server.send(nextOfAll() + "\n\r<b1> game 4 white [P] black []\n\rfics% ");
     ASSERT_TRUE(waitUntil([] { return modChess.AppClosing; }, PatienceMs));
     EXPECT_TRUE(waitUntil([this] { return !rig.client->session.pipeline.ParseBusy; }));
@@ -181,12 +181,12 @@ TEST_F(BoardsClosing, ABoardOpenedByHandLosesNoPositionThatArrivesMeanwhile) {
     for (frmChessBoard* board : rig.boards()) board->close();
     games.push_back(gameOf(5, "first"));
     bool arrived = false;
-    atPump = [&](int number, const QPointer<frmChessBoard>&) {
+    behindUpdate = [&](int number, const QPointer<frmChessBoard>&) {
         if (number != 1) return;
         rig.server.send(games.front().next());
         arrived = waitUntil([this] { return !rig.updates.empty(); });
     };
-    pumps = 0;
+    updates = 0;
     QTimer hang; // ends what would never come back
     QObject::connect(&hang, &QTimer::timeout, &hang, [this] { rig.client->close(); });
     hang.start(PatienceMs / 10);

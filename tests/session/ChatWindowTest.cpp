@@ -507,7 +507,7 @@ TEST_F(ChatWindow, AHundredThousandTellsAreAllShownInOrder) {
     start();
     frmChat& chat = openChat("Bob");
     modChess.TellTarget = "Bob";
-    client->chatRouting.consoleLength = [] { return std::size_t{100000000}; };
+    client->session.chatRouting.consoleLength = [] { return std::size_t{100000000}; };
     QElapsedTimer since;
     since.start();
     string expected;

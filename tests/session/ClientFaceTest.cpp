@@ -65,7 +65,7 @@ TEST_F(ClientFace, TheConsolesTextCanBeRead) {
 
 TEST_F(ClientFace, AMaskedLineIsAPasswordsField) {
     start();
-    client->session.classifier.hooks.maskTyping();
+    client->session.logOn.hooks.maskTyping();
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(&txtSend())->state().passwordEdit);
 }
 

@@ -178,7 +178,7 @@ TEST_F(ClientLife, ABoardsSectionIsWrittenBeforeTheClients) {
 }
 
 TEST_F(ClientLife, AWindowOlderThanTheConsoleIsUnloadedToo) {
-    openWindows.add({"frmChat", &loopback, nullptr, [] { openWindows.remove(openWindows.windows[0].window); }});
+    openWindows.add({"frmChat", &loopback, [] { openWindows.remove(openWindows.windows[0].window); }});
     start();
     client->close();
     EXPECT_EQ(openWindows.windows.size(), 1U);
@@ -187,7 +187,7 @@ TEST_F(ClientLife, AWindowOlderThanTheConsoleIsUnloadedToo) {
 
 TEST_F(ClientLife, AWindowThatRefusesToUnloadDoesNotHangTheCloseDown) {
     start();
-    openWindows.add({"frmChat", &loopback, nullptr, [] {}});
+    openWindows.add({"frmChat", &loopback, [] {}});
     client->close();
     EXPECT_EQ(stored("Client", "Registry_OK"), "Yes");
 }

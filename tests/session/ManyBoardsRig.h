@@ -47,7 +47,7 @@ protected:
     void TearDown() override {
         EXPECT_EQ(rig.fault, std::nullopt);
         EXPECT_FALSE(rig.client->session.pipeline.ParseBusy);
-        atPump = nullptr;
+        behindUpdate = nullptr;
         rig.client->queryUnload();
         EXPECT_EQ(openWindows.windows.size(), 1U) << "only the console is left";
     }
@@ -95,14 +95,14 @@ protected:
         }
     }
 
-    // From now on `atPump` runs in each of the board's pumps, as an event of the loop.
+    // From now on `behindUpdate` runs behind each of the board's updates, as an event of the loop.
     void watch(frmChessBoard& board) {
-        board.game.surface.pump = [this, own = QPointer(&board), real = board.game.surface.pump] {
-            ++pumps;
+        board.game.surface.keepPicture = [this, own = QPointer(&board), real = board.game.surface.keepPicture] {
+            ++updates;
             QMetaObject::invokeMethod(
                 qApp,
-                [this, own, number = pumps] {
-                    if (atPump) atPump(number, own);
+                [this, own, number = updates] {
+                    if (behindUpdate) behindUpdate(number, own);
                 },
                 Qt::QueuedConnection);
             real();
@@ -116,7 +116,7 @@ protected:
     ProgramRig rig;
     std::vector<WatchedGame> games;
     std::mt19937 random{20211121}; // the same course each time
-    std::function<void(int number, const QPointer<frmChessBoard>& board)> atPump;
-    int pumps = 0;
+    std::function<void(int number, const QPointer<frmChessBoard>& board)> behindUpdate;
+    int updates = 0;
     int parts = 0;
 };
