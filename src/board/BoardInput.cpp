@@ -8,6 +8,9 @@
 
 #include <QTimer>
 
+#include <array>
+#include <utility>
+
 namespace {
 
 constexpr int MovePicture = 3; // of the pointers

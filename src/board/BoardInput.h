@@ -3,8 +3,6 @@
 
 #include "board/MoveInput.h"
 
-#include <array>
-
 struct BoardParts;
 class QMenu;
 class QTimer;
