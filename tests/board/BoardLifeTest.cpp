@@ -2,7 +2,6 @@
 #include "board/BoardWindowRig.h"
 
 #include "platform/EndedProgram.h"
-#include "platform/EventCount.h"
 
 #include <QCloseEvent>
 #include <QDir>

@@ -239,6 +239,60 @@ TEST_F(PopupMenusTest, TheWindowClosesWhileTheRealMenuIsUp) {
     }
 }
 
+TEST_F(PopupMenusTest, TheQuestionBeforeClosingTakesTheMenuDownAndThePromotionWaitsForItsAnswer) {
+    for (const bool closes : {true, false}) {
+        made.clear();
+        shown = 0;
+        frmChessBoard& board = openPromoting();
+        boxes.okCancel = [this, closes](QWidget*, const std::string&, const std::string&) {
+            QApplication::activePopupWidget()->hide();
+            runFor(20);
+            EXPECT_TRUE(sent.empty());
+            return closes;
+        };
+        onRealMenu([&](QMenu&) { board.close(); });
+        drag(board, "a7", "a8");
+        EXPECT_TRUE(isShown());
+        EXPECT_TRUE(waitUntil([&] { return closes ? made.front().isNull() : !sent.empty(); }));
+        EXPECT_EQ(sent, closes ? Sent{} : Sent{"a7-a8"});
+    }
+}
+
+TEST_F(PopupMenusTest, AfterAClosingThatWasRefusedMenusAnswerAsEver) {
+    frmChessBoard& board = openPromoting();
+    board.close();
+    EXPECT_TRUE(sent.empty());
+    drag(board, "a7", "a8");
+    EXPECT_TRUE(menusAnswered());
+    EXPECT_EQ(sent, Sent{"a7-a8"});
+}
+
+TEST_F(PopupMenusTest, APromotionChosenWhileTheClosingIsAskedForIsSentAtOnce) {
+    choose("mnuRook");
+    frmChessBoard& board = openPromoting();
+    boxes.okCancel = [&](QWidget*, const std::string&, const std::string&) {
+        drag(board, "a7", "a8"); // as a queued pre-move would
+        EXPECT_TRUE(menusAnswered());
+        EXPECT_EQ(sent, Sent{"a7-a8=R+"});
+        return false;
+    };
+    board.close();
+    EXPECT_EQ(sent, Sent{"a7-a8=R+"});
+}
+
+TEST_F(PopupMenusTest, AMenuThatIsUpWhenTheClosingIsRefusedIsNotAnsweredByTheOneBeforeIt) {
+    frmChessBoard& board = openPromoting();
+    boxes.okCancel = [&](QWidget*, const std::string&, const std::string&) {
+        drag(board, "a7", "a8");
+        EXPECT_TRUE(menusAnswered());
+        boxes.popup = [](QMenu&, const std::function<void(QAction*)>&) {};
+        drag(board, "a7", "a8");
+        return false;
+    };
+    board.close();
+    EXPECT_TRUE(sent.empty());
+}
+
 TEST_F(PopupMenusTest, TheWindowClosesBeforeTheRealMenuShows) {
     onRealMenu([](QMenu& menu) { menu.hide(); });
     frmChessBoard& board = openPromoting();
