@@ -66,6 +66,7 @@ void frmChessClient::wireClassifier() {
     hooks.maskTyping = [this] { txtSend->setEchoMode(QLineEdit::Password); };
     hooks.autoLogonKey = [this] {
         QTimer::singleShot(0, this, [this] {
+            if (QApplication::activeWindow()) activateWindow(); // of ours; another program keeps the keyboard
             txtSend->setFocus();
             if (pipeline.login != 0) typingKeys.typingKeyDown(KeyUp, false);
         });
