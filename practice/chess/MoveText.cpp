@@ -4,7 +4,6 @@
 #include "practice/text/Text.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <optional>
 
@@ -29,10 +28,6 @@ bool isFile(char c) { return c >= 'a' && c <= 'h'; }
 bool isRank(char c) { return c >= '1' && c <= '8'; }
 
 bool isOneOf(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
-
-char upperOf(char c) { return static_cast<char>(std::toupper(static_cast<unsigned char>(c))); }
-
-char lowerOf(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
 
 // "O-O", "0-0-0", "oo": letters or noughts, dashes or none.
 std::optional<MoveParts> castlingParts(std::string_view text) {

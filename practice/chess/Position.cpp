@@ -51,7 +51,7 @@ bool cutHand(std::string& placement, std::string& hand) {
 
 // Clients show these sums; the king has no price.
 int pieceValue(char piece) {
-    switch (piece | 0x20) {
+    switch (lowerOf(piece)) {
     case 'q':
         return 9;
     case 'r':
@@ -81,7 +81,7 @@ std::string Position::rank(int which) const {
 std::string Position::handOf(bool white) const {
     std::string result;
     for (const char kind : std::string_view("PNBRQ")) {
-        const char piece = white ? kind : static_cast<char>(kind - 'A' + 'a');
+        const char piece = white ? kind : lowerOf(kind);
         result.append(static_cast<std::size_t>(std::count(hand.begin(), hand.end(), piece)), kind);
     }
     return result;
@@ -94,7 +94,7 @@ bool Position::mayCastle(bool white, bool shortSide) const {
     const auto kingFile = back.find(king);
     for (const char right : castling == "-" ? std::string() : castling) {
         if ((right >= 'A' && right <= 'Z') != white || kingFile == std::string::npos) continue;
-        const char letter = static_cast<char>(right | 0x20);
+        const char letter = lowerOf(right);
         if (letter == 'k' && shortSide == (kingFile != 3)) return true;
         if (letter == 'q' && shortSide == (kingFile == 3)) return true;
         const bool toTheRight = letter - 'a' > static_cast<int>(kingFile);
@@ -144,7 +144,7 @@ bool hasMatingMaterial(const Position& position, bool white) {
     int pieces = 0;
     for (const char piece : position.board) {
         if (!belongsTo(piece, white)) continue;
-        if ((piece | 0x20) == 'p') return true;
+        if (lowerOf(piece) == 'p') return true;
         ++pieces;
     }
     return pieces > 2 || materialStrength(position, white) > 3;

@@ -31,8 +31,8 @@ char stateMark(Hall& hall, const Player& player) {
 std::vector<const Player*> byRating(const Hall& hall) {
     std::vector<const Player*> result;
     for (const Player& player : hall.players) result.push_back(&player);
-    const auto value = [](const Player* player) { return number(trim(player->rating)).value_or(0); };
-    std::stable_sort(result.begin(), result.end(), [&](auto* a, auto* b) { return value(a) > value(b); });
+    std::stable_sort(result.begin(), result.end(),
+                     [](auto* a, auto* b) { return a->ratingValue() > b->ratingValue(); });
     return result;
 }
 

@@ -3,7 +3,6 @@
 #include "practice/play/ComputerRoom.h"
 #include "practice/text/Text.h"
 
-#include <algorithm>
 #include <map>
 
 namespace practice {
@@ -102,9 +101,9 @@ Answer comment(Hall& hall, Player& player, const Game& game, const std::string& 
                              (whisper ? "whispers: " : "kibitzes: ") + text;
     int heard = 0;
     for (const Player& other : hall.players) {
-        const bool observes = std::count(game.observers.begin(), game.observers.end(), other.name) > 0;
         const bool plays = (!whisper && game.sideOf(other.name) >= 0) || game.examiner == other.name;
-        if ((!observes && !plays) || &other == &player || other.variables.value("kibitz") == 0) continue;
+        if ((!game.isObserver(other.name) && !plays) || &other == &player || other.variables.value("kibitz") == 0)
+            continue;
         speak(other, line);
         ++heard;
     }

@@ -45,7 +45,7 @@ Answer games(Hall& hall, Player&, const Arguments& arguments) {
         text += gamesRow(game, now) + "\n";
         ++count;
     }
-    return {text + "\n" + padLeft(count, 3) + (count == 1 ? " game" : " games") + " displayed (of " +
+    return {text + "\n" + counted(count, "game", 3) + " displayed (of " +
             padLeft(static_cast<int>(hall.games.size()), 3) + " in progress)."};
 }
 
@@ -105,8 +105,8 @@ Answer allObservers(Hall& hall, Player&, const Arguments&) {
         text += " (" + counted(static_cast<int>(game.observers.size()), "user") + ")\n";
         ++count;
     }
-    return {text + padLeft(count, 3) + (count == 1 ? " game" : " games") + " displayed (of " +
-            std::to_string(hall.games.size()) + " in progress)."};
+    return {text + counted(count, "game", 3) + " displayed (of " + std::to_string(hall.games.size()) +
+            " in progress)."};
 }
 
 } // namespace

@@ -32,6 +32,13 @@ std::string searchText(const SearchOrder& order) {
            "\n" + positionCommand(order) + "go depth " + std::to_string(order.depth) + "\n";
 }
 
+// A question whose answer `reader` collects, from the start again if the question is put again.
+template <class Reader>
+EngineProcess::Request question(std::string text, const std::shared_ptr<Reader>& reader, std::function<void()> done) {
+    return {std::move(text), [reader] { *reader = {}; }, [reader](std::string_view line) { return reader->take(line); },
+            std::move(done)};
+}
+
 } // namespace
 
 QString findEngine(const QString& wanted) {
@@ -59,47 +66,37 @@ Engines::Engines(const QString& program, const std::function<void()>& onGone) {
 void Engines::rules(const Rules& rules, const std::string& fen, const std::string& move,
                     std::function<void(PositionFacts)> then) {
     const auto reader = std::make_shared<FactsReader>();
-    EngineProcess::Request request;
-    request.text =
-        rulesText(rules) + "position fen " + fen + (move.empty() ? "" : " moves " + move) + "\nd\ngo perft 1\n";
-    request.restart = [reader] { *reader = {}; };
-    request.take = [reader](std::string_view line) { return reader->take(line); };
-    request.done = [this, rules, fen, move, reader, then = std::move(then)] {
+    auto done = [this, rules, fen, move, reader, then = std::move(then)] {
         if (!reader->facts.legal.empty() || move.empty()) return then(reader->facts);
         judgeEnd(rules, fen, move, [reader, then](Outcome outcome) {
             reader->facts.outcome = outcome;
             then(reader->facts);
         });
     };
-    judge_->ask(std::move(request));
+    judge_->ask(question(rulesText(rules) + "position fen " + fen + (move.empty() ? "" : " moves " + move) +
+                             "\nd\ngo perft 1\n",
+                         reader, std::move(done)));
 }
 
 // A search of the last move alone: two plies deep it sees every end, stalemates that win or lose among them.
 void Engines::judgeEnd(const Rules& rules, const std::string& fen, const std::string& move,
                        std::function<void(Outcome)> then) {
     const auto reader = std::make_shared<SearchReader>();
-    EngineProcess::Request request;
-    request.text = rulesText(rules) + "position fen " + fen + "\ngo depth 2 searchmoves " + move + "\n";
-    request.restart = [reader] { *reader = {}; };
-    request.take = [reader](std::string_view line) { return reader->take(line); };
-    request.done = [reader, then = std::move(then)] {
+    auto done = [reader, then = std::move(then)] {
         const auto found = reader->candidates();
         const int score = found.empty() ? 0 : found.front().score;
         then(score >= mateInSight ? Outcome::Lost : score <= -mateInSight ? Outcome::Won : Outcome::Drawn);
     };
-    judge_->ask(std::move(request));
+    judge_->ask(question(rulesText(rules) + "position fen " + fen + "\ngo depth 2 searchmoves " + move + "\n", reader,
+                         std::move(done)));
 }
 
 void Engines::search(const SearchOrder& order, std::function<void(std::vector<Candidate>)> then) {
     const auto reader = std::make_shared<SearchReader>();
-    EngineProcess::Request request;
-    request.text = searchText(order);
-    request.restart = [reader] { *reader = {}; };
-    request.take = [reader](std::string_view line) { return reader->take(line); };
-    request.done = [reader, then = std::move(then)] { then(reader->candidates()); };
     const auto least = std::min_element(thinkers_.begin(), thinkers_.end(),
                                         [](const auto& a, const auto& b) { return a->waiting() < b->waiting(); });
-    (*least)->ask(std::move(request));
+    (*least)->ask(
+        question(searchText(order), reader, [reader, then = std::move(then)] { then(reader->candidates()); }));
 }
 
 } // namespace practice

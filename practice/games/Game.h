@@ -60,6 +60,12 @@ struct Game {
     // 0 for white's handle, 1 for black's, -1 for any other name; letter case counts. An examined game has no players.
     int sideOf(const std::string& name) const;
 
+    // The handle of a side: 0 white, 1 black.
+    const std::string& nameOf(int side) const { return names[side == 0 ? 0U : 1U]; }
+
+    // True for one of the observers' handles.
+    bool isObserver(const std::string& name) const;
+
     // The other player's handle, for one of the two.
     const std::string& opponentOf(const std::string& name) const { return names[names[0] == name ? 1U : 0U]; }
 

@@ -9,7 +9,7 @@ namespace practice {
 namespace {
 
 std::string capitalised(std::string text) {
-    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+    if (!text.empty()) text[0] = upperOf(text[0]);
     return text;
 }
 
@@ -31,10 +31,14 @@ std::string examinedRow(const Game& game) {
 
 std::string pairing(const Game& game) { return "(" + game.names[0] + " vs. " + game.names[1] + ")"; }
 
-std::string gameTitle(const Game& game) {
-    return "Game " + std::to_string(game.number) + ": " + game.names[0] + " (" + game.ratings[0] + ") " +
-           game.names[1] + " (" + game.ratings[1] + ") " + termsText(game.terms);
+std::string gameLabel(const Game& game) { return "Game " + std::to_string(game.number) + ": "; }
+
+std::string lineUp(const Game& game) {
+    return game.names[0] + " (" + game.ratings[0] + ") " + game.names[1] + " (" + game.ratings[1] + ") " +
+           termsText(game.terms);
 }
+
+std::string gameTitle(const Game& game) { return gameLabel(game) + lineUp(game); }
 
 std::string boardLineFor(const Game& game, const std::string& viewer, std::int64_t now) {
     const int side = game.sideOf(viewer);

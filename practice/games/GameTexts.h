@@ -11,6 +11,12 @@ namespace practice {
 // "(white vs. black)".
 std::string pairing(const Game& game);
 
+// "Game 1: ": how lines about a game begin.
+std::string gameLabel(const Game& game);
+
+// "white (rating) black (rating) unrated blitz 5 0".
+std::string lineUp(const Game& game);
+
 // "Game 1: white (rating) black (rating) unrated blitz 5 0".
 std::string gameTitle(const Game& game);
 

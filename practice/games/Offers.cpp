@@ -1,7 +1,10 @@
 // What players have put before each other: challenges, and offers within a game.
 #include "practice/games/Offers.h"
 
+#include "practice/text/Text.h"
+
 #include <algorithm>
+#include <utility>
 
 namespace practice {
 
@@ -15,11 +18,8 @@ bool isBetween(const PendingOffer& offer, const std::string& one, const std::str
 
 int OfferTable::post(PendingOffer offer) {
     if (madeBy(offer.from).size() >= limit) return 0;
-    int free = 1;
-    while (open.count(free) > 0) ++free;
     offer.serial = ++lastSerial;
-    open.emplace(free, std::move(offer));
-    return free;
+    return open.emplace(lowestFree(open), std::move(offer)).first->first;
 }
 
 int OfferTable::find(OfferKind kind, const std::string& from, const std::string& to) const {

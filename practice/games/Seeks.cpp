@@ -7,10 +7,7 @@ namespace practice {
 
 int SeekTable::post(const Seek& seek) {
     if (open.size() >= limit) return 0;
-    int free = 1;
-    while (open.count(free) > 0) ++free;
-    open.emplace(free, seek);
-    return free;
+    return open.emplace(lowestFree(open), seek).first->first;
 }
 
 int SeekTable::removeOwner(const std::string& owner) {
@@ -46,8 +43,7 @@ std::string soughtRow(int number, const Seek& seek) {
 std::string soughtTable(const SeekTable& table) {
     std::string text;
     for (const auto& [number, seek] : table.open) text += soughtRow(number, seek) + "\n";
-    const auto count = table.open.size();
-    return text + std::to_string(count) + (count == 1 ? " ad" : " ads") + " displayed.";
+    return text + counted(static_cast<int>(table.open.size()), "ad") + " displayed.";
 }
 
 } // namespace practice

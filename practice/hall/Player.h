@@ -25,7 +25,7 @@ struct Reactions {
 struct Player {
     std::string name;
     std::string title;  // "", "(U)" for a guest, "(C)" for a computer
-    std::string rating; // "1711", "++++" for a guest, "----" for a registered player without games
+    std::string rating; // four columns: "1711", " 886", "++++" for a guest, "----" for a player without rated games
     Variables variables;
     std::set<int> channels{1, 50};
     std::vector<int> observing; // game numbers, oldest first
@@ -46,6 +46,10 @@ struct Player {
 
     // Somebody without an account.
     bool isGuest() const { return title == "(U)"; }
+
+    // The rating without the blanks that fill its four columns, and as a number: 0 for none.
+    std::string shortRating() const;
+    int ratingValue() const;
 
     // The handle with its title: "Willow(C)".
     std::string titled() const { return name + title; }

@@ -10,8 +10,6 @@ namespace {
 constexpr std::size_t computerPlyLimit = 300; // 150 moves between two computers
 const std::string half = "1/2-1/2";
 
-const std::string& nameOf(const Game& game, int side) { return game.names[static_cast<std::size_t>(side)]; }
-
 // The order matters only when several hold: the plainest reason is told.
 std::optional<Ending> drawnBy(Hall& hall, const Game& game, const Position& position) {
     const bool bare = !hasMatingMaterial(position, true) && !hasMatingMaterial(position, false);
@@ -27,9 +25,9 @@ std::optional<Ending> drawnBy(Hall& hall, const Game& game, const Position& posi
 std::string losingReason(const Game& game, const Position& position, int winner) {
     const bool suicide = game.terms.variant == "suicide";
     if (countPieces(position, winner == 0) <= (suicide ? 0 : 1))
-        return nameOf(game, winner) + " wins by losing all material";
-    if (game.facts.check) return nameOf(game, winner) + " checkmated";
-    return nameOf(game, winner) + (suicide ? " wins by having less material (stalemate)" : " wins by stalemate");
+        return game.nameOf(winner) + " wins by losing all material";
+    if (game.facts.check) return game.nameOf(winner) + " checkmated";
+    return game.nameOf(winner) + (suicide ? " wins by having less material (stalemate)" : " wins by stalemate");
 }
 
 Ending decided(const Game& game, const Position& position) {
@@ -37,7 +35,7 @@ Ending decided(const Game& game, const Position& position) {
     const int winner = game.facts.outcome == Outcome::Won ? mover : 1 - mover;
     const std::string result = lossOf(1 - winner);
     if (variantNamed(game.terms.variant).losing) return {losingReason(game, position, winner), result};
-    return {nameOf(game, 1 - winner) + " checkmated", result};
+    return {game.nameOf(1 - winner) + " checkmated", result};
 }
 
 } // namespace

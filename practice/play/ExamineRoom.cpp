@@ -34,13 +34,11 @@ void standStill(Hall& hall, Game& game) {
     learnPosition(hall, game);
 }
 
-std::string named(const Game& game) { return "Game " + std::to_string(game.number) + ": "; }
-
-std::string steps(int count) { return std::to_string(count) + (count == 1 ? " move." : " moves."); }
+std::string steps(int count) { return counted(count, "move") + "."; }
 
 // Game 1: Ada goes forward 2 moves.
 std::string moved(Hall& hall, Game& game, const std::string& what, const std::string& behind = {}) {
-    const std::string head = named(game) + game.examiner + " " + what + "\n\n";
+    const std::string head = gameLabel(game) + game.examiner + " " + what + "\n\n";
     standStill(hall, game);
     const auto now = hall.outside.now();
     for (const std::string& name : game.observers) hall.show(name, head + boardLineFor(game, name, now) + behind);
@@ -69,7 +67,7 @@ std::string startExamining(Hall& hall, Player& player, const KeptGame* kept) {
         game.mainEnd = kept->reason + " " + kept->result;
     } else {
         game.names = {player.name, player.name};
-        game.ratings = {trim(player.rating), trim(player.rating)};
+        game.ratings = {player.shortRating(), player.shortRating()};
     }
     game.examiner = player.name;
     player.examining = game.number;
@@ -104,7 +102,7 @@ std::string goForward(Hall& hall, Player& player, int halfmoves) {
     const auto end = std::min(game.mainLine.size(), game.moves.size() + static_cast<std::size_t>(halfmoves));
     for (std::size_t at = game.moves.size(); at < end; ++at) game.moves.push_back(game.mainLine[at]);
     const bool atEnd = end == game.mainLine.size();
-    return moved(hall, game, "goes forward " + steps(halfmoves), atEnd ? "\n" + named(game) + game.mainEnd : "");
+    return moved(hall, game, "goes forward " + steps(halfmoves), atEnd ? "\n" + gameLabel(game) + game.mainEnd : "");
 }
 
 std::string goBackward(Hall& hall, Player& player, int halfmoves) {
@@ -118,7 +116,7 @@ std::string goBackward(Hall& hall, Player& player, int halfmoves) {
 std::string revertToMainLine(Hall& hall, Player& player) {
     Game& game = examinedBy(hall, player);
     const std::size_t common = movesInCommon(game);
-    if (common == game.moves.size()) return named(game) + "Already at mainline.";
+    if (common == game.moves.size()) return gameLabel(game) + "Already at mainline.";
     game.moves.resize(common);
     return moved(hall, game, "reverts to main line move " + std::to_string(common) + ".");
 }

@@ -22,8 +22,8 @@ bool callsFlags(Hall& hall, const std::string& name) {
 // Who cannot mate does not win on time either.
 void endOnTime(Hall& hall, Game& game, int loser) {
     const auto position = readFen(game.facts.fen).value_or(Position{});
-    const std::string& late = game.names[static_cast<std::size_t>(loser)];
-    const std::string& other = game.names[static_cast<std::size_t>(1 - loser)];
+    const std::string& late = game.nameOf(loser);
+    const std::string& other = game.nameOf(1 - loser);
     if (flagIsDown(hall, game, 1 - loser)) {
         endGame(hall, game, "Game drawn because both players ran out of time", "1/2-1/2");
     } else if (needsMaterial(game) && !hasMatingMaterial(position, loser == 1)) {
@@ -39,8 +39,7 @@ bool callFlag(Hall& hall, Game& game) {
     // While a move is judged its clock is already pressed, but the side to move is not yet the other one.
     if (game.pending) return false;
     const int late = game.toMove();
-    if (!flagIsDown(hall, game, late) || !callsFlags(hall, game.names[static_cast<std::size_t>(1 - late)]))
-        return false;
+    if (!flagIsDown(hall, game, late) || !callsFlags(hall, game.nameOf(1 - late))) return false;
     endOnTime(hall, game, late);
     return true;
 }

@@ -5,8 +5,6 @@
 #include "practice/play/Endings.h"
 #include "practice/play/Observing.h"
 
-#include <algorithm>
-
 namespace practice {
 
 namespace {
@@ -21,21 +19,19 @@ void showEnd(Hall& hall, const Game& game, const std::string& line) {
         hall.show(name, unobservedLine(game.number));
     }
     for (Player& other : hall.players) {
-        const bool concerned =
-            game.sideOf(other.name) >= 0 || std::count(game.observers.begin(), game.observers.end(), other.name) > 0;
+        const bool concerned = game.sideOf(other.name) >= 0 || game.isObserver(other.name);
         if (!concerned && other.variables.value("gin") != 0) other.show(line);
     }
 }
 
 void releasePlayers(Hall& hall, const Game& game) {
     for (const int side : {0, 1}) {
-        Player* player = hall.find(game.names[static_cast<std::size_t>(side)]);
+        Player* player = hall.find(game.nameOf(side));
         if (!player) continue;
         player->playing = 0;
-        player->lastOpponent = game.names[static_cast<std::size_t>(1 - side)];
+        player->lastOpponent = game.nameOf(1 - side);
         player->lastTerms = game.terms;
-        if (side == 1) player->lastTerms.colour = WantedColour::White;
-        if (side == 0) player->lastTerms.colour = WantedColour::Black;
+        player->lastTerms.colour = side == 1 ? WantedColour::White : WantedColour::Black; // for the next game
     }
     for (const std::string& name : game.observers) {
         if (Player* player = hall.find(name)) std::erase(player->observing, game.number);
@@ -59,7 +55,7 @@ void endGame(Hall& hall, Game& game, const std::string& reason, const std::strin
 void abandonGame(Hall& hall, Player& player) {
     for (Game* game : hall.gamesOf(player)) {
         const int side = game->sideOf(player.name);
-        const std::string word = "Game " + std::to_string(game->number) + ": " + player.name + " disconnected.";
+        const std::string word = gameLabel(*game) + player.name + " disconnected.";
         hall.show(game->opponentOf(player.name), word);
         showObservers(hall, *game, word);
         if (game->moves.size() < fewMoves) {

@@ -13,13 +13,6 @@ namespace practice {
 
 namespace {
 
-// Low numbers are used again, as people like to type them.
-int freeNumber(const Hall& hall) {
-    int number = 1;
-    while (hall.games.count(number) > 0) ++number;
-    return number;
-}
-
 // Whether the first player gets white.
 bool firstIsWhite(Game& game) {
     const Terms& terms = game.terms;
@@ -38,19 +31,16 @@ void seatPlayer(Hall& hall, const Game& game, Player& player) {
 // Creating: Ada (1711) Bert (++++) unrated blitz 5 0
 // {Game 1 (Ada vs. Bert) Creating unrated blitz match.}
 void showStart(Hall& hall, const Game& game, const std::string& name, const std::string& verb) {
-    const std::string head = "Creating: " + game.names[0] + " (" + game.ratings[0] + ") " + game.names[1] + " (" +
-                             game.ratings[1] + ") " + termsText(game.terms);
-    const std::string number = std::to_string(game.number);
-    hall.show(name, head + "\n{Game " + number + " " + pairing(game) + " " + verb + " " +
-                        (game.terms.rated ? "rated " : "unrated ") + kindText(game.terms) + " match.}\n\n" +
-                        boardLineFor(game, name, hall.outside.now()) + "\n\nGame " + number +
-                        ": A disconnection will be considered a forfeit.\n");
+    hall.show(name, "Creating: " + lineUp(game) + "\n{Game " + std::to_string(game.number) + " " + pairing(game) + " " +
+                        verb + " " + ratedText(game.terms) + " " + kindText(game.terms) + " match.}\n\n" +
+                        boardLineFor(game, name, hall.outside.now()) + "\n\n" + gameLabel(game) +
+                        "A disconnection will be considered a forfeit.\n");
 }
 
 } // namespace
 
 Game& openGame(Hall& hall, const Terms& terms) {
-    const int number = freeNumber(hall);
+    const int number = lowestFree(hall.games);
     Game& game = hall.games[number];
     game.number = number;
     game.serial = ++hall.lastSerial;
@@ -83,7 +73,7 @@ Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms) {
     const std::array<Player*, 2> sides{straight ? &first : &second, straight ? &second : &first};
     for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
         game.names[side] = sides[side]->name;
-        game.ratings[side] = trim(sides[side]->rating);
+        game.ratings[side] = sides[side]->shortRating();
     }
     seatBoth(hall, game, "Creating");
     learnPosition(hall, game);

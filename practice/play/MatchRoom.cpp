@@ -84,13 +84,13 @@ std::string post(Hall& hall, const Player& from, Player& to, const PendingOffer&
 std::string challengeText(Hall& hall, const PendingOffer& offer) {
     const auto ratingOf = [&](const std::string& name) {
         const Player* player = hall.find(name);
-        return player ? trim(player->rating) : std::string("----");
+        return player ? player->shortRating() : std::string("----");
     };
     const Terms& terms = offer.terms;
     const std::string colour = colourText(terms);
     const bool wild = startsWith(terms.variant, "wild/");
-    const std::string kind = wild ? (terms.rated ? "rated wild " : "unrated wild ") + std::to_string(terms.minutes) +
-                                        " " + std::to_string(terms.increment) + " Loaded from " + terms.variant
+    const std::string kind = wild ? ratedText(terms) + " wild " + std::to_string(terms.minutes) + " " +
+                                        std::to_string(terms.increment) + " Loaded from " + terms.variant
                                   : termsText(terms);
     return offer.from + " (" + ratingOf(offer.from) + ") " + (colour.empty() ? "" : colour + " ") + offer.to + " (" +
            ratingOf(offer.to) + ") " + kind + (offer.adjourned ? " (adjourned)" : "");

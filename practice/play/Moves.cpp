@@ -7,6 +7,7 @@
 #include "practice/play/Endings.h"
 #include "practice/play/GameEnd.h"
 #include "practice/play/Observing.h"
+#include "practice/text/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -36,8 +37,7 @@ void showTaken(Hall& hall, const Game& game, const std::string& fenBefore) {
             std::count(before->hand.begin(), before->hand.end(), piece))
             continue;
         const bool white = piece < 'a';
-        const char kind = white ? piece : static_cast<char>(piece - 'a' + 'A');
-        showEverybody(hall, game, composeHoldings(game.number, *after) + " <- " + (white ? "W" : "B") + kind);
+        showEverybody(hall, game, composeHoldings(game.number, *after) + " <- " + (white ? "W" : "B") + upperOf(piece));
     }
 }
 
@@ -54,7 +54,7 @@ void resumePlayers(Hall& hall, const std::vector<std::string>& names) {
 // Whoever is to move may do it of himself. In an examined game nobody is.
 void callToMove(Hall& hall, Game& game) {
     if (!game.examiner.empty()) return;
-    const Player* player = hall.find(game.names[static_cast<std::size_t>(game.toMove())]);
+    const Player* player = hall.find(game.nameOf(game.toMove()));
     if (player) player->reactions.toMove(game);
 }
 
@@ -109,10 +109,9 @@ void learnPosition(Hall& hall, Game& game) {
 
 void showBoard(Hall& hall, const Game& game) {
     const auto now = hall.outside.now();
-    const std::string tried =
-        game.examiner.empty() || game.moves.empty()
-            ? std::string()
-            : "\nGame " + std::to_string(game.number) + ": " + game.examiner + " moves: " + game.moves.back().pretty;
+    const std::string tried = game.examiner.empty() || game.moves.empty()
+                                  ? std::string()
+                                  : "\n" + gameLabel(game) + game.examiner + " moves: " + game.moves.back().pretty;
     for (const std::string& name : waitingFor(game)) hall.show(name, boardLineFor(game, name, now) + tried);
     for (const std::string& name : game.observers) hall.show(name, boardLineFor(game, name, now) + tried);
 }
@@ -126,8 +125,8 @@ void playMove(Hall& hall, Game& game, const std::string& move) {
     played.doublePushFile = doublePushFile(position, move);
     played.taken = game.clock.press(game.toMove(), hall.outside.now());
     // A move turns down what the opponent offered.
-    const auto mover = static_cast<std::size_t>(game.toMove());
-    if (game.examiner.empty()) hall.offers.dropForMover(game.names[mover], game.names[1 - mover]);
+    const int mover = game.toMove();
+    if (game.examiner.empty()) hall.offers.dropForMover(game.nameOf(mover), game.nameOf(1 - mover));
     game.pending = true;
     hall.outside.rules(game.rules, game.facts.fen, move,
                        [&hall, serial = game.serial, names = waitingFor(game), played](PositionFacts facts) {

@@ -76,7 +76,7 @@ void carryOut(Hall& hall, const PendingOffer& offer) {
 // Game 1: Ada declines the draw offer. A challenge has no observers.
 void tellObservers(Hall& hall, const PendingOffer& offer, const std::string& what) {
     if (const Game* game = offer.kind == OfferKind::Match ? nullptr : gameOf(hall, offer))
-        showObservers(hall, *game, "Game " + std::to_string(game->number) + ": " + what);
+        showObservers(hall, *game, gameLabel(*game) + what);
 }
 
 void tellAccepted(Hall& hall, const PendingOffer& offer) {
@@ -89,6 +89,13 @@ void tellDeclined(Hall& hall, const PendingOffer& offer) {
     const std::string name = offerName(offer.kind);
     hall.show(offer.from, offer.to + " declines your " + name + ".");
     tellObservers(hall, offer, offer.to + " declines the " + name + ".");
+}
+
+// The offers of one direction, a line each in `list`, with the command that answers one.
+std::string pendingPart(const std::string& direction, const std::string& verb, const std::string& list) {
+    if (list.empty()) return "There are no offers pending " + direction + " other players.";
+    return "Offers " + direction + " other players:" + list + "\n\nIf you wish to " + verb +
+           " any of these offers type '" + verb + " n'\nor just '" + verb + "' if there is only one offer.";
 }
 
 // A refusal comes behind the answer to the command that made the offer.
@@ -155,17 +162,8 @@ std::string pendingText(Hall& hall, const Player& player) {
         }
         return text;
     };
-    const auto made = hall.offers.madeBy(player.name);
-    const auto got = hall.offers.madeTo(player.name);
-    const std::string to = made.empty() ? "There are no offers pending TO other players."
-                                        : "Offers TO other players:" + list(made) +
-                                              "\n\nIf you wish to withdraw any of these offers type 'withdraw n'\n"
-                                              "or just 'withdraw' if there is only one offer.";
-    const std::string from = got.empty() ? "There are no offers pending FROM other players."
-                                         : "Offers FROM other players:" + list(got) +
-                                               "\n\nIf you wish to accept any of these offers type 'accept n'\n"
-                                               "or just 'accept' if there is only one offer.";
-    return to + "\n\n" + from;
+    return pendingPart("TO", "withdraw", list(hall.offers.madeBy(player.name))) + "\n\n" +
+           pendingPart("FROM", "accept", list(hall.offers.madeTo(player.name)));
 }
 
 } // namespace practice

@@ -4,8 +4,6 @@
 #include "practice/play/GameStart.h"
 #include "practice/text/Text.h"
 
-#include <algorithm>
-
 namespace practice {
 
 namespace {
@@ -27,12 +25,10 @@ int announce(Hall& hall, int number, const Seek& seek) {
     return saw;
 }
 
-int ratingOf(const Player& player) { return number(trim(player.rating)).value_or(0); }
-
 std::string complaintAbout(const Player& player, const Seek& seek) {
     if (seek.owner == player.name) return "You cannot answer your own ad.";
     if (seek.terms.rated && player.isGuest()) return "This ad is for a rated game, and you are not registered.";
-    const int rating = ratingOf(player);
+    const int rating = player.ratingValue();
     if (rating != 0 && (rating < seek.terms.lowest || rating > seek.terms.highest)) {
         return "Your rating is outside of what this ad asks for.";
     }

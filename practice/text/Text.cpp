@@ -10,14 +10,16 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
 
-// By hand and not by the library, whose answer for bytes above 127 depends on the locale.
-char lowerChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 } // namespace
+
+// By hand and not by the library, whose answer for bytes above 127 depends on the locale.
+char lowerOf(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+char upperOf(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 std::string lower(std::string_view text) {
     std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), lowerChar);
+    std::transform(result.begin(), result.end(), result.begin(), lowerOf);
     return result;
 }
 
@@ -61,8 +63,8 @@ std::string padRight(std::string_view text, std::size_t width) {
     return std::string(text).append(width > text.size() ? width - text.size() : 0, ' ');
 }
 
-std::string counted(int count, std::string_view word) {
-    return std::to_string(count) + " " + std::string(word) + (count == 1 ? "" : "s");
+std::string counted(int count, std::string_view word, std::size_t width) {
+    return padLeft(count, width) + " " + std::string(word) + (count == 1 ? "" : "s");
 }
 
 std::string wrapped(const std::string& text, std::size_t width) {

@@ -8,6 +8,10 @@
 
 namespace practice {
 
+// An ASCII letter made small or capital; other bytes stay.
+char lowerOf(char c);
+char upperOf(char c);
+
 // `text` with ASCII capitals made small; other bytes stay.
 std::string lower(std::string_view text);
 
@@ -30,8 +34,16 @@ std::string padLeft(int value, std::size_t width);
 // `text` filled up with blanks on its right to `width` characters; longer text stays whole.
 std::string padRight(std::string_view text, std::size_t width);
 
-// "1 game", "2 games": `count` with the word in its right form.
-std::string counted(int count, std::string_view word);
+// "1 game", "2 games": `count`, filled up on its left to `width` characters, with the word in its right form.
+std::string counted(int count, std::string_view word, std::size_t width = 0);
+
+// The lowest number from 1 on that is no key of `taken`: low numbers are used again, as people like to type them.
+template <class Map>
+int lowestFree(const Map& taken) {
+    int number = 1;
+    while (taken.count(number) > 0) ++number;
+    return number;
+}
 
 // `text` cut at blanks into lines of at most `width` characters; further lines begin with "\   ".
 std::string wrapped(const std::string& text, std::size_t width);

@@ -62,7 +62,10 @@ TypingSurface frmChessClient::typingSurface() {
         .setText = [this](const std::string& text) { txtSend->setLine(text); },
         .caretToEnd = [this] { txtSend->end(false); },
         .focus = [this] { txtSend->setFocus(); },
-        .activate = [this] { activateWindow(); },
+        .activate =
+            [this] {
+                if (QApplication::activeWindow()) activateWindow(); // of ours; another program keeps the keyboard
+            },
         .mask = [this](bool masked) { txtSend->setEchoMode(masked ? QLineEdit::Password : QLineEdit::Normal); },
     };
 }

@@ -150,6 +150,8 @@ void CommandRow::keyPressEvent(QKeyEvent* event) {
         turnPage(key == Qt::Key_PageUp ? -1 : 1);
     } else if (button && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
         button->click();
+    } else if (button && key == Qt::Key_Escape) {
+        txtSend->setFocus();
     } else if (button && isCharacter(*event)) {
         typed(event->text());
     } else {

@@ -146,13 +146,15 @@ TEST_F(ClientFace, ACharacterTypedOnAButtonLandsAtTheEndOfTheLineWithTheFocus) {
     EXPECT_EQ(loopback.received, "");
 }
 
-TEST_F(ClientFace, OtherKeysOnAButtonTypeNothing) {
+TEST_F(ClientFace, OtherKeysOnAButtonTypeNothingAndEscapeGoesBackToTheLine) {
     startActive();
     button(QStringLiteral("cmdAcc")).setFocus();
-    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_F5, Qt::Key_Shift}) press(key);
+    for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_F5, Qt::Key_Shift}) press(key);
     press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(txtSend().line(), "");
     EXPECT_EQ(QApplication::focusWidget(), &button(QStringLiteral("cmdAcc")));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), &txtSend());
 }
 
 TEST_F(ClientFace, AltAndALetterPressAcceptDeclineAndChat) {

@@ -130,17 +130,25 @@ TEST_F(ClientLife, ARefusedConnectionSaysThatTheServerWasNotFound) {
     EXPECT_EQ(socketState(), 0);
 }
 
-TEST_F(ClientLife, TheCloseTimersThirdBeepClearsTheBoardsAndAsks) {
+// The flag is up as long as the program runs; the question is there for whoever clears it.
+TEST_F(ClientLife, WithClosedByUserClearedTheThirdBeepClearsTheBoardsAndOffersToReconnect) {
     game(12, 1);
-    client->session.connection.LastServer = 0;
-    for (int tick = 0; tick < 3; ++tick) client->session.connection.tmrCloseTimer();
+    client->session.connection.ClosedByUser = false;
+    okay = true;
+    loopback.hangUp();
+    ASSERT_TRUE(waitUntil([this] { return socketState() == 0; }));
+    client->session.connection.tmrTCPTimer();
+    ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
+    EXPECT_EQ(messages, (std::vector<std::string>{"Connection to ICS Closed.  Reconnect?"}));
     const auto* board = boards()[0];
     for (const char* panel : {"stbGame(1)", "stbGame(2)", "stbGame(3)"}) {
         EXPECT_EQ(board->findChild<QLabel*>(QString::fromLatin1(panel))->text(), QString()) << panel;
     }
     EXPECT_EQ(board->windowTitle(), QStringLiteral("Brightrank - Board"));
     EXPECT_EQ(firstGame().currentGame, "");
-    EXPECT_EQ(messages, (std::vector<std::string>{"Connection to ICS Closed.  Reconnect?"}));
+    EXPECT_TRUE(waitUntil([this] { return loopback.hasClient() && socketState() == 7; }));
+    runFor(600);
+    EXPECT_EQ(messages.size(), 1U) << "the timer has ended";
 }
 
 // Close-down

@@ -157,3 +157,29 @@ TEST_F(ConsoleMenuWindow, BoardIsUnavailableAsLongAsABoardIsOpen) {
     EXPECT_EQ(openWindows.count("frmChessBoard"), 1);
     EXPECT_FALSE(entry("mnuBoard").isEnabled());
 }
+
+// The board that stays does not take the entry back.
+TEST_F(ConsoleMenuWindow, BoardIsAvailableAlthoughTheLastBoardsClosingIsCancelled) {
+    logOn();
+    const auto line = LineOf{.game = 7, .relation = 1};
+    loopback.send("\r\n" + line.text() + "fics% ");
+    ASSERT_TRUE(waitUntil([] { return firstGame().gameIndex == 7; }));
+    ASSERT_FALSE(entry("mnuBoard").isEnabled());
+    okay = false;
+    boards()[0]->close();
+    ASSERT_EQ(messages.size(), 1U) << "the closing of a played game is asked about";
+    EXPECT_EQ(openWindows.count("frmChessBoard"), 1);
+    EXPECT_EQ(firstGame().gameIndex, 7);
+    EXPECT_TRUE(entry("mnuBoard").isEnabled());
+}
+
+TEST_F(ConsoleMenuWindow, BoardStaysUnavailableWhileTheClosingOfOneOfTwoIsCancelled) {
+    logOn();
+    const auto line = LineOf{.game = 7, .relation = 1};
+    loopback.send("\r\n" + line.text() + "fics% ");
+    ASSERT_TRUE(waitUntil([] { return firstGame().gameIndex == 7; }));
+    loopback.send("\r\n" + LineOf{.game = 8, .relation = 0}.text() + "fics% ");
+    ASSERT_TRUE(waitUntil([] { return openWindows.count("frmChessBoard") == 2; }));
+    boards()[0]->close();
+    EXPECT_FALSE(entry("mnuBoard").isEnabled());
+}

@@ -88,11 +88,15 @@ TEST_F(HostileServer, ALineDroppedInTheMiddleOfABatchIsShownAndTheGameEnds) {
     EXPECT_TRUE(waitUntil([this] { return consoleHolds("half of an answer that never"); }, 6000));
 }
 
-TEST_F(HostileServer, AConnectionCutOffEndsTheGameAndTellsTheUser) {
+TEST_F(HostileServer, AConnectionCutOffEndsTheGameAndTheTitleSaysSoWithoutABox) {
     beginGame();
     rig.server.cutOff();
     expectConnectionLost();
-    EXPECT_EQ(rig.boards().at(0)->game.xMyRel(), "-100");
+    const frmChessBoard& board = *rig.boards().at(0);
+    EXPECT_EQ(board.game.xMyRel(), "-100");
+    EXPECT_EQ(board.windowTitle().toStdString(), "Brightrank - Board");
+    EXPECT_TRUE(rig.messages.empty()) << rig.messages[0];
+    EXPECT_EQ(rig.questions, 0);
 }
 
 TEST_F(HostileServer, AfterALostConnectionTheNextOneWorksWithTheSameBoard) {

@@ -90,6 +90,23 @@ TEST_F(LogOnWindow, WithAutoLogonASessionNeedsNoKeyPress) {
     EXPECT_EQ(modChess.MyHandle, "anders");
 }
 
+TEST_F(LogOnWindow, TheAutomaticHandleIsEchoedBehindItsPrompt) {
+    set("Auto_Logon", "True");
+    serverAsks("\r\nWelcome to this server.\r\nlogin: ");
+    ASSERT_TRUE(serverGot("anders\n"));
+    EXPECT_TRUE(console().ends_with("login: anders\n")) << console();
+}
+
+// The first answer leaves the handle in the history.
+TEST_F(LogOnWindow, OfTwoPromptsAtOnceTheSecondKeyComesTooLateAndLeavesTheLineAlone) {
+    set("Auto_Logon", "True");
+    serverAsks("\r\nType your handle behind login: now.\r\nlogin: ");
+    ASSERT_TRUE(serverGot("anders\n"));
+    runFor(50);
+    EXPECT_EQ(loopback.received, "anders\n");
+    EXPECT_EQ(txtSend().line(), "");
+}
+
 TEST_F(LogOnWindow, TheHandleReachesPanel1OfEveryBoard) {
     autoLogOn();
     ASSERT_EQ(boards().size(), 1U);
