@@ -156,17 +156,20 @@ protected:
         case Use::PromotionMenu:
             onceUp();
             drag("a7", "a8");
+            untilReached();
             break;
         case Use::PromotionOfDelay: // which the right button ends
             modChess.MouseSlip = 11;
             onceUp();
             drag("a7", "a8");
             rightClick();
+            untilReached();
             break;
         case Use::DropMenu:
             board->game.zSetBughouse("<b1> game 77 white [QPPP] black [RB]");
             onceUp();
             rightClick();
+            untilReached();
             break;
         case Use::BarMenu:
             clickBar("mnuFile");
@@ -187,12 +190,11 @@ protected:
         case Use::CloseInPress: // the right button is still down when the question comes, behind a menu
             boxes.okCancel = Boxes().okCancel;
             board->game.zSetBughouse("<b1> game 77 white [QPPP] black [RB]");
-            QTimer::singleShot(0, board, [this] {
-                EXPECT_TRUE(QApplication::activePopupWidget());
-                onceUp(true);
-                board->close();
-            });
-            rightClick();
+            QTest::mousePress(board->windowHandle(), Qt::RightButton, {}, at("e4"));
+            EXPECT_TRUE(waitUntil([] { return QApplication::activePopupWidget() != nullptr; }));
+            onceUp(true);
+            board->close();
+            release(Qt::RightButton, "e4");
             break;
         case Use::ColourBox:
             boxes.colour = Boxes().colour;
@@ -202,13 +204,16 @@ protected:
             break;
         }
     }
-    // These two menus do not keep whoever opens them waiting.
+    // No menu keeps whoever opens it waiting.
     void clickBar(const char* name) {
         onceUp();
         QMenuBar* bar = board->menuBar();
         const QAction* entry = board->findChild<QMenu*>(QString::fromLatin1(name))->menuAction();
         const QPoint middle = bar->actionGeometry(const_cast<QAction*>(entry)).center();
         QTest::mouseClick(board->windowHandle(), Qt::LeftButton, {}, bar->mapTo(board.data(), middle));
+        untilReached();
+    }
+    void untilReached() {
         EXPECT_TRUE(waitUntil([this] { return reached == 1; }));
     }
     void openLineMenu() {
@@ -216,7 +221,7 @@ protected:
         auto* txtSend = board->findChild<QWidget*>(QStringLiteral("txtSend"));
         QContextMenuEvent event(QContextMenuEvent::Keyboard, txtSend->rect().center(), txtSend->mapToGlobal(QPoint()));
         QCoreApplication::sendEvent(txtSend, &event);
-        EXPECT_TRUE(waitUntil([this] { return reached == 1; }));
+        untilReached();
     }
     void useHand(std::int16_t slip) {
         modChess.MouseSlip = slip;
