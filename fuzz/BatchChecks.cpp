@@ -6,6 +6,7 @@
 #include "common/modChess.h"
 
 #include <map>
+#include <optional>
 
 namespace {
 
@@ -13,15 +14,16 @@ constexpr std::size_t MostLines = ServerLines::Last + 1;
 
 bool isBreak(char c) { return c == '\r' || c == '\n'; }
 
-// "...\n\rfics% \n\r"
-bool endsInPromptsLine(std::string_view text, std::string_view prompt) {
-    if (text.empty() || !isBreak(text.back())) return false;
+// Where the prompt begins whose line ends `text`, "...\n\rfics% \n\r".
+std::optional<std::size_t> promptsLine(std::string_view text, std::string_view prompt) {
+    if (text.empty() || !isBreak(text.back())) return std::nullopt;
     const char last = text.back();
     text.remove_suffix(1);
     if (!text.empty() && isBreak(text.back()) && text.back() != last) text.remove_suffix(1);
-    if (!text.ends_with(prompt)) return false;
+    if (!text.ends_with(prompt)) return std::nullopt;
     text.remove_suffix(prompt.size());
-    return text.empty() || isBreak(text.back());
+    if (!text.empty() && !isBreak(text.back())) return std::nullopt;
+    return text.size();
 }
 
 } // namespace
@@ -109,12 +111,12 @@ void StreamRig::checkBlanked(const std::string& batch, const std::string& added)
 }
 
 // Only a record that is the first line of its batch is shown, and one batch ends between a prompt's line and a record
-// only where the line was quiet.
+// only where the line was quiet, within the prompt or behind it.
 void StreamRig::checkFront() const {
     const auto& taken = batch_.toBoards;
     if (taken.empty() || taken.front() != 0 || modChess.gPrompt.empty()) return;
     const auto before = std::string_view(socket_.text()).substr(0, batch_.begin);
-    require(!endsInPromptsLine(before, modChess.gPrompt) || socket_.quietBefore(batch_.begin) ||
-                letThrough_ == batch_.begin,
+    const auto prompt = promptsLine(before, modChess.gPrompt);
+    require(!prompt || socket_.quietBetween(*prompt, batch_.begin) || letThrough_ == batch_.begin,
             "a record behind a prompt's line is not the first of its batch");
 }

@@ -40,8 +40,11 @@ public:
     std::size_t given() const { return given_; }
     std::size_t taken() const { return given_ - arrival_.size(); }
     bool waits() const { return cutter_.waiting() > 0; }
-    // Whether the line was quiet for 30 ms, or new, before the byte at this place came.
-    bool quietBefore(std::size_t place) const { return quiet_.contains(place); }
+    // Whether the line was quiet for 30 ms, or new, between the bytes at these places, before the latter came.
+    bool quietBetween(std::size_t first, std::size_t second) const {
+        const auto place = quiet_.upper_bound(first);
+        return place != quiet_.end() && *place <= second;
+    }
     const std::string& lastArrival() const { return lastArrival_; }
 
 private:
@@ -61,5 +64,5 @@ private:
     std::size_t begin_ = 0; // of this connection in `text_`
     std::size_t given_ = 0;
     std::int64_t lastByte_ = 0;
-    std::set<std::size_t> quiet_{0};
+    std::set<std::size_t> quiet_{0}; // places in front of which the line was quiet
 };

@@ -43,6 +43,18 @@ std::vector<std::string> segmentsOf(std::string_view input) {
 std::string event(int kind, int argument) { return {Tape::Mark, static_cast<char>(kind), static_cast<char>(argument)}; }
 
 // A position of one of two games, with every relation that lets the user move and some that do not.
+std::string record(std::string_view ranks, Random& random) {
+    static constexpr std::array<std::string_view, 6> Relations{"1", "1", "-1", "-1", "2", "0"};
+    static constexpr std::array<std::string_view, 5> Rows{"1", "2", "3", "4", "200"};
+    static constexpr std::array<std::string_view, 4> Moves{"none (0:00) none", "P/e2-e4 (0:03) e4", "o-o (0:01) O-O",
+                                                           "P/@@-e5 (0:01) P@e5"};
+    std::string line = "\n\r<12> ";
+    line.append(ranks).append(below(random, 3) > 0 ? " W" : " B").append(" -1 1 1 1 1 0 ");
+    line.append(below(random, 4) == 0 ? "13" : "12").append(" Anders Berta ").append(oneOf(Relations, random));
+    line.append(" 5 2 39 39 300 300 ").append(oneOf(Rows, random)).append(" ").append(oneOf(Moves, random));
+    return line.append(below(random, 4) == 0 ? " 1" : " 0").append(" 0 0\n\rfics% ");
+}
+
 std::string position(Random& random) {
     static constexpr std::array<std::string_view, 7> Ranks{
         "rnbqkbnr pppppppp -------- -------- -------- -------- PPPPPPPP RNBQKBNR",
@@ -52,15 +64,7 @@ std::string position(Random& random) {
         "-------k P------- -------- -------- -------- -------- p------- K-------",
         "-------k -------- -------- -------- -------- -------- p------- K-------",
         "r---k--r -------- -------- -pP----- ------Pp -------- -------- R---K--R"};
-    static constexpr std::array<std::string_view, 6> Relations{"1", "1", "-1", "-1", "2", "0"};
-    static constexpr std::array<std::string_view, 5> Rows{"1", "2", "3", "4", "200"};
-    static constexpr std::array<std::string_view, 4> Moves{"none (0:00) none", "P/e2-e4 (0:03) e4", "o-o (0:01) O-O",
-                                                           "P/@@-e5 (0:01) P@e5"};
-    std::string line = "\n\r<12> ";
-    line.append(oneOf(Ranks, random)).append(below(random, 2) == 0 ? " W" : " B").append(" -1 1 1 1 1 0 ");
-    line.append(below(random, 4) == 0 ? "13" : "12").append(" Anders Berta ").append(oneOf(Relations, random));
-    line.append(" 5 2 39 39 300 300 ").append(oneOf(Rows, random)).append(" ").append(oneOf(Moves, random));
-    return line.append(below(random, 4) == 0 ? " 1" : " 0").append(" 0 0\n\rfics% ");
+    return record(oneOf(Ranks, random), random);
 }
 
 // A piece is taken up and landed, by squares of the screen that suit one of the positions above.
@@ -79,24 +83,47 @@ std::string options(Random& random) {
     return event(Event::Options, oneOf(Options, random));
 }
 
+// A pawn reaches the end, something comes while its menu is up, and the menu is answered.
+std::string promotion(Random& random) {
+    static constexpr std::array Between{Event::Nothing, Event::Nothing,  Event::New,    Event::CloseLater,
+                                        Event::HangUp,  Event::ExitMove, Event::Invert, Event::Lift};
+    static constexpr std::array<std::string_view, 4> Ranks{
+        "-------k P------- -------- -------- -------- -------- p------- K-------",
+        "-------k P------- -------- -------- -------- -------- -------- K-------",
+        "P------k -------- -------- -------- -------- -------- p------- K-------",
+        "-------k -------- -------- -------- -------- -------- p------- K-------"};
+    const int between = oneOf(Between, random);
+    return event(Event::Options, 5) + event(Event::Nothing, 0) + record(Ranks[0], random) +
+           event(Event::NoPlayOver, 0) + event(Event::Lift, 48) + event(Event::Land, 56) +
+           event(between, below(random, 64)) + (between == Event::Nothing ? record(oneOf(Ranks, random), random) : "") +
+           event(Event::PromotionAnswer, below(random, 6));
+}
+
 // A wait as long as it matters to arrivals.
 std::string wait(Random& random) {
-    static constexpr std::array Times{1, 10, 29, 30, 31};
+    static constexpr std::array Times{1, 10, 29, 29, 30, 31};
     return event(Event::TimePasses, oneOf(Times, random));
 }
 
-// The server's text comes in two packets, with a wait between.
-std::string inPieces(const std::string& text, Random& random) {
-    const auto cut = static_cast<std::size_t>(below(random, text.size()));
-    return event(Event::Nothing, 0) + text.substr(0, cut) + wait(random) + text.substr(cut);
+// The server's text comes in packets, with waits between.
+std::string inPieces(std::string text, Random& random) {
+    std::string result = event(Event::Nothing, 0);
+    for (int pieces = 1 + below(random, 4); pieces > 0 && !text.empty(); --pieces) {
+        const auto cut = static_cast<std::size_t>(below(random, text.size()));
+        result += text.substr(0, cut) + wait(random);
+        text.erase(0, cut);
+    }
+    return result + text;
 }
 
-// What is said behind the prompt is held until it shows again.
+// What is said behind the prompt is held until it shows again: a few lines, or about as many as go into a batch.
 std::string held(Random& random) {
     static constexpr std::array<std::string_view, 4> Texts{"\n\r", "word", "\n\rheld\n\r", "a\n\rb\n\r"};
-    static constexpr std::array Times{0, 9, 99, 255};
-    return event(Event::TmrPrompt, 0) + event(Event::Burst, oneOf(Times, random)).append(oneOf(Texts, random)) +
-           wait(random);
+    constexpr int Quarter = 249; // times more: 250 lines
+    const int times = below(random, 2) == 0 ? 4 : 0;
+    std::string result = event(Event::TmrPrompt, 0);
+    for (int time = 0; time < times; ++time) result += event(Event::Burst, Quarter) + "\n\r" + wait(random);
+    return result + event(Event::Burst, below(random, 8)).append(oneOf(Texts, random)) + wait(random);
 }
 
 std::string lineSegment(Random& random) {
@@ -131,22 +158,27 @@ std::string handSegment(Random& random) {
 }
 
 std::string newSegment(Random& random) {
-    switch (below(random, 12)) {
+    switch (below(random, 16)) {
     case 0:
     case 1:
         return event(Event::Nothing, 0) + position(random);
     case 2:
         return inPieces(position(random), random);
     case 3:
+        return event(Event::TmrPrompt, 0) + inPieces("word\n\rfics% " + position(random), random);
     case 4:
-        return move(random);
     case 5:
-        return options(random);
+        return move(random);
     case 6:
-        return wait(random);
+        return promotion(random);
     case 7:
-        return held(random);
+        return options(random);
     case 8:
+        return wait(random);
+    case 9:
+        return held(random);
+    case 10:
+    case 11:
         return lineSegment(random);
     default:
         return handSegment(random);

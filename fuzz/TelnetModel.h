@@ -16,24 +16,28 @@ inline std::optional<std::size_t> subnegotiationLength(std::string_view bytes) {
     return 0;
 }
 
+// The length of the command that `bytes` begin with, whose first is FF; 0 if that FF stands for itself, nothing while
+// more has to come.
+inline std::optional<std::size_t> telnetLength(std::string_view bytes) {
+    if (bytes.size() < 2) return std::nullopt;
+    const auto code = static_cast<unsigned char>(bytes[1]);
+    if (code == 0xFA) return subnegotiationLength(bytes);
+    if (code < 0xFB || code == 0xFF) return 0;
+    return bytes.size() < 3 ? std::nullopt : std::optional<std::size_t>(3);
+}
+
 // The text in the bytes of one connection. A command that is cut off is text when no more bytes come.
 inline std::string textWithoutTelnet(std::string_view bytes, bool finished) {
     std::string text;
-    while (!bytes.empty()) {
-        const auto code = bytes.size() > 1 ? static_cast<unsigned char>(bytes[1]) : 0;
-        std::optional<std::size_t> command = 0; // its length; 0 when the FF stands for itself, as any other byte
-        if (bytes.front() == '\xFF') {
-            if (bytes.size() == 1 || (code >= 0xFB && code <= 0xFE && bytes.size() == 2))
-                command = std::nullopt;
-            else if (code >= 0xFB && code <= 0xFE)
-                command = 3;
-            else if (code == 0xFA)
-                command = subnegotiationLength(bytes);
-        }
+    for (;;) {
+        const auto plain = bytes.substr(0, bytes.find('\xFF'));
+        text += plain;
+        bytes.remove_prefix(plain.size());
+        if (bytes.empty()) return text;
+        const auto command = telnetLength(bytes);
         if (!command) return finished ? text.append(bytes) : text;
         if (command == 0) text += bytes.front();
-        const bool doubled = bytes.front() == '\xFF' && code == 0xFF;
-        bytes.remove_prefix(doubled ? 2 : command == 0 ? 1 : *command);
+        const bool doubled = command == 0 && bytes[1] == '\xFF';
+        bytes.remove_prefix(*command > 0 ? *command : doubled ? 2 : 1);
     }
-    return text;
 }
