@@ -51,8 +51,7 @@ void BoardMenus::build(QMenuBar& bar) {
     addUnbuilt(panels, "mnuOptions", "&Options");
 
     QMenu* help = addMenu(bar, "mnuMHelp", "&Help");
-    QObject::connect(addEntry(help, "mnuBRHelp", "&Brightrank Help"), &QAction::triggered, &bar,
-                     [&bar] { showHelpFile(bar.window()); });
+    onChosen(addEntry(help, "mnuBRHelp", "&Brightrank Help"), &bar, [&bar] { showHelpFile(bar.window()); });
     addUnbuilt(help, "mnuHelp", "&FICS Help Panel");
     help->addSeparator();
     mnuAbout = addEntry(help, "mnuAbout", "&About");

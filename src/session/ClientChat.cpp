@@ -2,6 +2,7 @@
 #include "session/frmChessClient.h"
 
 #include "common/modChess.h"
+#include "platform/MenuEntry.h"
 #include "platform/OpenWindows.h"
 
 void frmChessClient::wireChat() {
@@ -19,7 +20,7 @@ void frmChessClient::wireChat() {
         txtSend->setFocus();
         zNewChat();
     };
-    connect(menus.mnuChat, &QAction::triggered, this, chat);
+    onChosen(menus.mnuChat, this, chat);
     connect(cmdChat, &QPushButton::clicked, this, chat);
 }
 

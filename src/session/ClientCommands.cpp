@@ -3,6 +3,7 @@
 
 #include "common/modChess.h"
 #include "platform/Boxes.h"
+#include "platform/MenuEntry.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
 
@@ -51,23 +52,24 @@ void frmChessClient::wireKeys() {
 
 void frmChessClient::wireMenus() {
     for (QAction* profile : menus.mnuConnect) {
-        on(profile,
-           [this, profile] { connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
+        onChosen(profile, this,
+                 [this, profile] { connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
     }
     on(menus.mnuUseTS, [this] { connection.mnuUseTSClick(); });
     on(menus.mnuAutoCon, [this] { connection.mnuAutoConClick(); });
     on(menus.mnuAutoLogon, [this] { connection.mnuAutoLogonClick(); });
     on(menus.mnuClose, [this] { connection.mnuCloseClick(); });
-    on(menus.mnuExit, [this] { close(); });
+    onChosen(menus.mnuExit, this, [this] { close(); });
     wireConsoleMenu();
-    on(menus.mnuBoard, [this] { routing.zNewBoard(); });
-    on(menus.mnuMatch, [this] {
+    onChosen(menus.mnuBoard, this, [this] { routing.zNewBoard(); });
+    onChosen(menus.mnuMatch, this, [this] {
         modChess.MatchMode = true;
         roads_.showMatch();
     });
     on(menus.mnuTest, [this] { dumpRegistry(); });
-    on(menus.mnuAbout,
-       [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
+    onChosen(menus.mnuAbout, this, [this] {
+        boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion()));
+    });
 }
 
 void frmChessClient::wireConsoleMenu() {
