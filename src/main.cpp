@@ -57,6 +57,7 @@ int main(int argc, char** argv) {
     frmChessClient client(roads);
     roads.openBoard = [&boards, &client] { openBoard(boards, client); };
     boards = client.boardRoads();
+    boards.consoleFrame = [&client] { return client.frameGeometry(); };
     match = {roads.store, boards.zSendMsg};
     EndRequests endRequests([&client] { client.close(); });
     application.stopEverything = [&client, &endRequests] {

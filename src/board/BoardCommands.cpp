@@ -3,7 +3,6 @@
 
 #include "common/TypingKey.h"
 #include "common/modChess.h"
-#include "platform/Boxes.h"
 
 #include <QPointer>
 
@@ -34,10 +33,14 @@ void frmChessBoard::sendTyped(const std::string& text) {
     zTxtSend(KeyEnter);
 }
 
+void frmChessBoard::offerDraw() { sendConfirmed("Draw", boxes.yesNo); }
+
+void frmChessBoard::resign() { sendConfirmed("Resign", boxes.confirm); }
+
 // The setting guards draws as well, though its name speaks of resigning only.
-void frmChessBoard::sendConfirmed(const std::string& word) {
+void frmChessBoard::sendConfirmed(const std::string& word, const Boxes::Question& question) {
     const QPointer<frmChessBoard> self(this);
-    const bool confirmed = modChess.ConfirmResign == 0 || boxes.yesNo(this, "Brightrank", word);
+    const bool confirmed = modChess.ConfirmResign == 0 || question(this, "Brightrank", word);
     if (!self || closed_) return; // closed while the box was up
     parts_.txtSend->setFocus();
     if (confirmed) sendTyped(word);

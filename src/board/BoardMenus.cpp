@@ -52,7 +52,7 @@ void BoardMenus::build(QMenuBar& bar) {
     QMenu* help = addMenu(bar, "mnuMHelp", "&Help");
     QAction* manual = addEntry(help, "mnuBRHelp", "&Brightrank Help");
     manual->setShortcut(QKeySequence(Qt::Key_F1));
-    QObject::connect(manual, &QAction::triggered, &bar, [&bar] { showHelpFile(bar.window()); });
+    onChosen(manual, &bar, [&bar] { showHelpFile(bar.window()); });
     addUnbuilt(help, "mnuHelp", "&FICS Help Panel");
     help->addSeparator();
     mnuAbout = addEntry(help, "mnuAbout", "&About");

@@ -1,12 +1,15 @@
 // The parts of a board window and where they stand.
 #include "board/BoardParts.h"
 
+#include "platform/Described.h"
 #include "platform/ElidedLabel.h"
+#include "platform/FittingFont.h"
 
 #include <QStatusBar>
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -36,9 +39,19 @@ Button* button(QWidget* parent, const QString& name, const QString& caption) {
     auto* made = new Button(parent);
     made->setObjectName(name);
     made->setText(caption);
-    made->setFocusPolicy(Qt::NoFocus);
+    made->setFocusPolicy(Qt::TabFocus); // a click leaves the keys where they are
     made->setFont(smaller(parent));
     return made;
+}
+
+// A label of `height` pixels that assistive tools find by its name, its text to be read as its description.
+QLabel* readout(QWidget* parent, const QString& name, const QString& spoken, int height) {
+    auto* label = new ElidedLabel(parent);
+    label->setObjectName(name);
+    label->setAccessibleName(spoken);
+    label->setFont(fittingFont(label->font(), height));
+    describe(label, QAccessible::StaticText, [label] { return label->text(); });
+    return label;
 }
 
 constexpr std::array PanelShares{2, 6, 2}; // of stbGame's width
@@ -52,35 +65,35 @@ void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves
     buildLabels(inner);
     buildButtons(inner);
     txtSend = new TypingLine(inner);
+    orderTabs();
     for (int panel = 0; panel <= panels.last; ++panel) {
         panels[panel] = new ElidedLabel(stbGame);
         panels[panel]->setObjectName(QStringLiteral("stbGame(%1)").arg(panel + 1));
+        panels[panel]->setFont(fittingFont(panels[panel]->font(), StatusHeight - 2));
         stbGame->addWidget(panels[panel], PanelShares[static_cast<std::size_t>(panel)]);
     }
 }
 
 void BoardParts::buildLabels(QWidget* inner) {
     for (int side = 0; side < 2; ++side) {
-        lblBug[side] = new ElidedLabel(inner);
-        lblBug[side]->setObjectName(QStringLiteral("lblBug(%1)").arg(side));
-        lblBug[side]->setAccessibleName(side == 0 ? QObject::tr("White's holdings") : QObject::tr("Black's holdings"));
+        lblBug[side] =
+            readout(inner, QStringLiteral("lblBug(%1)").arg(side),
+                    side == 0 ? QObject::tr("White's holdings") : QObject::tr("Black's holdings"), BugHeight);
         lblBug[side]->hide();
     }
-    lblMove = new ElidedLabel(inner);
-    lblMove->setObjectName(QStringLiteral("lblMove"));
-    lblMove->setAccessibleName(QObject::tr("Last move"));
+    lblMove = readout(inner, QStringLiteral("lblMove"), QObject::tr("Last move"), BugHeight);
     lblMove->setAutoFillBackground(true); // it changes at every move, and the panel below it need not be painted
 }
 
 void BoardParts::buildButtons(QWidget* inner) {
-    cmdUn = button<QPushButton>(inner, QStringLiteral("cmdUn"), QStringLiteral("Unobserve"));
+    cmdUn = button<QPushButton>(inner, QStringLiteral("cmdUn"), QStringLiteral("&Unobserve"));
     cmdUn->hide();
-    cmdDraw = button<QPushButton>(inner, QStringLiteral("cmdDraw"), QStringLiteral("Draw"));
-    cmdRes = button<QPushButton>(inner, QStringLiteral("cmdRes"), QStringLiteral("Resign"));
+    cmdDraw = button<QPushButton>(inner, QStringLiteral("cmdDraw"), QStringLiteral("&Draw"));
+    cmdRes = button<QPushButton>(inner, QStringLiteral("cmdRes"), QStringLiteral("&Resign"));
     static constexpr std::array Pictures{QStyle::SP_MediaSkipBackward, QStyle::SP_MediaSeekBackward,
                                          QStyle::SP_MediaStop, QStyle::SP_MediaSeekForward,
                                          QStyle::SP_MediaSkipForward};
-    static constexpr std::array Names{"First position", "Back", "", "Forward", "Last position"};
+    static constexpr std::array Names{"First position", "Back", "Stay at this position", "Forward", "Last position"};
     for (std::size_t index = 0; index < cmdScroll.size(); ++index) {
         cmdScroll[index] = button<QToolButton>(inner, QStringLiteral("cmdScroll(%1)").arg(index), QString());
         cmdScroll[index]->setAccessibleName(QString::fromLatin1(Names[index]));
@@ -92,7 +105,17 @@ void BoardParts::buildButtons(QWidget* inner) {
         const QString digit = QString::number((index + 1) % 10);
         cmdTell[index] = button<QToolButton>(inner, QStringLiteral("cmdTell(%1)").arg(index), digit);
         cmdTell[index]->setAccessibleName(QObject::tr("Button command %1").arg(index + 1));
+        cmdTell[index]->setShortcut(QKeySequence(QStringLiteral("Alt+") + digit));
     }
+}
+
+// From the command line to the buttons and back.
+void BoardParts::orderTabs() const {
+    QWidget* last = txtSend;
+    const auto next = [&last](QWidget* part) { QWidget::setTabOrder(std::exchange(last, part), part); };
+    for (QToolButton* tell : cmdTell) next(tell);
+    for (QToolButton* scroll : cmdScroll) next(scroll);
+    for (QPushButton* button : {cmdDraw, cmdRes, cmdUn}) next(button);
 }
 
 // The board's lower edge, the move buttons' and the last tell button's are one line; the command line stands below it.

@@ -43,6 +43,7 @@ struct BoardParts {
 private:
     void buildLabels(QWidget* inner);
     void buildButtons(QWidget* inner);
+    void orderTabs() const;
     void placeFoot(QSize inner, int foot, int board, bool flipped);
     void placePanel(QSize inner);
 };

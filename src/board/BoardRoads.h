@@ -5,6 +5,7 @@
 #include "settings/SettingsStore.h"
 
 #include <QFont>
+#include <QRect>
 
 #include <cstdint>
 #include <functional>
@@ -26,6 +27,8 @@ struct BoardRoads {
     std::function<std::string(int index)> tellText = [](int) { return std::string(); };
     // Shows frmMatch as modChess.MatchMode says.
     std::function<void()> showMatch = [] {};
+    // The console with its frame, in pixels of the screen; empty while there is none.
+    std::function<QRect()> consoleFrame = [] { return QRect(); };
     // The font of the console's command line.
     std::function<QFont()> typingFont = [] { return QFont(); };
     // The console's mnuBoard becomes available again: the last board closes.

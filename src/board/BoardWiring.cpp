@@ -3,8 +3,12 @@
 
 #include "common/TypingKey.h"
 #include "platform/Boxes.h"
+#include "platform/ButtonKeys.h"
 #include "platform/Clock.h"
+#include "platform/Described.h"
+#include "platform/MenuEntry.h"
 #include "platform/StreamText.h"
+#include "view/PositionWords.h"
 #include "view/frmBoardColors.h"
 
 #include <QApplication>
@@ -28,7 +32,8 @@ void frmChessBoard::fillSurface() {
 
 void frmChessBoard::fillLabels() {
     GameSurface& surface = game.surface;
-    surface.setLastMove = [this](const std::string& text) { parts_.lblMove->setText(shownText(text)); };
+    surface.setLastMove = [this](const std::string& text) { showLastMove(text); };
+    parts_.picChess->movesInWords = [this] { return movesInWords(); };
     surface.setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); };
     surface.setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); };
     surface.showHoldings = [this](const std::string& white, const std::string& black) {
@@ -57,6 +62,20 @@ void frmChessBoard::fillLabels() {
         raise();
         activateWindow();
     };
+}
+
+void frmChessBoard::showLastMove(const std::string& text) {
+    const QString shown = shownText(text);
+    if (shown == parts_.lblMove->text()) return;
+    parts_.lblMove->setText(shown);
+    if (!text.empty()) announceDescription(parts_.picChess);
+}
+
+std::string frmChessBoard::movesInWords() const {
+    std::string words = describeMove(bytesOf(parts_.lblMove->text()));
+    if (!game.PreMoveSet) return words;
+    if (!words.empty()) words += "; ";
+    return words + describePreMove(game.PreFrom, game.PreTo);
 }
 
 void frmChessBoard::fillTimers() {
@@ -89,25 +108,28 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuNew, [this] { game.mnuNew(); });
     on(menus_.mnuInvert, [this] { game.mnuInvert(); });
     on(menus_.mnuClean, [this] { game.mnuClean(); });
-    on(menus_.mnuColors, [this] { frmBoardColors::showAt(pos()); });
     on(menus_.mnuBookup, [this] { setPieceSet(0); });
     on(menus_.mnuQuorl, [this] { setPieceSet(1); });
     on(menus_.mnuGNU, [this] { setPieceSet(2); });
-    on(menus_.mnuSeek, [this] { openMatch(false); });
-    on(menus_.mnuMatch, [this] { openMatch(true); });
-    on(menus_.mnuDraw, [this] { sendConfirmed("Draw"); });
-    on(menus_.mnuRes, [this] { sendConfirmed("Resign"); });
-    on(menus_.mnuAbout,
-       [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
-    on(menus_.mnuExit, [this] { close(); });
-    on(menus_.mnuExit1, [this] { close(); });
+    onChosen(menus_.mnuColors, this, [this] { frmBoardColors::showAt(pos()); });
+    onChosen(menus_.mnuSeek, this, [this] { openMatch(false); });
+    onChosen(menus_.mnuMatch, this, [this] { openMatch(true); });
+    onChosen(menus_.mnuDraw, this, [this] { offerDraw(); });
+    onChosen(menus_.mnuRes, this, [this] { resign(); });
+    onChosen(menus_.mnuAbout, this, [this] {
+        boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion()));
+    });
+    for (QAction* exit : {menus_.mnuExit, menus_.mnuExit1}) onChosen(exit, this, [this] { close(); });
 }
 
 void frmChessBoard::connectTyping() {
     parts_.txtSend->keyDown = [this](int code, bool shift) { return answerTypingKey(code, shift); };
-    connect(parts_.cmdUn, &QPushButton::clicked, this, [this] { game.cmdUn(); });
-    connect(parts_.cmdDraw, &QPushButton::clicked, this, [this] { sendConfirmed("Draw"); });
-    connect(parts_.cmdRes, &QPushButton::clicked, this, [this] { sendConfirmed("Resign"); });
+    connect(parts_.cmdUn, &QPushButton::clicked, this, [this] {
+        parts_.txtSend->setFocus(); // the button goes with the game
+        game.cmdUn();
+    });
+    connect(parts_.cmdDraw, &QPushButton::clicked, this, [this] { offerDraw(); });
+    connect(parts_.cmdRes, &QPushButton::clicked, this, [this] { resign(); });
     for (QToolButton* button : parts_.cmdTell) {
         connect(button, &QToolButton::clicked, this, [this, button] {
             const std::string text = bytesOf(button->toolTip());
@@ -129,4 +151,8 @@ bool frmChessBoard::answerTypingKey(int code, bool shift) {
     if (answer.text) parts_.txtSend->setLine(*answer.text);
     if (answer.taken) parts_.txtSend->end(false);
     return answer.taken;
+}
+
+void frmChessBoard::keyPressEvent(QKeyEvent* event) {
+    if (!answerButtonKey(focusWidget(), *event, *parts_.txtSend)) QMainWindow::keyPressEvent(event);
 }

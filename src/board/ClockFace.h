@@ -12,6 +12,7 @@ public:
     // Side 0 is white, 1 is black.
     ClockFace(int side, QWidget* parent);
 
+    // A time; whatever its length, it is shown whole.
     void setText(const std::string& text);
     const std::string& text() const { return text_; }
     // A ClockColor value; the system's button colour by its number.
@@ -20,9 +21,14 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void fit();
+
     int side_;
     std::string text_;
+    QFont digits_; // in which the text fits
     std::uint32_t background_;
 };

@@ -2,6 +2,7 @@
 #include "board/MoveGrid.h"
 
 #include "platform/Colors.h"
+#include "platform/FittingFont.h"
 #include "platform/LightScrollBar.h"
 #include "platform/StreamText.h"
 #include "view/BoardGeometry.h"
@@ -13,8 +14,13 @@
 
 namespace {
 
-constexpr int RowHeight = 18; // pixels
-constexpr int CellMargin = 4; // pixels left and right of a cell's text
+// Pixels.
+constexpr int LeastRowHeight = 18;
+constexpr int RowSpace = 2;   // above and below the letters
+constexpr int CellMargin = 4; // left and right of a cell's text
+constexpr int NumberColumn = MoveGridState::NumberWidth + 7;
+
+constexpr int AlwaysFits = 5; // characters of a move, in the grid's font
 
 // All digits are of one width.
 int digitsWidth(const QFontMetrics& metrics, const QString& text) {
@@ -32,16 +38,34 @@ public:
         if (!plain) painter->fillRect(option.rect, colorOf(cell.tint));
         if (cell.text.empty()) return;
         painter->setPen(plain ? option.palette.color(QPalette::Text) : QColor(Qt::black));
-        constexpr int AlwaysFits = 7; // characters
-        QString text = shownText(cell.text);
+        const QString text = shownText(cell.text);
         const QFontMetrics& metrics = option.fontMetrics;
         const QRect inside = option.rect.adjusted(CellMargin, 0, -CellMargin, 0);
-        if (text.size() > AlwaysFits) text = metrics.elidedText(text, Qt::ElideRight, inside.width());
+        if (text.size() > AlwaysFits && metrics.horizontalAdvance(text) > inside.width()) {
+            paintLong(*painter, metrics, text, inside.adjusted(0, 0, CellMargin - 1, 0));
+            return;
+        }
         const int left = index.column() == 0 ? inside.right() + 1 - digitsWidth(metrics, text) : inside.left();
-        painter->drawText(left, inside.top() + (inside.height() + metrics.ascent() - metrics.descent()) / 2, text);
+        painter->drawText(left, baseline(inside, metrics), text);
     }
 
 private:
+    static int baseline(const QRect& area, const QFontMetrics& metrics) {
+        return area.top() + (area.height() + metrics.ascent() - metrics.descent()) / 2;
+    }
+
+    // In narrower letters; what does not fit in the narrowest ends in dots.
+    static void paintLong(QPainter& painter, const QFontMetrics& metrics, const QString& text, const QRect& area) {
+        constexpr double Narrowest = 0.75;
+        const double width = area.width();
+        const QString shown = metrics.elidedText(text, Qt::ElideRight, static_cast<int>(width / Narrowest));
+        painter.save();
+        painter.translate(area.left(), baseline(area, metrics));
+        painter.scale(std::min(1.0, width / metrics.horizontalAdvance(shown)), 1);
+        painter.drawText(0, 0, shown);
+        painter.restore();
+    }
+
     const MoveGridState& state_;
 };
 
@@ -93,13 +117,10 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
     setItemDelegate(new CellPainter(state, this));
     setVerticalScrollBar(new LightScrollBar(this));
     verticalHeader()->hide();
-    verticalHeader()->setDefaultSectionSize(RowHeight);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setMinimumSectionSize(RowHeight);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setMinimumSectionSize(10);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setFixedHeight(RowHeight + 2);
     setVerticalScrollMode(ScrollPerItem);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -108,6 +129,10 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setShowGrid(false);
     setWordWrap(false);
+    const int move =
+        (BoardDesign::PanelWidth - 2 * frameWidth() - verticalScrollBar()->sizeHint().width() - NumberColumn) / 2;
+    setFont(fittingFont(font(), QStringLiteral("Nbxd7+"), {move - 2 * CellMargin, BoardDesign::PanelHeight}));
+    fitRows();
 
     state_.surface.showCell = [this](int row, int col) { model_->cellChanged(row, col); };
     state_.surface.scrollTo = [this](int row) {
@@ -122,11 +147,24 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) { state_.topRow = value + 1; });
 }
 
+// The least height counts first: the header holds the height of a row to it.
+void MoveGrid::fitRows() {
+    const int height = std::max(LeastRowHeight, fontMetrics().height() + 2 * RowSpace);
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
+    horizontalHeader()->setFont(font());
+    horizontalHeader()->setFixedHeight(height + 2);
+}
+
+void MoveGrid::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) fitRows();
+}
+
 // The prescribed widths at the least; what the grid has beyond them goes to the two move columns.
 void MoveGrid::fitColumns() {
-    const int number = MoveGridState::NumberWidth + 8;
-    const int move = std::max(MoveGridState::MoveWidth, (viewport()->width() - number) / 2);
-    setColumnWidth(0, number);
+    const int move = std::max(MoveGridState::MoveWidth, (viewport()->width() - NumberColumn) / 2);
+    setColumnWidth(0, NumberColumn);
     setColumnWidth(1, move);
     setColumnWidth(2, move);
 }
@@ -137,7 +175,9 @@ void MoveGrid::resizeEvent(QResizeEvent* event) {
 }
 
 void MoveGrid::zFindBottomRow() {
-    // By the grid's own size: before it is shown its viewport has not been laid out.
-    const int fitting = (height() - 2 * frameWidth() - horizontalHeader()->height()) / RowHeight;
+    // By the grid's own size: before it is shown its viewport has not been laid out. A row that is scrolled away fits
+    // as well.
+    const int room = height() - 2 * frameWidth() - horizontalHeader()->height();
+    const int fitting = room / verticalHeader()->defaultSectionSize();
     ::zFindBottomRow([fitting](int row) { return row <= fitting; }, state_.VisibleRows);
 }

@@ -17,11 +17,13 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     class Model;
 
     void fitColumns();
+    void fitRows();
 
     MoveGridState& state_;
     Model* model_;

@@ -4,7 +4,6 @@
 #include "board/CloseRules.h"
 #include "common/Twips.h"
 #include "common/modChess.h"
-#include "platform/Boxes.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
 #include "settings/WindowSettings.h"
@@ -78,8 +77,20 @@ void frmChessBoard::load() {
     tmrResize_.start(); // its first firing fits nothing; it should not be the one of the user's first resize
 }
 
+// A board that has no place of its own does not cover the console if there is room for both.
+QPoint frmChessBoard::designedCorner() const {
+    const QRect console = roads_.consoleFrame();
+    if (console.isEmpty()) return {0, 0};
+    const Extent extent = twipsOf(console.size());
+    const WindowPlace other{float(console.x() * TwipsPerPixelX), float(console.y() * TwipsPerPixelY), extent.Width,
+                            extent.Height};
+    const auto place = beside(other, twipsOf(size()), screenOf(*this));
+    if (!place) return {0, 0};
+    return {int(place->Left) / TwipsPerPixelX, int(place->Top) / TwipsPerPixelY};
+}
+
 void frmChessBoard::loadPlace() {
-    move(0, 0);
+    move(designedCorner());
     const WindowPlace designed = placer_.place();
     WindowPlace read = designed;
     readBoard(roads_.store, read);

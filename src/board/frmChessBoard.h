@@ -6,6 +6,7 @@
 #include "board/BoardParts.h"
 #include "board/BoardRoads.h"
 #include "board/Game.h"
+#include "platform/Boxes.h"
 #include "settings/WindowPlacer.h"
 #include "view/ResizeWatch.h"
 
@@ -52,6 +53,7 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void zObjectSetup();
@@ -60,6 +62,7 @@ private:
     void fillSurface();
     void fillLabels();
     void fillTimers();
+    QPoint designedCorner() const;
     void loadPlace();
     void paintBoard();
     void setPieceSet(std::int16_t set);
@@ -68,7 +71,11 @@ private:
     void finishClosing();
     void openMatch(bool challenge);
     void sendTyped(const std::string& text);
-    void sendConfirmed(const std::string& word);
+    void offerDraw();
+    void resign();
+    void sendConfirmed(const std::string& word, const Boxes::Question& question);
+    void showLastMove(const std::string& text);
+    std::string movesInWords() const;
     bool answerTypingKey(int code, bool shift);
     QSize frame() const;
     QSize sizeFor(int square) const;

@@ -7,6 +7,10 @@
 #include <cstdint>
 #include <string>
 
+// The squares' colours that the user can always come back to.
+inline constexpr std::int32_t DefaultColorWhite = 13495025; // red 241, green 234, blue 205
+inline constexpr std::int32_t DefaultColorBlack = 3048380;  // red 188, green 131, blue 46
+
 // Colours are 0xBBGGRR. One instance, `modChess`; everything runs on the one thread of the message loop.
 struct ModChess {
     // The stream
@@ -65,8 +69,8 @@ struct ModChess {
     std::int32_t ColorCopy = 0xFF0000;
     std::int32_t ColorType = 0;
     std::int32_t ColorShout = 0x800080;
-    std::int32_t ColorWhite = 13495025;
-    std::int32_t ColorBlack = 3048380;
+    std::int32_t ColorWhite = DefaultColorWhite;
+    std::int32_t ColorBlack = DefaultColorBlack;
     std::int32_t ColorMove = 255;
     std::int32_t ColorPreMove = 65280;
     std::string MainFont;

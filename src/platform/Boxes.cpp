@@ -2,6 +2,7 @@
 #include "platform/Boxes.h"
 
 #include "platform/Colors.h"
+#include "platform/FramePlace.h"
 #include "platform/StreamText.h"
 
 #include <QApplication>
@@ -24,10 +25,11 @@ QWidget* owner(QWidget* parent) { return parent ? parent->window() : QApplicatio
 
 // Runs a message box that may die with its parent while it is up; gives the button pressed.
 int ask(QWidget* parent, const std::string& title, const std::string& text, QMessageBox::Icon icon,
-        QMessageBox::StandardButtons buttons) {
+        QMessageBox::StandardButtons buttons, QMessageBox::StandardButton preset = QMessageBox::NoButton) {
     const QPointer<QMessageBox> box(new QMessageBox(icon, shownText(title), shownText(text), buttons, owner(parent)));
     box->setTextFormat(Qt::PlainText); // server text is never markup
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box->setDefaultButton(preset);
     const int answer = box->exec();
     delete box; // null if the parent took it along; the answer is 0 then
     return answer;
@@ -39,6 +41,11 @@ void realMessage(QWidget* parent, const std::string& title, const std::string& t
 
 bool realYesNo(QWidget* parent, const std::string& title, const std::string& text) {
     return ask(parent, title, text, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+bool realConfirm(QWidget* parent, const std::string& title, const std::string& text) {
+    return ask(parent, title, text, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+           QMessageBox::Yes;
 }
 
 bool realOkCancel(QWidget* parent, const std::string& title, const std::string& text) {
@@ -57,10 +64,10 @@ auto askWith(const QPointer<Dialog>& box, Answer answer) {
 std::optional<std::string> askForText(QWidget* parent, const std::optional<QPoint>& place, const std::string& prompt,
                                       const std::string& title, const std::string& proposal) {
     const QPointer<QInputDialog> box(new QInputDialog(owner(parent)));
-    if (place) box->move(*place);
     box->setWindowTitle(shownText(title));
     box->setLabelText(shownText(prompt));
     box->setTextValue(shownText(proposal));
+    if (place) placeFrame(*box, *place);
     return askWith(box, [](const QInputDialog& accepted) { return bytesOf(accepted.textValue()); });
 }
 
@@ -138,7 +145,8 @@ void realPopup(QMenu& menu, const std::function<void(QAction* chosen)>& answer) 
 } // namespace
 
 Boxes::Boxes()
-    : message(realMessage), yesNo(realYesNo), okCancel(realOkCancel), input(realInput), inputAt(realInputAt),
-      colour(realColour), fileOpen(realFileOpen), fileSave(realFileSave), folder(realFolder), popup(realPopup) {}
+    : message(realMessage), yesNo(realYesNo), confirm(realConfirm), okCancel(realOkCancel), input(realInput),
+      inputAt(realInputAt), colour(realColour), fileOpen(realFileOpen), fileSave(realFileSave), folder(realFolder),
+      popup(realPopup) {}
 
 Boxes boxes;

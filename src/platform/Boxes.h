@@ -22,6 +22,7 @@ struct Boxes {
 
     std::function<void(QWidget* parent, const std::string& title, const std::string& text)> message;
     Question yesNo;
+    Question confirm; // yesNo with No as the default: what cannot be taken back
     Question okCancel;
 
     // The text entered; nothing on Cancel.
@@ -29,7 +30,7 @@ struct Boxes {
                                              const std::string& proposal)>
         input;
 
-    // The same with the box's upper left corner at `left` and `top` on the screen (pixels).
+    // The same with the upper left corner of the box's frame at `left` and `top` on the screen (pixels).
     std::function<std::optional<std::string>(QWidget* parent, int left, int top, const std::string& prompt,
                                              const std::string& title, const std::string& proposal)>
         inputAt;

@@ -46,6 +46,11 @@ QComboBox* listBox(QWidget* parent, const char* name, const Items& items, const 
     for (const char* item : items) box->addItem(QString::fromLatin1(item));
     box->setPlaceholderText(shownText(designed.text));
     box->setCurrentIndex(designed.index);
+    const auto tellDesigned = [box] { // to assistive tools, which know of items only
+        box->setAccessibleDescription(box->currentIndex() < 0 ? box->placeholderText() : QString());
+    };
+    QObject::connect(box, &QComboBox::currentIndexChanged, box, tellDesigned);
+    tellDesigned();
     QPalette look = box->palette(); // a text that goes out should not look like a hint
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         look.setColor(group, QPalette::PlaceholderText, look.color(group, QPalette::ButtonText));

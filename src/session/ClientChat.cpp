@@ -2,6 +2,7 @@
 #include "session/frmChessClient.h"
 
 #include "platform/HelpFile.h"
+#include "platform/MenuEntry.h"
 #include "session/frmChat.h"
 
 void frmChessClient::connectChat() {
@@ -12,7 +13,7 @@ void frmChessClient::connectChat() {
         txtSend->setFocus();
         session.zNewChat();
     };
-    connect(menus.mnuChat, &QAction::triggered, this, chat);
+    onChosen(menus.mnuChat, this, chat);
     connect(row_->cmdChat, &QPushButton::clicked, this, chat);
 }
 

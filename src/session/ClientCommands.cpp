@@ -3,6 +3,7 @@
 
 #include "common/modChess.h"
 #include "platform/Boxes.h"
+#include "platform/MenuEntry.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
 
@@ -52,23 +53,25 @@ void frmChessClient::connectRow() {
 
 void frmChessClient::connectMenus() {
     for (QAction* profile : menus.mnuConnect) {
-        on(profile,
-           [this, profile] { session.connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
+        onChosen(profile, this, [this, profile] {
+            session.connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt()));
+        });
     }
     on(menus.mnuUseTS, [this] { session.connection.mnuUseTSClick(); });
     on(menus.mnuAutoCon, [this] { session.connection.mnuAutoConClick(); });
     on(menus.mnuAutoLogon, [this] { session.connection.mnuAutoLogonClick(); });
     on(menus.mnuClose, [this] { session.connection.mnuCloseClick(); });
-    on(menus.mnuExit, [this] { close(); });
+    onChosen(menus.mnuExit, this, [this] { close(); });
     connectConsoleMenu();
-    on(menus.mnuBoard, [this] { session.routing.hooks.zNewBoard(); });
-    on(menus.mnuMatch, [this] {
+    onChosen(menus.mnuBoard, this, [this] { session.routing.hooks.zNewBoard(); });
+    onChosen(menus.mnuMatch, this, [this] {
         modChess.MatchMode = true;
         roads_.showMatch();
     });
     on(menus.mnuTest, [this] { dumpRegistry(); });
-    on(menus.mnuAbout,
-       [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
+    onChosen(menus.mnuAbout, this, [this] {
+        boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion()));
+    });
 }
 
 void frmChessClient::connectConsoleMenu() {

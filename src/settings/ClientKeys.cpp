@@ -13,6 +13,24 @@ struct Overloaded : Cases... {
 template <typename... Cases>
 Overloaded(Cases...) -> Overloaded<Cases...>; // clang 14 deduces none for an aggregate by itself
 
+void takeValue(const std::string& text, std::string& field) { field = text; }
+void takeValue(const std::string& text, std::int32_t& field) { field = strictInt32(text); }
+void takeValue(const std::string& text, std::int16_t& field) { field = strictInt16(text); }
+void takeValue(const std::string& text, bool& field) { field = strictBool(text); }
+void takeValue(const std::string& text, float& field) { field = coordinateOf(text); }
+
+std::string textOf(const std::string& value) { return value; }
+std::string textOf(std::int32_t value) { return std::to_string(value); }
+std::string textOf(std::int16_t value) { return std::to_string(value); }
+std::string textOf(bool value) { return value ? "True" : "False"; }
+std::string textOf(float value) { return coordinateText(value); }
+
+// A key that falls back to what the program starts with.
+template <typename Value>
+ClientKey startsAs(std::string name, Value ModChess::*field) {
+    return {.name = std::move(name), .held = field, .fallback = textOf(ModChess().*field)};
+}
+
 void addTells(std::vector<ClientKey>& keys) {
     for (int index = 0; index <= 9; ++index) {
         keys.push_back(
@@ -20,52 +38,53 @@ void addTells(std::vector<ClientKey>& keys) {
     }
 }
 
+// The console's colours are pastel at the start, and dark without a store.
 void addColours(std::vector<ClientKey>& keys) {
     keys.insert(keys.end(), {
                                 {"Color_Main", &ModChess::ColorMain, "33023"},
                                 {"Color_Background", &ModChess::ColorBackground, "0"},
                                 {"Color_Bar_Backgnd", &ModChess::ColorBar, "16777215"},
-                                {"Color_Tell", &ModChess::ColorTell, "255"},
+                                startsAs("Color_Tell", &ModChess::ColorTell),
                                 {"Color_Copy", &ModChess::ColorCopy, "14862761"},
-                                {"Color_Type", &ModChess::ColorType, "0"},
+                                startsAs("Color_Type", &ModChess::ColorType),
                                 {"Color_Shout", &ModChess::ColorShout, "16777215"},
-                                {"Color_White", &ModChess::ColorWhite, "13495025"},
-                                {"Color_Black", &ModChess::ColorBlack, "3048380"},
-                                {"Color_Move", &ModChess::ColorMove, "255"},
-                                {"Color_PreMove", &ModChess::ColorPreMove, "65280"},
+                                startsAs("Color_White", &ModChess::ColorWhite),
+                                startsAs("Color_Black", &ModChess::ColorBlack),
+                                startsAs("Color_Move", &ModChess::ColorMove),
+                                startsAs("Color_PreMove", &ModChess::ColorPreMove),
                             });
 }
 
 void addOptions(std::vector<ClientKey>& keys) {
     keys.insert(keys.end(),
                 {
-                    {"Main_Font", &ModChess::MainFont, ""},
-                    {"Sound_On", &ModChess::SoundOn, "1"},
-                    {"Sound_Move", &ModChess::SoundMove, "3"},
-                    {"Sound_Arrive", &ModChess::SoundArrive, "1"},
-                    {"Sound_Start", &ModChess::SoundStart, "3"},
-                    {"Sound_Tell", &ModChess::SoundTell, "3"},
+                    startsAs("Main_Font", &ModChess::MainFont),
+                    startsAs("Sound_On", &ModChess::SoundOn),
+                    startsAs("Sound_Move", &ModChess::SoundMove),
+                    startsAs("Sound_Arrive", &ModChess::SoundArrive),
+                    startsAs("Sound_Start", &ModChess::SoundStart),
+                    startsAs("Sound_Tell", &ModChess::SoundTell),
                     {"IP", &ModChess::ServerIP, DefaultServerIP},
-                    {"Port", &ModChess::ServerPort, "5000"},
-                    {"PreMove_OK", &ModChess::PreMoveOK, "0"},
-                    {"AutoQueen", &ModChess::AutoQueen, "0"},
-                    {"Confirm_Resign", &ModChess::ConfirmResign, "1"},
-                    {"Chess_Set", &ModChess::ChessSet, "0"},
-                    {"Mouse_Slip", &ModChess::MouseSlip, "0"},
-                    // The two names are crossed in every store there is.
+                    startsAs("Port", &ModChess::ServerPort),
+                    startsAs("PreMove_OK", &ModChess::PreMoveOK),
+                    startsAs("AutoQueen", &ModChess::AutoQueen),
+                    startsAs("Confirm_Resign", &ModChess::ConfirmResign),
+                    startsAs("Chess_Set", &ModChess::ChessSet),
+                    startsAs("Mouse_Slip", &ModChess::MouseSlip),
+                    // The two names are crossed in every store there is. The graph's colour starts as 0.
                     {"Drag_Mode", &ModChess::SeekWhite, "-1"},
-                    {"Seek_Color", &ModChess::DragMode, "1"},
-                    {"Seek_Off", &ModChess::SeekOff, "1"},
-                    {"PGN_Path", &ModChess::PGNPath, ""},
-                    {"Game_Path", &ModChess::GamePath, ""},
-                    {"Warn_Time", &ModChess::WarnTime, "10"},
+                    startsAs("Seek_Color", &ModChess::DragMode),
+                    startsAs("Seek_Off", &ModChess::SeekOff),
+                    startsAs("PGN_Path", &ModChess::PGNPath),
+                    startsAs("Game_Path", &ModChess::GamePath),
+                    startsAs("Warn_Time", &ModChess::WarnTime),
                     {.name = "XP_Style", .held = &ClientSettings::mnuXP, .fallback = "False", .dumped = false},
                 });
 }
 
 std::vector<ClientKey> buildKeys() {
     std::vector<ClientKey> keys{
-        {"Registry_OK", &ModChess::RegistryState, "No"},
+        startsAs("Registry_OK", &ModChess::RegistryState),
         {"Left", &ClientSettings::Left, "0"},
         {"Top", &ClientSettings::Top, "0"},
         {.name = "Width", .held = &ClientSettings::Width, .fallback = "", .fallbackIsHeld = true},
@@ -85,18 +104,6 @@ std::vector<ClientKey> buildKeys() {
     addOptions(keys);
     return keys;
 }
-
-void takeValue(const std::string& text, std::string& field) { field = text; }
-void takeValue(const std::string& text, std::int32_t& field) { field = strictInt32(text); }
-void takeValue(const std::string& text, std::int16_t& field) { field = strictInt16(text); }
-void takeValue(const std::string& text, bool& field) { field = strictBool(text); }
-void takeValue(const std::string& text, float& field) { field = coordinateOf(text); }
-
-std::string textOf(const std::string& value) { return value; }
-std::string textOf(std::int32_t value) { return std::to_string(value); }
-std::string textOf(std::int16_t value) { return std::to_string(value); }
-std::string textOf(bool value) { return value ? "True" : "False"; }
-std::string textOf(float value) { return coordinateText(value); }
 
 } // namespace
 

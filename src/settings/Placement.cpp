@@ -1,6 +1,8 @@
 // Where a window opens.
 #include "settings/Placement.h"
 
+#include <algorithm>
+
 WindowPlace placed(const WindowPlace& read, Extent designed, Extent screen, std::optional<int> limit) {
     const bool beyond = read.Left >= screen.Width || read.Top >= screen.Height;
     const bool below = limit && (read.Left < static_cast<float>(*limit) || read.Top < static_cast<float>(*limit));
@@ -10,6 +12,16 @@ WindowPlace placed(const WindowPlace& read, Extent designed, Extent screen, std:
 
 WindowPlace centred(Extent size, Extent screen) {
     return {(screen.Width - size.Width) / 2, (screen.Height - size.Height) / 2, size.Width, size.Height};
+}
+
+std::optional<WindowPlace> beside(const WindowPlace& other, Extent size, Extent screen) {
+    constexpr float Gap = 180;   // room for the frames' edges
+    constexpr float Title = 600; // and for a title bar, which nothing tells before a window shows
+    WindowPlace place{other.Left + other.Width + Gap, std::max(other.Top, 0.0F), size.Width, size.Height};
+    if (place.Top + place.Height + Title > screen.Height) return std::nullopt;
+    if (place.Left + place.Width + Gap <= screen.Width) return place;
+    place.Left = other.Left - Gap - size.Width;
+    return place.Left >= 0 ? std::optional(place) : std::nullopt;
 }
 
 void cascade(WindowPlace& read, const std::vector<float>& openLefts) {

@@ -32,6 +32,10 @@ WindowPlace placed(const WindowPlace& read, Extent designed, Extent screen, std:
 // takes its effect away again.
 WindowPlace centred(Extent size, Extent screen);
 
+// The place of a window of `size` beside `other`, with their upper edges in one line: to the right of it or, where it
+// does not fit on the screen there, to the left; nothing where it fits on neither side.
+std::optional<WindowPlace> beside(const WindowPlace& other, Extent size, Extent screen);
+
 // The cascade of a new board: 300, raised by 300 for each entry of `openLefts` (left edges of the boards loaded, in the
 // order of opening) that equals it. With more than one board open, `read` gets it as Left and Top.
 void cascade(WindowPlace& read, const std::vector<float>& openLefts);

@@ -2,12 +2,11 @@
 #include "settings/WindowPlacer.h"
 
 #include "common/Twips.h"
+#include "platform/FramePlace.h"
 
 #include <QEvent>
-#include <QLayout>
 #include <QScreen>
 #include <QWidget>
-#include <QWindow>
 
 namespace {
 
@@ -31,8 +30,7 @@ WindowPlace WindowPlacer::place() const {
 
 void WindowPlacer::moveTo(const WindowPlace& at) {
     const QPoint corner(int(at.Left) / TwipsPerPixelX, int(at.Top) / TwipsPerPixelY);
-    if (!window_->isVisible()) asked_ = corner;
-    window_->move(corner);
+    placeFrame(*window_, corner);
     window_->resize(int(at.Width) / TwipsPerPixelX, int(at.Height) / TwipsPerPixelY);
 }
 
@@ -40,18 +38,8 @@ void WindowPlacer::unminimise() {
     if (window_->isMinimized()) window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
 }
 
-// A layout that needs more than the size asked for resizes the window on its way to the screen. The toolkit then gives
-// the window manager the corner as that of what the frame holds, and the title bar would stand above the screen.
-void WindowPlacer::settle() {
-    if (!asked_) return;
-    if (QLayout* layout = window_->layout()) layout->activate();
-    if (QWindow* handle = window_->windowHandle()) handle->setFramePosition(*asked_);
-    asked_.reset();
-}
-
 // Any event is an occasion to look: of the frame itself, which comes and goes with the state, there are none.
-bool WindowPlacer::eventFilter(QObject*, QEvent* event) {
-    if (event->type() == QEvent::Show) settle();
+bool WindowPlacer::eventFilter(QObject*, QEvent*) {
     if (!fillsScreen(*window_)) inside_ = window_->geometry().topLeft() - window_->pos();
     return false;
 }

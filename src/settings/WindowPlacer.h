@@ -7,8 +7,6 @@
 #include <QPoint>
 #include <QSize>
 
-#include <optional>
-
 class QWidget;
 
 // `size`, in pixels, as an extent in twips.
@@ -38,9 +36,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void settle();
-
     QWidget* window_;
-    std::optional<QPoint> asked_; // the frame's corner, in pixels, until the window shows
     QPoint inside_; // the inner corner, seen from the frame's, while the window is neither maximised nor full-screen
 };

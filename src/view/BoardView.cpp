@@ -3,8 +3,8 @@
 
 #include "common/modChess.h"
 #include "platform/Colors.h"
+#include "platform/Described.h"
 #include "platform/StreamText.h"
-#include "view/BoardAccessibility.h"
 #include "view/PointerPictures.h"
 #include "view/PositionWords.h"
 
@@ -45,12 +45,12 @@ QPointF fromCorner(const QMouseEvent& event) {
 } // namespace
 
 BoardView::BoardView(QWidget* parent) : QWidget(parent), beep([] { QApplication::beep(); }) {
-    installBoardAccessibility();
     setObjectName(QStringLiteral("picChess"));
     setAccessibleName(QStringLiteral("Chess board"));
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    describe(this, QAccessible::Graphic, [this] { return description(); });
 }
 
 void BoardView::zBoardSetup(const BoardGeometry& geometry) {
@@ -165,7 +165,10 @@ void BoardView::showPointer(std::int16_t moveMode) {
     }
 }
 
-QString BoardView::description() const { return shownText(describePosition(pieceAt)); }
+QString BoardView::description() const {
+    const std::string moves = movesInWords();
+    return shownText((moves.empty() ? "" : moves + "; ") + describePosition(pieceAt));
+}
 
 QRect BoardView::squareArea(int square) const {
     float x = 0;

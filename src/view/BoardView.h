@@ -24,6 +24,9 @@ public:
     // board; the squares are empty without it.
     std::function<std::int16_t(int square)> pieceAt = [](int) { return std::int16_t{0}; };
 
+    // What was played last and what is to be played, told in front of the position; empty for nothing.
+    std::function<std::string()> movesInWords = [] { return std::string(); };
+
     // Sounds when zGetSqr is asked for a point beside the board; the system's beep unless replaced.
     std::function<void()> beep;
 
@@ -63,7 +66,7 @@ public:
     // The pointer over the board by what zMoveOK said: -1 may move now, 1 may pre-move, anything else the default.
     void showPointer(std::int16_t moveMode);
 
-    // The position in words; made anew on each call.
+    // Moves and position in words, for assistive tools; made anew on each call.
     QString description() const;
 
     // The picture under the dragged piece, 8 squares in device pixels.

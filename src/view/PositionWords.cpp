@@ -1,4 +1,4 @@
-// A position in words, for assistive tools.
+// Positions and moves in words, for assistive tools.
 #include "view/PositionWords.h"
 
 #include "common/Squares.h"
@@ -27,3 +27,12 @@ std::string describeSide(const std::function<std::int16_t(int)>& pieceAt, int fi
 std::string describePosition(const std::function<std::int16_t(int square)>& pieceAt) {
     return "White: " + describeSide(pieceAt, 1) + "; Black: " + describeSide(pieceAt, 7);
 }
+
+std::string describeMove(std::string_view move) {
+    const bool check = move.ends_with('+');
+    const bool mate = move.ends_with('#');
+    if (check || mate) move.remove_suffix(1);
+    return std::string(move) + (check ? ", check" : mate ? ", checkmate" : "");
+}
+
+std::string describePreMove(int from, int to) { return "pre-move " + zSquareName(from) + " to " + zSquareName(to); }

@@ -5,6 +5,8 @@
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/Colors.h"
+#include "platform/Described.h"
+#include "platform/FramePlace.h"
 #include "platform/LoadedWindow.h"
 #include "view/BoardGeometry.h"
 
@@ -28,6 +30,11 @@ constexpr int SwatchWidth = 28;
 constexpr int Gap = 8;
 constexpr int MaskSide = 39;
 constexpr std::int32_t MaskGreen = 32768;
+
+QString colorInWords(std::int32_t color) {
+    const QColor parts = colorOf(color);
+    return QObject::tr("red %1, green %2, blue %3").arg(parts.red()).arg(parts.green()).arg(parts.blue());
+}
 
 BoardColor bandColor(int band) { return band % 2 == 0 ? BlackSquares : WhiteSquares; }
 
@@ -122,11 +129,14 @@ QLayout* frmBoardColors::buildColors() {
     auto* grid = new QGridLayout;
     for (int index = 0; index <= BoardColors::last; ++index) {
         swatches_[index] = new QFrame(this);
+        swatches_[index]->setObjectName(QStringLiteral("swatch(%1)").arg(index));
         swatches_[index]->setFrameShape(QFrame::Box);
         swatches_[index]->setFixedWidth(SwatchWidth);
         swatches_[index]->setAutoFillBackground(true);
         grid->addWidget(swatches_[index], index, 0);
         const QString caption = QString::fromLatin1(Captions[static_cast<std::size_t>(index)]);
+        swatches_[index]->setAccessibleName(QString(caption).remove(u'&'));
+        describe(swatches_[index], QAccessible::Graphic, [this, index] { return colorInWords(colors_[index]); });
         grid->addWidget(button(QStringLiteral("cmdColor(%1)").arg(index), caption, [this, index] { cmdColor(index); }),
                         index, 1);
     }
@@ -201,8 +211,8 @@ void frmBoardColors::cmdColor(int index) {
 }
 
 void frmBoardColors::cmdTest() {
-    colors_[WhiteSquares] = DefaultWhite;
-    colors_[BlackSquares] = DefaultBlack;
+    colors_[WhiteSquares] = DefaultColorWhite;
+    colors_[BlackSquares] = DefaultColorBlack;
     zDraw();
 }
 
@@ -218,7 +228,7 @@ frmBoardColors& frmBoardColors::loaded() {
 
 void frmBoardColors::showAt(QPoint place) {
     frmBoardColors& dialog = loaded();
-    dialog.move(place);
+    placeFrame(dialog, place);
     dialog.show();
     dialog.raise();
     dialog.activateWindow();

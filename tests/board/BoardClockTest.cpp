@@ -152,3 +152,17 @@ TEST(BoardClock, RelationTwoShowsTheClocksAndNeverStartsThem) {
         EXPECT_TRUE(rig.saw("stopClock")) << relation;
     }
 }
+
+TEST(BoardClock, TwoRunningClocksEachKeepTheirOwnSecond) {
+    RunningClock one(300);
+    RunningClock other(200);
+    one.tickAt(1001);
+    other.tickAt(1001);
+    EXPECT_EQ(one.game.Style12Record.WhiteClock, 299);
+    EXPECT_EQ(other.game.Style12Record.WhiteClock, 199) << "though the first has seen that second";
+    other.tickAt(1002);
+    other.tickAt(1003);
+    one.tickAt(1003);
+    EXPECT_EQ(one.game.Style12Record.WhiteClock, 298);
+    EXPECT_EQ(other.game.Style12Record.WhiteClock, 197);
+}

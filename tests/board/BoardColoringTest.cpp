@@ -31,7 +31,7 @@ protected:
 TEST_F(BoardColoring, ColorsOpensTheDialogAtTheBoardsPosition) {
     savedPlace("3000", "1500", "9000", "7500");
     frmChessBoard& board = open();
-    entry(board, "mnuColors").trigger();
+    chooseEntry(entry(board, "mnuColors"));
     const auto* dialog = loadedWindow<frmBoardColors>();
     ASSERT_NE(dialog, nullptr);
     EXPECT_TRUE(dialog->isVisible());
@@ -42,7 +42,7 @@ TEST_F(BoardColoring, ColorsOpensTheDialogAtTheBoardsPosition) {
 TEST_F(BoardColoring, OkRepaintsEveryBoardInTheNewColours) {
     frmChessBoard& one = open();
     frmChessBoard& other = open();
-    entry(one, "mnuColors").trigger();
+    chooseEntry(entry(one, "mnuColors"));
     choose(0x332211);
     EXPECT_EQ(cornerOf(one), QColor(188, 131, 46));
     press("cmdOK");
@@ -54,7 +54,7 @@ TEST_F(BoardColoring, TheRepaintIsAFullOneWithoutHighlights) {
     frmChessBoard& board = open();
     position(board.game, 1);
     const QImage marked = part<BoardView>(board, "picChess").picture();
-    entry(board, "mnuColors").trigger();
+    chooseEntry(entry(board, "mnuColors"));
     press("cmdOK");
     EXPECT_NE(part<BoardView>(board, "picChess").picture(), marked);
 }
@@ -68,7 +68,7 @@ TEST_F(BoardColoring, ALoadingBoardBuildsTheImagesAndTheDialogIsGoneAtItsEnd) {
 
 TEST_F(BoardColoring, ALoadingBoardAppliesTheDialogThatIsOpenAndClosesIt) {
     frmChessBoard& board = open();
-    entry(board, "mnuColors").trigger();
+    chooseEntry(entry(board, "mnuColors"));
     choose(0x332211);
     open();
     EXPECT_EQ(modChess.ColorBlack, 0x332211);
@@ -79,7 +79,7 @@ TEST_F(BoardColoring, ALoadingBoardAppliesTheDialogThatIsOpenAndClosesIt) {
 TEST_F(BoardColoring, ABoardThatClosesTakesTheDialogAlong) {
     frmChessBoard& board = open();
     open();
-    entry(board, "mnuColors").trigger();
+    chooseEntry(entry(board, "mnuColors"));
     board.close();
     EXPECT_EQ(openWindows.count("frmBoardColors"), 0);
     EXPECT_EQ(openWindows.count("frmChessBoard"), 1);

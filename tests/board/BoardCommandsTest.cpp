@@ -22,6 +22,7 @@ protected:
             if (whileAsking) whileAsking();
             return yes;
         };
+        boxes.confirm = boxes.yesNo;
     }
 
     TypingLine& line(frmChessBoard& board) { return part<TypingLine>(board, "txtSend"); }
@@ -65,8 +66,8 @@ TEST_F(BoardCommands, OnNoNothingIsSentAndTheLineIsUnchanged) {
 
 TEST_F(BoardCommands, TheMenuEntriesActAsTheButtons) {
     frmChessBoard& board = open();
-    entry(board, "mnuDraw").trigger();
-    entry(board, "mnuRes").trigger();
+    chooseEntry(entry(board, "mnuDraw"));
+    chooseEntry(entry(board, "mnuRes"));
     EXPECT_THAT(asked, ElementsAre("Draw", "Resign"));
     EXPECT_THAT(typed, ElementsAre("Draw", "Resign"));
 }
@@ -307,14 +308,14 @@ TEST_F(BoardCommands, EveryEntryOfOneMenuHasALetterOfItsOwn) {
 
 TEST_F(BoardCommands, BothExitsUnloadTheBoard) {
     for (const char* name : {"mnuExit", "mnuExit1"}) {
-        entry(open(), name).trigger();
+        chooseEntry(entry(open(), name));
         EXPECT_EQ(openWindows.count("frmChessBoard"), 0) << name;
     }
 }
 
 TEST_F(BoardCommands, AboutTellsTheVersion) {
     QApplication::setApplicationVersion(QStringLiteral("4.5.6"));
-    entry(open(), "mnuAbout").trigger();
+    chooseEntry(entry(open(), "mnuAbout"));
     QApplication::setApplicationVersion(QString());
     EXPECT_THAT(asked, ElementsAre("Brightrank 4.5.6"));
 }

@@ -75,6 +75,18 @@ TEST_F(BoardLife, AFirstStartOpensAtTheTopLeftCornerInTheDesignedSize) {
     EXPECT_EQ(inner(board).width(), 8 * 54 + 186);
 }
 
+TEST_F(BoardLife, AFirstStartOpensBesideTheConsoleWhereBothFit) {
+    QRect console(0, 0, 60, 80);
+    roads.consoleFrame = [&console] { return console; };
+    frmChessBoard& board = open();
+    EXPECT_FALSE(board.frameGeometry().intersects(console));
+    EXPECT_EQ(board.pos().y(), 0);
+    EXPECT_GE(board.pos().x(), 60);
+    delete &board;
+    console.setWidth(QApplication::primaryScreen()->size().width() - 100);
+    EXPECT_EQ(open().pos(), QPoint(0, 0)) << "no room beside it";
+}
+
 TEST_F(BoardLife, ASavedPlaceThatFitsIsTaken) {
     savedPlace("150", "300", "8190", "7035");
     frmChessBoard& board = open();
@@ -255,10 +267,10 @@ TEST_F(BoardLife, AMinimisedBoardIsRestoredFirst) {
 
 TEST_F(BoardLife, ExitClosesTheBoard) {
     frmChessBoard& board = open();
-    entry(board, "mnuExit").trigger();
+    chooseEntry(entry(board, "mnuExit"));
     EXPECT_EQ(openWindows.count("frmChessBoard"), 0);
     frmChessBoard& other = open();
-    entry(other, "mnuExit1").trigger();
+    chooseEntry(entry(other, "mnuExit1"));
     EXPECT_EQ(openWindows.count("frmChessBoard"), 0);
 }
 

@@ -4,6 +4,7 @@
 #include "board/BoardRig.h"
 #include "board/frmChessBoard.h"
 #include "platform/Boxes.h"
+#include "platform/ChosenEntry.h"
 #include "platform/OpenWindows.h"
 #include "platform/WaitUntil.h"
 #include "settings/MemoryStore.h"

@@ -42,6 +42,33 @@ TEST(DropMenu, EntriesTellTheCountOfBlackWhenBlackIsToMoveAlsoForAnExaminer) {
     EXPECT_EQ(rig.popped, "Queen- Rook 1+ Bishop 2+ Knight 1+ Pawn- ");
 }
 
+TEST(DropMenu, TheCountsGoByTurnAndNotByTheRecord) {
+    Bughouse rig;
+    rig.game.Turn = -1;
+    ASSERT_EQ(rig.game.Style12Record.SideToMove, 0);
+    rig.press("e4", Bughouse::Right);
+    EXPECT_EQ(rig.popped, "Queen- Rook 1+ Bishop 2+ Knight 1+ Pawn- ");
+}
+
+TEST(DropMenu, AnExaminerDropsForWhoeverIsToMoveAndNobodyBeyondHim) {
+    for (const int relation : {1, 2, 3, 12}) {
+        Bughouse rig;
+        rig.game.Style12Record.Relation = static_cast<std::int16_t>(relation);
+        rig.press("e4", Bughouse::Right);
+        EXPECT_EQ(!rig.all("menu").empty(), relation <= 2) << relation;
+    }
+}
+
+TEST(DropMenu, TheSquareIsThatOfTheMenuOpenedLast) {
+    Bughouse rig;
+    rig.press("e4", Bughouse::Right);
+    rig.press("c3", Bughouse::Right);
+    EXPECT_EQ(rig.input.DropSquare, "c3");
+    rig.effects.clear();
+    rig.input.drop(0);
+    EXPECT_EQ(rig.effects, Effects{"send Q@c3"});
+}
+
 TEST(DropMenu, AtOtherRelationsARightClickDoesNothingAtAll) {
     for (const int relation : {0, -1, -2, -3, -100}) {
         Bughouse rig;

@@ -153,6 +153,13 @@ TEST(GameLifecycle, ZLoadPositionKeepsTheSideToMoveAndResetsTheList) {
     EXPECT_EQ(rig.game.PositionStore.plies[0][12], 6);
 }
 
+TEST(GameLifecycle, ZLoadPositionLeavesWhatIsInTheHand) {
+    BoardRig rig;
+    rig.game.Board[64] = -5;
+    rig.game.zLoadPosition(FixedStartLine, false);
+    EXPECT_EQ(rig.game.Board[64], -5);
+}
+
 TEST(GameLifecycle, ZParseStyle12TakesAllFieldsOnlyInAServerGame) {
     BoardRig rig;
     const std::string line = LineOf{.turn = "B", .game = 44, .flip = 1}.text();

@@ -56,3 +56,11 @@ TEST(Holdings, ALineWithoutBracketsLeavesNothingInHand) {
     EXPECT_EQ(held(rig.game, 0), (std::vector{0, 0, 0, 0, 2}));
     EXPECT_EQ(rig.effects.back(), "hold [PP ");
 }
+
+TEST(Holdings, BlacksBeginAtTheSecondBracketEvenWithinTheFirst) {
+    BoardRig rig;
+    rig.game.zSetBughouse("<b1> game 1 white [PP[RRB] black [Q]\r\n");
+    EXPECT_EQ(held(rig.game, 0), (std::vector{0, 0, 0, 0, 2}));
+    EXPECT_EQ(held(rig.game, 1), (std::vector{0, 2, 1, 0, 0}));
+    EXPECT_EQ(rig.effects, (std::vector<std::string>{"hold [PP[RRB] [RRB]"}));
+}

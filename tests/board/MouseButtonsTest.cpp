@@ -46,6 +46,32 @@ TEST(MouseDown, NothingHappensWhileTheSelfCheckIsUnfinished) {
     EXPECT_TRUE(rig.effects.empty());
 }
 
+TEST(MouseDown, WhileTheSelfCheckIsUnfinishedAPieceInHandStaysThereToo) {
+    Lifted clicked;
+    modChess.DragMode = 0;
+    modChess.SelfCheckOK = false;
+    clicked.press("e4");
+    EXPECT_TRUE(clicked.game.Dragging);
+    EXPECT_TRUE(clicked.effects.empty());
+    InDelay rig;
+    modChess.SelfCheckOK = false;
+    rig.press("e4", InDelay::Right);
+    EXPECT_TRUE(rig.pending());
+    EXPECT_NE(rig.slip, 0) << "the delay goes on";
+}
+
+TEST(MouseDown, DragModeIsOnByEveryNumberButZero) {
+    for (const auto mode : std::initializer_list<std::int16_t>{-1, 2}) {
+        MyGame rig;
+        modChess.DragMode = mode;
+        rig.press("e2");
+        rig.press("e4");
+        EXPECT_TRUE(rig.game.Dragging) << mode << ": no second click";
+        rig.release("e4");
+        EXPECT_EQ(rig.all("send"), Effects{"send e2-e4"}) << mode;
+    }
+}
+
 TEST(MouseDown, TheLeftButtonLiftsAPieceThatMayMoveStepByStep) {
     MyGame rig;
     rig.press("e2");

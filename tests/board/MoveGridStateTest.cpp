@@ -167,3 +167,16 @@ TEST(MoveGrid, LightWithNoLetsTheOldCellGo) {
     g.grid.zGridLight("No");
     EXPECT_EQ(g.tint(1, 2), Left);
 }
+
+TEST(MoveGrid, SetupKeepsWhichCellWasTintedLast) {
+    GridWithMove g;
+    g.grid.goTo(1, 2);
+    g.grid.zGridLight("e5");
+    g.grid.zGridSetup();
+    EXPECT_EQ(g.grid.tintedRow, 1);
+    EXPECT_EQ(g.grid.tintedCol, 2);
+    g.grid.cells[1][2].tint = OnLine;
+    g.grid.goTo(3, 1);
+    g.grid.zGridLight("No");
+    EXPECT_EQ(g.tint(1, 2), Plain) << "so it is let go as the one before";
+}

@@ -124,6 +124,19 @@ TEST(MoveLegal, LocalEnPassantNeedsTheGrantInTheMoversOwnSlot) {
     EXPECT_TRUE(black.legal("d4e3"));
 }
 
+TEST(MoveLegal, LocalEnPassantGoesByTheSlotOfThePawnsOwnColourWhoeverIsToMove) {
+    MoveRig white("Pe5 pd5", -1);
+    white.game.MoveUndo[1][1][6] = -1;
+    EXPECT_FALSE(white.legal("e5d6"));
+    white.game.MoveUndo[1][0][6] = -1;
+    EXPECT_TRUE(white.legal("e5d6"));
+    MoveRig black("Pe4 pd4", 1);
+    black.game.MoveUndo[1][0][6] = -1;
+    EXPECT_FALSE(black.legal("d4e3"));
+    black.game.MoveUndo[1][1][6] = -1;
+    EXPECT_TRUE(black.legal("d4e3"));
+}
+
 TEST(MoveLegal, TheLocalGrantIsGoodForEveryPawnBesideAnEnemyPawn) {
     MoveRig rig("Pc5 pd7 Pa4 pb4", -1);
     rig.make("d7d5");

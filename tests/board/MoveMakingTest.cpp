@@ -420,3 +420,19 @@ TEST(MakeMove, ARepeatedLocalGameKeepsBoardListAndStoreInStep) {
     }
     EXPECT_EQ(rig.game.MoveRow, 6);
 }
+
+TEST(MakeMove, NoMoveOfAKingIsEverRemembered) {
+    MoveRig rig("Ke1 Ra1 Rh1 ke8 ra8 rh8");
+    for (const char* move : {"e1g1", "e8c8", "g1g2", "c8c7", "g2g1", "c7c8"}) EXPECT_NE(rig.make(move), "") << move;
+    for (long slot = 0; slot <= 2; ++slot) EXPECT_FALSE(rig.game.KingMoved[slot]) << slot;
+    MoveRig again("Ke1 Rh1 ke8");
+    for (const char* move : {"e1e2", "e8e7", "e2e1", "e7e8"}) again.make(move);
+    EXPECT_EQ(again.make("e1g1"), "O-O") << "a king that went and came back";
+}
+
+TEST(MakeMove, ALiveMoveIsSentWithoutDisplayToo) {
+    MoveRig rig("Pe2");
+    rig.live();
+    EXPECT_EQ(rig.make("e2e4", true, false), "e4");
+    EXPECT_EQ(rig.effects, Effects{"send e2-e4"});
+}

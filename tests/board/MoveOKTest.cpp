@@ -114,3 +114,21 @@ TEST(MoveOK, SetFromOpensTheMove) {
     EXPECT_EQ(rig.game.FromSq, E2);
     EXPECT_EQ(rig.game.FromSet, 1);
 }
+
+TEST(MoveOK, TheSettingOfPreMovesIsOnByEveryNumberButZero) {
+    for (const auto allowed : std::initializer_list<std::int16_t>{-1, 1, 2}) {
+        TwoPawns rig;
+        rig.live(-1);
+        modChess.PreMoveOK = allowed;
+        EXPECT_EQ(rig.game.zMoveOK(E7), 1) << allowed;
+    }
+}
+
+TEST(MoveOK, OnlyTheNewestPlyItselfWillDo) {
+    for (const int shown : {7, 9, 10}) {
+        TwoPawns rig;
+        rig.live();
+        rig.game.ShownPly = shown;
+        EXPECT_EQ(rig.game.zMoveOK(E2), 0) << shown;
+    }
+}

@@ -158,6 +158,41 @@ TEST(SetPosition, EveryPositionIsStoredAtItsPlyAlsoOnATakeback) {
     EXPECT_EQ(rig.game.PositionStore.plies[1][36], -6);
 }
 
+TEST(SetPosition, ARowWhoseFirstMoveIsBlacksHasItsNumberToo) {
+    BoardRig rig;
+    rig.open({.turn = "B", .moveNumber = 4, .pretty = "d4"});
+    rig.receive({.ranks = AfterE4, .turn = "W", .moveNumber = 5, .pretty = "d5"});
+    EXPECT_EQ(rig.game.grdMoves.text(4, 0), "4");
+    EXPECT_EQ(rig.game.grdMoves.text(4, 1), "");
+    EXPECT_EQ(rig.game.grdMoves.text(4, 2), "d5");
+}
+
+TEST(SetPosition, ATakebackLeavesLastRowAndLastColWhereTheyWere) {
+    BoardRig rig;
+    rig.open({.moveNumber = 5, .pretty = "d5"});
+    rig.receive({.turn = "B", .moveNumber = 5, .pretty = "e4"});
+    rig.receive({.turn = "W", .moveNumber = 6, .pretty = "e5"});
+    ASSERT_EQ(rig.game.LastRow, 5);
+    rig.receive({.turn = "B", .moveNumber = 4, .pretty = "d4"});
+    EXPECT_EQ(rig.game.LastRow, 5);
+    EXPECT_EQ(rig.game.LastCol, 1);
+    rig.receive({.turn = "W", .moveNumber = 5, .pretty = "c5"});
+    EXPECT_EQ(rig.game.LastRow, 4) << "the game goes on from there";
+}
+
+TEST(SetPosition, NoneHidesTheLabelsAndForgetsNothingInHand) {
+    BoardRig rig;
+    rig.open();
+    rig.game.zSetBughouse("<b1> game 12 white [QPP] black [R]\r\n");
+    rig.effects.clear();
+    rig.receive({});
+    EXPECT_TRUE(rig.saw("hideHoldings"));
+    EXPECT_TRUE(rig.all("hold").empty()) << "their texts stay";
+    EXPECT_FALSE(rig.game.HoldingsShown);
+    EXPECT_EQ(rig.game.Holdings[4][0], 2);
+    EXPECT_EQ(rig.game.Holdings[1][1], 1);
+}
+
 TEST(SetPosition, AnExaminedGameWithItsListOnlyMovesTheCurrentCell) {
     BoardRig rig;
     rig.open({.relation = 2});

@@ -102,6 +102,17 @@ TEST_F(BoxesTest, YesNoGivesTrueOnYesAndFalseOnNoAndEscape) {
     EXPECT_EQ(answered, 3);
 }
 
+TEST_F(BoxesTest, ConfirmHasNoAsItsDefault) {
+    nextBox<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_FALSE(real.confirm(nullptr, "t", "Resign"));
+    press(QMessageBox::Yes);
+    EXPECT_TRUE(real.confirm(nullptr, "t", "Resign"));
+    EXPECT_EQ(answered, 2);
+}
+
 TEST_F(BoxesTest, OkCancelGivesTrueOnOkOnly) {
     press(QMessageBox::Ok);
     EXPECT_TRUE(real.okCancel(nullptr, "t", "x"));

@@ -3,6 +3,7 @@
 
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
+#include "platform/Spoken.h"
 #include "settings/MemoryStore.h"
 
 #include <QAbstractButton>
@@ -405,4 +406,18 @@ TEST_F(MatchWindow, EveryControlHasANameForAssistiveTools) {
     for (const char* name : {"txtOpp", "txtTime", "txtInc", "txtMin", "txtMax", "cboColor", "cboType"}) {
         EXPECT_FALSE(part(name).accessibleName().isEmpty()) << name;
     }
+}
+
+// Assistive tools
+
+TEST_F(MatchWindow, AListWithNoItemChosenSaysTheTextItShows) {
+    open(true);
+    auto& color = part<QComboBox>("cboColor");
+    EXPECT_EQ(spokenText(color, QAccessible::Name), QStringLiteral("Color"));
+    EXPECT_EQ(spokenText(color, QAccessible::Description), QStringLiteral("Auto Color"));
+    color.setCurrentIndex(2);
+    EXPECT_EQ(spokenText(color, QAccessible::Value), QStringLiteral("Black"));
+    EXPECT_EQ(spokenText(color, QAccessible::Description), QString());
+    EXPECT_EQ(spokenText(part<QComboBox>("cboType"), QAccessible::Name), QStringLiteral("Type"));
+    EXPECT_EQ(spokenText(part<QComboBox>("cboType"), QAccessible::Description), QStringLiteral("Normal"));
 }

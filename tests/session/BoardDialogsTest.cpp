@@ -22,7 +22,9 @@ protected:
     }
     ~BoardDialogs() override { delete dialog.data(); }
 
-    static void choose(const char* name) { boards()[0]->findChild<QAction*>(QString::fromLatin1(name))->trigger(); }
+    static void chooseOnBoard(const char* name) {
+        chooseEntry(*boards()[0]->findChild<QAction*>(QString::fromLatin1(name)));
+    }
     void press(const char* name) const { dialog->findChild<QPushButton*>(QString::fromLatin1(name))->click(); }
 
     MatchRoads matchRoads;
@@ -44,14 +46,14 @@ TEST_F(BoardDialogs, DrawGoesOutByTheTypedRoadWithEchoAndHistory) {
 TEST_F(BoardDialogs, ResignAsksFirstAsTheSettingsStandAtFirst) {
     okay = true;
     connected();
-    choose("mnuRes");
+    chooseOnBoard("mnuRes");
     EXPECT_TRUE(serverGot("Resign\n"));
     EXPECT_EQ(messages, std::vector<std::string>{"Resign"});
 }
 
 TEST_F(BoardDialogs, MatchOfTheConsoleRaisesMatchModeAndItsLineIsSilent) {
     connected();
-    entry("mnuMatch").trigger();
+    chooseEntry(entry("mnuMatch"));
     ASSERT_TRUE(dialog);
     EXPECT_TRUE(modChess.MatchMode);
     dialog->findChild<QLineEdit*>(QStringLiteral("txtOpp"))->setText(QStringLiteral("fred"));
@@ -63,19 +65,19 @@ TEST_F(BoardDialogs, MatchOfTheConsoleRaisesMatchModeAndItsLineIsSilent) {
 
 TEST_F(BoardDialogs, MatchOfABoardRaisesMatchModeAndSeekLowersIt) {
     start();
-    choose("mnuMatch");
+    chooseOnBoard("mnuMatch");
     ASSERT_TRUE(dialog);
     EXPECT_TRUE(modChess.MatchMode);
     EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Match"));
     press("cmdCancel");
-    choose("mnuSeek");
+    chooseOnBoard("mnuSeek");
     EXPECT_FALSE(modChess.MatchMode);
     EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Seek"));
 }
 
 TEST_F(BoardDialogs, WhileNotConnectedTheLineIsDroppedAndTheDialogCloses) {
     start();
-    choose("mnuSeek");
+    chooseOnBoard("mnuSeek");
     press("cmdOK");
     EXPECT_EQ(openWindows.count("frmMatch"), 0);
     EXPECT_EQ(modChess.LinesSent, 0);
@@ -83,7 +85,7 @@ TEST_F(BoardDialogs, WhileNotConnectedTheLineIsDroppedAndTheDialogCloses) {
 
 TEST_F(BoardDialogs, AClosingBoardTakesTheDialogAlong) {
     start();
-    entry("mnuMatch").trigger();
+    chooseEntry(entry("mnuMatch"));
     boards()[0]->close();
     EXPECT_EQ(openWindows.count("frmMatch"), 0);
     EXPECT_NE(stored("Match", "Time"), "(absent)");
@@ -92,7 +94,7 @@ TEST_F(BoardDialogs, AClosingBoardTakesTheDialogAlong) {
 TEST_F(BoardDialogs, TheCloseDownUnloadsTheDialogBeforeTheSettingsAreWritten) {
     start();
     delete boards()[0]; // which would take it along
-    entry("mnuMatch").trigger();
+    chooseEntry(entry("mnuMatch"));
     client->close();
     EXPECT_EQ(openWindows.count("frmMatch"), 0);
     ASSERT_EQ(values->keysWritten.front(), "Left");
@@ -107,7 +109,7 @@ TEST_F(BoardDialogs, TheDumpGivesTheRunningValuesOfTheOpenDialog) {
     for (const char* key : {"Left", "Top", "Time"}) values->texts[{"Match", key}] = "30";
     set("Registry_OK", "Yes");
     start();
-    entry("mnuMatch").trigger();
+    chooseEntry(entry("mnuMatch"));
     dialog->move(40, 50);
     values->texts.erase({"Match", "Left"});
     values->texts.erase({"Match", "Time"});

@@ -2,6 +2,7 @@
 #include "session/ManyBoardsRig.h"
 
 #include "common/modChess.h"
+#include "platform/ChosenEntry.h"
 #include "session/RunningProgram.h"
 
 #include <QAction>
@@ -55,7 +56,7 @@ protected:
     // One idle board and three games that begin at once; the boards close behind the update of that number.
     void openWithClosingAt(int moment) {
         for (frmChessBoard* board : rig.boards()) board->close();
-        rig.client->menus.mnuBoard->trigger();
+        chooseEntry(*rig.client->menus.mnuBoard);
         ASSERT_EQ(rig.boards().size(), 1U);
         games.clear();
         for (int number = 1; number <= 3; ++number) games.push_back(gameOf(number, std::to_string(moment) + "."));
@@ -190,7 +191,7 @@ TEST_F(BoardsClosing, ABoardOpenedByHandLosesNoPositionThatArrivesMeanwhile) {
     QTimer hang; // ends what would never come back
     QObject::connect(&hang, &QTimer::timeout, &hang, [this] { rig.client->close(); });
     hang.start(PatienceMs / 10);
-    rig.client->menus.mnuBoard->trigger();
+    chooseEntry(*rig.client->menus.mnuBoard);
     hang.stop();
     EXPECT_TRUE(arrived);
     EXPECT_FALSE(modChess.AppClosing) << "the menu's entry came back by itself";

@@ -5,6 +5,7 @@
 #include "board/BoardRig.h"
 #include "common/Squares.h"
 #include "common/modChess.h"
+#include "platform/ChosenEntry.h"
 #include "platform/LoadedWindow.h"
 #include "settings/MouseSlips.h"
 #include "view/frmBoardColors.h"
@@ -179,6 +180,7 @@ protected:
             break;
         case Use::Question:
             boxes.yesNo = Boxes().yesNo;
+            boxes.confirm = Boxes().confirm;
             onceUp();
             board->findChild<QPushButton*>(QStringLiteral("cmdDraw"))->click();
             break;
@@ -198,7 +200,7 @@ protected:
             break;
         case Use::ColourBox:
             boxes.colour = Boxes().colour;
-            board->findChild<QAction*>(QStringLiteral("mnuColors"))->trigger();
+            chooseEntry(*board->findChild<QAction*>(QStringLiteral("mnuColors")));
             onceUp();
             loadedWindow<frmBoardColors>()->findChild<QPushButton*>(QStringLiteral("cmdColor(1)"))->click();
             break;

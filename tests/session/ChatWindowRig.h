@@ -35,7 +35,7 @@ protected:
     frmChat& openChat(const std::string& name) {
         buddy = name;
         const std::size_t asked = messages.size();
-        entry("mnuChat").trigger();
+        chooseEntry(entry("mnuChat"));
         EXPECT_TRUE(waitUntil([&] { return messages.size() > asked; }));
         return *chats().back();
     }

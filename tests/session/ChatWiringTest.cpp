@@ -35,7 +35,7 @@ TEST_F(ChatWiring, MenuAndButtonFocusTheCommandLineAndOpenABox) {
     EXPECT_TRUE(entry("mnuChat").isEnabled());
     EXPECT_EQ(entry("mnuChat").text(), QStringLiteral("C&hat"));
     txtOutput().setFocus();
-    entry("mnuChat").trigger();
+    chooseEntry(entry("mnuChat"));
     EXPECT_EQ(client->focusWidget(), &txtSend());
     txtOutput().setFocus();
     button(QStringLiteral("cmdChat")).click();

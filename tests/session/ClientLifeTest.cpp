@@ -124,7 +124,7 @@ TEST_F(ClientLife, ARefusedConnectionSaysThatTheServerWasNotFound) {
     answer = "127.0.0.1," + std::to_string(loopback.port());
     loopback.refuse();
     start();
-    client->menus.mnuConnect[2]->trigger();
+    chooseEntry(*client->menus.mnuConnect[2]);
     ASSERT_TRUE(waitUntil([this] { return messages.size() == 2; }));
     EXPECT_EQ(messages[1], "Server not found\nCheck Internet connection");
     EXPECT_EQ(socketState(), 0);
@@ -272,7 +272,7 @@ TEST_F(ClientLife, ClosingTwiceWritesOnce) {
 
 TEST_F(ClientLife, ExitRunsTheCloseDown) {
     start();
-    entry("mnuExit").trigger();
+    chooseEntry(entry("mnuExit"));
     EXPECT_TRUE(modChess.AppClosing);
     EXPECT_EQ(stored("Client", "Registry_OK"), "Yes");
 }

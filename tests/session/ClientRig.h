@@ -4,6 +4,7 @@
 #include "board/frmChessBoard.h"
 #include "common/modChess.h"
 #include "platform/Boxes.h"
+#include "platform/ChosenEntry.h"
 #include "platform/OpenWindows.h"
 #include "platform/WaitUntil.h"
 #include "session/ScriptedServer.h"
@@ -44,6 +45,7 @@ protected:
             messages.push_back(text);
             return okay;
         };
+        boxes.confirm = boxes.yesNo;
         set("Use_Timeseal", "False");
         set("IP", "127.0.0.1");
         set("Port", std::to_string(loopback.port()));
@@ -74,7 +76,7 @@ protected:
     // The same, connected to the loopback server.
     void connected() {
         start();
-        client->menus.mnuConnect[1]->trigger();
+        chooseEntry(*client->menus.mnuConnect[1]);
         ASSERT_TRUE(waitUntil([this] { return loopback.hasClient() && socketState() == 7; }));
         client->session.connection.tmrTCPTimer();
     }

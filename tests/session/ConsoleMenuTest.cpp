@@ -80,7 +80,7 @@ TEST_F(ConsoleMenuWindow, TheProfilesStandAsPrescribed) {
 TEST_F(ConsoleMenuWindow, OtherAsksForTheServerAndLabelsTheConnectionWithIt) {
     start();
     answer = "127.0.0.1," + std::to_string(loopback.port());
-    client->menus.mnuConnect[2]->trigger();
+    chooseEntry(*client->menus.mnuConnect[2]);
     EXPECT_EQ(messages, (std::vector<std::string>{"Alternate Server: Enter IP, Port"}));
     ASSERT_TRUE(waitUntil([this] { return socketState() == 7; }));
     client->session.connection.tmrTCPTimer();
@@ -92,11 +92,11 @@ TEST_F(ConsoleMenuWindow, OtherWithoutAFittingAnswerDoesNothing) {
     start();
     for (const char* text : {"host,", ",5001", "host", ""}) {
         answer = text;
-        client->menus.mnuConnect[2]->trigger();
+        chooseEntry(*client->menus.mnuConnect[2]);
         EXPECT_EQ(socketState(), 0) << text;
     }
     answer.reset();
-    client->menus.mnuConnect[2]->trigger();
+    chooseEntry(*client->menus.mnuConnect[2]);
     EXPECT_EQ(socketState(), 0);
 }
 
@@ -141,7 +141,7 @@ TEST_F(ConsoleMenuWindow, TallTitleBarsTakeALittleOfTheConsoleAndLeaveTheWindows
 
 TEST_F(ConsoleMenuWindow, AboutNamesTheProgram) {
     start();
-    entry("mnuAbout").trigger();
+    chooseEntry(entry("mnuAbout"));
     ASSERT_EQ(messages.size(), 1U);
     EXPECT_EQ(messages[0].substr(0, 10), "Brightrank");
 }
@@ -153,7 +153,7 @@ TEST_F(ConsoleMenuWindow, BoardIsUnavailableAsLongAsABoardIsOpen) {
     boards()[0]->close();
     EXPECT_TRUE(entry("mnuBoard").isEnabled());
     EXPECT_EQ(openWindows.count("frmChessBoard"), 0);
-    entry("mnuBoard").trigger();
+    chooseEntry(entry("mnuBoard"));
     EXPECT_EQ(openWindows.count("frmChessBoard"), 1);
     EXPECT_FALSE(entry("mnuBoard").isEnabled());
 }

@@ -30,6 +30,7 @@ ProgramRig::ProgramRig() {
         ++questions;
         return false;
     };
+    boxes.confirm = boxes.yesNo;
     fillStore();
     roads.store = memoryStore(values);
     roads.playSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); };

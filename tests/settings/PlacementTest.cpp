@@ -81,3 +81,34 @@ TEST(Placement, ABoardIsPlacedOnlyWhereItFitsInsideTheScreen) {
     EXPECT_EQ(placedBoard({0, 1, 100, 100}, designed, Screen), designed);
     EXPECT_EQ(placedBoard({1, 0, 100, 100}, designed, Screen), designed);
 }
+
+namespace {
+
+constexpr Extent Board{9000, 7500};
+constexpr Extent Wide{1920 * 15, 1080 * 15};
+
+} // namespace
+
+TEST(Placement, ABoardGoesToTheRightOfTheConsole) {
+    const auto place = beside({0, 0, 11400, 8400}, Board, Wide);
+    ASSERT_TRUE(place);
+    EXPECT_GT(place->Left, 11400);
+    EXPECT_LE(place->Left + Board.Width, Wide.Width);
+    EXPECT_EQ(place->Top, 0);
+    EXPECT_EQ(place->Width, Board.Width);
+    EXPECT_EQ(place->Height, Board.Height);
+}
+
+TEST(Placement, ABoardGoesToTheLeftWhereThereIsNoRoomToTheRight) {
+    const auto place = beside({15000, 300, 11400, 8400}, Board, Wide);
+    ASSERT_TRUE(place);
+    EXPECT_LT(place->Left + Board.Width, 15000);
+    EXPECT_GE(place->Left, 0);
+    EXPECT_EQ(place->Top, 300);
+}
+
+TEST(Placement, WhereABoardFitsOnNeitherSideThereIsNoPlaceBeside) {
+    EXPECT_FALSE(beside({0, 0, 11400, 8400}, Board, {1366 * 15, 768 * 15}));
+    EXPECT_FALSE(beside({8000, 0, 12000, 8400}, Board, Wide));
+    EXPECT_FALSE(beside({0, 9000, 11400, 8400}, Board, Wide)) << "too low";
+}

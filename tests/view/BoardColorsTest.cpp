@@ -26,8 +26,8 @@ TEST(BoardColors, TakeTheProgramsFourColoursAndGiveThemBack) {
 }
 
 TEST(BoardColors, TheDefaultsAreThoseOfTheSettings) {
-    EXPECT_EQ(DefaultWhite, 241 | 234 << 8 | 205 << 16);
-    EXPECT_EQ(DefaultBlack, 188 | 131 << 8 | 46 << 16);
-    EXPECT_EQ(DefaultWhite, ModChess{}.ColorWhite);
-    EXPECT_EQ(DefaultBlack, ModChess{}.ColorBlack);
+    EXPECT_EQ(DefaultColorWhite, 241 | 234 << 8 | 205 << 16);
+    EXPECT_EQ(DefaultColorBlack, 188 | 131 << 8 | 46 << 16);
+    EXPECT_EQ(DefaultColorWhite, ModChess{}.ColorWhite);
+    EXPECT_EQ(DefaultColorBlack, ModChess{}.ColorBlack);
 }

@@ -6,6 +6,7 @@
 #include "platform/Boxes.h"
 #include "platform/Colors.h"
 #include "platform/OpenWindows.h"
+#include "platform/Spoken.h"
 #include "platform/WaitUntil.h"
 #include "view/BoardGeometry.h"
 
@@ -137,7 +138,7 @@ TEST_F(ColorDialog, EscapeClosesItAsCancelDoes) {
     choose(0, 0x010203);
     QTest::keyClick(dialog, Qt::Key_Escape);
     EXPECT_EQ(openWindows.count("frmBoardColors"), 0);
-    EXPECT_EQ(modChess.ColorWhite, DefaultWhite);
+    EXPECT_EQ(modChess.ColorWhite, DefaultColorWhite);
 }
 
 // zDraw and zHL
@@ -235,7 +236,8 @@ TEST_F(ColorDialog, AColourIsChosenFromTheOneThatStandsAndShownAtOnce) {
     EXPECT_EQ(pixel(0, 0), QColor(0, 0, 0x20));
     EXPECT_EQ(pixel(0, 240), QColor(0, 0, 0x30));
     EXPECT_EQ(pixel(80, 240), QColor(0, 0, 0x40));
-    EXPECT_EQ(program(), (std::vector<std::int32_t>{DefaultWhite, DefaultBlack, 255, 65280})) << "not before OK";
+    EXPECT_EQ(program(), (std::vector<std::int32_t>{DefaultColorWhite, DefaultColorBlack, 255, 65280}))
+        << "not before OK";
 }
 
 TEST_F(ColorDialog, CancelInTheColourBoxChangesNothing) {
@@ -340,7 +342,7 @@ TEST_F(ColorDialog, WithNoBoardOpenTheColoursAreNotStored) {
     open();
     choose(0, 1);
     press("cmdOK");
-    EXPECT_EQ(modChess.ColorWhite, DefaultWhite);
+    EXPECT_EQ(modChess.ColorWhite, DefaultColorWhite);
     EXPECT_EQ(imlPieces.count(0), 12);
 }
 
@@ -349,7 +351,7 @@ TEST_F(ColorDialog, CancelLeavesColoursAndBoardsAsTheyWereEvenAfterChanges) {
     open();
     for (int index = 0; index < 4; ++index) choose(index, index + 1);
     press("cmdCancel");
-    EXPECT_EQ(program(), (std::vector<std::int32_t>{DefaultWhite, DefaultBlack, 255, 65280}));
+    EXPECT_EQ(program(), (std::vector<std::int32_t>{DefaultColorWhite, DefaultColorBlack, 255, 65280}));
     EXPECT_EQ(repaints, 0);
 }
 
@@ -361,4 +363,16 @@ TEST_F(ColorDialog, AFaultInARepaintEndsTheSavingSilently) {
     EXPECT_NO_THROW(dialog->zSave());
     EXPECT_EQ(repaints, 0);
     EXPECT_EQ(modChess.ColorWhite, 1);
+}
+
+// Assistive tools
+
+TEST_F(ColorDialog, EachSwatchHasANameAndSaysItsColour) {
+    QWidget& white = *open().findChild<QWidget*>(QStringLiteral("swatch(0)"));
+    EXPECT_EQ(spokenText(white, QAccessible::Name), QStringLiteral("White Squares"));
+    EXPECT_EQ(spokenText(white, QAccessible::Description), QStringLiteral("red 241, green 234, blue 205"));
+    choose(0, 0x0000FF);
+    EXPECT_EQ(spokenText(white, QAccessible::Description), QStringLiteral("red 255, green 0, blue 0"));
+    QWidget& preMove = *dialog->findChild<QWidget*>(QStringLiteral("swatch(3)"));
+    EXPECT_EQ(spokenText(preMove, QAccessible::Name), QStringLiteral("Pre-Move"));
 }

@@ -21,3 +21,12 @@ TEST(DescribePosition, NamesAllSixKindsFromTheKingDown) {
 TEST(DescribePosition, ASideWithoutPiecesIsNoneAndACodeOfNoPieceIsNotNamed) {
     EXPECT_EQ(describePosition([](int) { return std::int16_t{127}; }), "White: none; Black: none");
 }
+
+TEST(DescribeMove, ASignOfCheckOrMateIsAWord) {
+    EXPECT_EQ(describeMove("8.. Qg5+"), "8.. Qg5, check");
+    EXPECT_EQ(describeMove("9. Qf7#"), "9. Qf7, checkmate");
+    EXPECT_EQ(describeMove("1. e4"), "1. e4");
+    EXPECT_EQ(describeMove(""), "");
+}
+
+TEST(DescribeMove, APreMoveIsTwoSquares) { EXPECT_EQ(describePreMove(52, 36), "pre-move e7 to e5"); }

@@ -1,0 +1,39 @@
+// What a key does while a button of a window with a command line has the focus.
+#include "platform/ButtonKeys.h"
+
+#include "platform/TypingLine.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+namespace {
+
+bool isCharacter(const QKeyEvent& event) {
+    constexpr Qt::KeyboardModifiers Commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return !(event.modifiers() & Commands) && !event.text().isEmpty() && event.text().front().isPrint();
+}
+
+void typeInto(TypingLine& line, const QKeyEvent& event) {
+    line.setFocus();
+    line.end(false);
+    QKeyEvent typed(event.type(), event.key(), event.modifiers(), event.text());
+    QCoreApplication::sendEvent(&line, &typed);
+}
+
+} // namespace
+
+bool answerButtonKey(QWidget* focus, const QKeyEvent& event, TypingLine& line) {
+    auto* button = qobject_cast<QAbstractButton*>(focus);
+    if (button == nullptr) return false;
+    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
+        button->click();
+    } else if (event.key() == Qt::Key_Escape) {
+        line.setFocus();
+    } else if (isCharacter(event)) {
+        typeInto(line, event);
+    } else {
+        return false;
+    }
+    return true;
+}

@@ -1,0 +1,41 @@
+// Putting a window where the corner of its frame is to be.
+#include "platform/FramePlace.h"
+
+#include <QEvent>
+#include <QLayout>
+#include <QWidget>
+#include <QWindow>
+
+namespace {
+
+// A layout that needs more than the size asked for resizes the window on its way to the screen. The toolkit then gives
+// the window manager the corner as that of what the frame holds, and the title bar would stand above it.
+class FrameSettler : public QObject {
+public:
+    FrameSettler(QWidget& window, QPoint corner) : QObject(&window), window_(window), corner_(corner) {
+        window.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::Show) return false;
+        if (QLayout* layout = window_.layout()) layout->activate();
+        if (QWindow* handle = window_.windowHandle()) handle->setFramePosition(corner_);
+        window_.removeEventFilter(this);
+        deleteLater();
+        return false;
+    }
+
+private:
+    QWidget& window_;
+    QPoint corner_;
+};
+
+} // namespace
+
+void placeFrame(QWidget& window, QPoint corner) {
+    window.move(corner);
+    for (QObject* child : QObjectList(window.children()))
+        delete dynamic_cast<FrameSettler*>(child); // of a place before
+    if (!window.isVisible()) new FrameSettler(window, corner);
+}

@@ -1,0 +1,10 @@
+// Putting a window where the corner of its frame is to be.
+#pragma once
+
+#include <QPoint>
+
+class QWidget;
+
+// Puts the upper left corner of the frame of `window`, a top-level widget, at a point of the screen (pixels), at once
+// or, of one that does not show yet, as it shows.
+void placeFrame(QWidget& window, QPoint corner);

@@ -1,0 +1,57 @@
+// A window goes where the corner of its frame is to be. What a frame adds is tested under a window manager.
+#include "platform/FramePlace.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A layout that needs more than the dialog has on its way to the screen.
+class Outgrown : public QDialog {
+public:
+    Outgrown() {
+        auto* label = new QLabel(this);
+        label->setMinimumSize(400, 300);
+        (new QVBoxLayout(this))->addWidget(label);
+        resize(50, 50);
+    }
+};
+
+} // namespace
+
+TEST(FramePlace, ADialogShowsAtThePlaceGivenBefore) {
+    Outgrown dialog;
+    placeFrame(dialog, {70, 90});
+    dialog.show();
+    EXPECT_EQ(dialog.frameGeometry().topLeft(), QPoint(70, 90));
+    EXPECT_GE(dialog.width(), 400);
+}
+
+TEST(FramePlace, TheLatestPlaceCounts) {
+    Outgrown dialog;
+    placeFrame(dialog, {70, 90});
+    placeFrame(dialog, {10, 20});
+    dialog.show();
+    EXPECT_EQ(dialog.frameGeometry().topLeft(), QPoint(10, 20));
+}
+
+TEST(FramePlace, AWindowThatShowsMovesAtOnce) {
+    Outgrown dialog;
+    dialog.show();
+    placeFrame(dialog, {30, 40});
+    EXPECT_EQ(dialog.frameGeometry().topLeft(), QPoint(30, 40));
+}
+
+TEST(FramePlace, APlaceCountsForOneShowing) {
+    Outgrown dialog;
+    placeFrame(dialog, {70, 90});
+    dialog.show();
+    dialog.move(200, 210);
+    dialog.hide();
+    dialog.show();
+    EXPECT_EQ(dialog.pos(), QPoint(200, 210)) << "moved by the user since";
+}
