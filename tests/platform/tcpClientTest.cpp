@@ -129,21 +129,6 @@ TEST_F(TcpClientTest, SentBytesArriveAsTheyAre) {
     EXPECT_EQ(heardByPeer(bytes.size()), bytes);
 }
 
-TEST_F(TcpClientTest, CompleteTextArrivesWithoutWaiting) {
-    connectClient();
-    const std::string text = "told you\n\rfics% ";
-    say(text);
-    ASSERT_TRUE(waitUntil([&] { return received == text; }));
-    EXPECT_EQ(arrivals.size(), 1U);
-}
-
-TEST_F(TcpClientTest, ATailWithoutEndArrivesAfterItsPatience) {
-    connectClient();
-    say("one\n\rtwo");
-    ASSERT_TRUE(waitUntil([&] { return arrivals.size() == 2; }));
-    EXPECT_EQ(arrivals, (std::vector<std::string>{"one\n\r", "two"}));
-}
-
 TEST_F(TcpClientTest, CloseLetsSentTextGoOut) {
     connectClient();
     say("text that nobody reads\n\r");
@@ -267,58 +252,6 @@ TEST_F(TcpClientTest, TenMegabytesWithoutALineEndFollowedByACloseComeWhole) {
     for (const std::string& arrival : arrivals) ASSERT_LE(arrival.size(), 8192U);
 }
 
-TEST_F(TcpClientTest, WhileMoreThan8192BytesWaitWithTheClientNothingIsGivenAndResumeGoesOn) {
-    connectClient();
-    std::size_t pending = 8193;
-    client->backlog = [&] { return pending; };
-    say("line\n\r");
-    runFor(60);
-    EXPECT_EQ(received, "");
-    pending = 8192;
-    client->resume();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(received, "line\n\r");
-}
-
-TEST_F(TcpClientTest, WithoutResumeTheWithheldTextFollowsByItself) {
-    connectClient();
-    std::size_t pending = 9000;
-    client->backlog = [&] { return pending; };
-    say("line\n\r");
-    runFor(60);
-    pending = 0;
-    EXPECT_TRUE(waitUntil([&] { return received == "line\n\r"; }));
-}
-
-TEST_F(TcpClientTest, ABacklogMakesTheServerWaitAndLosesNothing) {
-    connectClient();
-    bool full = true;
-    client->backlog = [&] { return full ? std::size_t{100000} : received.size() % 7; };
-    std::string text;
-    for (int i = 0; text.size() < 30'000'000; ++i) text += "line " + std::to_string(i) + "\n\r";
-    say(text);
-    runFor(300);
-    EXPECT_GT(peer->bytesToWrite(), 10'000'000) << "the server's text waits on its own side";
-    full = false;
-    EXPECT_TRUE(waitUntil([&] { return received.size() == text.size(); }, 30000));
-    EXPECT_TRUE(received == text);
-}
-
-TEST_F(TcpClientTest, AWithheldRestComesBeforeTheCloseEvent) {
-    connectClient();
-    std::size_t pending = 9000;
-    client->backlog = [&] { return pending; };
-    say("line\n\r");
-    peer->close();
-    runFor(100);
-    EXPECT_EQ(client->State(), 8);
-    EXPECT_EQ(events.size(), 1U);
-    pending = 0;
-    client->resume();
-    ASSERT_TRUE(waitUntil([&] { return events.size() == 2; }));
-    EXPECT_EQ(received, "line\n\r");
-}
-
 TEST_F(TcpClientTest, AHandlerThatPumpsGetsTheSecondHalfFromTheNestedLoop) {
     connectClient();
     int depth = 0;
@@ -354,52 +287,39 @@ TEST_F(TcpClientTest, BytesThatWereWaitingAlreadyComeFromTheNestedLoopToo) {
     EXPECT_GE(deepest, 2);
 }
 
-TEST_F(TcpClientTest, WhileTheClientIsBusyAnUnfinishedLineWaitsForItsRest) {
-    bool busy = false;
-    client->busy = [&busy] { return busy; };
-    client->onDataArrival = [&](std::int32_t) {
-        arrivals.push_back(client->GetData());
-        received += arrivals.back();
-        if (arrivals.size() > 1) return;
-        busy = true;
-        say("\n\r");
-        zWait(3 * ArrivalCutter::PatienceMs / 1000.0);
-        say("<12> position\n\rfics% ");
-        zWait(ArrivalCutter::PatienceMs / 1000.0);
-        busy = false;
+TEST_F(TcpClientTest, AnArrivalThatIsNotFetchedMakesTheServerWaitAndLosesNothing) {
+    connectClient();
+    bool full = true;
+    const auto fetch = client->onDataArrival;
+    client->onDataArrival = [&](std::int32_t bytesTotal) {
+        if (!full) fetch(bytesTotal);
     };
-    connectClient();
-    say("hello\n\rfics% ");
-    EXPECT_TRUE(waitUntil([this] { return received.ends_with("position\n\rfics% "); }));
-    EXPECT_EQ(arrivals, (std::vector<std::string>{"hello\n\rfics% ", "\n\r<12> position\n\rfics% "}));
+    std::string text;
+    for (int i = 0; text.size() < 30'000'000; ++i) text += "line " + std::to_string(i) + "\n\r";
+    say(text);
+    runFor(300);
+    EXPECT_GT(peer->bytesToWrite(), 10'000'000) << "the server's text waits on its own side";
+    full = false;
+    fetch(8190);
+    EXPECT_TRUE(waitUntil([&] { return received.size() == text.size(); }, 30000));
+    EXPECT_TRUE(received == text);
 }
 
-TEST_F(TcpClientTest, WhenTheClientIsBusyNoMoreAnUnfinishedLineComes) {
-    bool busy = true;
-    client->busy = [&busy] { return busy; };
+TEST_F(TcpClientTest, ARestThatWasNotFetchedComesBeforeTheCloseEvent) {
     connectClient();
-    say("unfinished");
-    zWait(3 * ArrivalCutter::PatienceMs / 1000.0);
-    EXPECT_EQ(received, "");
-    busy = false;
-    EXPECT_TRUE(waitUntil([this] { return received == "unfinished"; }));
-}
-
-TEST_F(TcpClientTest, BehindTheWorkOfTheClientAnUnfinishedLineHasItsTimeOnceMore) {
-    bool busy = true;
-    std::int64_t now = 0;
-    wallClock.steadyMs = [&now] { return now; };
-    client->busy = [&busy] { return busy; };
-    connectClient();
-    say("unfinished");
+    int raised = 0;
+    client->onDataArrival = [&](std::int32_t) { ++raised; };
+    say("one\n\rfics% ");
+    ASSERT_TRUE(waitUntil([&] { return raised == 1; }));
+    say("two");
+    peer->close();
     runFor(100);
-    busy = false;
-    now = 1000;
-    runFor(100);
-    EXPECT_EQ(received, "");
-    now += ArrivalCutter::PatienceMs;
-    EXPECT_TRUE(waitUntil([this] { return received == "unfinished"; }));
-    wallClock = Clock();
+    EXPECT_EQ(client->State(), 8);
+    EXPECT_EQ(events.size(), 1U);
+    EXPECT_EQ(client->GetData(), "one\n\rfics% ");
+    ASSERT_TRUE(waitUntil([&] { return raised == 2; }));
+    EXPECT_EQ(client->GetData(), "two");
+    EXPECT_TRUE(waitUntil([&] { return events.size() == 2; }));
 }
 
 TEST_F(TcpClientTest, AnArrivalThatIsNotFetchedHoldsBackTheNext) {
