@@ -147,7 +147,7 @@ TEST_F(ClientLife, TheCloseTimersThirdBeepClearsTheBoardsAndAsks) {
 
 TEST_F(ClientLife, ClosingUnloadsAllWindowsOldestFirstBeforeTheSettingsAreWritten) {
     start();
-    for (int board = 0; board < 4; ++board) client->routing.zNewBoard();
+    for (int board = 0; board < 4; ++board) client->routing.hooks.zNewBoard();
     ASSERT_EQ(openWindows.windows.size(), 6U);
     std::vector<const void*> opened;
     std::vector<const void*> unloaded;
