@@ -1,7 +1,8 @@
 // Benchmarks the way of the server's text: cut into lines, tells told apart, Style 12 lines read, lines classified.
 #include "board/Style12Line.h"
 #include "common/modChess.h"
-#include "session/LineClassifier.h"
+#include "session/QuietSurface.h"
+#include "session/Session.h"
 #include "session/TellLine.h"
 
 #include <benchmark/benchmark.h>
@@ -146,15 +147,16 @@ BENCHMARK(style12CutAndRead);
 void wholeClassifier(benchmark::State& state, const Stream& (*text)()) {
     modChess = ModChess();
     modChess.gPrompt = "fics% ";
-    ServerLines lines;
-    Captures captures;
-    LineClassifier classifier(lines, captures);
+    Session session(quietSurface());
+    LineClassifier& classifier = session.classifier;
     classifier.hooks.zStyle12Line = [](const std::string& line) {
         const auto tokens = cutStyle12(line, LineEnd::RestIsToken);
         if (tokens) readStyle12PassingOver(*tokens, Style12Fields::All, modChess.Record);
         return tokens.has_value();
     };
     classifier.hooks.zFindBoard = [](std::int16_t) { return 0; };
+    classifier.hooks.zSetPosition = [](int) {};
+    classifier.hooks.zSetBughouse = [](int, const std::string&) {};
     std::size_t printed = 0;
     classifier.hooks.insert = [&printed](const std::string& line) { printed += line.size(); };
     for (auto _ : state) {

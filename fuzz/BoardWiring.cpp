@@ -1,4 +1,4 @@
-// The session and its boards without windows: how a board reaches its user and the server.
+// The program without its windows: how a board reaches its user and the server.
 #include "StreamRig.h"
 
 #include "Require.h"
@@ -19,13 +19,12 @@ void StreamRig::fillSurface(RigBoard& board) {
         require(std::isfinite(x) && std::isfinite(y), "a piece is moved to a point");
         require(alpha >= 0 && alpha <= 255, "a piece is blended in 8 bits");
     };
-    surface.pump = [this] { pump(); };
     surface.paintBoard = [&board] { board.paint(); };
     surface.startClock = [&board] { board.clockRuns = true; };
     surface.stopClock = [&board] { board.clockRuns = false; };
     surface.startNoPlay = [&board] { board.noPlayRuns = true; };
     surface.stopNoPlay = [&board] { board.noPlayRuns = false; };
-    surface.secondsOfDay = [this] { return static_cast<double>(now_ % 86'400'000) / 1000; };
+    surface.secondsOfDay = [this] { return static_cast<double>(clock_.millisecondsOfDay()) / 1000; };
     surface.zSendMsg = [this, &board](const std::string& text) { sendFromBoard(board, text); };
     fillLabels(board);
     fillMouse(board);
@@ -47,9 +46,7 @@ void StreamRig::fillLabels(RigBoard& board) {
 
 void StreamRig::fillMouse(RigBoard& board) {
     GameSurface& surface = board.game.surface;
-    const long serial = board.serial;
     surface.zSqFinish = [&board](int square) { board.input.zSqFinish(square); };
-    surface.popupPromote = [this, serial] { popupPromote(serial); };
     MoveInputSurface& input = board.input.surface;
     input.zGetSqr = [&board](float x, float y) { return board.geometry.zGetSqr(x, y); };
     input.DisplaySquare = [&board](int square) { return board.geometry.DisplaySquare[square]; };
@@ -65,7 +62,8 @@ void StreamRig::fillMouse(RigBoard& board) {
         board.slip = milliseconds;
     };
     input.stopSlip = [&board] { board.slip = 0; };
-    input.popupDrop = [this, serial](const DropEntries& entries) { popup({serial, &entries}); };
+    input.popupDrop = [&board](const DropEntries& entries) { board.drops = entries; };
+    input.popupPromote = [this, &board] { popupPromote(board); };
 }
 
 // The grid's window reads the cell that it is told to show.

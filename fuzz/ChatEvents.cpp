@@ -1,4 +1,4 @@
-// The session and its boards without windows: chat boxes, and what is typed there and in the console.
+// The program without its windows: chat boxes, and what is typed there and in the console.
 #include "StreamRig.h"
 
 #include "Events.h"
@@ -48,9 +48,10 @@ void checkHistory(const CommandHistory& history) {
 } // namespace
 
 void StreamRig::typingEvent(const Tape::Segment& segment) {
+    constexpr std::size_t MostChats = 12; // of which the tape can name four
     switch (segment.kind) {
     case Event::NewChat:
-        keys_.typingKeyDown(KeyF9, true);
+        if (chats_.size() < MostChats) session_.typingKeys.typingKeyDown(KeyF9, true);
         return;
     case Event::TypeLine:
         typed_ += withoutLineEnds(segment.text);
@@ -66,17 +67,19 @@ void StreamRig::lineKey(int choice) {
     static constexpr std::array Keys{KeyUp, KeyDown, KeyF5, KeyF7, KeyF8, KeyF9};
     const auto key = static_cast<std::size_t>(choice);
     if (key < Keys.size()) {
-        keys_.typingKeyDown(Keys[key], false);
+        session_.typingKeys.typingKeyDown(Keys[key], false);
     } else {
-        keys_.zTxtSend(KeyEnter);
+        session_.typingKeys.zTxtSend(KeyEnter);
     }
 }
 
 void StreamRig::chatEvent(const Tape::Segment& segment, RigChat& chat) {
     const std::int32_t cursor = chat.box.ChatHistory.CommandCursor;
     switch (segment.kind) {
+    case Event::AskForBuddy:
+        return askForBuddy(chat);
     case Event::NameChat:
-        return nameChat(chat.serial, segment.text, segment.choice() != 0);
+        return nameChat(chat, segment.text, segment.choice() != 0);
     case Event::TypeTell:
         chat.typed += withoutLineEnds(segment.text);
         return;
@@ -89,7 +92,7 @@ void StreamRig::chatEvent(const Tape::Segment& segment, RigChat& chat) {
         return;
     case Event::TellEnter:
         return enterTell(chat, [this, &chat] {
-            require(chat.box.zTxtTell(KeyEnter) == connected_, "Enter is taken while connected");
+            require(chat.box.zTxtTell(KeyEnter) == socket_.connected(), "Enter is taken while connected");
         });
     case Event::TellKey:
         chat.box.keyDown(segment.choice() == 0 ? KeyUp : KeyDown);
@@ -98,42 +101,37 @@ void StreamRig::chatEvent(const Tape::Segment& segment, RigChat& chat) {
                 "a step through the history shows its line");
         return;
     case Event::CloseChat:
-        return closeChat(chat.serial);
+        return closeChat(chat);
     default:
         return;
     }
 }
 
-void StreamRig::newChat() {
-    constexpr std::size_t MostChats = 12; // of which the tape can name four
-    if (chats_.size() >= MostChats) return;
-    proposeBuddy();
-    RigChat& chat = *chats_.emplace_back(std::make_unique<RigChat>(road_));
-    chat.serial = ++serials_;
-    openWindows.add({"frmChat", &chat, nullptr, {}, &chat.box});
+void StreamRig::openChat() {
+    require(!modChess.AppClosing, "no chat box opens while the program closes");
+    RigChat& chat = *chats_.emplace_back(std::make_unique<RigChat>(session_.road));
+    openWindows.add({.className = "frmChat", .window = &chat, .unload = [] {}, .content = &chat.box});
 }
 
-void StreamRig::showChat() {
-    if (modChess.TellTarget.empty() || findChat(modChess.TellTarget) == -1) newChat();
+// tmrStart: the question for the buddy comes up.
+void StreamRig::askForBuddy(RigChat& chat) const {
+    if (!std::exchange(chat.asked, true)) chat.proposal = modChess.NewBuddy;
 }
 
-// tmrStart: the question for the buddy, under which the loop runs and the box may close.
-void StreamRig::nameChat(long serial, std::string answer, bool proposal) {
-    if (!std::exchange(chatOf(serial)->askDue, false)) return;
-    if (proposal) answer = modChess.NewBuddy;
-    pump();
-    RigChat* const chat = chatOf(serial);
-    if (!chat) return;
-    const std::string buddy = withoutLineEnds(answer);
-    if (buddy.empty()) return closeChat(serial);
-    chat->box.name(buddy);
-    require(chat->box.xBuddy == buddy, "a box has the buddy that was named");
-    require(chat->caption == "Chat on " + buddy || chat->caption == "Chat with " + buddy, "a caption names the buddy");
+void StreamRig::nameChat(RigChat& chat, const std::string& answer, bool proposal) {
+    askForBuddy(chat);
+    if (!chat.proposal) return;
+    const std::string buddy = withoutLineEnds(proposal ? *chat.proposal : answer);
+    chat.proposal.reset();
+    if (buddy.empty()) return closeChat(chat);
+    chat.box.name(buddy);
+    require(chat.box.xBuddy == buddy, "a box has the buddy that was named");
+    require(chat.caption == "Chat on " + buddy || chat.caption == "Chat with " + buddy, "a caption names the buddy");
 }
 
-void StreamRig::closeChat(long serial) {
-    openWindows.remove(chatOf(serial));
-    std::erase_if(chats_, [serial](const auto& chat) { return chat->serial == serial; });
+void StreamRig::closeChat(RigChat& chat) {
+    openWindows.remove(&chat);
+    std::erase_if(chats_, [&](const auto& open) { return open.get() == &chat; });
 }
 
 // Enter in the line, or on the conversation.
@@ -141,23 +139,24 @@ void StreamRig::enterTell(RigChat& chat, const std::function<void()>& pressEnter
     const std::string typed = chat.typed;
     const std::string talk = chat.talk;
     const std::int32_t sent = modChess.LinesSent;
+    const ServerRoad& road = session_.road;
     pressEnter();
-    require(modChess.LinesSent == sent + (connected_ ? 1 : 0), "Enter sends one line");
-    if (!connected_) {
+    require(modChess.LinesSent == sent + (socket_.connected() ? 1 : 0), "Enter sends one line");
+    if (!socket_.connected()) {
         require(chat.typed == typed && chat.talk == talk, "the text stays while not connected");
         return;
     }
     const bool command = typed.size() >= 5 && lower(typed.substr(0, 4)) == "tell";
     require(lastSent_ == (command ? typed : "Tell " + chat.box.xBuddy + " " + typed), "a box sends tells alone");
-    require(modChess.gLastCmd == lastSent_ && modChess.gLastTyped == lastSent_ && road_.txtOld == lastSent_,
+    require(modChess.gLastCmd == lastSent_ && modChess.gLastTyped == lastSent_ && road.txtOld == lastSent_,
             "what a box sent is the last line");
-    require(modChess.LastBuddy == chat.box.xBuddy && road_.idleSeconds == 0, "the buddy spoken to is known");
+    require(modChess.LastBuddy == chat.box.xBuddy && road.idleSeconds == 0, "the buddy spoken to is known");
     require(chat.typed.empty() && chat.talk == talk + typed + "\r\n", "the conversation ends with the own words");
     require(chat.caret == chat.talk.size(), "the insertion point is behind the own words");
     require(chat.box.ChatHistory.entries[1] == typed, "the text goes into the history");
 }
 
-bool StreamRig::routeTell(const std::string& line) {
+bool StreamRig::routeTell(const std::string& line, const std::function<bool()>& act) {
     const auto taker =
         std::ranges::find_if(chats_, [](const auto& chat) { return isFor(chat->box.xBuddy, modChess.TellTarget); });
     const auto talked = [this] {
@@ -170,11 +169,12 @@ bool StreamRig::routeTell(const std::string& line) {
     const std::size_t takerBefore = taker == chats_.end() ? 0 : (*taker)->talk.size();
     const std::size_t insertAt = taker == chats_.end() ? 0 : (*taker)->caret;
 
-    const bool handled = chatRouting_.zChatBox(line);
+    const int number = lineNumber(line);
+    const bool handled = act();
     require(handled == (taker != chats_.end()), "a tell goes to a box when one is there for it");
     require(console_.size() == shownBefore, "the box takes a tell from the console");
     if (!handled) return false;
-    ++tells_;
+    batch_.toChats.push_back(number);
     const std::size_t added = (*taker)->talk.size() - takerBefore;
     require(talked() == talkedBefore + added, "the oldest box that fits takes a tell alone");
     checkTaken(line, taker->get(), (*taker)->talk.substr(insertAt, added));
@@ -194,15 +194,14 @@ void StreamRig::checkTaken(const std::string& line, const RigChat* taker, const 
     require(taker->caret == std::min(console_.size(), taker->talk.size()), "the insertion point is the console's");
 }
 
-void StreamRig::setChatCaption(int window, const std::string& caption) {
-    ChatBox* const box = openWindows.windows.at(static_cast<std::size_t>(window)).chat;
-    require(box && box->xBuddy == modChess.LastBuddy, "the answer to a tell goes to the box that told");
-    require(caption.starts_with("Chatting with " + box->xBuddy) && !hasLineEnd(caption), "a caption is one line");
-    box->hooks.setCaption(caption);
+void StreamRig::checkChatCaption(int window, const std::string& caption) const {
+    const std::string& buddy = chatAt(window).xBuddy;
+    require(buddy == modChess.LastBuddy, "the answer to a tell goes to the box that told");
+    require(caption.starts_with("Chatting with " + buddy) && !hasLineEnd(caption), "a caption is one line");
 }
 
 void StreamRig::checkSent(const std::string& bytes) {
-    require(connected_, "nothing is written to a closed socket");
+    require(socket_.connected(), "nothing is written to a closed socket");
     require(bytes.ends_with('\n'), "what is sent is a line");
     lastSent_ = bytes.substr(0, bytes.size() - 1);
     require(!hasLineEnd(lastSent_), "what is sent is one line");
@@ -211,7 +210,7 @@ void StreamRig::checkSent(const std::string& bytes) {
 void StreamRig::checkChats() const {
     std::vector<const ChatBox*> listed;
     for (const OpenWindow& window : openWindows.windows) {
-        if (window.chat) listed.push_back(window.chat);
+        if (const ChatBox* box = chatOf(window)) listed.push_back(box);
     }
     require(std::ranges::equal(listed, chats_, {}, {}, [](const auto& chat) { return &chat->box; }),
             "the open boxes are listed in order of creation");
@@ -219,5 +218,5 @@ void StreamRig::checkChats() const {
         checkHistory(chat->box.ChatHistory);
         require(chat->caption.starts_with("Chat"), "a box says with whom it is");
     }
-    checkHistory(road_.history);
+    checkHistory(session_.road.history);
 }

@@ -58,6 +58,22 @@ inline std::optional<std::string> verboseText(std::string_view batch, const std:
     return shown;
 }
 
+// The squeezed text of a line as the console shows it: a continuation without its backslash.
+inline std::string visibleText(const std::string& line) {
+    return squeezed(line.starts_with('\\') ? line.substr(1) : line);
+}
+
+// Calls `blank` for the lines from `number` on that vanish with the record in front of them: short ones, and those of
+// bughouse.
+template <typename Blank>
+void blankShort(const std::vector<std::string>& lines, int number, Blank blank) {
+    constexpr std::size_t Short = 15;
+    for (auto at = static_cast<std::size_t>(number); at < lines.size(); ++at) {
+        if (lines[at].size() > Short && lines[at].find("<b1>") == std::string::npos) return;
+        blank(static_cast<int>(at));
+    }
+}
+
 // True when `text` comes out of `whole` by leaving bytes out.
 inline bool isLeftOf(std::string_view text, std::string_view whole) {
     std::size_t at = 0;

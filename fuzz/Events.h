@@ -6,7 +6,7 @@ namespace Event {
 enum : int {
     Nothing = 0, // a new packet
 
-    // Timers and the console's menus
+    // The line is quiet, and the console's menus
     Silence,
     TmrArrival,
     TmrPrompt,
@@ -58,7 +58,7 @@ enum : int {
     // Chat boxes, picked by `which`, and what is typed
     FirstOfTyping = 48,
     NewChat = FirstOfTyping,
-    NameChat, // the question for the buddy; takes the text
+    NameChat, // answers the question for the buddy; takes the text
     TypeTell, // takes the text
     TypeTalk, // with the focus on the conversation; takes the text; bit 3 of `choice`: and Enter
     TellEnter,
@@ -66,12 +66,28 @@ enum : int {
     CloseChat,
     TypeLine, // in the console; takes the text
     LineKey,
+    AskForBuddy, // the question for the buddy comes up, and stays
 
     // Options; `argument` has them all
-    Options = 64,
+    FirstOfLine = 64,
+    Options = FirstOfLine,
+    ConnectionOptions,
+
+    // The line; `argument` is a time or a number, `choice` what is chosen
+    TimePasses, // milliseconds
+    Burst,      // the text arrives so many times more, at once
+    Connect,
+    Disconnect,
+    SocketError,
+    TmrTCP,
+    TmrClose,
+    ProgramCloses,
 };
 
 constexpr bool takesText(int kind) {
     return kind == NameChat || kind == TypeTell || kind == TypeTalk || kind == TypeLine;
 }
+
+constexpr bool isOfBoard(int kind) { return kind >= FirstOfBoard && kind < FirstOfTyping; }
+constexpr bool isByHand(int kind) { return kind >= FirstOfBoard && kind < FirstOfLine; }
 } // namespace Event

@@ -1,4 +1,4 @@
-// The session and its boards without windows: the mouse over a board and the menus that come up under it.
+// The program without its windows: the mouse over a board and the menus that come up under it.
 #include "StreamRig.h"
 
 #include "Events.h"
@@ -6,6 +6,8 @@
 #include "Require.h"
 #include "common/modChess.h"
 #include "settings/MouseSlips.h"
+
+#include <utility>
 
 namespace {
 
@@ -45,7 +47,8 @@ void StreamRig::mouseEvent(const Tape::Segment& segment, RigBoard& board) {
     case Event::TmrSlip:
         return fireSlip(board);
     case Event::PromotionAnswer:
-        return answerPromotion(board, position);
+        if (board.promotion) promote(board, position < 4 ? Piece::Queen + position : 0);
+        return;
     case Event::DropAnswer:
         return answerDrop(board, position);
     case Event::Lift:
@@ -57,9 +60,14 @@ void StreamRig::mouseEvent(const Tape::Segment& segment, RigBoard& board) {
     }
 }
 
-// A press closes a menu that is up, and reaches what lies under it.
+// A press closes the menus that are up and reaches what lies under them; only then do they tell that they are gone.
 void StreamRig::press(RigBoard& board, int button, int position) {
-    closeMenus();
+    const std::vector<RigBoard*> dismissed = closeMenus();
+    pressUnder(board, button, position);
+    for (RigBoard* asking : dismissed) promote(*asking, 0);
+}
+
+void StreamRig::pressUnder(RigBoard& board, int button, int position) {
     board.pointer = position;
     board.held |= button;
     const bool dragging = board.game.Dragging;
@@ -67,18 +75,16 @@ void StreamRig::press(RigBoard& board, int button, int position) {
     const bool lifts =
         !dragging && button == Left && modChess.SelfCheckOK && square != -1 && modelMayTake(board.game, square) != 0;
     const bool defeatsDelay = dragStyle() && button == Right && board.slip != 0;
-    const long events = events_;
     landing(board, defeatsDelay ? board.heldPointer : position, [&] {
         const BoardPoint point = pointOn(board.geometry, position);
         board.input.mouseDown(button, point.x, point.y);
     });
-    if (dragging || events_ != events) return; // the board may be gone
+    if (dragging) return;
     require(board.game.Dragging == lifts, "a piece is taken up when the rules let its owner move it");
     if (!lifts) return;
     require(board.game.DragFrom == square && board.game.FromSq == square && board.game.FromSet == 1,
             "the move in hand begins on the square under the pointer");
     board.taken.push_back(square);
-    board.overtaken = false;
 }
 
 void StreamRig::release(RigBoard& board, int button, int position) {
@@ -99,25 +105,20 @@ void StreamRig::movePointer(RigBoard& board, int position) {
     const bool hovers = !game.noPlay && board.held == 0 && !game.Dragging && game.FromSet == 0 && modChess.SelfCheckOK;
     const BoardPoint point = pointOn(board.geometry, position);
     board.input.mouseMoved(board.held, point.x, point.y);
-    if (!hovers) return; // the board may be gone
-    require(game.MoveMode == (square == -1 ? 0 : modelMayTake(game, square)), "a pointer shows what may be taken up");
+    require(!hovers || game.MoveMode == (square == -1 ? 0 : modelMayTake(game, square)),
+            "a pointer shows what may be taken up");
 }
 
-// Each step may let the board close.
 void StreamRig::lift(RigBoard& board, int position) {
-    const long serial = board.serial;
     movePointer(board, position);
-    if (RigBoard* open = boardOf(serial)) press(*open, Left, position);
-    RigBoard* const open = dragStyle() ? nullptr : boardOf(serial);
-    if (open) release(*open, Left, position);
+    press(board, Left, position);
+    if (!dragStyle()) release(board, Left, position);
 }
 
 void StreamRig::land(RigBoard& board, int position) {
-    const long serial = board.serial;
     movePointer(board, position);
-    RigBoard* const clicked = dragStyle() ? nullptr : boardOf(serial);
-    if (clicked) press(*clicked, Left, position);
-    if (RigBoard* open = boardOf(serial)) release(*open, Left, position);
+    if (!dragStyle()) press(board, Left, position);
+    release(board, Left, position);
 }
 
 void StreamRig::fireSlip(RigBoard& board) {
@@ -125,52 +126,35 @@ void StreamRig::fireSlip(RigBoard& board) {
     const bool endless = board.slip == EndlessSlip;
     const bool dragging = board.game.Dragging;
     landing(board, board.heldPointer, [&board] { board.input.tmrSlip(); });
-    if (!endless) return; // the board may be gone
-    require(board.slip == EndlessSlip && board.game.Dragging == dragging, "the endless delay does not end by itself");
+    require(!endless || (board.slip == EndlessSlip && board.game.Dragging == dragging),
+            "the endless delay does not end by itself");
 }
 
-// Answers and whatever else comes run until the menu is gone, and its board may be gone with it.
-void StreamRig::popup(Menu menu) {
-    menus_.push_back(&menu);
-    pump(&menu);
-    menus_.pop_back();
-}
-
-// The board may be gone when the menu closes, and so may the pawn.
-void StreamRig::popupPromote(long board) {
-    const Game& asking = boardOf(board)->game;
-    const int from = asking.FromSq;
-    const int pawn = asking.Board[from];
-    const int turn = asking.Turn;
-    require(std::abs(pawn) == Piece::Pawn, "a pawn is asked what it becomes");
-    popup({board});
-    if (RigBoard* open = boardOf(board)) open->overtaken = open->game.Board[from] != pawn || open->game.Turn != turn;
-}
-
-StreamRig::Menu* StreamRig::menuFor(const RigBoard& board, bool ofDrops) const {
-    Menu* const last = menus_.empty() ? nullptr : menus_.back();
-    return last && last->up && last->board == board.serial && (last->drops != nullptr) == ofDrops ? last : nullptr;
-}
-
-void StreamRig::answerPromotion(RigBoard& board, int choice) {
-    Menu* const menu = menuFor(board, false);
-    if (!menu) return;
-    if (choice < 4) board.game.PromotePiece = static_cast<std::int16_t>(Piece::Queen + choice);
-    menu->up = false;
+void StreamRig::popupPromote(RigBoard& board) {
+    const Game& game = board.game;
+    require(!board.promotion, "one pawn is asked for at a time");
+    require(std::abs(game.Board[game.FromSq]) == Piece::Pawn, "a pawn is asked what it becomes");
+    board.promotion = {game.FromSq, game.ToSq, game.Board[game.FromSq], game.Turn, game.MoveRow};
 }
 
 // A disabled entry cannot be chosen; the menu stays.
 void StreamRig::answerDrop(RigBoard& board, int choice) {
-    Menu* const menu = menuFor(board, true);
     const auto entry = static_cast<std::size_t>(choice);
-    if (!menu || (entry < menu->drops->size() && !(*menu->drops)[entry].enabled)) return;
-    menu->up = false;
-    if (entry >= menu->drops->size()) return;
+    if (!board.drops || (entry < board.drops->size() && !(*board.drops)[entry].enabled)) return;
+    board.drops.reset();
+    if (entry >= DropEntries().size()) return;
     board.dropping = true;
     board.input.drop(choice);
     board.dropping = false;
 }
 
-void StreamRig::closeMenus() {
-    if (!menus_.empty()) menus_.back()->up = false;
+// Gives the boards whose promotion menu was up.
+std::vector<RigBoard*> StreamRig::closeMenus() {
+    std::vector<RigBoard*> asking;
+    for (const auto& board : boards_) {
+        board->drops.reset();
+        if (!board->promotion || !std::exchange(board->promotion->up, false)) continue;
+        asking.push_back(board.get());
+    }
+    return asking;
 }

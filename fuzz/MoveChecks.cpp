@@ -1,4 +1,4 @@
-// The session and its boards without windows: what has to hold of moves by hand, and of positions that arrive.
+// The program without its windows: what has to hold of moves by hand, and of positions that arrive.
 #include "StreamRig.h"
 
 #include "MoveModel.h"
@@ -6,6 +6,7 @@
 #include "common/modChess.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -33,28 +34,42 @@ bool onBoard(int square) { return square >= 0 && square < 64; }
 
 } // namespace
 
-// Runs `act`, which may let go of the piece in hand at a display square, and looks at what became of the move. When
-// anything ran inside it, the board may have changed by that, or be gone.
+// Runs `act`, which may let go of the piece in hand at a display square, and looks at what became of the move.
 void StreamRig::landing(RigBoard& board, int position, const std::function<void()>& act) {
     const Game& game = board.game;
-    const BeforeLanding before{
-        game.Board,      game.Turn,      game.MoveRow, game.MoveMode, game.Dragging ? game.DragFrom : -1,
-        game.PreMoveSet, board.movesSent};
+    const BeforeLanding before{game.Board,
+                               game.Turn,
+                               game.MoveRow,
+                               game.MoveMode,
+                               game.Dragging ? game.DragFrom : -1,
+                               game.PreMoveSet,
+                               board.promotion.has_value(),
+                               board.movesSent};
     const int to = position == OffBoard ? before.from : board.squareAt(position);
     const bool inHand = game.Dragging && game.FromSet == 1;
     const bool legal = inHand && to != before.from && modelMayMove(game, before.from, to);
-    const long events = events_;
+    const bool asks = legal && modelAsks(game, before.from, to);
     act();
-    if (events_ != events || before.from == -1) return;
+    if (before.from == -1) return;
     if (game.Dragging) {
         require(game.Board == before.squares && board.movesSent == before.movesSent,
                 "no move is made while it is held");
         require(game.PreMoveSet == before.preMoveSet, "no move is queued while it is held");
     } else if (before.mode == 1) {
         checkQueued(board, before, to);
+    } else if (asks) {
+        checkAsked(board, before, to);
     } else {
         checkPlayed(board, before, to, legal);
     }
+}
+
+void StreamRig::checkAsked(const RigBoard& board, const BeforeLanding& before, int to) const {
+    const auto& asked = board.promotion;
+    require(asked && asked->up && !before.asking, "a pawn that reaches the end asks what it becomes");
+    require(asked->from == before.from && asked->to == to, "what is asked for is what was moved");
+    require(board.game.Board == before.squares && board.game.Turn == before.turn, "no move is made while it is asked");
+    require(board.movesSent == before.movesSent, "no move is sent while it is asked");
 }
 
 void StreamRig::checkQueued(const RigBoard& board, const BeforeLanding& before, int to) const {
@@ -67,6 +82,7 @@ void StreamRig::checkQueued(const RigBoard& board, const BeforeLanding& before, 
 
 void StreamRig::checkPlayed(const RigBoard& board, const BeforeLanding& before, int to, bool legal) const {
     const Game& game = board.game;
+    require(board.promotion.has_value() == before.asking, "nothing but a pawn at the end asks");
     require(board.movesSent == before.movesSent + (legal && game.icsMode ? 1 : 0), "a move is sent when it is made");
     if (!legal) {
         require(game.Board == before.squares && game.Turn == before.turn, "a refused move changes no square");
@@ -84,25 +100,55 @@ void StreamRig::checkPlayed(const RigBoard& board, const BeforeLanding& before, 
     require(game.grdMoves.text(before.row, col + 1) == game.MoveText[before.row][col], "the list shows the move");
 }
 
-void StreamRig::receivePosition(int window) {
-    Game& game = boardAt(window);
-    RigBoard& board = **std::ranges::find_if(boards_, [&](const auto& open) { return &open->game == &game; });
+// The answer of the menu, 0 when it was dismissed.
+void StreamRig::promote(RigBoard& board, int piece) {
+    const auto asked = *board.promotion;
+    board.promotion.reset();
+    const Game& game = board.game;
+    const BoardSquares squares = game.Board;
+    const int turn = game.Turn;
+    const long sent = board.movesSent;
+    const bool stands = squares[asked.from] == asked.pawn && turn == asked.turn;
+    board.input.promote(piece);
+    require(board.movesSent == sent + (stands && game.icsMode ? 1 : 0), "an answered promotion is sent once");
+    if (stands) {
+        checkPromoted(board, asked, piece);
+    } else {
+        require(game.Board == squares && game.Turn == turn, "a pawn or a turn that went takes the promotion along");
+    }
+}
+
+void StreamRig::checkPromoted(const RigBoard& board, const RigBoard::Promotion& asked, int piece) const {
+    static constexpr std::array<char, 6> Letters{0, 0, 'Q', 'R', 'B', 'N'};
+    const Game& game = board.game;
+    require(game.Turn == -asked.turn, "the turn passes with a promotion");
+    require(game.Board[asked.from] == 0 && game.Board[asked.to] == asked.turn * piece,
+            "the piece that was chosen stands where the pawn went");
+    require(!game.icsMode || (board.lastFrom == asked.from && board.lastTo == asked.to &&
+                              board.lastPromotion == Letters[static_cast<std::size_t>(piece)]),
+            "what is sent is the promotion that was chosen");
+    require(!game.MoveText[asked.row][(1 - asked.turn) / 2].empty(), "a promotion is written down");
+}
+
+void StreamRig::receivePosition(RigBoard& board, const std::function<void()>& act) {
+    const Game& game = board.game;
     const bool queued = game.PreMoveSet;
     const bool again = game.MoveMode == 1;
     const int from = game.PreFrom;
     const int to = game.PreTo;
     const long sent = board.movesSent;
-    board.overtaken = false;
-    const long events = events_;
-    game.zSetPosition(false);
-    if (events_ != events) return;
+    const bool asking = board.promotion.has_value();
+    act();
     const bool played = board.movesSent != sent;
+    const bool asks = !asking && board.promotion;
     checkPosition(game, played);
     require(game.PreMoveSet == (queued && again), "a queued move is played once, or queued again under the pointer");
     require(!played ||
                 (queued && !again && board.lastFrom == from && board.lastTo == to && board.movesSent == sent + 1),
             "an arriving position sends the queued move alone");
-    require(played || !queued || again || !modelMayMove(game, from, to), "a queued move that fits is played");
+    require(!asks || (queued && !again && board.promotion->from == from && board.promotion->to == to),
+            "an arriving position asks for the queued pawn alone");
+    require(played || asks || !queued || again || !modelMayMove(game, from, to), "a queued move that fits is played");
 }
 
 void StreamRig::checkPosition(const Game& game, bool preMovePlayed) const {
@@ -116,19 +162,20 @@ void StreamRig::sendFromBoard(RigBoard& board, const std::string& text) {
     if (const auto move = readSentMove(text)) {
         require(board.game.icsMode, "a move is sent in a game of the server alone");
         require(takeOne(board.taken, move->from), "a move that is sent was made by hand, and is sent once");
-        require(!board.overtaken, "a move whose pawn or turn went under the menu is not sent");
         ++board.movesSent;
         board.lastFrom = move->from;
         board.lastTo = move->to;
+        board.lastPromotion = move->promotion;
     } else if (isSentDrop(text)) {
         require(board.dropping, "a drop was chosen from its menu");
     } else {
         require(text == "unob" || text == "unex", "a board sends moves, drops and its leave");
     }
-    road_.zSendMsg(text);
+    session_.road.zSendMsg(text);
 }
 
-// Between events: a piece on the pointer, a queued move, or neither, and each from a square where a piece was taken up.
+// Between events: a piece on the pointer, a queued move, a pawn that is asked for, or none of them, and each from a
+// square where a piece was taken up.
 void StreamRig::checkHand(RigBoard& board) const {
     const Game& game = board.game;
     require(game.Dragging || game.FromSet == 0, "a move is in hand only while its piece hangs on the pointer");
@@ -137,8 +184,9 @@ void StreamRig::checkHand(RigBoard& board) const {
     std::vector<int> rest;
     if (game.Dragging) rest.push_back(game.DragFrom);
     if (game.PreMoveSet) rest.push_back(game.PreFrom);
+    if (board.promotion) rest.push_back(board.promotion->from);
     for (const int square : rest) {
-        require(onBoard(square) && takeOne(board.taken, square), "what is in hand or queued was taken up by hand");
+        require(onBoard(square) && takeOne(board.taken, square), "what is in hand, queued or asked for was taken up");
     }
     board.taken = rest;
     require(!game.PreMoveSet || (onBoard(game.PreTo) && game.PreFrom != game.PreTo), "a queued move goes somewhere");
@@ -152,8 +200,9 @@ void StreamRig::checkMarks(RigBoard& board) const {
     if (!game.icsMode) std::ranges::replace(board.marks, 1, 0);
     for (int square = 0; square < 64; ++square) {
         const bool queued = game.PreMoveSet && (square == game.PreFrom || square == game.PreTo);
+        const bool asked = board.promotion && (square == board.promotion->from || square == board.promotion->to);
         const bool marked = board.marks[static_cast<std::size_t>(square)] == 1;
-        require(!marked || queued || (game.Dragging && square == game.DragFrom),
-                "no square is marked but those of the queued move and of the piece in hand");
+        require(!marked || queued || asked || (game.Dragging && square == game.DragFrom),
+                "no square is marked but those of a queued move, of a promotion and of the piece in hand");
     }
 }

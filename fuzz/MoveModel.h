@@ -100,6 +100,12 @@ inline bool modelMayMove(const Game& game, int from, int to, const ModelGrants* 
     }
 }
 
+// Whether the user is asked what the pawn becomes that moves from `from` to `to`.
+inline bool modelAsks(const Game& game, int from, int to) {
+    const bool atEnd = to < HandSquare && (rankOf(to) == 0 || rankOf(to) == 7);
+    return atEnd && std::abs(game.Board[from]) == Piece::Pawn && modChess.AutoQueen == 0;
+}
+
 // Whether `side` attacks the other king, which counts as standing on a9 when it is not on the board.
 inline bool modelChecks(const Game& game, int side, const ModelGrants* grants = nullptr) {
     int king = 0;
@@ -114,6 +120,7 @@ inline bool modelChecks(const Game& game, int side, const ModelGrants* grants = 
 struct SentMove {
     int from = 0;
     int to = 0;
+    char promotion = 0; // the piece's letter
 };
 
 inline bool isSquareName(std::string_view name) {
@@ -128,7 +135,7 @@ inline std::optional<SentMove> readSentMove(std::string_view text) {
     if (rest.size() > 1 && rest.ends_with('+')) rest.remove_suffix(1);
     const bool promotes = rest.size() == 2 && rest[0] == '=' && std::string_view("QRBN").find(rest[1]) != rest.npos;
     if (!rest.empty() && !promotes) return std::nullopt;
-    return SentMove{zSquareNumber(text.substr(0, 2)), zSquareNumber(text.substr(3, 2))};
+    return SentMove{zSquareNumber(text.substr(0, 2)), zSquareNumber(text.substr(3, 2)), promotes ? rest[1] : '\0'};
 }
 
 // A drop as it goes to the server: "N@f3".

@@ -5,13 +5,13 @@
 #include "view/BoardGeometry.h"
 
 #include <array>
+#include <optional>
 #include <vector>
 
 struct RigBoard {
     Game game;
     MoveInput input{game};
     BoardGeometry geometry;
-    long serial = 0; // unique in one run
     bool clockRuns = false;
     bool noPlayRuns = false;
 
@@ -20,15 +20,27 @@ struct RigBoard {
     int held = 0;               // buttons that are down, as a sum
     int pointer = OffBoard;     // display square under the pointer
     int heldPointer = OffBoard; // the same at the mouse-up that tmrSlip holds
-    bool dropping = false;      // an entry of the drop menu is being answered
+
+    // The menus. One that a press closed tells so behind the press.
+    struct Promotion {
+        int from;
+        int to;
+        int pawn;
+        int turn;
+        int row;
+        bool up = true;
+    };
+    std::optional<Promotion> promotion; // not answered yet
+    std::optional<DropEntries> drops;   // the drop menu while it is up
+    bool dropping = false;              // an entry of it is being answered
 
     // What was seen
     std::vector<int> taken;      // squares from which pieces were taken up by hand whose move may still come
     std::array<int, 64> marks{}; // as each square was painted last
-    bool overtaken = false;      // the move that asked for a promotion went meanwhile
     long movesSent = 0;
     int lastFrom = -1; // of the latest move that went to the server
     int lastTo = -1;
+    char lastPromotion = 0; // 0 for none
 
     // The board square under a display square; -1 beside the board.
     int squareAt(int position) const { return position == OffBoard ? -1 : geometry.DisplaySquare[position]; }

@@ -1,20 +1,21 @@
-// A chat box without a window: the box, what its two texts hold, and its caption.
+// A chat box without a window: the box, what its two texts hold, its caption, and the question for the buddy.
 #pragma once
 
 #include "session/ChatBox.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 struct RigChat {
     ChatBox box;
-    long serial = 0; // unique in one run
     std::string caption = "Chat";
-    std::string talk;      // txtChat
-    std::size_t caret = 0; // in `talk`
-    std::string typed;     // txtTell
-    bool askDue = true;    // tmrStart runs
+    std::string talk;                    // txtChat
+    std::size_t caret = 0;               // in `talk`
+    std::string typed;                   // txtTell
+    bool asked = false;                  // the question for the buddy has been asked, as it is once
+    std::optional<std::string> proposal; // of the question while it is up
 
     explicit RigChat(ServerRoad& road) : box(road) {
         ChatHooks& hooks = box.hooks;

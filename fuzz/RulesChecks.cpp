@@ -110,7 +110,7 @@ void RulesRun::checkText(const Before& before, int from, int to, const std::stri
         return;
     }
     const auto promotion = body.find('=');
-    require((promotion != body.npos) == (promotes(before.squares, from, to) && (promoted_ > 0 || modChess.AutoQueen)),
+    require((promotion != body.npos) == (promotes(before.squares, from, to) && (promotion_ > 0 || modChess.AutoQueen)),
             "a promotion names its piece");
     body = body.substr(0, promotion);
     const bool takes = before.squares[to] != 0 || takesEnPassant(before.squares, from, to);

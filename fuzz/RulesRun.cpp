@@ -13,10 +13,6 @@
 RulesRun::RulesRun(std::string_view bytes) : rest_(bytes) {
     modChess = {};
     GameSurface& surface = game_->surface;
-    surface.popupPromote = [this] {
-        game_->PromotePiece = static_cast<std::int16_t>(promotion_);
-        promoted_ = promotion_ == 0 ? -1 : promotion_;
-    };
     surface.zSendMsg = [this](const std::string& text) {
         require(sent_.empty(), "a move sends one line");
         sent_ = text;
@@ -81,7 +77,6 @@ void RulesRun::step(std::uint8_t first, std::uint8_t second) {
     int from = first & 63;
     int to = second & 63;
     promotion_ = (second >> 6U) == 1 ? 0 : Piece::Queen + choice;
-    promoted_ = 0;
     sent_.clear();
     switch (second >> 6U) {
     case 2:
@@ -103,17 +98,26 @@ void RulesRun::pickMove(int& from, int& to) const {
     }
 }
 
+// Makes the move as a hand does: a pawn that has to be asked for is answered at once.
+std::string RulesRun::make(int from, int to, bool legal) {
+    Game& game = *game_;
+    game.zSetFrom(from);
+    const bool asks = game.asksPromotion(to);
+    require(asks == (legal && modelAsks(game, from, to)), "a pawn that reaches the end is asked for");
+    if (asks) game.PromotePiece = static_cast<std::int16_t>(promotion_);
+    return game.zMakeMove(to, true, true);
+}
+
 void RulesRun::move(int from, int to) {
     Game& game = *game_;
     const Before before{game.Board, game.Turn, game.MoveRow};
     const bool legal = from != to && modelMayMove(game, from, to, &grants_);
     require(game.zMoveOK(from) == modelMayTake(game, from), "who may take up a piece");
     require(from == to || game.zMoveLegal(from, to) == legal, "the rules allow what they should");
-    game.zSetFrom(from);
-    const std::optional<std::string> text = game.zMakeMove(to, true, true);
-    require(text && text->empty() != legal, "a move is made if the rules allow it");
+    const std::string text = make(from, to, legal);
+    require(text.empty() != legal, "a move is made if the rules allow it");
     require(game.FromSet == 0, "no move is in hand behind one");
-    if (legal) return checkMade(before, from, to, *text);
+    if (legal) return checkMade(before, from, to, text);
     require(game.Board == before.squares && game.Turn == before.turn && game.MoveRow == before.row,
             "a refused move changes nothing");
     require(sent_.empty(), "a refused move is not sent");
@@ -124,10 +128,9 @@ void RulesRun::drop(int kind, int to) {
     Game& game = *game_;
     game.Board[HandSquare] = static_cast<std::int16_t>(game.Turn * kind);
     const Before before{game.Board, game.Turn, game.MoveRow};
-    game.zSetFrom(HandSquare);
-    const std::optional<std::string> text = game.zMakeMove(to, true, true);
-    require(text && !text->empty(), "a drop is made");
-    checkMade(before, HandSquare, to, *text);
+    const std::string text = make(HandSquare, to, true);
+    require(!text.empty(), "a drop is made");
+    checkMade(before, HandSquare, to, text);
 }
 
 // By the store, which has the position before each ply of a local game. No button of the board does it.

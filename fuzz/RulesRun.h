@@ -38,6 +38,7 @@ private:
     void setUp();
     void step(std::uint8_t first, std::uint8_t second);
     void pickMove(int& from, int& to) const;
+    std::string make(int from, int to, bool legal);
     void move(int from, int to);
     void drop(int kind, int to);
     void takeBack();
@@ -53,7 +54,6 @@ private:
     std::string_view rest_;
     bool picks_ = false;
     int promotion_ = 0;        // the answer of the menu; 0 none
-    int promoted_ = 0;         // what the last move promoted to; -1 asked for and not chosen
     std::string sent_;         // by the last move
     std::vector<Before> past_; // of a local game
     ModelGrants grants_;

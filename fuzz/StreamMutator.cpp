@@ -1,5 +1,5 @@
-// Changes inputs of fuzz_stream by whole segments: events come and go, change places or their time, and positions of
-// games arrive in between.
+// Changes inputs of fuzz_stream by whole segments: events come and go and change places, and positions of games arrive
+// in between, whole or in pieces.
 #include "Events.h"
 #include "Tape.h"
 
@@ -69,9 +69,8 @@ std::string move(Random& random) {
                                       std::pair{57, 42}, std::pair{48, 56}, std::pair{8, 0},   std::pair{4, 6},
                                       std::pair{60, 58}, std::pair{35, 42}, std::pair{30, 23}, std::pair{11, 27}};
     const auto& [from, to] = oneOf(Pairs, random);
-    const int pumped = below(random, 4) == 0 ? 128 : 0;
     const int turned = below(random, 8) == 0 ? 63 : 0;
-    return event(Event::Lift | pumped, from ^ turned) + event(Event::Land | pumped, to ^ turned);
+    return event(Event::Lift, from ^ turned) + event(Event::Land, to ^ turned);
 }
 
 // Drag or click style, with and without moves in advance, asked-for promotions and delays.
@@ -80,13 +79,44 @@ std::string options(Random& random) {
     return event(Event::Options, oneOf(Options, random));
 }
 
-std::string newSegment(Random& random) {
+// A wait as long as it matters to arrivals.
+std::string wait(Random& random) {
+    static constexpr std::array Times{1, 10, 29, 30, 31};
+    return event(Event::TimePasses, oneOf(Times, random));
+}
+
+// The server's text comes in two packets, with a wait between.
+std::string inPieces(const std::string& text, Random& random) {
+    const auto cut = static_cast<std::size_t>(below(random, text.size()));
+    return event(Event::Nothing, 0) + text.substr(0, cut) + wait(random) + text.substr(cut);
+}
+
+// What is said behind the prompt is held until it shows again.
+std::string held(Random& random) {
+    static constexpr std::array<std::string_view, 4> Texts{"\n\r", "word", "\n\rheld\n\r", "a\n\rb\n\r"};
+    static constexpr std::array Times{0, 9, 99, 255};
+    return event(Event::TmrPrompt, 0) + event(Event::Burst, oneOf(Times, random)).append(oneOf(Texts, random)) +
+           wait(random);
+}
+
+std::string lineSegment(Random& random) {
+    static constexpr std::array Events{Event::TmrPrompt,  Event::TmrArrival,        Event::TmrState,    Event::Connect,
+                                       Event::HangUp,     Event::Disconnect,        Event::SocketError, Event::TmrTCP,
+                                       Event::TmrClose,   Event::ConnectionOptions, Event::AutoLogon,   Event::Burst,
+                                       Event::VerboseMode};
+    static constexpr std::array<std::string_view, 9> Texts{
+        "",         "fics% ", "\n\rfics% \n\r", "login: ", "password: ", "\xFF\xFB\x01", "\xFF\xFA\x18\x01\xFF",
+        "\xFF\xF0", "\xFF"};
+    return event(oneOf(Events, random), below(random, 64)).append(oneOf(Texts, random));
+}
+
+std::string handSegment(Random& random) {
     static constexpr std::array Hands{
         Event::Lift,       Event::Land,         Event::LeftPress,     Event::LeftRelease, Event::RightPress,
         Event::TmrSlip,    Event::PointerMoves, Event::PointerLeaves, Event::DropAnswer,  Event::PromotionAnswer,
         Event::NewChat,    Event::NameChat,     Event::TypeTell,      Event::TellEnter,   Event::CloseChat,
         Event::TellKey,    Event::Options,      Event::NoPlayOver,    Event::ExitMove,    Event::Invert,
-        Event::Resized,    Event::CloseAtOnce,  Event::CloseLater,    Event::HangUp,      Event::Nothing,
+        Event::Resized,    Event::CloseAtOnce,  Event::CloseLater,    Event::AskForBuddy, Event::Nothing,
         Event::CloseByUser};
     static constexpr std::array<std::string_view, 7> Texts{
         "",
@@ -96,27 +126,37 @@ std::string newSegment(Random& random) {
         "\n\r<b1> game 12 white [PNQ] black [rp]\n\rfics% ",
         "\n\r{Game 12 (Anders vs. Berta) Berta resigns} 1-0\n\rfics% ",
         "bo"};
-    const int pumped = below(random, 3) == 0 ? 128 : 0;
-    switch (below(random, 8)) {
+    const int which = below(random, 8) == 0 ? 64 : 0;
+    return event(oneOf(Hands, random), below(random, 64) | which).append(oneOf(Texts, random));
+}
+
+std::string newSegment(Random& random) {
+    switch (below(random, 12)) {
     case 0:
     case 1:
-        return event(Event::Nothing | pumped, 0) + position(random);
+        return event(Event::Nothing, 0) + position(random);
     case 2:
+        return inPieces(position(random), random);
     case 3:
-        return move(random);
     case 4:
+        return move(random);
+    case 5:
         return options(random);
+    case 6:
+        return wait(random);
+    case 7:
+        return held(random);
+    case 8:
+        return lineSegment(random);
     default:
-        break;
+        return handSegment(random);
     }
-    const int which = below(random, 8) == 0 ? 64 : 0;
-    return event(oneOf(Hands, random) | pumped, below(random, 64) | which).append(oneOf(Texts, random));
 }
 
 void change(std::vector<std::string>& segments, Random& random) {
     const auto at = segments.begin() + below(random, segments.size());
     const auto other = segments.begin() + below(random, segments.size());
-    switch (below(random, 6)) {
+    switch (below(random, 5)) {
     case 0:
         segments.erase(at);
         return;
@@ -124,9 +164,6 @@ void change(std::vector<std::string>& segments, Random& random) {
         std::swap(*at, *other);
         return;
     case 2:
-        if (at->size() > 2) (*at)[1] = static_cast<char>((*at)[1] ^ '\x80');
-        return;
-    case 3:
         if (at->size() > 2) (*at)[2] = static_cast<char>(random());
         return;
     default:

@@ -1,10 +1,8 @@
-// The session and its boards without windows: text in, windows opened and closed, what has to hold.
+// The program without its windows: its life from the first board to the last line, and what holds between events.
 #include "StreamRig.h"
 
-#include "ConsoleModel.h"
 #include "Events.h"
 #include "Require.h"
-#include "common/Fault.h"
 #include "common/Squares.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
@@ -12,17 +10,27 @@
 #include <algorithm>
 #include <cstdlib>
 
-StreamRig::StreamRig(std::string_view bytes) : tape_(bytes) {
+namespace {
+
+constexpr const char* Password = "se=cr*et";
+constexpr int FirstTick = 1000; // ms
+
+bool textHolds(Tape tape, const std::string& word) {
+    std::string all;
+    while (!tape.done()) all += tape.next().text;
+    return all.find(word) != all.npos;
+}
+
+} // namespace
+
+StreamRig::StreamRig(std::string_view bytes) : tape_(bytes), passwordInTape_(textHolds(tape_, Password)) {
     modChess = {};
     openWindows = {};
-    openWindows.add({"frmChessClient", this, nullptr, {}});
-    logOn_.handle = "guest";
-    logOn_.password = "secret";
-    wirePipeline();
-    wireClassifier();
-    wireBoards();
-    wireChat();
-    wireRoad();
+    openWindows.add({"frmChessClient", this, [] {}});
+    session_.logOn.handle = "guest";
+    session_.logOn.password = Password;
+    lookOn();
+    readCaptures();
 }
 
 StreamRig::~StreamRig() {
@@ -32,10 +40,11 @@ StreamRig::~StreamRig() {
 
 void StreamRig::run() {
     try {
-        happen({Event::NewBoard, 0, {}}); // the first board of the start-up
+        openBoard(); // the first board of the start-up
+        clock_.start(SessionTimer::tmrTCP, FirstTick);
+        pass(FirstTick);
         while (!tape_.done()) {
             happen(tape_.next());
-            closed_.clear();
             checkRest();
         }
         finish();
@@ -43,104 +52,67 @@ void StreamRig::run() {
     }
 }
 
-// What the socket does with received bytes.
-void StreamRig::deliver() {
-    while (cutter_.waiting() > 0 && pipeline_.PendingText.size() <= ArrivalCutter::Limit) {
-        waiting_ = cutter_.take(modChess.gPrompt, now_);
-        if (waiting_.empty()) return;
-        require(waiting_.size() <= ArrivalCutter::Limit, "an arrival holds no more than the limit");
-        arrived_ += waiting_;
-        pipeline_.zDataArrival();
-    }
-}
-
 std::string StreamRig::shown() const { return console_ + modChess.BlockedText; }
 
-// Checked only when nothing else ran in the batch, which might print as well.
-void StreamRig::parseBatch(const std::string& batch) {
-    const std::size_t before = shown().size();
-    const long events = events_;
-    const long tells = tells_;
-    const bool verbose = lines_.verbose;
-    const bool promptShown = classifier_.PromptShown;
-    classifier_.zDataParse(batch);
-    if (events_ == events) checkConsole(batch, before, verbose && tells_ == tells, promptShown);
-}
-
-void StreamRig::checkConsole(const std::string& batch, std::size_t before, bool verbose, bool promptShown) const {
-    const std::string added = shown().substr(before);
-    if (modChess.gConsoleQuiet) {
-        require(added.empty(), "a quiet console shows nothing");
-    } else if (!verbose) {
-        require(isLeftOf(squeezed(added), squeezed(batch)), "the console shows only what arrived, in its order");
-    } else if (const auto expected = verboseText(batch, modChess.gPrompt, promptShown)) {
-        require(squeezed(added) == *expected, "in Verbose Mode the console shows every line");
-    }
-}
-
-const void* StreamRig::openBoard() {
+void StreamRig::openBoard() {
+    require(!modChess.AppClosing, "no board opens while the program closes");
     RigBoard& board = *boards_.emplace_back(std::make_unique<RigBoard>());
-    board.serial = ++serials_;
-    openWindows.add({"frmChessBoard", &board, &board.game, {}});
+    openWindows.add({.className = "frmChessBoard",
+                     .window = &board,
+                     .unload = [] {},
+                     .content = &board.game,
+                     .zBoardSetup = [&board] { board.game.zBoardSetup(false); }});
     fillSurface(board);
     board.game.beginLoad();
     board.paint();
-    const void* const identity = &board;
     board.game.finishLoad();
-    return identity;
 }
 
-RigBoard* StreamRig::boardOf(long serial) const {
-    const auto found = std::ranges::find(boards_, serial, &RigBoard::serial);
-    return found == boards_.end() ? nullptr : found->get();
-}
-
-RigChat* StreamRig::chatOf(long serial) const {
-    const auto found = std::ranges::find(chats_, serial, &RigChat::serial);
-    return found == chats_.end() ? nullptr : found->get();
+RigBoard& StreamRig::boardWith(const Game& game) const {
+    return **std::ranges::find_if(boards_, [&](const auto& open) { return &open->game == &game; });
 }
 
 void StreamRig::closeBoard(RigBoard& board, bool destroyNow) {
+    board.input.stop();
+    require(board.slip == 0, "a closed board has no timer of the move in hand");
     openWindows.remove(&board);
-    const auto found =
-        std::ranges::find_if(boards_, [&](const std::unique_ptr<RigBoard>& open) { return open.get() == &board; });
-    std::unique_ptr<RigBoard> taken = std::move(*found);
+    const auto found = std::ranges::find_if(boards_, [&](const auto& open) { return open.get() == &board; });
+    if (!destroyNow) closed_.push_back(std::move(*found));
     boards_.erase(found);
-    taken->game.windowClosed();
-    taken->input.stop();
-    require(taken->slip == 0, "a closed board has no timer of the move in hand");
-    for (Menu* menu : menus_) menu->up = menu->up && menu->board != taken->serial;
-    if (!destroyNow) closed_.push_back(std::move(taken));
 }
 
-void StreamRig::clearBoards() {
-    for (const auto& board : boards_) {
-        for (int panel = 1; panel <= 3; ++panel) board->game.surface.setPanel(panel, "");
-        board->game.surface.setTitle("Brightrank - Board");
-        board->game.currentGame.clear();
+// A menu comes down with its window, and tells so.
+void StreamRig::destroyClosed() {
+    for (const auto& board : closed_) {
+        const BoardSquares squares = board->game.Board;
+        if (board->promotion) board->input.promote(0);
+        require(board->game.Board == squares, "nothing moves on a closed board");
     }
+    closed_.clear();
 }
 
 // The line goes quiet: all that was held back comes out.
 void StreamRig::finish() {
     do {
-        now_ += ArrivalCutter::PatienceMs;
         happen({Event::TmrArrival, 0, {}});
         checkRest();
-    } while (cutter_.waiting() > 0 || armed_[static_cast<std::size_t>(SessionTimer::tmrArrival)]);
-    require(arrived_ == given_, "the arrivals put together are the bytes given");
-    require(pipeline_.PendingText.empty(), "no text stays behind when the line is quiet");
+    } while (socket_.waits() || clock_.runs(SessionTimer::tmrArrival));
+    require(session_.pipeline.PendingText.empty(), "no text stays behind when the line is quiet");
+    require(parsed_ == socket_.text().size(), "all text is read when the line is quiet");
+    checkPassword();
 }
 
 void StreamRig::checkRest() {
-    const bool held = armed_[static_cast<std::size_t>(SessionTimer::tmrArrival)];
-    require(arrived_.size() + cutter_.waiting() == given_.size(), "no byte is lost or doubled");
-    require(!pipeline_.ParseBusy, "the busy mark falls when the drain ends");
-    require(pipeline_.PendingText.empty() || held, "pending text is held with its timer running");
-    require(pipeline_.PendingText.size() <= arrived_.size(), "no more is pending than arrived");
-    require(classifier_.SuppressCount >= -1 && classifier_.SuppressCount <= 1000, "the line eater's count has a range");
-    require(pipeline_.login >= 0 && pipeline_.login <= 2, "login is 0, 1 or 2");
-    require(menus_.empty(), "no menu stays up when nothing runs");
+    const TextPipeline& pipeline = session_.pipeline;
+    const std::string& pending = pipeline.PendingText;
+    require(!pipeline.ParseBusy, "the busy mark falls when the drain ends");
+    require(pending.empty() || clock_.runs(SessionTimer::tmrArrival), "pending text is held with its timer running");
+    require(parsed_ + pending.size() == socket_.taken(), "text is pending or read");
+    require(socket_.text().compare(parsed_, pending.size(), pending) == 0, "what is pending comes behind what is read");
+    const std::int32_t eater = session_.classifier.SuppressCount;
+    require(eater >= -1 && eater <= 1000, "the line eater's count has a range");
+    require(pipeline.login >= 0 && pipeline.login <= 2, "login is 0, 1 or 2");
+    require(session_.road.idleSeconds >= -1 && session_.road.idleSeconds <= 20, "idle seconds count round");
     for (const auto& board : boards_) {
         checkBoard(board->game);
         checkHand(*board);
@@ -154,7 +126,14 @@ void StreamRig::checkBoard(const Game& game) const {
             "every square holds a piece or nothing");
     require(game.Board[HandSquare] == 0, "the hand is empty");
     require(game.ShownPly >= 0 && game.ShownPly <= LastPly, "the shown ply is in the store");
-    // Not more: a connection lost while the first position is painted leaves `icsMode` and `currentGame` set.
     const bool idle = game.Style12Record.Relation == -100 && !relationFaked_;
-    require(!idle || game.gameIndex == 0, "an idle board answers to no game");
+    require(!idle || (game.gameIndex == 0 && !game.icsMode && game.currentGame.empty()), "an idle board has no game");
+}
+
+void StreamRig::checkPassword() const {
+    if (passwordInTape_) return;
+    require(shown().find(Password) == std::string::npos, "the password is not shown");
+    for (const std::string& line : session_.road.history.entries) {
+        require(line != Password, "the password is not in the history");
+    }
 }

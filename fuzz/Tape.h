@@ -13,7 +13,6 @@ class Tape {
 public:
     static constexpr char Mark = '\xFE';
 
-    // One segment. `kind` is bits 0 to 6 of the event; 126 is not to be had inside a pump, where its byte is the mark.
     struct Segment {
         int kind = 0;
         std::uint8_t argument = 0;
@@ -28,14 +27,11 @@ public:
 
     bool done() const { return rest_.empty(); }
 
-    // True when the next segment runs inside a pump of the message loop, if there is one now: bit 7 of its event.
-    bool nextRunsInPump() const { return atMark() && (static_cast<std::uint8_t>(rest_[1]) & 128U) != 0; }
-
     // Takes the next segment. An argument that the input has no byte for is 0.
     Segment next() {
         Segment segment;
         if (atMark()) {
-            segment.kind = rest_[1] & 127;
+            segment.kind = static_cast<std::uint8_t>(rest_[1]);
             if (rest_.size() > 2) segment.argument = static_cast<std::uint8_t>(rest_[2]);
             rest_.remove_prefix(rest_.size() > 2 ? 3 : 2);
         }

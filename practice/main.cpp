@@ -1,6 +1,6 @@
 // Starts the practice server and ends it on a signal or with its owner.
-#include "practice/Options.h"
-#include "practice/Server.h"
+#include "practice/server/Options.h"
+#include "practice/server/Server.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

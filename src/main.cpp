@@ -17,7 +17,7 @@ namespace {
 
 void openBoard(const BoardRoads& roads, frmChessClient& client) {
     auto* board = new frmChessBoard(roads); // deletes itself after closing
-    QObject::connect(board, &frmChessBoard::chatWanted, &client, [&client] { client.showChat(); });
+    QObject::connect(board, &frmChessBoard::chatWanted, &client, [&client] { client.session.showChat(); });
     board->load();
 }
 

@@ -3,8 +3,7 @@
 #include <QTemporaryDir>
 
 #include "TestPaths.h"
-
-#include <gtest/gtest.h>
+#include "TestRun.h"
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
@@ -14,6 +13,5 @@ int main(int argc, char** argv) {
     qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    return runTests(argc, argv);
 }

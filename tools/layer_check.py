@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Checks the architecture of src/: floors, the wall between core and windows, circles, file sizes, words.
+"""Checks the architecture: floors of src/ and practice/, walls against Qt, the arrows of fuzz/, circles, sizes, words.
 
-The table ALLOWED is the architecture: a folder may include what its row names, and itself.
+The trees' floors are the architecture: a folder may include what stands on the floors below its own, and itself.
 Exit status 0 when the tree is sound, 1 with one line a finding when it is not.
 """
 import argparse
@@ -9,8 +9,8 @@ import os
 import re
 import sys
 
-# The floors, lowest first. Folders that stand on one floor do not see each other.
-FLOORS = [
+# Floors, lowest first. Folders that stand on one floor do not see each other.
+SRC_FLOORS = [
     ["common"],
     ["platform"],
     ["settings", "view"],
@@ -19,17 +19,39 @@ FLOORS = [
     ["session"],
     ["main.cpp"],
 ]
+PRACTICE_FLOORS = [
+    ["text"],
+    ["wire", "chess"],
+    ["people", "engine", "games"],
+    ["hall"],
+    ["play"],
+    ["commands"],
+    ["server"],
+    ["main.cpp"],
+]
 
-# Allowed arrows: everything on the floors below, nothing beside, nothing above.
-ALLOWED = {
-    folder: {below for lower in FLOORS[:number] for below in lower}
-    for number, floor in enumerate(FLOORS)
-    for folder in floor
-}
+
+class Tree:
+    """A tree whose files stand on floors and are sorted by hand into a library without Qt and one around it."""
+
+    def __init__(self, name, floors, prefix, qtFree, byUnits):
+        self.name = name
+        self.prefix = prefix  # what an include of a file of this tree begins with
+        self.qtFree = qtFree  # the target that may neither include Qt nor files of other targets
+        self.byUnits = byUnits  # a header and its .cpp count as one in the search for circles
+        # Allowed arrows: everything on the floors below, nothing beside, nothing above.
+        self.allowed = {
+            folder: {below for lower in floors[:number] for below in lower}
+            for number, floor in enumerate(floors)
+            for folder in floor
+        }
+
+
+SRC = Tree("src", SRC_FLOORS, prefix="", qtFree="brightrank_core", byUnits=False)
+PRACTICE = Tree("practice", PRACTICE_FLOORS, prefix="practice/", qtFree="brightrank_practice_lib", byUnits=True)
 
 MAX_LINES = 600
 CODE_FOLDERS = ["src", "practice", "tests", "fuzz", "bench"]
-CORE_TARGET = "brightrank_core"
 
 # Words that may not stand in the tree. A reader must be able to follow every reference from the tree alone,
 # and no text may tie it to one machine. Written with classes so that this file does not find itself.
@@ -58,24 +80,25 @@ def readLines(path):
 
 
 def folderOf(file):
-    """The row of the table a file of src belongs to: its folder, or its own name at the root of src."""
+    """The row of the table a file belongs to: its folder, or its own name at the root of its tree."""
     return file.split("/", 1)[0]
 
 
-def sourceFiles(src):
-    """Every .cpp and .h below src, relative to it, in order."""
+def sourceFiles(top):
+    """Every .cpp and .h below `top`, relative to it, in order."""
     found = []
-    for folder, _, names in os.walk(src):
+    for folder, _, names in os.walk(top):
         for name in names:
             if name.endswith((".cpp", ".h")):
-                found.append(os.path.relpath(os.path.join(folder, name), src))
+                found.append(os.path.relpath(os.path.join(folder, name), top))
     return sorted(found)
 
 
-def listedFiles(src, findings):
-    """What the CMakeLists of src sort: file relative to src -> the target that lists it."""
+def listedFiles(root, tree, findings):
+    """What the CMakeLists of a tree sort: file relative to the tree -> the target that lists it."""
+    top = os.path.join(root, tree.name)
     listed = {}
-    for folder, _, names in os.walk(src):
+    for folder, _, names in os.walk(top):
         if "CMakeLists.txt" not in names:
             continue
         text = re.sub(r"#[^\n]*", "", "\n".join(readLines(os.path.join(folder, "CMakeLists.txt"))))
@@ -83,9 +106,9 @@ def listedFiles(src, findings):
             for word in rest.replace("${CMAKE_CURRENT_SOURCE_DIR}/", "").split():
                 if not word.endswith((".cpp", ".h")):
                     continue
-                file = os.path.relpath(os.path.join(folder, word), src)
+                file = os.path.relpath(os.path.join(folder, word), top)
                 if file in listed:
-                    findings.append(f"src/{file}: listed twice, in {listed[file]} and in {target}")
+                    findings.append(f"{tree.name}/{file}: listed twice, in {listed[file]} and in {target}")
                 listed[file] = target
     return listed
 
@@ -98,56 +121,82 @@ def includesOf(path):
             yield number, match.group(1) or match.group(2), match.group(1) is not None
 
 
-def checkListing(src, files, listed, findings):
+def checkListing(root, tree, files, listed, findings):
     """Every file is listed in its folder, and every folder has a floor."""
     for file in files:
-        if folderOf(file) not in ALLOWED:
-            findings.append(f"src/{file}: {folderOf(file)} has no floor in tools/layer_check.py")
+        if folderOf(file) not in tree.allowed:
+            findings.append(f"{tree.name}/{file}: {folderOf(file)} has no floor in tools/layer_check.py")
         if file not in listed:
-            findings.append(f"src/{file}: not listed in the CMakeLists.txt of its folder")
-    rootList = os.path.join(src, "CMakeLists.txt")
+            findings.append(f"{tree.name}/{file}: not listed in the CMakeLists.txt of its folder")
+    rootList = os.path.join(root, tree.name, "CMakeLists.txt")
     rootText = "\n".join(readLines(rootList)) if os.path.exists(rootList) else ""
     for folder in sorted({folderOf(file) for file in files if "/" in file}):
         if not re.search(rf"\b{re.escape(folder)}\b", rootText):
-            findings.append(f"src/{folder}: not built, src/CMakeLists.txt does not name it")
+            findings.append(f"{tree.name}/{folder}: not built, {tree.name}/CMakeLists.txt does not name it")
 
 
-def checkArrow(where, file, target, listed, findings):
+def checkArrow(tree, where, file, target, listed, findings):
     """One include of a file of ours by another: the floors and the wall."""
     source, aim = folderOf(file), folderOf(target)
-    if source != aim and aim not in ALLOWED.get(source, set()):
+    if source != aim and aim not in tree.allowed.get(source, set()):
         findings.append(f"{where}: {source} may not include {aim}/ (arrows only run down)")
-    if listed.get(file) == CORE_TARGET and listed.get(target, CORE_TARGET) != CORE_TARGET:
-        findings.append(f"{where}: a core file includes {target} of the windows library")
+    if listed.get(file) == tree.qtFree and listed.get(target, tree.qtFree) != tree.qtFree:
+        findings.append(f"{where}: a file of {tree.qtFree} includes {target} of {listed[target]}")
 
 
-def checkIncludes(src, files, listed, findings):
+def checkIncludes(root, tree, files, listed, findings):
     """Checks each include; gives the arrows between our own files for the search for circles."""
     arrows = {file: [] for file in files}
-    known = set(files)
+    known = {tree.prefix + file: file for file in files}
     for file in files:
-        for number, name, quoted in includesOf(os.path.join(src, file)):
-            where = f"src/{file}:{number}"
-            if listed.get(file) == CORE_TARGET and QT_HEADER.match(name):
-                findings.append(f"{where}: Qt header {name} in {CORE_TARGET}")
+        for number, name, quoted in includesOf(os.path.join(root, tree.name, file)):
+            where = f"{tree.name}/{file}:{number}"
+            if listed.get(file) == tree.qtFree and QT_HEADER.match(name):
+                findings.append(f"{where}: Qt header {name} in {tree.qtFree}")
             elif name in known:
                 if not quoted:
-                    findings.append(f'{where}: {name} is ours and belongs in quotes')
-                arrows[file].append(name)
-                checkArrow(where, file, name, listed, findings)
+                    findings.append(f"{where}: {name} is ours and belongs in quotes")
+                arrows[file].append(known[name])
+                checkArrow(tree, where, file, known[name], listed, findings)
             elif quoted and not QT_HEADER.match(name) and not GENERATED.match(name):
-                findings.append(f"{where}: {name} is not root-relative to src")
+                findings.append(f"{where}: {name} is not root-relative to {tree.name}")
     return arrows
 
 
-def checkCircles(arrows, findings):
+def checkFuzzIncludes(root, files, core, findings):
+    """fuzz/ is one flat folder: it includes its own files by their names, and headers of the core; gives the arrows."""
+    arrows = {file: [] for file in files}
+    for file in files:
+        for number, name, quoted in includesOf(os.path.join(root, "fuzz", file)):
+            where = f"fuzz/{file}:{number}"
+            if not quoted and (name in arrows or name in core):
+                findings.append(f"{where}: {name} is ours and belongs in quotes")
+            if name in arrows:
+                arrows[file].append(name)
+            elif QT_HEADER.match(name) or (quoted and name not in core):
+                findings.append(f"{where}: {name} is neither a file of fuzz/ nor of {SRC.qtFree}")
+    return arrows
+
+
+def unitsOf(arrows):
+    """The arrows between units: a header and its .cpp are one, with the arrows of both but that from .cpp to header."""
+    units = {}
+    for file, targets in arrows.items():
+        unit, ending = os.path.splitext(file)
+        own = unit + ".h" if ending == ".cpp" else None
+        aims = units.setdefault(unit, {})  # in order, each once
+        aims.update({os.path.splitext(target)[0]: True for target in targets if target != own})
+    return units
+
+
+def checkCircles(tree, arrows, findings):
     """Depth-first walk; a file met again on its own path closes a circle."""
     done = set()
 
     def walk(file, path):
         if file in path:
             circle = path[path.index(file):] + [file]
-            findings.append("src/" + circle[0] + ": circle of includes " + " -> ".join(circle))
+            findings.append(f"{tree}/{circle[0]}: circle of includes " + " -> ".join(circle))
             return
         if file in done:
             return
@@ -187,29 +236,38 @@ def checkWords(root, findings):
                         findings.append(f'{file}:{number}: "{match.group(0).strip()}" is {why}')
 
 
+def checkTree(root, tree, files, findings):
+    """One tree with floors; gives the files that its CMakeLists sort."""
+    listed = listedFiles(root, tree, findings)
+    checkListing(root, tree, files, listed, findings)
+    arrows = checkIncludes(root, tree, files, listed, findings)
+    checkCircles(tree.name, unitsOf(arrows) if tree.byUnits else arrows, findings)
+    return listed
+
+
 def check(root):
     """All findings of the tree at root, one text each."""
     findings = []
-    src = os.path.join(root, "src")
-    files = sourceFiles(src)
-    if not files:
-        return [f"{src}: no source files here"]
-    listed = listedFiles(src, findings)
-    checkListing(src, files, listed, findings)
-    checkCircles(checkIncludes(src, files, listed, findings), findings)
+    files = {name: sourceFiles(os.path.join(root, name)) for name in (SRC.name, PRACTICE.name, "fuzz")}
+    for name, found in files.items():
+        if not found:
+            return [f"{os.path.join(root, name)}: no source files here"]
+    listed = checkTree(root, SRC, files[SRC.name], findings)
+    checkTree(root, PRACTICE, files[PRACTICE.name], findings)
+    core = {file for file, target in listed.items() if target == SRC.qtFree}
+    checkCircles("fuzz", unitsOf(checkFuzzIncludes(root, files["fuzz"], core, findings)), findings)
     checkSizes(root, findings)
     checkWords(root, findings)
     return findings
 
 
 def main():
-    parser = argparse.ArgumentParser(description="Checks the architecture of src/.")
+    parser = argparse.ArgumentParser(description="Checks the architecture of the tree.")
     parser.add_argument("root", nargs="?", default=os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
     parser.add_argument("--list-core", action="store_true", help="print the .cpp files of the core library and end")
     arguments = parser.parse_args()
     if arguments.list_core:
-        src = os.path.join(arguments.root, "src")
-        core = [file for file, target in listedFiles(src, []).items() if target == CORE_TARGET]
+        core = [file for file, target in listedFiles(arguments.root, SRC, []).items() if target == SRC.qtFree]
         print("\n".join("src/" + file for file in sorted(core) if file.endswith(".cpp")))
         return 0
     findings = check(arguments.root)

@@ -8,6 +8,9 @@
 
 #include <QTimer>
 
+#include <array>
+#include <utility>
+
 namespace {
 
 constexpr int MovePicture = 3; // of the pointers
@@ -92,9 +95,24 @@ void BoardInput::popupDrop(const DropEntries& entries) {
 
 void BoardInput::popupPromote() {
     constexpr int Queen = 2; // the first entry
+    dismissed_ = false;
     boxes.popup(*mnuPromote_, [this](QAction* chosen) {
-        moves.promote(chosen ? Queen + static_cast<int>(mnuPromote_->actions().indexOf(chosen)) : 0);
+        if (chosen) {
+            moves.promote(Queen + static_cast<int>(mnuPromote_->actions().indexOf(chosen)));
+        } else {
+            dismissPromotion();
+        }
     });
+}
+
+void BoardInput::dismissPromotion() {
+    dismissed_ = held_;
+    if (!held_) moves.promote(0);
+}
+
+void BoardInput::goOn() {
+    held_ = false;
+    if (dismissed_) dismissPromotion();
 }
 
 void BoardInput::stop() {

@@ -3,8 +3,6 @@
 
 #include "board/MoveInput.h"
 
-#include <array>
-
 struct BoardParts;
 class QMenu;
 class QTimer;
@@ -18,6 +16,10 @@ struct BoardInput {
 
     // Makes menus and timer as children of `window`, and fills in what the game and `moves` reach out with.
     void build(QWidget* window, const BoardParts& parts);
+    // The window asks whether it may close, which takes a menu down: a promotion dismissed so waits until goOn.
+    void hold() { held_ = true; }
+    // The window stays.
+    void goOn();
     // The window closes: no delay may end any more, and a menu that is up comes down.
     void stop();
 
@@ -27,7 +29,10 @@ private:
     void makeMenus(QWidget* window);
     void popupDrop(const DropEntries& entries);
     void popupPromote();
+    void dismissPromotion();
 
+    bool held_ = false;
+    bool dismissed_ = false; // while held
     QTimer* tmrSlip_ = nullptr;
     QMenu* mnuPromote_ = nullptr; // mnuQueen, mnuRook, mnuBishop, mnuKnight
     QMenu* mnuDrop_ = nullptr;    // mnuDQ, mnuDR, mnuDB, mnuDN, mnuDP

@@ -26,7 +26,6 @@ void BoardMenus::build(QMenuBar& bar) {
 
     QMenu* board = addMenu(bar, "mnuBoard", "&Board");
     mnuInvert = addEntry(board, "mnuInvert", "&Flip");
-    mnuInvert->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
     mnuClean = addEntry(board, "mnuClean", "C&lean");
     mnuColors = addEntry(board, "mnuColors", "&Colors");
     board->addSeparator();
@@ -51,8 +50,9 @@ void BoardMenus::build(QMenuBar& bar) {
     addUnbuilt(panels, "mnuOptions", "&Options");
 
     QMenu* help = addMenu(bar, "mnuMHelp", "&Help");
-    QObject::connect(addEntry(help, "mnuBRHelp", "&Brightrank Help"), &QAction::triggered, &bar,
-                     [&bar] { showHelpFile(bar.window()); });
+    QAction* manual = addEntry(help, "mnuBRHelp", "&Brightrank Help");
+    manual->setShortcut(QKeySequence(Qt::Key_F1));
+    QObject::connect(manual, &QAction::triggered, &bar, [&bar] { showHelpFile(bar.window()); });
     addUnbuilt(help, "mnuHelp", "&FICS Help Panel");
     help->addSeparator();
     mnuAbout = addEntry(help, "mnuAbout", "&About");

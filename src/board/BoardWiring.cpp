@@ -78,7 +78,9 @@ void frmChessBoard::fillTimers() {
     connect(&tmrNoPlay_, &QTimer::timeout, this, [this] { game.tmrNoPlay(); });
     connect(&tmrResize_, &QTimer::timeout, this, [this] {
         tmrResize_.stop();
-        if (resizeWatch_.timerFired()) game.zBoardSetup(false);
+        if (!resizeWatch_.timerFired()) return;
+        game.zBoardSetup(false);
+        resizeWatch_.fitted();
     });
 }
 

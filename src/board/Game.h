@@ -160,6 +160,8 @@ struct Game {
     void zGridSetup(); // grdMoves anew, MoveRow 1
     void zSetTop() { grdMoves.zSetTop(MoveRow); }
     void zGridLight(std::string_view text) { grdMoves.zGridLight(text); }
+    // Paints a square as GameSurface::zDrawSquare does; the hand and numbers that name no square paint nothing.
+    void drawSquare(int square, int mode) const;
     void zUpdate();               // the image becomes the persistent picture
     void zBoardSetup(bool fresh); // `fresh` also clears GridLightOn
     void mnuInvert();
@@ -184,7 +186,6 @@ private:
     void showClocks();
     void finishMoveInHand();
     void setClockColor(int side, std::uint32_t background);
-    void paintMark(std::int16_t square, int mode);
     void transferPiece(int from, int to, bool display);
     std::string moveRook(int from, int to, bool display);
     void takeEnPassant(int to, bool display);

@@ -6,33 +6,28 @@
 #include "common/Numbers.h"
 #include "common/Text.h"
 #include "common/modChess.h"
-#include "platform/OpenWindows.h"
 
-#include <cmath>
 #include <cstdlib>
 
 namespace {
-
-bool isBoard(const OpenWindow& window) { return window.className == "frmChessBoard" && window.game; }
 
 // The first board that fits, the oldest since the list is in order of creation.
 template <typename Test>
 int firstBoard(Test fits) {
     for (std::size_t number = 0; number < openWindows.windows.size(); ++number) {
-        const OpenWindow& window = openWindows.windows[number];
-        if (isBoard(window) && fits(*window.game)) return static_cast<int>(number);
+        const Game* game = gameOf(openWindows.windows[number]);
+        if (game && fits(*game)) return static_cast<int>(number);
     }
     return -1;
 }
 
 bool hasNoGame(const Game& game) { return game.Style12Record.Relation == -100; }
 
-// "{Game 12 (a vs b) ...": the number four characters behind the place of "ame". A number past 16 bits is on no board.
+// "{Game 12 (a vs b) ...": the number four characters behind the place of "ame". Faults (overflow) past 16 bits.
 std::int16_t gameNumberIn(std::string_view line) {
     const long place = find(1, line, "ame");
     if (place == 0) return 0;
-    const double number = leadingNumber(mid(line, place + 4));
-    return std::abs(number) > 32767 ? std::int16_t{0} : toInt16(number);
+    return toInt16(leadingNumber(mid(line, place + 4)));
 }
 
 } // namespace
@@ -52,12 +47,17 @@ int zFindBoardById(std::int32_t id) {
     return firstBoard([id](const Game& board) { return board.id == id; });
 }
 
+Game* gameOf(const OpenWindow& window) {
+    Game* const* game = std::any_cast<Game*>(&window.content);
+    return game ? *game : nullptr;
+}
+
 Game& boardAt(int windowNumber) {
     const auto number = static_cast<std::size_t>(windowNumber);
-    if (windowNumber < 0 || number >= openWindows.windows.size() || !isBoard(openWindows.windows[number])) {
-        throw Fault(FaultKind::Subscript, "window " + std::to_string(windowNumber) + " is no board");
-    }
-    return *openWindows.windows[number].game;
+    Game* game =
+        windowNumber >= 0 && number < openWindows.windows.size() ? gameOf(openWindows.windows[number]) : nullptr;
+    if (!game) throw Fault(FaultKind::Subscript, "window " + std::to_string(windowNumber) + " is no board");
+    return *game;
 }
 
 int GameRouting::zFindReviewBoard() {
@@ -108,8 +108,9 @@ void GameRouting::zEndGame(std::string_view line) {
 
 void GameRouting::zEndAllGames() {
     for (const OpenWindow& window : openWindows.windows) {
-        if (!isBoard(window)) continue;
-        window.game->zEndParms();
+        Game* game = gameOf(window);
+        if (!game) continue;
+        game->zEndParms();
         modChess.GameRunning = false;
     }
 }

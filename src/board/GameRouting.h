@@ -2,10 +2,12 @@
 #pragma once
 
 #include "board/Game.h"
+#include "common/Needed.h"
+#include "platform/OpenWindows.h"
 
 #include <cstdint>
-#include <functional>
 #include <string_view>
+#include <utility>
 
 // A window number is a position in openWindows; it is good until a window opens or closes. The older board wins.
 
@@ -18,24 +20,29 @@ int zFindBoardOrFree(std::int16_t& game);
 // First board with this `id`; -1 if there is none.
 int zFindBoardById(std::int32_t id);
 
+// The game of a window, null for one that is no board.
+Game* gameOf(const OpenWindow& window);
+
 // The game on the board with this window number; faults (subscript) if there is no such board, -1 included.
 Game& boardAt(int windowNumber);
 
 // The game with this number on a board for a "<b1>" line; faults (subscript) if no board has it.
 inline Game& boardOfGame(std::int16_t game) { return boardAt(zFindBoard(game)); }
 
-// What routing needs of the windows. Every member does nothing until it is filled in.
+// What routing needs of the windows.
 struct GameRoutingHooks {
-    std::function<void()> zNewBoard = [] {}; // opens one more frmChessBoard; loaded and in openWindows on return
-    std::function<void()> beep = [] {};
-    std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
-    std::function<bool()> seekGraphChecked = [] { return false; }; // mnuSeekGrf of the console
-    std::function<void()> showSeek = [] {};                        // frmSeek
+    Needed<void()> zNewBoard; // opens one more frmChessBoard; loaded and in openWindows on return
+    Needed<void()> beep;
+    Needed<void(std::string_view name, std::int16_t mode)> playSound;
+    Needed<bool()> seekGraphChecked; // mnuSeekGrf of the console
+    Needed<void()> showSeek;         // frmSeek
 };
 
 // The routing of lines to boards; one instance, owned by whoever owns the console.
 struct GameRouting {
     GameRoutingHooks hooks;
+
+    explicit GameRouting(GameRoutingHooks reachedOut) : hooks(std::move(reachedOut)) {}
 
     // First loaded board with relation -100; opens one board if there is none, and gives -1 if that did not help.
     int zFindReviewBoard();
@@ -48,7 +55,8 @@ struct GameRouting {
     // `free` becomes true when no board has the game of the shared record.
     void zGameParms(bool& free) const;
 
-    // The end of one game, from a line such as "{Game 12 (a vs b) a resigns} 1-0".
+    // The end of one game, from a line such as "{Game 12 (a vs b) a resigns} 1-0". Faults (overflow) on a number past
+    // 16 bits.
     void zEndGame(std::string_view line);
 
     // The end of every game: the connection is lost.

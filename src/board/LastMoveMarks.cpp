@@ -2,6 +2,7 @@
 #include "board/Game.h"
 
 #include "common/Numbers.h"
+#include "common/Squares.h"
 #include "common/Text.h"
 
 #include <algorithm>
@@ -32,15 +33,15 @@ void Game::zHighlightMove(std::string_view verbose) {
         FromSq = squareAt(verbose, 3);
         ToSq = squareAt(verbose, 6);
     }
-    paintMark(HiFrom, 0);
-    paintMark(HiTo, 0);
+    drawSquare(HiFrom, 0);
+    drawSquare(HiTo, 0);
     if (!mark) return;
     HiFrom = FromSq;
     HiTo = ToSq;
-    paintMark(HiFrom, -1);
-    paintMark(HiTo, -1);
+    drawSquare(HiFrom, -1);
+    drawSquare(HiTo, -1);
 }
 
-void Game::paintMark(std::int16_t square, int mode) {
-    if (square >= 0 && square < 64) surface.zDrawSquare(square, mode);
+void Game::drawSquare(int square, int mode) const {
+    if (square >= 0 && square < HandSquare) surface.zDrawSquare(square, mode);
 }

@@ -1,6 +1,8 @@
 // The end of a move by mouse: queued as the pre-move, or played and written down.
 #include "board/MoveInput.h"
 
+#include <utility>
+
 void MoveInput::zSqFinish(int square) {
     if (game.MoveMode != 1) {
         playMove(square);
@@ -21,19 +23,19 @@ void MoveInput::queuePreMove(int square) {
     if (game.PreMoveSet) unmarkPreMove();
     game.PreMoveSet = square != game.FromSq;
     if (!game.PreMoveSet) {
-        draw(game.FromSq, 0); // the piece is back on its square
+        game.drawSquare(game.FromSq, 0); // the piece is back on its square
         return;
     }
     game.ToSq = static_cast<std::int16_t>(square);
-    draw(game.FromSq, 1);
-    draw(game.ToSq, 1);
+    game.drawSquare(game.FromSq, 1);
+    game.drawSquare(game.ToSq, 1);
     game.PreFrom = game.FromSq;
     game.PreTo = game.ToSq;
 }
 
 void MoveInput::unmarkPreMove() {
-    draw(game.PreFrom, 0);
-    draw(game.PreTo, 0);
+    game.drawSquare(game.PreFrom, 0);
+    game.drawSquare(game.PreTo, 0);
 }
 
 void MoveInput::playMove(int square) {
@@ -47,16 +49,18 @@ void MoveInput::playMove(int square) {
     const int col = (1 - game.Turn) / 2;
     const std::string text = game.zMakeMove(square, true, true);
     if (text.empty()) {
-        draw(game.FromSq, 0);
-        draw(game.ToSq, 0);
+        game.drawSquare(game.FromSq, 0);
+        game.drawSquare(game.ToSq, 0);
     } else {
         keepMove(row, col, text);
     }
     showFinished();
 }
 
-// Positions may arrive while the menu is up.
+// Positions may arrive while the menu is up, and one that plays a pre-move may ask again: the move that waits goes
+// back.
 void MoveInput::askPromotion(int square) {
+    if (promotion_) putBack(*promotion_);
     game.FromSet = 0;
     game.ToSq = static_cast<std::int16_t>(square);
     promotion_ = Promotion{game.FromSq, square, game.Board[game.FromSq], game.Turn, game.MoveRow};
@@ -69,15 +73,20 @@ void MoveInput::promote(int piece) {
     game.FromSq = static_cast<std::int16_t>(asked->from);
     game.ToSq = static_cast<std::int16_t>(asked->to);
     if (game.Board[asked->from] != asked->pawn || game.Turn != asked->turn) { // another game or a takeback came
-        draw(asked->from, 0);
-        draw(asked->to, 0);
+        putBack(*asked);
     } else {
-        game.FromSet = 1;
+        const auto inHand = std::exchange(game.FromSet, std::int16_t{1}); // a piece lifted since stays in hand
         game.PromotePiece = static_cast<std::int16_t>(piece);
         const std::string text = game.zMakeMove(asked->to, false, true);
+        game.FromSet = inHand;
         keepMove(asked->row, (1 - asked->turn) / 2, text);
     }
     showFinished();
+}
+
+void MoveInput::putBack(const Promotion& asked) const {
+    game.drawSquare(asked.from, 0);
+    game.drawSquare(asked.to, 0);
 }
 
 // A move that repeats the game held here walks along it; another one overwrites it and ends what lay ahead, but the
@@ -92,8 +101,4 @@ void MoveInput::keepMove(int row, int col, const std::string& text) {
     }
     game.Deviated = game.zDevMove();
     game.zFor(false);
-}
-
-void MoveInput::draw(int square, int mode) const {
-    if (square >= 0 && square < 64) game.surface.zDrawSquare(square, mode);
 }

@@ -39,7 +39,7 @@ struct MoveGridState {
     static constexpr int MoveWidth = 47;
 
     MoveGridSurface surface;
-    FixedArray<FixedArray<GridCell, LastCol>, LastRow> cells;
+    FixedArray<FixedArray<GridCell, LastCol>, LastRow, "rows of the move list"> cells;
     int row = 0; // the current cell; set through goTo
     int col = 0;
     int topRow = 1;               // first row on view below the heading; a window that is scrolled by hand writes it

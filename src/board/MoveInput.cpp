@@ -54,7 +54,7 @@ void MoveInput::lift(int square, float x, float y) {
     game.Dragging = true;
     liftedCode_ = game.Board[square];
     liftedMode_ = game.MoveMode;
-    draw(square, game.MoveMode);
+    game.drawSquare(square, game.MoveMode);
     game.surface.keepPicture();
     surface.zYankPiece(square);
     game.surface.zMovePiece(x, y, game.DragAlpha);
@@ -140,14 +140,14 @@ void MoveInput::zMouseUp(float x, float y) {
 // A pointer that rests where the piece was let go sends no event of its own. MoveMode must not stay that of the lift:
 // a queued pre-move would then be queued again by the position that is to play it.
 void MoveInput::rest(bool beside) {
-    if (game.Dragging || game.noPlay || !modChess.SelfCheckOK) return;
+    if (game.noPlay || !modChess.SelfCheckOK) return;
     hover(beside ? OffBoard : surface.zGetSqr(game.MouseX, game.MouseY));
 }
 
 void MoveInput::boardPainted() {
     if (!game.Dragging) return;
     if (game.Board[game.DragFrom] == liftedCode_) {
-        draw(game.DragFrom, liftedMode_);
+        game.drawSquare(game.DragFrom, liftedMode_);
         surface.zYankPiece(game.DragFrom);
     }
     game.surface.zMovePiece(game.MouseX, game.MouseY, game.DragAlpha);
@@ -158,6 +158,7 @@ void MoveInput::stop() {
     game.Dragging = false;
     game.FromSet = 0;
     promotion_.reset();
+    DropSquare.clear();
 }
 
 // The server judges whose pieces these are and where they may go; the board changes with its next line.
@@ -179,5 +180,6 @@ void MoveInput::openDropMenu(int square) {
 
 void MoveInput::drop(int entry) {
     static constexpr std::string_view Letters = "QRBNP";
+    if (DropSquare.empty()) return; // answered as the window closed
     game.surface.zSendMsg(Letters.at(static_cast<std::size_t>(entry)) + ("@" + DropSquare));
 }

@@ -71,7 +71,8 @@ struct MoveInput {
     // The answer of mnuPromote: 2 queen, 3 rook, 4 bishop, 5 knight, 0 for a menu that was dismissed. No move is made
     // if the pawn or its turn has gone meanwhile. Faults as zSqFinish.
     void promote(int piece);
-    // Entry 0 to 4 of the drop menu: "Q@", "R@", "B@", "N@" or "P@" with DropSquare goes to the server.
+    // Entry 0 to 4 of the drop menu: "Q@", "R@", "B@", "N@" or "P@" with DropSquare goes to the server; nothing once
+    // the window has closed.
     void drop(int entry);
     // The board was painted whole: the piece in hand comes back to the pointer and leaves its square again.
     void boardPainted();
@@ -102,9 +103,9 @@ private:
     void unmarkPreMove();
     void playMove(int square);
     void askPromotion(int square);
+    void putBack(const Promotion& asked) const;
     void showFinished();
     void keepMove(int row, int col, const std::string& text);
-    void draw(int square, int mode) const;
 
     bool slipping_ = false;  // tmrSlip runs
     int slipInterval_ = 165; // of tmrSlip, milliseconds

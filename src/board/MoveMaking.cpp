@@ -50,8 +50,8 @@ std::string Game::zMakeMove(int to, bool check, bool display) {
 
 bool Game::asksPromotion(int to) {
     const int from = FromSq;
-    if (FromSet != 1 || to == from || to < 0 || to >= HandSquare) return false;
-    if (!promotes(Board[from], to) || PromotePiece != 0 || modChess.AutoQueen != 0) return false;
+    if (FromSet != 1 || to < 0 || !promotes(Board[from], to)) return false;
+    if (PromotePiece != 0 || modChess.AutoQueen != 0) return false;
     return from == HandSquare || zMoveLegal(from, to);
 }
 
@@ -60,7 +60,7 @@ bool Game::asksPromotion(int to) {
 void Game::setSquare(int square, int code, bool display) {
     if (square < 0 || square > HandSquare) return;
     Board[square] = static_cast<std::int16_t>(code);
-    if (display && square < HandSquare) surface.zDrawSquare(square, 0);
+    if (display) drawSquare(square, 0);
 }
 
 void Game::transferPiece(int from, int to, bool display) {

@@ -37,8 +37,8 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     connectTyping();
     openWindows.add({.className = "frmChessBoard",
                      .window = this,
-                     .game = &game,
                      .unload = [this] { unload(); },
+                     .content = &game,
                      .zBoardSetup = [this] { game.zBoardSetup(false); }});
 }
 
@@ -163,6 +163,7 @@ void frmChessBoard::closeEvent(QCloseEvent* event) {
     if (!may) {
         askedByUser_ = true;
         event->ignore();
+        input_.goOn();
         return;
     }
     finishClosing();
@@ -179,5 +180,6 @@ bool frmChessBoard::mayClose() {
     }
     if (!decision.send.empty()) roads_.zSendMsg(decision.send);
     asking_ = decision.ask;
+    if (asking_) input_.hold();
     return !decision.ask || boxes.okCancel(this, std::string(CloseBoxTitle), std::string(CloseBoxText));
 }

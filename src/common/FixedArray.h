@@ -3,12 +3,21 @@
 
 #include "common/Fault.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
 
+// What the elements of an array are, for the text of a fault: "moves of a game".
+template <std::size_t Size>
+struct Label {
+    char text[Size]{};
+
+    consteval Label(const char (&words)[Size]) { std::copy_n(words, Size, text); }
+};
+
 // Holds the elements 0 to Last. Never grows; a subscript outside 0..Last faults (subscript).
-template <typename T, int Last>
+template <typename T, int Last, Label Of = "">
 class FixedArray {
 public:
     static constexpr int last = Last;
@@ -28,8 +37,9 @@ public:
 private:
     static std::size_t checked(long index) {
         if (index < 0 || index > Last) {
+            const std::string of = Of.text[0] == 0 ? "" : std::string(" (") + Of.text + ")";
             throw Fault(FaultKind::Subscript,
-                        "subscript " + std::to_string(index) + " is outside 0 to " + std::to_string(Last));
+                        "subscript " + std::to_string(index) + " is outside 0 to " + std::to_string(Last) + of);
         }
         return static_cast<std::size_t>(index);
     }

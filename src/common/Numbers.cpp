@@ -53,7 +53,7 @@ Field narrow(double value) {
     const double whole = roundHalfEven(value);
     if (!(whole >= std::numeric_limits<Field>::min() && whole <= std::numeric_limits<Field>::max())) {
         std::ostringstream text;
-        text << "the number " << value << " does not fit its field";
+        text << "the number " << value << " does not fit a field of " << 8 * sizeof(Field) << " bits";
         throw Fault(FaultKind::Overflow, text.str());
     }
     return static_cast<Field>(whole);

@@ -17,6 +17,7 @@ void ServerRoad::zSendMsg(const std::string& text) {
     passOver([&] { zSendRaw(text); });
     idleSeconds = 0;
     modChess.gLastCmd = text;
+    passwordSent_ = false;
     txtOld = text;
 }
 
@@ -27,10 +28,26 @@ void ServerRoad::zSend(const std::string& text) {
     }
     modChess.gLastCmd = text;
     modChess.gLastTyped = text;
-    if (hooks.login() != 0) return; // what keeps a typed password off the console and out of the history
+    const std::int16_t prompt = hooks.login();
+    passwordSent_ = prompt == 2;
+    if (prompt != 0) return; // what keeps a typed password off the console and out of the history
     history.zPushCommand(text);
     hooks.echo(text + "\r\n");
     txtOld = text;
+}
+
+void ServerRoad::sendPassword(const std::string& password) {
+    if (hooks.socketState() != Connected) return;
+    zSendRaw(password);
+    idleSeconds = 0;
+    modChess.gLastCmd = password;
+    passwordSent_ = true;
+}
+
+void ServerRoad::forgetPassword() {
+    if (!std::exchange(passwordSent_, false)) return;
+    if (modChess.gLastTyped == modChess.gLastCmd) modChess.gLastTyped.clear();
+    modChess.gLastCmd.clear();
 }
 
 void ServerRoad::askInPlaceOfPanel(const std::string& command) {

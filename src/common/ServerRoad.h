@@ -2,28 +2,29 @@
 #pragma once
 
 #include "common/CommandHistory.h"
+#include "common/Needed.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
+#include <utility>
 
-// What the road reaches out to. Unset members do nothing; an unset socket counts as closed.
+// What the road reaches out to.
 struct RoadHooks {
     // Writes bytes to the socket; a closed socket faults.
-    std::function<void(const std::string& bytes)> sendData = [](const std::string&) {};
+    Needed<void(const std::string& bytes)> sendData;
     // The socket's state, 7 for connected.
-    std::function<std::int16_t()> socketState = [] { return std::int16_t{0}; };
+    Needed<std::int16_t()> socketState;
     // The pending log-on prompt: 0 none, 1 "login:", 2 "password:".
-    std::function<std::int16_t()> login = [] { return std::int16_t{0}; };
+    Needed<std::int16_t()> login;
     // The setting Handle.
-    std::function<std::string()> handle = [] { return std::string(); };
+    Needed<std::string()> handle;
     // Prints `text`, which ends in CR LF, at the end of the console in Color_Copy, and goes back to Color_Main.
-    std::function<void(const std::string& text)> echo = [](const std::string&) {};
+    Needed<void(const std::string& text)> echo;
     // Prints `text`, which ends in CR LF, at the end of the console in Color_Main.
-    std::function<void(const std::string& text)> tell = [](const std::string&) {};
+    Needed<void(const std::string& text)> tell;
     // Opens the help or the history panel, or starts it anew if it is open, with modChess.gHelpTopic.
-    std::function<void()> showHelp = [] {};
-    std::function<void()> showHistory = [] {};
+    Needed<void()> showHelp;
+    Needed<void()> showHistory;
 };
 
 struct ServerRoad {
@@ -33,6 +34,8 @@ struct ServerRoad {
     CommandHistory history;        // of the typing line
     std::string txtOld;            // the last line through zSendMsg, zSend or a chat box
     std::int32_t idleSeconds = -1; // since the latest line sent, 0 to 20 and round again; -1 while not connected
+
+    explicit ServerRoad(RoadHooks reachedOut) : hooks(std::move(reachedOut)) {}
 
     // Writes `text` and one LF and counts it in modChess.LinesSent. Does not test the socket, so a closed one faults.
     void zSendRaw(const std::string& text);
@@ -45,6 +48,11 @@ struct ServerRoad {
     // to the server. Echoed and kept in the history unless a log-on prompt is pending. A closed socket faults.
     void zSend(const std::string& text);
 
+    // Sends `password` raw, neither echoed nor kept in the history; nothing at all while not connected.
+    void sendPassword(const std::string& password);
+    // A sent password has been answered: it is not kept as the last command any longer.
+    void forgetPassword();
+
     // Stands in for a panel that is not built, whose answer then goes to the console: asks the server `command`, which
     // ends in a blank, of modChess.gHelpTopic, and clears that. Before the log-on it only tells the user so.
     void askInPlaceOfPanel(const std::string& command);
@@ -54,4 +62,6 @@ struct ServerRoad {
 
 private:
     bool localCommand(const std::string& text);
+
+    bool passwordSent_ = false; // gLastCmd is a password, and so is gLastTyped if it is the same
 };

@@ -112,8 +112,7 @@ std::optional<std::string> realFolder(QWidget* parent, const std::string& title,
 }
 
 // The menu comes down before its entry announces itself, so the answer is put together behind both.
-void answerOnce(QMenu& menu, const std::function<void(QAction* chosen)>& answer) {
-    auto* once = new QObject(&menu);
+void answerOnce(QMenu& menu, QObject* once, const std::function<void(QAction* chosen)>& answer) {
     const auto choice = std::make_shared<QAction*>(nullptr);
     QObject::connect(&menu, &QMenu::triggered, once, [choice](QAction* entry) { *choice = entry; });
     QObject::connect(&menu, &QMenu::aboutToHide, once, [once, choice, answer] {
@@ -125,9 +124,13 @@ void answerOnce(QMenu& menu, const std::function<void(QAction* chosen)>& answer)
 }
 
 void realPopup(QMenu& menu, const std::function<void(QAction* chosen)>& answer) {
-    QTimer::singleShot(0, &menu, [&menu, answer] {
-        menu.hide(); // one that is up already has been overtaken
-        answerOnce(menu, answer);
+    const auto name = QStringLiteral("popupAnswer");
+    delete menu.findChild<QObject*>(name, Qt::FindDirectChildrenOnly); // what was asked before has been overtaken
+    menu.hide();
+    auto* once = new QObject(&menu);
+    once->setObjectName(name);
+    QTimer::singleShot(0, once, [&menu, once, answer] {
+        answerOnce(menu, once, answer);
         menu.popup(QCursor::pos());
     });
 }

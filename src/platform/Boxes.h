@@ -47,7 +47,8 @@ struct Boxes {
         folder;
 
     // Has `menu` shown at the pointer from the message loop, and returns. When the menu has come down, `answer` gets
-    // the entry that was chosen, null for none, from the message loop too; never if the menu is gone by then.
+    // the entry that was chosen, null for none, from the message loop too; never if the menu is gone by then, or was
+    // asked for once more.
     std::function<void(QMenu& menu, const std::function<void(QAction* chosen)>& answer)> popup;
 };
 

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QTextBlock>
@@ -65,6 +66,14 @@ public:
     }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape) {
+            close();
+        } else {
+            QTextBrowser::keyPressEvent(event);
+        }
+    }
+
     void doSetSource(const QUrl& page, QTextDocument::ResourceType) override {
         QTextBrowser::doSetSource(page, QTextDocument::MarkdownResource);
     }

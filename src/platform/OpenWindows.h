@@ -2,21 +2,20 @@
 #pragma once
 
 #include <algorithm>
+#include <any>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-struct ChatBox;
-struct Game;
-
 // One loaded window. `window` is its identity only and is never dereferenced here.
 struct OpenWindow {
     std::string className; // "frmChessClient", "frmChessBoard", "frmChat", ...
     const void* window = nullptr;
-    Game* game = nullptr;         // of a "frmChessBoard", null for all others
     std::function<void()> unload; // asks the window to close; it may refuse
-    ChatBox* chat = nullptr;      // of a "frmChat", null for all others
+    std::any content = {};        // a pointer to the window-free part that others ask for: a board's game, a box's chat
+    // Shows the answer of the server that was captured for this window.
+    std::function<void()> answered = [] {};
     // Of a "frmChessBoard": fits and repaints it whole.
     std::function<void()> zBoardSetup = [] {};
 };
@@ -34,6 +33,12 @@ struct OpenWindows {
     // How many windows of the class are loaded.
     int count(std::string_view className) const {
         return static_cast<int>(std::ranges::count(windows, className, &OpenWindow::className));
+    }
+
+    // Tells the window of the class, if one is loaded, that its answer is complete.
+    void answer(std::string_view className) const {
+        const auto open = std::ranges::find(windows, className, &OpenWindow::className);
+        if (open != windows.end()) open->answered();
     }
 
     // Asks the window of the class to close, if one is loaded; for classes of which there is one at most.

@@ -76,7 +76,7 @@ frmMatch::frmMatch(const MatchRoads& roads) : roads_(roads) {
     column->setSizeConstraint(QLayout::SetFixedSize);
     margins_ = column->contentsMargins();
     load();
-    openWindows.add({"frmMatch", this, nullptr, [this] { close(); }});
+    openWindows.add({"frmMatch", this, [this] { close(); }});
 }
 
 frmMatch::~frmMatch() { openWindows.remove(this); }

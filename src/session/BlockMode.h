@@ -1,20 +1,24 @@
 // Block Mode: console text piles up in modChess.BlockedText until the mode ends.
 #pragma once
 
-#include <functional>
-#include <string>
+#include "common/Needed.h"
 
-// What the mode reaches out to. Unset members do nothing.
+#include <string>
+#include <utility>
+
+// What the mode reaches out to.
 struct BlockModeHooks {
-    std::function<std::string()> caption = [] { return std::string(); }; // of the client window
-    std::function<void(const std::string& caption)> setCaption = [](const std::string&) {};
+    Needed<std::string()> caption; // of the client window
+    Needed<void(const std::string& caption)> setCaption;
     // Moves the console's insertion point to its end and inserts the text there.
-    std::function<void(const std::string& text)> insertAtEnd = [](const std::string&) {};
+    Needed<void(const std::string& text)> insertAtEnd;
 };
 
 struct BlockMode {
     BlockModeHooks hooks;
     std::string BlockedCaption; // the window caption from before the mode
+
+    explicit BlockMode(BlockModeHooks reachedOut) : hooks(std::move(reachedOut)) {}
 
     // The Click of mnuBlocked: `mnuBlocked` is its tick and is turned over. Switching off lets the pile go at the end
     // of the console and puts the caption back.

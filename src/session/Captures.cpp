@@ -2,8 +2,10 @@
 #include "session/Captures.h"
 
 #include "common/modChess.h"
+#include "platform/OpenWindows.h"
 
 #include <array>
+#include <stdexcept>
 
 namespace {
 
@@ -24,9 +26,16 @@ bool always() { return true; }
 
 bool soughtWasLastSent() { return modChess.gLastCmd == "sought"; }
 
+using Reader = std::function<bool(std::string& line, int index)>;
+
+bool read(const Reader& reader, std::string& line, int index) {
+    if (!reader) throw std::logic_error("an answer is waited for that nothing reads");
+    return reader(line, index);
+}
+
 template <CaptureConsumer Captures::*consumer>
 bool takeLine(const Captures& captures, std::string& line, int index) {
-    return (captures.*consumer).line(line, index);
+    return read((captures.*consumer).line, line, index);
 }
 
 template <CaptureConsumer Captures::*consumer>
@@ -34,7 +43,9 @@ void finish(const Captures& captures) {
     (captures.*consumer).done();
 }
 
-bool takeMovesLine(const Captures& captures, std::string& line, int index) { return captures.zMovesLines(line, index); }
+bool takeMovesLine(const Captures& captures, std::string& line, int index) {
+    return read(captures.zMovesLines, line, index);
+}
 
 void handOverMoves(const Captures& captures) {
     if (modChess.MovesTarget == -1) {
@@ -55,7 +66,7 @@ const CaptureConsumer& listConsumer(const Captures& captures) {
 }
 
 bool takeListLine(const Captures& captures, std::string& line, int index) {
-    return listConsumer(captures).line(line, index);
+    return read(listConsumer(captures).line, line, index);
 }
 
 void finishList(const Captures& captures) { listConsumer(captures).done(); }
@@ -97,6 +108,10 @@ void offer(const Row& row, const Captures& captures, ServerLines& lines, int ind
 }
 
 } // namespace
+
+std::function<void()> answersTo(const char* className) {
+    return [className] { openWindows.answer(className); };
+}
 
 bool Captures::route(ServerLines& lines, int index) {
     for (const Row& row : rows) {

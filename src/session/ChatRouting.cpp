@@ -2,6 +2,7 @@
 #include "session/ChatRouting.h"
 
 #include "common/Abbrev.h"
+#include "common/Fault.h"
 #include "common/Numbers.h"
 #include "common/Text.h"
 #include "common/modChess.h"
@@ -46,9 +47,10 @@ void takeTell(ChatBox& box, Standing standing, const std::string& line, std::siz
 
 bool ChatRouting::zChatBox(const std::string& line) const {
     for (const OpenWindow& open : openWindows.windows) {
-        const Standing standing = open.chat ? standingOf(*open.chat) : Standing::None;
+        ChatBox* chat = chatOf(open);
+        const Standing standing = chat ? standingOf(*chat) : Standing::None;
         if (standing == Standing::None) continue;
-        takeTell(*open.chat, standing, line, consoleLength());
+        takeTell(*chat, standing, line, consoleLength());
         return true;
     }
     return false;
@@ -56,10 +58,23 @@ bool ChatRouting::zChatBox(const std::string& line) const {
 
 int findChat(const std::string& buddy) {
     for (std::size_t number = 0; number < openWindows.windows.size(); ++number) {
-        const ChatBox* chat = openWindows.windows[number].chat;
+        const ChatBox* chat = chatOf(openWindows.windows[number]);
         if (chat && chat->xBuddy == buddy) return static_cast<int>(number);
     }
     return -1;
+}
+
+ChatBox* chatOf(const OpenWindow& window) {
+    ChatBox* const* chat = std::any_cast<ChatBox*>(&window.content);
+    return chat ? *chat : nullptr;
+}
+
+ChatBox& chatAt(int windowNumber) {
+    const auto number = static_cast<std::size_t>(windowNumber);
+    ChatBox* chat =
+        windowNumber >= 0 && number < openWindows.windows.size() ? chatOf(openWindows.windows[number]) : nullptr;
+    if (!chat) throw Fault(FaultKind::Subscript, "window " + std::to_string(windowNumber) + " is no chat box");
+    return *chat;
 }
 
 void proposeBuddy() {

@@ -16,51 +16,52 @@ namespace {
 // Of the oldest chat box.
 WindowPlace runningChatPlace() {
     for (const OpenWindow& open : openWindows.windows) {
-        if (open.chat) return static_cast<const frmChat*>(open.window)->place();
+        if (chatOf(open)) return static_cast<const frmChat*>(open.window)->place();
     }
     return frmChat::startPlace();
 }
 
 } // namespace
 
-void frmChessClient::wireKeys() {
-    TypingHooks& hooks = typingKeys.hooks;
-    hooks.text = [this] { return txtSend->line(); };
-    hooks.setText = [this](const std::string& text) { txtSend->setLine(text); };
-    hooks.caretToEnd = [this] { txtSend->end(false); };
-    hooks.focus = [this] { txtSend->setFocus(); };
+void frmChessClient::connectKeys() {
     txtSend->keyDown = [this](int code, bool shift) {
-        return code == KeyEnter ? typingKeys.zTxtSend(code) : typingKeys.typingKeyDown(code, shift);
+        return code == KeyEnter ? session.typingKeys.zTxtSend(code) : session.typingKeys.typingKeyDown(code, shift);
     };
-    txtOutput->keyDown = [this](int code) { return typingKeys.consoleKeyDown(code); };
+    txtOutput->keyDown = [this](int code) { return session.typingKeys.consoleKeyDown(code); };
     txtOutput->beep = [] { QApplication::beep(); };
     txtOutput->typed = [this](const QString& text) {
         for (const char c : bytesOf(text)) {
             if (static_cast<unsigned char>(c) >= ' ' && c != 127)
-                typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
+                session.typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
         }
         txtSend->setFocus();
     };
-    for (QToolButton* button : cmdTell) {
-        connect(button, &QToolButton::clicked, this,
-                [this, button] { typingKeys.pressButton(bytesOf(button->toolTip())); });
-    }
-    connect(cmdAcc, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Accept"); });
-    connect(cmdDec, &QPushButton::clicked, this, [this] { typingKeys.pressButton("Decline"); });
+    connectRow();
 }
 
-void frmChessClient::wireMenus() {
+void frmChessClient::connectRow() {
+    row_->typed = txtOutput->typed;
+    row_->turnPage = [this](int pages) { txtOutput->turnPage(pages); };
+    for (QToolButton* button : row_->cmdTell) {
+        connect(button, &QToolButton::clicked, this,
+                [this, button] { session.typingKeys.pressButton(bytesOf(button->toolTip())); });
+    }
+    connect(row_->cmdAcc, &QPushButton::clicked, this, [this] { session.typingKeys.pressButton("Accept"); });
+    connect(row_->cmdDec, &QPushButton::clicked, this, [this] { session.typingKeys.pressButton("Decline"); });
+}
+
+void frmChessClient::connectMenus() {
     for (QAction* profile : menus.mnuConnect) {
         on(profile,
-           [this, profile] { connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
+           [this, profile] { session.connection.mnuConnectClick(static_cast<std::int16_t>(profile->data().toInt())); });
     }
-    on(menus.mnuUseTS, [this] { connection.mnuUseTSClick(); });
-    on(menus.mnuAutoCon, [this] { connection.mnuAutoConClick(); });
-    on(menus.mnuAutoLogon, [this] { connection.mnuAutoLogonClick(); });
-    on(menus.mnuClose, [this] { connection.mnuCloseClick(); });
+    on(menus.mnuUseTS, [this] { session.connection.mnuUseTSClick(); });
+    on(menus.mnuAutoCon, [this] { session.connection.mnuAutoConClick(); });
+    on(menus.mnuAutoLogon, [this] { session.connection.mnuAutoLogonClick(); });
+    on(menus.mnuClose, [this] { session.connection.mnuCloseClick(); });
     on(menus.mnuExit, [this] { close(); });
-    wireConsoleMenu();
-    on(menus.mnuBoard, [this] { routing.hooks.zNewBoard(); });
+    connectConsoleMenu();
+    on(menus.mnuBoard, [this] { session.routing.hooks.zNewBoard(); });
     on(menus.mnuMatch, [this] {
         modChess.MatchMode = true;
         roads_.showMatch();
@@ -70,18 +71,12 @@ void frmChessClient::wireMenus() {
        [this] { boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion())); });
 }
 
-void frmChessClient::wireConsoleMenu() {
-    blockMode.hooks.caption = [this] { return bytesOf(windowTitle()); };
-    blockMode.hooks.setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); };
-    blockMode.hooks.insertAtEnd = [this](const std::string& text) {
-        txtOutput->moveToEnd();
-        txtOutput->insert(text);
-    };
+void frmChessClient::connectConsoleMenu() {
     on(menus.mnuBlocked, [this] {
-        blockMode.toggle(classifier.menu.mnuBlocked);
-        menus.mnuBlocked->setChecked(classifier.menu.mnuBlocked);
+        session.mnuBlocked();
+        menus.mnuBlocked->setChecked(session.classifier.menu.mnuBlocked);
     });
-    on(menus.mnuStupid, [this] { serverLines.verbose = menus.mnuStupid->isChecked(); });
+    on(menus.mnuStupid, [this] { session.serverLines.verbose = menus.mnuStupid->isChecked(); });
     on(menus.mnuClear, [this] { txtOutput->clearScreen(); });
     on(menus.mnuXP, [this] {
         resize(width() + 1, height()); // lets the new look take
@@ -92,11 +87,10 @@ void frmChessClient::wireConsoleMenu() {
 
 // The ticks that the connection and the classifier keep.
 void frmChessClient::takeMenuTicks() {
-    menus.mnuUseTS->setChecked(connection.mnuUseTS);
-    menus.mnuAutoCon->setChecked(connection.mnuAutoCon);
-    menus.mnuAutoLogon->setChecked(connection.mnuAutoLogon);
-    classifier.menu.mnuAutoLogon = connection.mnuAutoLogon;
-    classifier.menu.mnuSeekGrf = menus.mnuSeekGrf->isChecked();
+    menus.mnuUseTS->setChecked(session.connection.mnuUseTS);
+    menus.mnuAutoCon->setChecked(session.connection.mnuAutoCon);
+    menus.mnuAutoLogon->setChecked(session.connection.mnuAutoLogon);
+    session.classifier.menu.mnuSeekGrf = menus.mnuSeekGrf->isChecked();
 }
 
 void frmChessClient::dumpRegistry() {

@@ -52,6 +52,7 @@ void buildWindows(ClientMenus& menus, QMenu* menu) {
 
 void buildHelp(ClientMenus& menus, QMenu* menu) {
     QAction* help = addEntry(menu, "mnuBRHelp", "&Brightrank Help");
+    help->setShortcut(QKeySequence(Qt::Key_F1));
     QObject::connect(help, &QAction::triggered, menu, [menu] { showHelpFile(menu->parentWidget()->window()); });
     addUnbuilt(menu, "mnuHelp", "&FICS Help Panel");
     menu->addSeparator();

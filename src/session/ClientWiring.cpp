@@ -1,4 +1,4 @@
-// The console window: how its parts reach each other, the socket, the boards and the screen.
+// The console window: what it gives the session to work with, and what it gives the boards.
 #include "session/frmChessClient.h"
 
 #include "common/modChess.h"
@@ -10,167 +10,138 @@
 
 #include <QApplication>
 
-namespace {
-
-constexpr double LoopTurn = 0.01; // seconds; lets the processor rest while a relay is waited for
-
-template <typename Act>
-void eachBoard(Act act) {
-    for (const OpenWindow& open : openWindows.windows) {
-        if (open.game != nullptr) act(*open.game);
-    }
+SessionSurface frmChessClient::surface() {
+    return {
+        .socket = socketSurface(),
+        .timers = timerSurface(),
+        .console = consoleSurface(),
+        .typing = typingSurface(),
+        .client = clientSurface(),
+        .windows = windowSurface(),
+        .user = userSurface(),
+        .bridge = bridgeSurface(),
+    };
 }
 
-void clearBoard(Game& game) {
-    for (int panel = 1; panel <= 3; ++panel) game.surface.setPanel(panel, std::string());
-    game.surface.setTitle("Brightrank - Board");
-    game.currentGame.clear();
+SocketSurface frmChessClient::socketSurface() {
+    return {
+        .getData = [this] { return tcpClient_.GetData(); },
+        .sendData = [this](const std::string& bytes) { tcpClient_.SendData(bytes); },
+        .state = [this] { return static_cast<std::int16_t>(tcpClient_.State()); },
+        .connectTo =
+            [this](const std::string& host, std::int32_t port) {
+                tcpClient_.RemoteHost = host;
+                tcpClient_.RemotePort = port;
+                tcpClient_.Connect();
+            },
+        .close = [this] { tcpClient_.Close(); },
+    };
 }
 
-} // namespace
-
-void frmChessClient::wirePipeline() {
-    PipelineHooks& hooks = pipeline.hooks;
-    const auto timer = [this](SessionTimer which) -> QTimer& {
-        return which == SessionTimer::tmrArrival  ? tmrArrival_
-               : which == SessionTimer::tmrPrompt ? tmrPrompt_
-                                                  : tmrState_;
+TimerSurface frmChessClient::timerSurface() {
+    return {
+        .start = [this](SessionTimer timer, int milliseconds) { timerOf(timer).start(milliseconds); },
+        .stop = [this](SessionTimer timer) { timerOf(timer).stop(); },
+        .millisecondsOfDay = [] { return wallClock.msOfDay(); },
     };
-    hooks.getData = [this] { return tcpClient_.GetData(); };
-    hooks.startTimer = [timer](SessionTimer which, int milliseconds) { timer(which).start(milliseconds); };
-    hooks.stopTimer = [timer](SessionTimer which) { timer(which).stop(); };
-    hooks.millisecondsOfDay = [] { return wallClock.msOfDay(); };
-    hooks.clearMask = [this] { txtSend->setEchoMode(QLineEdit::Normal); };
-    hooks.textArrived = [this] { connection.textArrived(); };
-    hooks.showHandle = [](const std::string& handle) {
-        eachBoard([&handle](Game& game) { game.surface.setPanel(1, handle); });
-    };
-    hooks.promptCaption = [this] { return bytesOf(lblPrompt->text()); };
-    hooks.setPromptCaption = [this](const std::string& caption) { lblPrompt->setText(shownText(caption)); };
-    hooks.dataParse = [this](const std::string& batch) { classifier.zDataParse(batch); };
 }
 
-void frmChessClient::wireClassifier() {
-    ClassifierHooks& hooks = classifier.hooks;
-    hooks.zStyle12Line = [this](const std::string& line) { return routing.zStyle12Line(line, true); };
-    hooks.zFindBoard = [](std::int16_t game) { return zFindBoard(game); };
-    hooks.zSetBughouse = [](int board, const std::string& line) { boardAt(board).zSetBughouse(line); };
-    hooks.zSetPosition = [](int board) { boardAt(board).zSetPosition(false); };
-    hooks.zExitMove = [](int board) { boardAt(board).zExitMove(); };
-    hooks.showBoard = [](int board) { boardAt(board).surface.bringToFront(); };
-    hooks.zEndGame = [this](const std::string& line) { routing.zEndGame(line); };
-    hooks.setEmphasis = [this] { txtOutput->setEmphasis(); };
-    hooks.setColor = [this](std::int32_t color) { txtOutput->setColor(color); };
-    hooks.insert = [this](const std::string& text) { txtOutput->insert(text); };
-    hooks.setLogin = [this](std::int16_t login) { pipeline.login = login; };
-    hooks.maskTyping = [this] { txtSend->setEchoMode(QLineEdit::Password); };
-    hooks.autoLogonKey = [this] {
-        QTimer::singleShot(0, this, [this] {
-            txtSend->setFocus();
-            if (pipeline.login != 0) typingKeys.typingKeyDown(KeyUp, false);
-        });
+ConsoleSurface frmChessClient::consoleSurface() {
+    return {
+        .setColor = [this](std::int32_t color) { txtOutput->setColor(color); },
+        .setEmphasis = [this] { txtOutput->setEmphasis(); },
+        .insert = [this](const std::string& text) { txtOutput->insert(text); },
+        .moveToEnd = [this] { txtOutput->moveToEnd(); },
+        .length = [this] { return txtOutput->length(); },
     };
-    hooks.playSound = [this](const char* name, std::int16_t mode) { roads_.playSound(name, mode); };
-    hooks.beep = [] { QApplication::beep(); };
-    hooks.zSendMsg = [this](const std::string& text) { road.zSendMsg(text); };
 }
 
-void frmChessClient::wireBoards() {
-    routing.hooks.zNewBoard = [this] {
-        menus.mnuBoard->setEnabled(false);
-        roads_.openBoard();
+TypingSurface frmChessClient::typingSurface() {
+    return {
+        .text = [this] { return txtSend->line(); },
+        .setText = [this](const std::string& text) { txtSend->setLine(text); },
+        .caretToEnd = [this] { txtSend->end(false); },
+        .focus = [this] { txtSend->setFocus(); },
+        .activate =
+            [this] {
+                if (QApplication::activeWindow()) activateWindow(); // of ours; another program keeps the keyboard
+            },
+        .mask = [this](bool masked) { txtSend->setEchoMode(masked ? QLineEdit::Password : QLineEdit::Normal); },
     };
-    routing.hooks.beep = [] { QApplication::beep(); };
-    routing.hooks.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
-    routing.hooks.seekGraphChecked = [this] { return menus.mnuSeekGrf->isChecked(); };
 }
 
-void frmChessClient::wireRoad() {
-    RoadHooks& hooks = road.hooks;
-    hooks.sendData = [this](const std::string& bytes) { tcpClient_.SendData(bytes); };
-    hooks.socketState = [this] { return static_cast<std::int16_t>(tcpClient_.State()); };
-    hooks.login = [this] { return pipeline.login; };
-    hooks.handle = [this] { return logOn.handle; };
-    hooks.echo = [this](const std::string& text) {
-        txtOutput->moveToEnd();
-        txtOutput->setColor(modChess.ColorCopy);
-        txtOutput->insert(text);
-        txtOutput->moveToEnd();
-        txtOutput->setColor(modChess.ColorMain);
+ClientSurface frmChessClient::clientSurface() {
+    return {
+        .caption = [this] { return bytesOf(windowTitle()); },
+        .setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); },
+        .promptCaption = [this] { return bytesOf(lblPrompt->text()); },
+        .setPromptCaption = [this](const std::string& caption) { lblPrompt->setText(shownText(caption)); },
+        .ticksChanged = [this] { takeMenuTicks(); },
+        .fillTestPanel = [] {}, // there is no such panel
     };
-    hooks.tell = [this](const std::string& text) {
-        txtOutput->moveToEnd();
-        txtOutput->setColor(modChess.ColorMain);
-        txtOutput->insert(text);
-    };
-    hooks.showHelp = [this] { road.askInPlaceOfPanel("Help "); };
-    hooks.showHistory = [this] { road.askInPlaceOfPanel("History "); };
 }
 
-void frmChessClient::wireSocket() {
-    tcpClient_.onClose = [this] { connection.socketClosed(); };
-    tcpClient_.onError = [this](const std::string& description) { connection.socketError(description); };
-    tcpClient_.onDataArrival = [this](std::int32_t) { pipeline.zDataArrival(); };
+WindowSurface frmChessClient::windowSurface() {
+    return {
+        .openBoard =
+            [this] {
+                menus.mnuBoard->setEnabled(false);
+                roads_.openBoard();
+            },
+        .openChat = [this] { openChat(); },
+        .showSeek = [] {}, // there is no graph yet
+        .unloadSeek = [] { openWindows.unload("frmSeek"); },
+    };
+}
+
+UserSurface frmChessClient::userSurface() {
+    return {
+        .beep = [] { QApplication::beep(); },
+        .playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); },
+        .message = [this](const std::string& text) { boxes.message(this, "Brightrank", text); },
+        .yesNo = [this](const std::string& text) { return boxes.yesNo(this, "Brightrank", text); },
+        .input =
+            [this](const std::string& prompt, const std::string& title) {
+                return boxes.input(this, prompt, title, std::string()).value_or(std::string());
+            },
+    };
+}
+
+BridgeSurface frmChessClient::bridgeSurface() {
+    return {
+        .wait = [](double seconds) { zWait(seconds); },
+        .programFound = TimesealBridge::programFound,
+        .startProgram = [this](const std::vector<std::string>& arguments) { bridge_.start(arguments); },
+        .zTimeSealHandle = [this] { return bridge_.zTimeSealHandle(); },
+        .requestEnd = [this](std::int32_t handle) { bridge_.requestEnd(handle); },
+    };
+}
+
+void frmChessClient::connectSocket() {
+    tcpClient_.onClose = [this] { session.socketClosed(); };
+    tcpClient_.onError = [this](const std::string& description) { session.socketError(description); };
+    tcpClient_.onDataArrival = [this](std::int32_t) { session.zDataArrival(); };
     tcpClient_.prompt = [] { return modChess.gPrompt; };
 }
 
-void frmChessClient::wireConnection() {
-    ConnectionHooks& hooks = connection.hooks;
-    hooks.connectTo = [this](const std::string& host, std::int32_t port) {
-        tcpClient_.RemoteHost = host;
-        tcpClient_.RemotePort = port;
-        tcpClient_.Connect();
-    };
-    hooks.closeSocket = [this] { tcpClient_.Close(); };
-    hooks.socketState = [this] { return tcpClient_.State(); };
-    hooks.setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); };
-    hooks.checksChanged = [this] { takeMenuTicks(); };
-    hooks.setTickInterval = [this](int milliseconds) { tmrTCP_.start(milliseconds); };
-    hooks.enableCloseTimer = [this](bool on) { on ? tmrClose_.start() : tmrClose_.stop(); };
-    hooks.beep = [] { QApplication::beep(); };
-    hooks.message = [this](const std::string& text) { boxes.message(this, "Brightrank", text); };
-    hooks.yesNo = [this](const std::string& text) { return boxes.yesNo(this, "Brightrank", text); };
-    hooks.input = [this](const std::string& prompt, const std::string& title) {
-        return boxes.input(this, prompt, title, std::string()).value_or(std::string());
-    };
-    hooks.countIdle = [this](bool isConnected) { road.countIdle(isConnected); };
-    hooks.endAllGames = [this] { routing.zEndAllGames(); };
-    hooks.clearBoards = [] { eachBoard(clearBoard); };
-    wireBridge();
-}
-
-void frmChessClient::wireBridge() {
-    ConnectionHooks& hooks = connection.hooks;
-    hooks.wait = [](double seconds) { zWait(seconds); };
-    hooks.pump = [] { zWait(LoopTurn); };
-    hooks.bridgeProgramFound = TimesealBridge::programFound;
-    hooks.startBridge = [this](const std::vector<std::string>& arguments) { bridge_.start(arguments); };
-    hooks.zTimeSealHandle = [this] { return bridge_.zTimeSealHandle(); };
-    hooks.closeTimeSeal = [this](std::int32_t handle) { bridge_.requestEnd(handle); };
-}
-
-void frmChessClient::wireTimers() {
-    for (QTimer* once : {&tmrArrival_, &tmrPrompt_, &tmrState_}) {
-        once->setSingleShot(true);
-        once->setTimerType(Qt::PreciseTimer); // others may fire 5% early
+void frmChessClient::connectTimers() {
+    for (int index = 0; index < SessionTimers; ++index) {
+        const auto which = static_cast<SessionTimer>(index);
+        QTimer& timer = timerOf(which);
+        timer.setSingleShot(which != SessionTimer::tmrTCP && which != SessionTimer::tmrClose);
+        if (timer.isSingleShot()) timer.setTimerType(Qt::PreciseTimer); // others may fire 5% early
+        connect(&timer, &QTimer::timeout, this, [this, which] { session.timerFired(which); });
     }
-    tmrTCP_.setInterval(1000);
-    tmrClose_.setInterval(550);
-    connect(&tmrArrival_, &QTimer::timeout, this, [this] { pipeline.tmrArrival(); });
-    connect(&tmrPrompt_, &QTimer::timeout, this, [this] { pipeline.tmrPrompt(); });
-    connect(&tmrState_, &QTimer::timeout, this, [this] { pipeline.tmrState(); });
-    connect(&tmrTCP_, &QTimer::timeout, this, [this] { connection.tmrTCPTimer(); });
-    connect(&tmrClose_, &QTimer::timeout, this, [this] { connection.tmrCloseTimer(); });
 }
 
 BoardRoads frmChessClient::boardRoads() {
     BoardRoads roads;
     roads.store = roads_.store;
-    roads.history = &road.history;
-    roads.zSendMsg = [this](const std::string& text) { road.zSendMsg(text); };
+    roads.history = &session.road.history;
+    roads.zSendMsg = [this](const std::string& text) { session.road.zSendMsg(text); };
     roads.zSend = [this](const std::string& text) {
-        if (road.hooks.socketState() != ServerRoad::Connected) return false;
-        road.zSend(text);
+        if (session.outside.socket.state() != ServerRoad::Connected) return false;
+        session.road.zSend(text);
         return true;
     };
     roads.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };

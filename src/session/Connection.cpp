@@ -5,7 +5,6 @@
 #include "common/ServerRoad.h"
 #include "common/Text.h"
 #include "common/modChess.h"
-#include "platform/Clock.h"
 
 #include <cmath>
 #include <filesystem>
@@ -15,9 +14,6 @@
 namespace {
 
 constexpr int CloseBeeps = 3;
-constexpr double BridgeStopWait = 0.55; // seconds
-constexpr double BridgePortWait = 1.1;  // seconds
-constexpr double BridgeEndWait = 7;     // seconds
 
 struct Server {
     std::string host;
@@ -83,6 +79,10 @@ void Connection::mnuConnectClick(std::int16_t index) {
 
 void Connection::direct(const std::string& host, std::int32_t port, const std::string& label) {
     ++wishes_;
+    if (hooks.socketState() != 0 || SocketState != 0) {
+        SocketState = 0;
+        sessionEnded();
+    }
     hooks.connectTo(host, port);
     ConnectionLabel = label;
 }
@@ -90,19 +90,16 @@ void Connection::direct(const std::string& host, std::int32_t port, const std::s
 void Connection::throughBridge(const std::string& host, std::int32_t port) {
     const int wish = ++wishes_;
     const auto overtaken = [&] { return modChess.AppClosing || wish != wishes_; };
-    zTerminateTimeSeal();
-    hooks.wait(BridgeStopWait);
+    bridge.makeRoom();
     if (overtaken()) return;
-    if (!hooks.bridgeProgramFound()) {
+    if (!bridge.hooks.programFound()) {
         hooks.message("Timeseal.exe not found. TimeSeal is not activated.");
         mnuUseTS = false;
         hooks.checksChanged();
         if (!overtaken()) direct(host, port, "FICS"); // the message lets the loop run too
         return;
     }
-    ++bridges_;
-    hooks.startBridge({host, std::to_string(port), "-p", std::to_string(BridgePort)});
-    hooks.wait(BridgePortWait);
+    bridge.start(host, port);
     if (overtaken()) return;
     direct("localhost", BridgePort, "Timeseal");
     LabelAfterBridge = "FICS";
@@ -117,24 +114,7 @@ void Connection::mnuCloseClick() {
     ++wishes_;
     hooks.closeSocket();
     ClosedByUser = true;
-    zTerminateTimeSeal();
-}
-
-// A clock that stands before the noted time has passed midnight.
-void Connection::zTerminateTimeSeal() {
-    const int bridges = bridges_;
-    const double noted = wallClock.secondsOfDay();
-    hooks.setCaption(std::string(ClientTitle) + "Closing Timeseal");
-    std::int32_t handle = 0;
-    double passed = 0;
-    do {
-        handle = hooks.zTimeSealHandle();
-        hooks.pump();
-        if (bridges != bridges_) return;
-        passed = wallClock.secondsOfDay() - noted;
-    } while (handle != 0 && passed >= 0 && passed < BridgeEndWait);
-    hooks.setCaption("Brightrank - Client");
-    if (handle != 0) hooks.closeTimeSeal(handle);
+    bridge.zTerminateTimeSeal();
 }
 
 void Connection::mnuAutoConClick() {
@@ -174,13 +154,17 @@ void Connection::stateChanged(int state) {
     SocketState = static_cast<std::int16_t>(state);
     const std::string text = stateText(state, ConnectionLabel);
     if (state == 0) {
-        hooks.beep();
-        modChess.MyHandle.clear();
-        hooks.endAllGames();
-        hooks.unloadSeek();
+        sessionEnded();
         if (!ClosedByUser) hooks.enableCloseTimer(true);
     }
     hooks.setCaption(ClientTitle + text);
+}
+
+void Connection::sessionEnded() {
+    hooks.beep();
+    modChess.MyHandle.clear();
+    hooks.endAllGames();
+    hooks.unloadSeek();
 }
 
 void Connection::tmrCloseTimer() {

@@ -6,12 +6,16 @@
 #include "platform/LightScrollBar.h"
 #include "platform/StreamText.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
-#include <QMimeData>
+#include <QTextBlock>
+
+#include <optional>
 
 namespace {
 constexpr int FrameMilliseconds = 16;
 constexpr qsizetype LongestLine = 4096; // characters
+constexpr int MostTries = 4;            // to find the end; the second one does
 
 // `text` with a line break wherever a line of the screen would get longer than `LongestLine`: the toolkit's time for a
 // line grows with the square of its length. The line begins `column` characters before the text.
@@ -39,12 +43,74 @@ Console::Console(QWidget* parent) : QPlainTextEdit(parent) {
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setCenterOnScroll(false);
-    setVerticalScrollBar(new LightScrollBar(this));
+    auto* bar = new LightScrollBar(this);
+    followBar(bar);
+    setVerticalScrollBar(bar);
     frame_.setSingleShot(true);
     frame_.setInterval(FrameMilliseconds);
     connect(&frame_, &QTimer::timeout, this, [this] {
         if (!waiting_.empty()) flush();
     });
+}
+
+// Told of a change before the view is, which finds more lines while it scrolls and so may change the range once more.
+void Console::followBar(QScrollBar* bar) {
+    connect(bar, &QScrollBar::valueChanged, this, [this, bar](int value) {
+        if (!keeping_) following_ = value >= bar->maximum();
+    });
+    connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int maximum) {
+        if (keeping_) return;
+        following_ = following_ || bar->value() >= maximum;
+        if (following_) QMetaObject::invokeMethod(this, &Console::showEnd, Qt::QueuedConnection);
+    });
+}
+
+// Sets the bar's range anew.
+void Console::countLines() {
+    QAbstractTextDocumentLayout* layout = document()->documentLayout();
+    Q_EMIT layout->documentSizeChanged(layout->documentSize());
+}
+
+// Long lines are broken when the view comes near them, and only then the end is known.
+void Console::showEnd() {
+    if (!following_) return;
+    QScrollBar* bar = verticalScrollBar();
+    const bool before = std::exchange(keeping_, true);
+    for (int tries = 0; tries < MostTries; ++tries) {
+        bar->setValue(bar->maximum());
+        const bool known = bar->maximum() + bar->pageStep() == document()->lineCount();
+        if (known && bar->value() == bar->maximum()) break;
+        countLines();
+    }
+    keeping_ = before;
+}
+
+// Runs what scrolls without being asked to. The view keeps its first line, or follows the end.
+template <typename Act>
+void Console::keepView(Act act) {
+    QScrollBar* bar = verticalScrollBar();
+    std::optional<QTextCursor> first; // goes along with text that comes in above
+    if (!following_) first.emplace(firstVisibleBlock());
+    const int line = first ? bar->value() - first->block().firstLineNumber() : 0;
+    keeping_ = true;
+    act();
+    if (first) bar->setValue(first->block().firstLineNumber() + line);
+    following_ = following_ || bar->value() >= bar->maximum();
+    keeping_ = false;
+    showEnd();
+}
+
+void Console::resizeEvent(QResizeEvent* event) {
+    QPlainTextEdit::resizeEvent(event);
+    showEnd();
+}
+
+// The toolkit does not count the lines of another font.
+void Console::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() != QEvent::FontChange) return;
+    countLines();
+    showEnd();
 }
 
 void Console::setColor(std::int32_t color) { format_.setForeground(colorOf(color)); }
@@ -69,17 +135,15 @@ void Console::insert(const std::string& text) {
 
 void Console::flush() {
     if (waiting_.empty()) return;
-    QScrollBar* bar = verticalScrollBar();
-    const bool following = bar->value() >= bar->maximum();
-    const int seen = bar->value();
-    const QTextCursor shown = textCursor();
-    const int anchor = shown.anchor();
-    const int position = shown.position();
-    if (!shown.hasSelection() || shown != kept_) point_ = shown;
-    insertWaiting();
-    if (anchor < position) keepSelection(anchor, position);
-    kept_ = textCursor();
-    bar->setValue(following ? bar->maximum() : seen);
+    keepView([this] {
+        const QTextCursor shown = textCursor();
+        const int anchor = shown.anchor();
+        const int position = shown.position();
+        if (!shown.hasSelection() || shown != kept_) point_ = shown;
+        insertWaiting();
+        if (anchor < position) keepSelection(anchor, position);
+        kept_ = textCursor();
+    });
     frame_.start();
 }
 
@@ -103,8 +167,8 @@ void Console::keepSelection(int anchor, int position) {
 
 void Console::moveToEnd() {
     flush();
-    moveCursor(QTextCursor::End);
-    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+    following_ = true;
+    keepView([this] { moveCursor(QTextCursor::End); });
 }
 
 // An insertion point at the end moves along with the waiting text, which so need not go in. A line end of two
@@ -119,13 +183,17 @@ bool Console::staysAtEnd(std::size_t position) const {
 void Console::moveTo(std::size_t position) {
     if (staysAtEnd(position)) return;
     flush();
-    QScrollBar* bar = verticalScrollBar();
-    const bool following = bar->value() >= bar->maximum();
-    const int seen = bar->value();
-    QTextCursor point = textCursor();
-    point.setPosition(static_cast<int>(std::min(position, length())));
-    setTextCursor(point);
-    bar->setValue(following ? bar->maximum() : seen);
+    keepView([this, position] {
+        QTextCursor point = textCursor();
+        point.setPosition(static_cast<int>(std::min(position, length())));
+        setTextCursor(point);
+    });
+}
+
+void Console::turnPage(int pages) {
+    flush();
+    const auto way = pages < 0 ? QAbstractSlider::SliderPageStepSub : QAbstractSlider::SliderPageStepAdd;
+    for (int page = 0; page < std::abs(pages); ++page) verticalScrollBar()->triggerAction(way);
 }
 
 std::size_t Console::length() {

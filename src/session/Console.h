@@ -12,6 +12,8 @@
 // `txtOutput` and `txtChat`. Only grows; nothing is ever cut off its front. Text waits for at most one frame (16 ms)
 // and then goes in together, so a flood is laid out and painted at the screen's pace; everything that looks at the text
 // or moves the insertion point lets the waiting text in first, so nobody can see the difference.
+// The view follows the end, whatever becomes of its size and its lines, until the user scrolls up; at the end it
+// follows again.
 class Console : public QPlainTextEdit {
     Q_OBJECT
 public:
@@ -24,11 +26,13 @@ public:
     // Puts `text` (one character a byte) at the insertion point; a line of more than 4096 characters goes on in a new
     // one. A selection of the user's stays as it is, and what arrives meanwhile keeps its order.
     void insert(const std::string& text);
-    // The insertion point goes to the end of the text, and the view follows.
+    // The insertion point goes to the end of the text, and the view with it.
     void moveToEnd();
     // The insertion point goes behind the first `position` characters, or to the end if there are fewer; the view stays
     // where it is, or follows the end if it was there.
     void moveTo(std::size_t position);
+    // Scrolls by so many pages, up where that is below 0; the insertion point stays.
+    void turnPage(int pages);
     // The number of characters; a line end counts as one.
     std::size_t length();
     // The whole text, a line feed between lines.
@@ -52,6 +56,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     struct Run {
@@ -59,6 +65,11 @@ private:
         QString text;
     };
 
+    void followBar(QScrollBar* bar);
+    void countLines();
+    void showEnd();
+    template <typename Act>
+    void keepView(Act act);
     void insertWaiting();
     bool staysAtEnd(std::size_t position) const;
     void keepSelection(int anchor, int position);
@@ -68,4 +79,6 @@ private:
     QTextCursor kept_;  // the selection as the last insertion left it; while it stands, text goes on behind point_
     QTextCursor point_; // behind the text that went in last
     QTimer frame_;
+    bool following_ = true; // the user has not scrolled up from the end
+    bool keeping_ = false;  // what scrolls now is not the user
 };

@@ -55,9 +55,9 @@ void LineClassifier::classify(const std::string& line) {
     } else if (holds.has(Phrase::Challenge)) {
         challenge();
     } else if (holds.has(Phrase::Login)) {
-        loginPrompt();
+        hooks.logOnPrompt(1);
     } else if (holds.has(Phrase::Password)) {
-        passwordPrompt();
+        hooks.logOnPrompt(2);
     } else if (holds.hasAny(Phrase::SessionStart, Phrase::Underscores)) {
         hooks.zSendMsg("Set Style 12");
     } else if (holds.hasAny(Phrase::BacksUp, Phrase::GoesForward)) {
@@ -95,17 +95,6 @@ void LineClassifier::answerToTell(const std::string& line) {
 void LineClassifier::challenge() {
     hooks.setEmphasis();
     LineColor = modChess.ColorTell;
-}
-
-void LineClassifier::loginPrompt() {
-    hooks.setLogin(1);
-    if (menu.mnuAutoLogon) hooks.autoLogonKey();
-}
-
-void LineClassifier::passwordPrompt() {
-    hooks.setLogin(2);
-    hooks.maskTyping();
-    if (menu.mnuAutoLogon) hooks.autoLogonKey();
 }
 
 // The graph's own poll is answering: its table and the count line, "3 ads displayed.", with the prompt behind it.

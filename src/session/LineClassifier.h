@@ -1,73 +1,68 @@
 // Decides for each line of a batch where it goes: to a board, a capture, a chat box, the console, or nowhere.
 #pragma once
 
+#include "common/Needed.h"
 #include "session/Captures.h"
 #include "session/LinePhrases.h"
 #include "session/ServerLines.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 // What the classifier reaches out to. A board or a chat box is a window number, its place in the list of open windows,
-// -1 for none; it is good only until a window opens or closes. A line is passed with its CR LF and is good until the
-// message loop is pumped. Unset members do nothing.
+// -1 for none; it is good only until a window opens or closes. A line is passed with its CR LF.
 struct ClassifierHooks {
     // Boards
     // Reads a Style 12 line and delivers the record to its board; true if it reached one.
-    std::function<bool(const std::string& line)> zStyle12Line = [](const std::string&) { return false; };
+    Needed<bool(const std::string& line)> zStyle12Line;
     // The board of `game`.
-    std::function<int(std::int16_t game)> zFindBoard = [](std::int16_t) { return -1; };
+    Needed<int(std::int16_t game)> zFindBoard;
     // Each of these is never called with -1.
-    std::function<void(int board, const std::string& line)> zSetBughouse = [](int, const std::string&) {};
-    std::function<void(int board)> zSetPosition = [](int) {};
-    std::function<void(int board)> zExitMove = [](int) {};
-    // zGetMoves with the board's xMyRel and xGameNum.
-    std::function<void(int board)> getMoves = [](int) {};
+    Needed<void(int board, const std::string& line)> zSetBughouse;
+    Needed<void(int board)> zSetPosition;
+    Needed<void(int board)> zExitMove;
+    // With the board's xMyRel and xGameNum.
+    Needed<void(int board)> zGetMoves;
     // Show and SetFocus.
-    std::function<void(int board)> showBoard = [](int) {};
+    Needed<void(int board)> showBoard;
     // The end of a game, told by `line`.
-    std::function<void(const std::string& line)> zEndGame = [](const std::string&) {};
+    Needed<void(const std::string& line)> zEndGame;
 
     // Seeks
     // True if the line is a seek advertisement.
-    std::function<bool(const std::string& line)> zSoughtLine = [](const std::string&) { return false; };
-    std::function<void()> showSeek = [] {};
-    std::function<void()> unloadSeek = [] {};
+    Needed<bool(const std::string& line)> zSoughtLine;
+    Needed<void()> showSeek;
+    Needed<void()> unloadSeek;
 
     // Chat boxes
     // Hands the line to the box of modChess.TellTarget; true if there is one.
-    std::function<bool(const std::string& line)> zChatBox = [](const std::string&) { return false; };
+    Needed<bool(const std::string& line)> zChatBox;
     // The box whose xBuddy equals `buddy`.
-    std::function<int(const std::string& buddy)> findChat = [](const std::string&) { return -1; };
-    std::function<void(int chat, const std::string& caption)> setChatCaption = [](int, const std::string&) {};
+    Needed<int(const std::string& buddy)> findChat;
+    Needed<void(int chat, const std::string& caption)> setChatCaption;
 
     // Console, at its insertion point
-    std::function<void()> setEmphasis = [] {};
-    std::function<void(std::int32_t color)> setColor = [](std::int32_t) {};
-    std::function<void(const std::string& text)> insert = [](const std::string&) {};
+    Needed<void()> setEmphasis;
+    Needed<void(std::int32_t color)> setColor;
+    Needed<void(const std::string& text)> insert;
 
     // Log-on
-    // 1 after "login:", 2 after "password:".
-    std::function<void(std::int16_t login)> setLogin = [](std::int16_t) {};
-    // Masks the typing line with "*".
-    std::function<void()> maskTyping = [] {};
-    // Focus on the typing line and the Up key there. The prompt's line is printed after this call, so a key that is
-    // delivered by the message loop keeps the echo behind the prompt.
-    std::function<void()> autoLogonKey = [] {};
+    // The prompt's line is printed after this call: 1 "login:", 2 "password:".
+    Needed<void(std::int16_t login)> logOnPrompt;
 
     // Sounds and the road to the server
     // A wave file's name and the mode of its sound setting.
-    std::function<void(const char* name, std::int16_t mode)> playSound = [](const char*, std::int16_t) {};
-    std::function<void()> beep = [] {};
-    std::function<void(const std::string& text)> zSendMsg = [](const std::string&) {};
+    Needed<void(std::string_view name, std::int16_t mode)> playSound;
+    Needed<void()> beep;
+    Needed<void(const std::string& text)> zSendMsg;
 };
 
 // The ticks of the console's menu that the classifier reads; that of Verbose Mode is ServerLines::verbose.
 struct ConsoleMenu {
-    bool mnuBlocked = false;   // Block Mode: lines pile up in modChess.BlockedText
-    bool mnuAutoLogon = false; // prompts are answered from the settings
-    bool mnuSeekGrf = false;   // the seek graph opens by itself
+    bool mnuBlocked = false; // Block Mode: lines pile up in modChess.BlockedText
+    bool mnuSeekGrf = false; // the seek graph opens by itself
 };
 
 // Two passes over a batch. Pass 1 routes: what a board, a capture or a chat box takes is blanked. Pass 2 colours and
@@ -87,8 +82,8 @@ struct LineClassifier {
     bool PromptShown = false;       // the last printed text was the bare prompt
     std::string LastStyle12Line;    // the latest that was not first in its batch; read by nothing
 
-    LineClassifier(ServerLines& serverLines, Captures& runningCaptures)
-        : lines(serverLines), captures(runningCaptures) {}
+    LineClassifier(ServerLines& serverLines, Captures& runningCaptures, ClassifierHooks reachedOut)
+        : lines(serverLines), captures(runningCaptures), hooks(std::move(reachedOut)) {}
 
     // Cuts `text` into `lines` and takes them through both passes. Faults (subscript) pass through: a batch of more
     // than 1001 lines, a bughouse line whose game has no board, and those of the hooks.
@@ -112,8 +107,6 @@ private:
     void otherTell(std::int16_t type);
     void answerToTell(const std::string& line);
     void challenge();
-    void loginPrompt();
-    void passwordPrompt();
     void answerToSoughtPoll(const std::string& line);
     void seekAnnouncement(const std::string& line);
     void continuation(std::string& line);

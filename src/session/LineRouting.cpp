@@ -6,6 +6,8 @@
 #include "common/modChess.h"
 #include "session/TellLine.h"
 
+#include <algorithm>
+
 namespace {
 
 // Up to this length, CR LF included, a line behind a board update is taken for a prompt.
@@ -14,23 +16,37 @@ constexpr std::size_t ShortLine = 15;
 // Drops short lines until the next longer one.
 constexpr std::int32_t DropShortLines = 1000;
 
+// The front of the text that met a limit, for somebody who reads it in a box or on a terminal.
+std::string metBy(std::string_view text) {
+    constexpr std::size_t Enough = 160;
+    std::string shown(text.substr(0, Enough));
+    while (shown.ends_with('\n') || shown.ends_with('\r')) shown.pop_back();
+    std::ranges::replace_if(
+        shown, [](char c) { return c < ' ' || c == 127; }, '?');
+    return ", met by \"" + shown + (text.size() > Enough ? "...\"" : "\"");
+}
+
 bool isBughouse(const std::string& line) { return contains(line, "<b1>"); }
 
 } // namespace
 
 void LineClassifier::zDataParse(const std::string& text) {
-    const int count = lines.zParse(text);
-    TellToChat = false;
-    // The close-down may come in a pump: then no board opens any more, and the rest of the batch has no place to go.
-    for (int i = 0; i < count && !modChess.AppClosing; ++i) {
-        routeLine(i, count);
-        detectTell(i, count);
-    }
-    // One copy for all lines keeps its room, and a batch that runs inside this one has its own.
-    std::string line;
-    for (int i = 0; i < count && !modChess.AppClosing; ++i) {
-        line = lines[i];
-        printLine(line);
+    if (modChess.AppClosing) return; // no board opens any more, and no text has a place to go
+    std::string line;                // the one at hand; one copy for all keeps its room
+    try {
+        const int count = lines.zParse(text);
+        TellToChat = false;
+        for (int i = 0; i < count; ++i) {
+            line = lines[i];
+            routeLine(i, count);
+            detectTell(i, count);
+        }
+        for (int i = 0; i < count; ++i) {
+            line = lines[i];
+            printLine(line);
+        }
+    } catch (const Fault& fault) {
+        throw Fault(fault.kind(), fault.what() + metBy(line.empty() ? text : line));
     }
 }
 
@@ -70,19 +86,16 @@ void LineClassifier::blankBehindStyle12(int i, int count, int board) {
     }
 }
 
-// The board is looked up before each call, as a call may pump the message loop and windows may close there.
 void LineClassifier::setPosition() {
     const std::int16_t game = modChess.Record.GameNumber;
-    const auto onBoard = [&](const std::function<void(int)>& call) {
-        const int board = hooks.zFindBoard(game);
-        if (board != -1) call(board);
-        return board != -1;
-    };
-    if (!onBoard(hooks.zSetPosition) || !modChess.NewGameFlag) return;
-    onBoard(hooks.zExitMove);
-    onBoard(hooks.getMoves);
+    const int board = hooks.zFindBoard(game);
+    if (board == -1) return;
+    hooks.zSetPosition(board);
+    if (!modChess.NewGameFlag) return;
+    hooks.zExitMove(board);
+    hooks.zGetMoves(board);
     modChess.MovesTarget = game;
-    onBoard(hooks.showBoard);
+    hooks.showBoard(board);
 }
 
 // "<b1> game 1 white [PN] black []": the board is that of the latest record, whatever game the line names.

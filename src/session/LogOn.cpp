@@ -1,26 +1,42 @@
-// The one-key answer to the server's "login:" and "password:".
+// The answers to the server's "login:" and "password:": by one key, or by themselves.
 #include "session/LogOn.h"
 
 #include "common/modChess.h"
 
-#include <utility>
+#include <algorithm>
+
+namespace {
+
+constexpr int FirstPause = 1000; // milliseconds
+constexpr int MostDoublings = 12;
+
+} // namespace
+
+void LogOn::prompt(std::int16_t login) {
+    pipeline.login = login;
+    if (login == 2) hooks.maskTyping();
+    if (!hooks.mnuAutoLogon()) return;
+    hooks.takeKeyboard();
+    hooks.startTimer(pause(login));
+}
+
+// A server that refuses the answer asks again at once.
+int LogOn::pause(std::int16_t login) {
+    const int before = keys_.at(static_cast<std::size_t>(login - 1))++;
+    return before == 0 ? 0 : FirstPause << std::min(before - 1, MostDoublings);
+}
+
+void LogOn::timer() { answer(); }
 
 bool LogOn::answer() {
     switch (std::exchange(pipeline.login, std::int16_t{0})) {
     case 1:
-        enter(handle);
+        hooks.enter(handle);
         return true;
     case 2:
-        sendPassword();
+        road.sendPassword(password);
         return true;
     default:
         return false;
     }
-}
-
-void LogOn::sendPassword() {
-    if (road.hooks.socketState() != ServerRoad::Connected) return;
-    road.zSendRaw(password);
-    road.idleSeconds = 0;
-    modChess.gLastCmd = password;
 }

@@ -12,7 +12,7 @@
 struct ServerLines {
     static constexpr int Last = 1000;
 
-    FixedArray<std::string, Last> lines;
+    FixedArray<std::string, Last, "lines of one batch"> lines;
     std::string PartialLine;                // the latest unterminated tail; kept while batches end cleanly
     bool verbose = false;                   // the tick of mnuStupid: nothing is blanked
     std::function<void()> tailSeen = [] {}; // called for each unterminated tail: starts tmrPrompt

@@ -6,7 +6,6 @@
 #include "common/modChess.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -22,38 +21,38 @@ std::string_view behindPrompts(std::string_view line) {
     return static_cast<long>(line.size()) > place ? mid(line, place) : line;
 }
 
-// A title such as "(C):" stands where a channel number would and counts as channel 0.
-std::int16_t channelType(std::string_view digits) {
-    const double type = roundHalfEven(ChannelTell + leadingNumber(digits));
-    return type <= std::numeric_limits<std::int16_t>::max() ? static_cast<std::int16_t>(type) : ChannelTell;
-}
-
-// `word` is the first word, without the blank: "Bob(TM)(50):".
-std::int16_t channelTell(std::string_view word) {
+// `word` is the first word, without the blank: "Bob(TM)(50):". A title such as "(C):" stands where a channel number
+// would and counts as channel 0.
+Tell channelTell(std::string_view word) {
     const auto close = word.find("):");
-    if (close == word.npos) return NoTell;
+    if (close == word.npos) return {};
     const auto first = close - std::min<std::size_t>(close, 4);
     const auto open = word.substr(first, close - first).rfind('(');
-    if (open == word.npos) return NoTell;
+    if (open == word.npos) return {};
     const auto digits = word.substr(first + open + 1, close - first - open - 1);
-    if (digits.empty()) return NoTell;
-    modChess.ChannelSender.assign(word.substr(0, first + open));
-    return channelType(digits);
+    if (digits.empty()) return {};
+    return {toInt16(ChannelTell + leadingNumber(digits)), word.substr(0, first + open)};
 }
 
 } // namespace
 
-std::int16_t zTellLine(std::string_view line) {
+Tell tellOf(std::string_view line) {
     const std::string_view s = behindPrompts(line);
     const long blank = find(1, s, " ");
-    if (blank == 0) return NoTell;
+    if (blank == 0) return {};
     const long n = blank + 1;
-    if (zNextChars(s, n, "tells you:")) return PersonalTell;
-    if (zNextChars(s, n, "would like to")) return WouldLikeTo;
-    if (zNextChars(s, n, "says:")) return Says;
-    if (zNextChars(s, n, "offers you a draw")) return DrawOffer;
-    if (zNextChars(s, n, "shouts:")) return Shout;
+    if (zNextChars(s, n, "tells you:")) return {PersonalTell, {}};
+    if (zNextChars(s, n, "would like to")) return {WouldLikeTo, {}};
+    if (zNextChars(s, n, "says:")) return {Says, {}};
+    if (zNextChars(s, n, "offers you a draw")) return {DrawOffer, {}};
+    if (zNextChars(s, n, "shouts:")) return {Shout, {}};
     return channelTell(mid(s, 1, blank - 1));
+}
+
+std::int16_t zTellLine(std::string_view line) {
+    const Tell tell = tellOf(line);
+    if (tell.channelSender) modChess.ChannelSender.assign(*tell.channelSender);
+    return tell.type;
 }
 
 std::string zGetTell(std::string& line) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,8 +15,18 @@ inline constexpr std::int16_t DrawOffer = 4;    // "Bob offers you a draw"
 inline constexpr std::int16_t Shout = 5;        // "Bob shouts:"
 inline constexpr std::int16_t ChannelTell = 1000;
 
-// The kind of tell that `line` is. Prompts in front of the tell are skipped. A channel tell, "Bob(50):", also sets
-// modChess.ChannelSender; all else leaves it.
+// What a line tells, and from whom.
+struct Tell {
+    std::int16_t type = NoTell;
+    std::optional<std::string_view> channelSender; // of a channel tell; a part of the line
+};
+
+// The kind of tell that `line` is. Prompts in front of the tell are skipped. Faults (overflow) on a channel number past
+// 16 bits, "(9e9):".
+Tell tellOf(std::string_view line);
+
+// The type of tellOf(line). The sender of a channel tell, "Bob(50):", becomes modChess.ChannelSender; all else leaves
+// it.
 std::int16_t zTellLine(std::string_view line);
 
 // Who sent the personal tell `line`, titles such as "(TM)" left off. Strips blanks and control characters from the

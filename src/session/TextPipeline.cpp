@@ -1,6 +1,7 @@
 // Holds the stream back until the server's prompt shows or the line goes quiet, and hands it on in batches.
 #include "session/TextPipeline.h"
 
+#include "common/RaisedFlag.h"
 #include "common/Text.h"
 #include "common/modChess.h"
 
@@ -14,15 +15,6 @@ constexpr int SilenceMs = 3000;
 constexpr int LoneTailMs = 1000;
 constexpr int CaptureMs = 5000;
 constexpr std::size_t LongestWord = 9; // "password:"
-
-// Cleared also when a fault leaves the drain.
-struct BusyMark {
-    bool& busy;
-    explicit BusyMark(bool& flag) : busy(flag) { busy = true; }
-    ~BusyMark() { busy = false; }
-    BusyMark(const BusyMark&) = delete;
-    BusyMark& operator=(const BusyMark&) = delete;
-};
 
 // The prompt nearly always ends the text. An empty prompt counts as found.
 bool holdsPrompt(std::string_view text) { return text.ends_with(modChess.gPrompt) || contains(text, modChess.gPrompt); }
@@ -50,7 +42,8 @@ constexpr std::array<Flag, 6> busyFlags{&ModChess::gNotesCapture,  &ModChess::gV
 
 } // namespace
 
-TextPipeline::TextPipeline(ServerLines& serverLines) : lines(serverLines) {
+TextPipeline::TextPipeline(ServerLines& serverLines, PipelineHooks reachedOut)
+    : lines(serverLines), hooks(std::move(reachedOut)) {
     lines.tailSeen = [this] { hooks.startTimer(SessionTimer::tmrPrompt, LoneTailMs); };
 }
 
@@ -58,7 +51,7 @@ void TextPipeline::zDataArrival() {
     const std::size_t held = PendingText.size();
     PendingText += hooks.getData();
     if (ParseBusy) return;
-    const BusyMark busy(ParseBusy);
+    const RaisedFlag busy(ParseBusy);
     disarm();
     hooks.textArrived();
     takeArrival(held);
@@ -113,8 +106,7 @@ void TextPipeline::letGoFullBatches(std::size_t held) {
 void TextPipeline::drain(std::size_t held) {
     if (held > 0) letGoFullBatches(held);
     do {
-        const std::string batch = std::exchange(PendingText, {});
-        hooks.dataParse(batch);
+        hooks.dataParse(std::exchange(PendingText, {}));
     } while (!PendingText.empty());
 }
 

@@ -1,36 +1,34 @@
 // Holds the stream back until the server's prompt shows or the line goes quiet, and hands it on in batches.
 #pragma once
 
+#include "common/Needed.h"
 #include "session/FullBatch.h"
 #include "session/ServerLines.h"
+#include "session/SessionSurface.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
-// The one-shot timers of the pipeline; each runs its routine of the same name below.
-enum class SessionTimer { tmrArrival, tmrPrompt, tmrState };
-
-// What the pipeline reaches out to. Unset members do nothing.
+// What the pipeline reaches out to.
 struct PipelineHooks {
     // All data that waits in the socket, one character a byte.
-    std::function<std::string()> getData = [] { return std::string(); };
-    // Starts a timer anew with an interval in milliseconds, or stops it.
-    std::function<void(SessionTimer timer, int milliseconds)> startTimer = [](SessionTimer, int) {};
-    std::function<void(SessionTimer timer)> stopTimer = [](SessionTimer) {};
-    std::function<std::int32_t()> millisecondsOfDay = [] { return 0; };
+    Needed<std::string()> getData;
+    // tmrArrival, tmrPrompt and tmrState, each of which runs its routine of the same name below.
+    Needed<void(SessionTimer timer, int milliseconds)> startTimer;
+    Needed<void(SessionTimer timer)> stopTimer;
+    Needed<std::int32_t()> millisecondsOfDay;
     // Shows the typing line's text unmasked.
-    std::function<void()> clearMask = [] {};
+    Needed<void()> clearMask;
     // Text has arrived; the first through the bridge names the connection.
-    std::function<void()> textArrived = [] {};
+    Needed<void()> textArrived;
     // Writes the learnt handle on every open board.
-    std::function<void(const std::string& handle)> showHandle = [](const std::string&) {};
+    Needed<void(const std::string& handle)> showHandle;
     // The caption of lblPrompt.
-    std::function<std::string()> promptCaption = [] { return std::string(); };
-    std::function<void(const std::string& caption)> setPromptCaption = [](const std::string&) {};
+    Needed<std::string()> promptCaption;
+    Needed<void(const std::string& caption)> setPromptCaption;
     // zDataParse: takes one batch. Its faults pass through the pipeline.
-    std::function<void(const std::string& batch)> dataParse = [](const std::string&) {};
+    Needed<void(const std::string& batch)> dataParse;
 };
 
 // PendingText is either empty or held with tmrArrival running. Nothing here depends on the connection: text held while
@@ -45,7 +43,7 @@ struct TextPipeline {
     std::int16_t login = 0;            // 0 no prompt pending, 1 "login:" seen, 2 "password:" seen
 
     // Lets each unterminated tail of `serverLines` start tmrPrompt.
-    explicit TextPipeline(ServerLines& serverLines);
+    TextPipeline(ServerLines& serverLines, PipelineHooks reachedOut);
     TextPipeline(const TextPipeline&) = delete;
     TextPipeline& operator=(const TextPipeline&) = delete;
 

@@ -3,17 +3,20 @@
 
 #include "common/Abbrev.h"
 
+#include <utility>
+
 namespace {
 
 bool opensPanel(std::string text) { return zAbbrev(text, "help", 2) || zAbbrev(text, "history", 2); }
 
 } // namespace
 
-TypingKeys::TypingKeys(ServerRoad& serverRoad, LogOn& log) : road(serverRoad), logOn(log) {
-    logOn.enter = [this](const std::string& text) {
-        hooks.setText(text);
-        zTxtSend(KeyEnter);
-    };
+TypingKeys::TypingKeys(ServerRoad& serverRoad, LogOn& log, TypingHooks reachedOut)
+    : road(serverRoad), logOn(log), hooks(std::move(reachedOut)) {}
+
+void TypingKeys::enter(const std::string& text) {
+    hooks.setText(text);
+    zTxtSend(KeyEnter);
 }
 
 bool TypingKeys::zTxtSend(int keyAscii) {

@@ -1,21 +1,21 @@
 // The keys of the typing line txtSend, of the buttons beside it, and of the console above it.
 #pragma once
 
+#include "common/Needed.h"
 #include "common/ServerRoad.h"
 #include "common/TypingKey.h"
 #include "session/LogOn.h"
 
-#include <functional>
 #include <string>
 
-// What the keys reach out to: the typing line. Unset members do nothing.
+// What the keys reach out to: the typing line.
 struct TypingHooks {
-    std::function<std::string()> text = [] { return std::string(); };
-    std::function<void(const std::string& text)> setText = [](const std::string&) {};
-    std::function<void()> caretToEnd = [] {};
-    std::function<void()> focus = [] {};
+    Needed<std::string()> text;
+    Needed<void(const std::string& text)> setText;
+    Needed<void()> caretToEnd;
+    Needed<void()> focus;
     // zNewChat: opens a chat box.
-    std::function<void()> zNewChat = [] {};
+    Needed<void()> zNewChat;
 };
 
 struct TypingKeys {
@@ -23,8 +23,7 @@ struct TypingKeys {
     LogOn& logOn;
     TypingHooks hooks;
 
-    // Answers the "login:" prompt of `log` through this typing line.
-    TypingKeys(ServerRoad& serverRoad, LogOn& log);
+    TypingKeys(ServerRoad& serverRoad, LogOn& log, TypingHooks reachedOut);
     TypingKeys(const TypingKeys&) = delete;
     TypingKeys& operator=(const TypingKeys&) = delete;
 
@@ -35,6 +34,9 @@ struct TypingKeys {
     // KeyDown of txtSend; true if the key is consumed. Up answers a pending log-on prompt; Shift+F9 asks for a chat box
     // and stays; all else as typingAnswer() says.
     bool typingKeyDown(int key, bool shift);
+
+    // Puts `text` into the line and presses Enter.
+    void enter(const std::string& text);
 
     // A button with a stored command: types it and presses Enter; an empty command does nothing.
     void pressButton(const std::string& command);

@@ -56,7 +56,7 @@ frmChat::frmChat(ServerRoad& road, const ChatRoads& roads) : box(road), roads_(r
     connect(&tmrStart_, &QTimer::timeout, this, &frmChat::askForBuddy);
     fillHooks();
     connectKeys();
-    openWindows.add({"frmChat", this, nullptr, [this] { close(); }, &box});
+    openWindows.add({"frmChat", this, [this] { close(); }, &box});
 }
 
 frmChat::~frmChat() { openWindows.remove(this); }
@@ -145,4 +145,16 @@ void frmChat::resizeEvent(QResizeEvent* event) {
     txtChat->setGeometry(Beside / 2, TopMargin, width() - Beside, height() - AboveAndBelow);
     const int tell = AboveAndBelow - TopMargin - TellGap - BottomMargin;
     txtTell->setGeometry(txtChat->x(), txtChat->geometry().bottom() + 1 + TellGap, txtChat->width(), tell);
+}
+
+// What the fields leave.
+void frmChat::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+        txtChat->turnPage(key == Qt::Key_PageUp ? -1 : 1);
+    } else if (key == Qt::Key_F1) {
+        roads_.showHelp();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }

@@ -17,6 +17,8 @@ struct ChatRoads {
     SettingsStore store; // section "Chat"
     // The font of the console's command line.
     std::function<QFont()> typingFont = [] { return QFont(); };
+    // F1 was pressed.
+    std::function<void()> showHelp = [] {};
 };
 
 // In openWindows from its construction until it closes; deletes itself after closing, which may happen whenever the
@@ -42,6 +44,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void fillHooks();

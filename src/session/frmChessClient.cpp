@@ -12,7 +12,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFontDatabase>
-#include <QHBoxLayout>
 #include <QMenuBar>
 #include <QVBoxLayout>
 
@@ -20,6 +19,7 @@ namespace {
 
 constexpr QSize DesignedSize(760, 560); // pixels
 constexpr int ConsolePointSize = 9;
+constexpr int FirstTick = 1000; // milliseconds, of tmrTCP
 
 // Pixels. What the console leaves of the window, and how that is shared out.
 constexpr int Beside = 37;
@@ -27,16 +27,7 @@ constexpr int BelowAndAbove = 71;
 constexpr int TallTitleBar = 9;
 constexpr int TopMargin = 6;
 constexpr int RowGap = 7;
-constexpr int RowHeight = 24;
-constexpr int TellWidth = 21;
-
-QPushButton* commandButton(QWidget* parent, const char* name, const char* caption) {
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setFocusPolicy(Qt::NoFocus);
-    button->setFixedSize(button->fontMetrics().horizontalAdvance(button->text()) + 18, RowHeight);
-    return button;
-}
+constexpr int LeastMargin = 2;
 
 // The prescribed font is a bitmap font of old; where it is missing the system's fixed font stands in.
 QFont consoleFont() {
@@ -55,17 +46,12 @@ frmChessClient::frmChessClient(const ClientRoads& roads) : roads_(roads) {
     menus.build(*menuBar());
     setCentralWidget(buildInner());
     resize(DesignedSize);
-    wirePipeline();
-    wireClassifier();
-    wireBoards();
-    wireRoad();
-    wireSocket();
-    wireConnection();
-    wireTimers();
-    wireKeys();
-    wireMenus();
-    wireChat();
-    openWindows.add({"frmChessClient", this, nullptr, [this] { close(); }});
+    connectSocket();
+    connectTimers();
+    connectKeys();
+    connectMenus();
+    connectChat();
+    openWindows.add({"frmChessClient", this, [this] { close(); }});
 }
 
 frmChessClient::~frmChessClient() { openWindows.remove(this); }
@@ -73,58 +59,27 @@ frmChessClient::~frmChessClient() { openWindows.remove(this); }
 QWidget* frmChessClient::buildInner() {
     auto* inner = new QWidget(this);
     auto* column = new QVBoxLayout(inner);
-    column->setSpacing(RowGap);
     txtOutput = new Console(inner);
     txtOutput->setMinimumHeight(60);
+    row_ = new CommandRow(inner);
+    txtSend = row_->txtSend;
+    lblPrompt = row_->lblPrompt;
+    connect(row_, &CommandRow::fitted, this, &frmChessClient::fitMargins);
     column->addWidget(txtOutput, 1);
-    column->addWidget(buildRow());
+    column->addWidget(row_);
     return inner;
 }
 
-// The prompt, the command line and the buttons stand in one row below the console.
-QWidget* frmChessClient::buildRow() {
-    auto* bar = new QWidget(this);
-    bar->setFixedHeight(RowHeight);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
-    lblPrompt = new QLabel(bar);
-    lblPrompt->setObjectName(QStringLiteral("lblPrompt"));
-    lblPrompt->setTextFormat(Qt::PlainText);
-    lblPrompt->setMaximumWidth(140);
-    txtSend = new TypingLine(bar);
-    txtSend->setMinimumWidth(120);
-    txtSend->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    row->addWidget(lblPrompt);
-    row->addWidget(txtSend, 1);
-    row->addLayout(buildTellButtons(bar));
-    cmdAcc = commandButton(bar, "cmdAcc", "Accept");
-    cmdDec = commandButton(bar, "cmdDec", "Decline");
-    cmdChat = commandButton(bar, "cmdChat", "Chat");
-    for (QPushButton* button : {cmdAcc, cmdDec, cmdChat}) row->addWidget(button);
-    return bar;
-}
-
-QLayout* frmChessClient::buildTellButtons(QWidget* bar) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(1);
-    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
-        cmdTell[index] = new QToolButton(bar);
-        cmdTell[index]->setObjectName(QStringLiteral("cmdTell(%1)").arg(index));
-        cmdTell[index]->setText(QString::number((index + 1) % 10));
-        cmdTell[index]->setAccessibleName(tr("Button command %1").arg(index + 1));
-        cmdTell[index]->setFocusPolicy(Qt::NoFocus);
-        cmdTell[index]->setFixedSize(TellWidth, RowHeight);
-        row->addWidget(cmdTell[index]);
-    }
-    return row;
-}
-
-// The console is the window less fixed margins; tall title bars take a little more of the height.
+// The console is the window less fixed margins, in which menus and row stand; tall title bars take a little more of the
+// height, and so do more rows and larger letters than there is room for.
 void frmChessClient::fitMargins() {
     const int below = BelowAndAbove + (menus.mnuXP->isChecked() ? TallTitleBar : 0);
-    const int bottom = below - menuBar()->height() - TopMargin - RowGap - RowHeight;
-    centralWidget()->layout()->setContentsMargins(Beside / 2, TopMargin, Beside - Beside / 2, std::max(4, bottom));
+    const int rest = std::max(3 * LeastMargin, below - menuBar()->height() - row_->height());
+    const int top = std::min(TopMargin, rest / 3);
+    const int gap = std::min(RowGap, rest / 3);
+    QLayout* column = centralWidget()->layout();
+    column->setSpacing(gap);
+    column->setContentsMargins(Beside / 2, top, Beside - Beside / 2, rest - top - gap);
 }
 
 void frmChessClient::resizeEvent(QResizeEvent* event) {
@@ -136,19 +91,19 @@ void frmChessClient::load() {
     zStartValues();
     const QStringList arguments = QApplication::arguments().mid(1);
     if (arguments.join(u' ') == QStringLiteral("test")) QDir::setCurrent(QDir::tempPath());
-    connection.StartDirectory = QDir::currentPath().toLocal8Bit().toStdString();
+    session.connection.StartDirectory = QDir::currentPath().toLocal8Bit().toStdString();
     settings.Width = twipsOf(DesignedSize).Width;
     settings.Height = twipsOf(DesignedSize).Height;
     zGetReg(roads_.store, settings);
     applySettings();
     loadPlace();
     takeLook();
-    classifier.LineColor = modChess.ColorMain;
-    connection.ClosedByUser = true;
+    session.classifier.LineColor = modChess.ColorMain;
+    session.connection.ClosedByUser = true;
     show();
     txtSend->setFocus();
-    passOver([this] { routing.hooks.zNewBoard(); });
-    tmrTCP_.start();
+    passOver([this] { session.routing.hooks.zNewBoard(); });
+    timerOf(SessionTimer::tmrTCP).start(FirstTick);
 }
 
 void frmChessClient::loadPlace() {
@@ -187,30 +142,30 @@ void frmChessClient::queryUnload() {
     tcpClient_.Close();
     collectSettings();
     zSaveReg(roads_.store, settings);
-    connection.zTerminateTimeSeal();
+    session.connection.bridge.zTerminateTimeSeal();
     stopEverything();
     Q_EMIT closed();
 }
 
 void frmChessClient::stopEverything() {
     tcpClient_.Close();
-    for (QTimer* timer : {&tmrArrival_, &tmrPrompt_, &tmrState_, &tmrTCP_, &tmrClose_}) timer->stop();
+    for (QTimer& timer : timers_) timer.stop();
 }
 
 void frmChessClient::applySettings() {
-    connection.LastServer = settings.LastServer;
-    connection.mnuUseTS = settings.mnuUseTS;
-    connection.mnuAutoCon = settings.mnuAutoCon;
-    connection.mnuAutoLogon = settings.mnuAutoLogon;
-    logOn.handle = settings.Handle;
-    logOn.password = settings.Password;
+    session.connection.LastServer = settings.LastServer;
+    session.connection.mnuUseTS = settings.mnuUseTS;
+    session.connection.mnuAutoCon = settings.mnuAutoCon;
+    session.connection.mnuAutoLogon = settings.mnuAutoLogon;
+    session.logOn.handle = settings.Handle;
+    session.logOn.password = settings.Password;
     menus.mnuSeekGrf->setChecked(settings.mnuSeekGrf);
     menus.mnuXP->setChecked(settings.mnuXP);
     takeMenuTicks();
-    for (std::size_t index = 0; index < cmdTell.size(); ++index) {
+    for (std::size_t index = 0; index < row_->cmdTell.size(); ++index) {
         const QString command = shownText(settings.Tell[long(index)]);
-        cmdTell[index]->setToolTip(command);
-        cmdTell[index]->setEnabled(!command.isEmpty());
+        row_->cmdTell[index]->setToolTip(command);
+        row_->cmdTell[index]->setEnabled(!command.isEmpty());
     }
 }
 
@@ -220,12 +175,12 @@ void frmChessClient::collectSettings() {
     settings.Top = at.Top;
     settings.Width = at.Width;
     settings.Height = at.Height;
-    settings.mnuUseTS = connection.mnuUseTS;
-    settings.mnuAutoCon = connection.mnuAutoCon;
-    settings.mnuAutoLogon = connection.mnuAutoLogon;
+    settings.mnuUseTS = session.connection.mnuUseTS;
+    settings.mnuAutoCon = session.connection.mnuAutoCon;
+    settings.mnuAutoLogon = session.connection.mnuAutoLogon;
     settings.mnuSeekGrf = menus.mnuSeekGrf->isChecked();
     settings.mnuXP = menus.mnuXP->isChecked();
-    settings.LastServer = connection.LastServer;
-    settings.Handle = logOn.handle;
-    settings.Password = logOn.password;
+    settings.LastServer = session.connection.LastServer;
+    settings.Handle = session.logOn.handle;
+    settings.Password = session.logOn.password;
 }

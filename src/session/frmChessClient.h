@@ -2,35 +2,22 @@
 #pragma once
 
 #include "board/BoardRoads.h"
-#include "board/GameRouting.h"
-#include "common/ServerRoad.h"
 #include "platform/TypingLine.h"
 #include "platform/tcpClient.h"
-#include "session/BlockMode.h"
-#include "session/Captures.h"
-#include "session/ChatRouting.h"
 #include "session/ClientMenus.h"
-#include "session/Connection.h"
+#include "session/CommandRow.h"
 #include "session/Console.h"
-#include "session/LineClassifier.h"
-#include "session/LogOn.h"
-#include "session/ServerLines.h"
-#include "session/TextPipeline.h"
+#include "session/Session.h"
 #include "session/TimesealBridge.h"
-#include "session/TypingKeys.h"
 #include "session/frmChat.h"
 #include "settings/ClientSettings.h"
 #include "settings/RegDump.h"
 #include "settings/SettingsStore.h"
 #include "settings/WindowPlacer.h"
 
-#include <QLabel>
 #include <QMainWindow>
-#include <QPushButton>
 #include <QTimer>
-#include <QToolButton>
 
-#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -47,8 +34,8 @@ struct ClientRoads {
     std::function<void()> showMatch = [] {};
 };
 
-// Lives as long as the program. Its parts are window-free; the window carries events to them and their results to the
-// screen. In openWindows from its construction on.
+// Lives as long as the program. Everything is decided in `session`; the window carries events to it and its results to
+// the screen. In openWindows from its construction on.
 class frmChessClient : public QMainWindow {
     Q_OBJECT
 public:
@@ -63,22 +50,8 @@ public:
     void stopEverything();
     // What a board needs of the console; good as long as the window lives.
     BoardRoads boardRoads();
-    // Opens a chat box, which proposes the sender of the latest tell.
-    void zNewChat();
-    // What a board's Shift+F9 leads to: the chat box of modChess.TellTarget comes up; where there is none, one opens.
-    void showChat();
 
-    ServerLines serverLines;
-    TextPipeline pipeline{serverLines};
-    Captures captures;
-    LineClassifier classifier{serverLines, captures};
-    ServerRoad road;
-    LogOn logOn{pipeline, road};
-    TypingKeys typingKeys{road, logOn};
-    BlockMode blockMode;
-    Connection connection;
-    GameRouting routing;
-    ChatRouting chatRouting;
+    Session session{surface()};
     ClientSettings settings;
     ClientMenus menus;
 
@@ -97,26 +70,30 @@ private:
     }
 
     QWidget* buildInner();
-    QWidget* buildRow();
-    QLayout* buildTellButtons(QWidget* bar);
     void fitMargins();
     void applySettings();
     void collectSettings();
     void loadPlace();
     void takeLook();
 
-    void wirePipeline();
-    void wireClassifier();
-    void wireBoards();
-    void wireRoad();
-    void wireSocket();
-    void wireConnection();
-    void wireBridge();
-    void wireTimers();
-    void wireKeys();
-    void wireMenus();
-    void wireChat();
-    void wireConsoleMenu();
+    SessionSurface surface();
+    SocketSurface socketSurface();
+    TimerSurface timerSurface();
+    ConsoleSurface consoleSurface();
+    TypingSurface typingSurface();
+    ClientSurface clientSurface();
+    WindowSurface windowSurface();
+    UserSurface userSurface();
+    BridgeSurface bridgeSurface();
+    QTimer& timerOf(SessionTimer timer) { return timers_.at(static_cast<std::size_t>(timer)); }
+    void connectSocket();
+    void connectTimers();
+    void connectKeys();
+    void connectRow();
+    void connectMenus();
+    void connectConsoleMenu();
+    void connectChat();
+    void openChat();
     void takeMenuTicks();
     void dumpRegistry();
 
@@ -126,16 +103,9 @@ private:
     tcpClient tcpClient_;
     TimesealBridge bridge_;
     Console* txtOutput = nullptr;
-    TypingLine* txtSend = nullptr;
-    QLabel* lblPrompt = nullptr;
-    std::array<QToolButton*, 10> cmdTell{};
-    QPushButton* cmdAcc = nullptr;
-    QPushButton* cmdDec = nullptr;
-    QPushButton* cmdChat = nullptr;
-    QTimer tmrArrival_;
-    QTimer tmrPrompt_;
-    QTimer tmrState_;
-    QTimer tmrTCP_;
-    QTimer tmrClose_;
+    CommandRow* row_ = nullptr;
+    TypingLine* txtSend = nullptr; // of the row
+    QLabel* lblPrompt = nullptr;   // of the row
+    std::array<QTimer, SessionTimers> timers_; // by SessionTimer
     bool unloaded_ = false;
 };

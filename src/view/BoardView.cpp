@@ -42,8 +42,6 @@ QPointF fromCorner(const QMouseEvent& event) {
     return event.position() - QPointF(BoardView::BorderPixels, BoardView::BorderPixels);
 }
 
-bool isSquare(int square) { return square >= 0 && square <= 63; }
-
 } // namespace
 
 BoardView::BoardView(QWidget* parent) : QWidget(parent), beep([] { QApplication::beep(); }) {
@@ -86,7 +84,7 @@ void BoardView::usePieceList(std::int16_t list) {
 }
 
 void BoardView::zDrawSquare(std::int16_t square, std::int16_t mode, std::int16_t bare, QImage* target) {
-    if (!isSquare(square) || picture_.isNull()) return;
+    if (picture_.isNull()) return;
     if (target) {
         QPainter painter(target);
         paintSquare(painter, square, mode, bare != 0);
@@ -121,9 +119,9 @@ void BoardView::paintPiece(QPainter& painter, const QRect& area, int image) cons
 }
 
 void BoardView::zYankPiece(std::int16_t square) {
-    if (!isSquare(square)) return;
+    const std::int16_t mode = shownMode_[square];
     liftedImage_ = pieceImage(pieceAt(square));
-    zDrawSquare(square, shownMode_[square], 1);
+    zDrawSquare(square, mode, 1);
 }
 
 void BoardView::zMovePiece(float x, float y, std::uint8_t xAlpha) {

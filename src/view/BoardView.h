@@ -39,11 +39,11 @@ public:
 
     // Paints one square and no other. `mode` 0 paints it plain, -1 with a frame in modChess.ColorMove, any other with
     // one in modChess.ColorPreMove; `bare` not zero leaves its piece out. With a `target` (8 squares in device pixels)
-    // it paints there and not on the board. A square outside 0 to 63 paints nothing.
+    // it paints there and not on the board. Faults (subscript) on a square outside 0 to 63.
     void zDrawSquare(std::int16_t square, std::int16_t mode = 0, std::int16_t bare = 0, QImage* target = nullptr);
 
     // Takes the square's piece on the pointer, to be shown by zMovePiece, and paints the square without it, its
-    // highlight frame staying. A square outside 0 to 63 does nothing.
+    // highlight frame staying. Faults as zDrawSquare does.
     void zYankPiece(std::int16_t square);
 
     // Shows the lifted piece with its middle at a point, blended with strength `xAlpha`: 0 not at all, 255 solid. What

@@ -1,6 +1,8 @@
 // When a board is fitted anew to its window: once, after the last of a row of resizes.
 #pragma once
 
+#include <utility>
+
 // The rules around tmrResize; the timer itself is the window's.
 struct ResizeWatch {
     static constexpr int IntervalMs = 1000;
@@ -16,15 +18,10 @@ struct ResizeWatch {
         return true;
     }
 
-    // The timer fired and has been stopped: true if zBoardSetup(false) is to run. The very first firing on a board
-    // only counts as seen and keeps the mark.
-    bool timerFired() {
-        if (!FirstFiringSeen) {
-            FirstFiringSeen = true;
-            return false;
-        }
-        const bool fit = Resized;
-        Resized = false;
-        return fit;
-    }
+    // The timer fired and has been stopped: true if zBoardSetup(false) is to run, and `fitted` behind it. The very
+    // first firing on a board only counts as seen.
+    bool timerFired() { return std::exchange(FirstFiringSeen, true) && Resized; }
+
+    // The board fits its window. To do so it gave the window another size, and that is no resize to be answered.
+    void fitted() { Resized = false; }
 };

@@ -83,7 +83,7 @@ frmBoardColors::frmBoardColors() : colors_(boardColors()) {
     row->addLayout(buildButtons());
     row->setSizeConstraint(QLayout::SetFixedSize);
     zDraw();
-    openWindows.add({"frmBoardColors", this, nullptr, [this] { close(); }});
+    openWindows.add({"frmBoardColors", this, [this] { close(); }});
 }
 
 frmBoardColors::~frmBoardColors() { openWindows.remove(this); }

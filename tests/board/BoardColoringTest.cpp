@@ -92,7 +92,7 @@ TEST_F(BoardColoring, ABoardThatClosesTakesTheOtherPanelsAlongBeforeItAsks) {
     const char ids[4]{};
     int number = 0;
     for (const char* name : {"frmExamine", "frmPGN", "frmMatch", "frmNotes"}) {
-        openWindows.add({name, &ids[number++], nullptr, [&unloaded, name] { unloaded.emplace_back(name); }});
+        openWindows.add({name, &ids[number++], [&unloaded, name] { unloaded.emplace_back(name); }});
     }
     boxes.okCancel = [&](QWidget*, const std::string&, const std::string&) {
         unloaded.emplace_back("box");

@@ -255,21 +255,6 @@ TEST_F(BoardCommands, AfterBookupTheListFitsTheSquaresAgain) {
     EXPECT_EQ(part<BoardView>(board, "picChess").geometry().PieceList, 2) << "the list of 54 pixels";
 }
 
-TEST_F(BoardCommands, ABoardMayGoWhileItChangesItsPieceSet) {
-    for (const char* name : {"mnuBookup", "mnuQuorl", "mnuGNU"}) {
-        for (const int last : {1, 2}) {
-            const QPointer<frmChessBoard> board(&open());
-            int pumps = 0;
-            board->game.surface.pump = [&] {
-                if (++pumps == last) delete board.data();
-            };
-            entry(*board, name).trigger();
-            EXPECT_FALSE(board) << name;
-            EXPECT_EQ(pumps, last) << name;
-        }
-    }
-}
-
 TEST_F(BoardCommands, CleanLetsPiecesBeLiftedAgain) {
     frmChessBoard& board = open();
     board.game.noPlay = true;

@@ -274,6 +274,21 @@ TEST_F(BoardFace, AResizeByHandIsAnsweredOnceItHasRestedForASecond) {
     EXPECT_TRUE(waitUntil([&] { return square(board) > 64; }, 2500));
 }
 
+TEST_F(BoardFace, TheSizeThatFitsIsNoResizeToBeAnsweredOnceMore) {
+    frmChessBoard& board = open();
+    runFor(1200);
+    int fitted = 0;
+    const auto paint = board.game.surface.paintBoard;
+    board.game.surface.paintBoard = [&] {
+        ++fitted;
+        paint();
+    };
+    board.resize(board.width(), board.height() + 3);
+    ASSERT_TRUE(waitUntil([&] { return fitted == 1; }, 3000));
+    runFor(1300);
+    EXPECT_EQ(fitted, 1);
+}
+
 TEST_F(BoardFace, TheFirstResizeByHandFitsTheBoardASecondLater) {
     frmChessBoard& board = open();
     runFor(1200); // the first firing of tmrResize, which fits nothing

@@ -109,7 +109,6 @@ private:
         s.zMovePiece = [this](float x, float y, int alpha) { note("piece", x, y, alpha); };
         s.paintBoard = [this] { note("paint"); };
         s.keepPicture = [this] { note("picture"); };
-        s.pump = [this] { note("pump"); };
         s.setLastMove = [this](const std::string& text) { note("last", text); };
         s.setClock = [this](int side, const std::string& text) { note("clock", side, text); };
         s.setClockColor = [this](int side, std::uint32_t color) { note("color", side, color); };

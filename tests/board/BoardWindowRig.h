@@ -67,25 +67,24 @@ protected:
         keep("Height", height);
     }
 
-    // What the client does with a line that has reached the board; gives whether the window is still open.
-    static bool receive(Game& game, const LineOf& line, bool first = true) {
+    // What the client does with a line that has reached the board.
+    static void receive(Game& game, const LineOf& line, bool first = true) {
         modChess.NewGameFlag = first;
         modChess.Record = recordOf(line);
         game.zGS();
-        const bool open = game.zSetPosition(false);
+        game.zSetPosition(false);
         modChess.NewGameFlag = false;
-        return open;
     }
 
     // The same with a position of game 12: for "none" the one before the first move, for any other text that after e4.
-    static bool position(Game& game, int relation, const std::string& pretty = "e4", bool first = true) {
+    static void position(Game& game, int relation, const std::string& pretty = "e4", bool first = true) {
         LineOf line{.relation = relation, .blackClock = 754, .pretty = pretty};
         if (pretty != "none") {
             line.ranks = AfterE4;
             line.turn = "B";
             line.verbose = "P/e2-e4";
         }
-        return receive(game, line, first);
+        receive(game, line, first);
     }
 
     template <typename Widget = QWidget>

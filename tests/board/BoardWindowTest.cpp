@@ -1,4 +1,4 @@
-// How a board window carries out what its game says: texts, first layout, coming to the front, closing in a pump.
+// How a board window carries out what its game says: texts, first layout, coming to the front.
 #include "board/BoardWindowRig.h"
 
 #include "platform/Clock.h"
@@ -90,15 +90,17 @@ TEST_F(BoardWindow, TheClockLooksAtTheTimeTenTimesASecond) {
     wallClock = Clock();
 }
 
-TEST_F(BoardWindow, ABoardThatClosesWhileItsPositionArrivesEndsTheUpdate) {
+TEST_F(BoardWindow, NothingElseRunsWhileAPositionIsShown) {
+    modChess.PreMoveOK = 1;
     frmChessBoard& board = open();
-    QTimer::singleShot(0, &board, [&board] {
-        modChess.AppClosing = true;
-        board.close();
-    });
-    EXPECT_FALSE(receive(board.game, {}));
-    EXPECT_EQ(openWindows.count("frmChessBoard"), 0);
-    EXPECT_FALSE(modChess.GameRunning) << "the steps behind the pump are left out";
+    bool ran = false;
+    QTimer::singleShot(0, &board, [&] { ran = true; });
+    receive(board.game, {.flip = 1}); // turns the board
+    board.game.zExitMove();
+    board.game.tmrNoPlay();
+    position(board.game, -1, "e4", false);
+    EXPECT_FALSE(ran);
+    EXPECT_TRUE(waitUntil([&] { return ran; }));
 }
 
 TEST_F(BoardWindow, ZBuildMaskDoesNothing) {

@@ -53,14 +53,19 @@ TEST(EndGame, TheNumberIsReadBehindGameOfEitherCase) {
 }
 
 TEST(EndGame, ANumberOnNoBoardOnlyClearsGameRunning) {
-    for (const char* line : {"{Game 99 (c vs d) c resigns} 1-0\r\n", "Game aborted.\r\n", "} 1-0\r\n",
-                             "{Game 99999 (c vs d) c resigns} 1-0\r\n", "game"}) {
+    for (const char* line : {"{Game 99 (c vs d) c resigns} 1-0\r\n", "Game aborted.\r\n", "} 1-0\r\n", "game"}) {
         EndRig rig(1);
         rig.routing.zEndGame(line);
         EXPECT_EQ(rig.board.gameIndex, 12) << line;
         EXPECT_TRUE(rig.asked.empty()) << line;
         EXPECT_FALSE(modChess.GameRunning) << line;
     }
+}
+
+TEST(EndGame, ANumberPast16BitsFaultsAndEndsNothing) {
+    EndRig rig(1);
+    EXPECT_THROW(rig.routing.zEndGame("{Game 99999 (c vs d) c resigns} 1-0\r\n"), Fault);
+    EXPECT_EQ(rig.board.gameIndex, 12);
 }
 
 TEST(EndGame, ARelationOfFourOrMoreIsNoLiveOne) {
@@ -84,7 +89,7 @@ TEST(EndGame, WithoutAnyBoardThatFitsGameRunningStays) {
 
 TEST(EndGame, TheLossOfTheConnectionEndsEveryGame) {
     EndRig rig(1);
-    openWindows.add({"frmChat", &rig, nullptr, {}});
+    openWindows.add({"frmChat", &rig, {}});
     Game& observed = rig.addGame(14, 0);
     rig.routing.zEndAllGames();
     EXPECT_EQ(rig.board.gameIndex, 0);

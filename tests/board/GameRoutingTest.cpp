@@ -7,7 +7,7 @@
 
 TEST(GameRouting, ZFindBoardGivesTheFirstBoardOfTheGame) {
     RoutingRig rig;
-    openWindows.add({"frmChessClient", &rig, nullptr, {}});
+    openWindows.add({"frmChessClient", &rig, {}});
     rig.addIdle();
     rig.addGame(12, 1);
     rig.addGame(12, 0);
@@ -19,7 +19,7 @@ TEST(GameRouting, ZFindBoardGivesTheFirstBoardOfTheGame) {
 TEST(GameRouting, ZFindBoardWithANegativeNumberGivesTheFirstBoardOfAll) {
     RoutingRig rig;
     EXPECT_EQ(zFindBoard(-1), -1);
-    openWindows.add({"frmChat", &rig, nullptr, {}});
+    openWindows.add({"frmChat", &rig, {}});
     rig.addGame(12, 1);
     rig.addIdle();
     EXPECT_EQ(zFindBoard(-1), 1);
@@ -28,7 +28,7 @@ TEST(GameRouting, ZFindBoardWithANegativeNumberGivesTheFirstBoardOfAll) {
 
 TEST(GameRouting, WindowsOfOtherClassesAreNoBoards) {
     RoutingRig rig;
-    openWindows.add({"frmHistory", &rig, nullptr, {}});
+    openWindows.add({"frmHistory", &rig, {}});
     EXPECT_EQ(zFindBoard(0), -1);
     EXPECT_THROW(boardAt(0), Fault);
 }
@@ -52,19 +52,6 @@ TEST(GameRouting, ZFindBoardOrFreeSetsTheNumberToZeroAlsoWhenNothingIsFound) {
     std::int16_t game = 13;
     EXPECT_EQ(zFindBoardOrFree(game), -1);
     EXPECT_EQ(game, 0);
-}
-
-// Its load would lay the start position over the game.
-TEST(GameRouting, ABoardThatStillLoadsIsNotFree) {
-    RoutingRig rig;
-    rig.add().beginLoad();
-    rig.addIdle();
-    std::int16_t game = 13;
-    EXPECT_EQ(zFindBoardOrFree(game), 1);
-    EXPECT_EQ(rig.routing.zFindReviewBoard(), 1);
-    ASSERT_TRUE(rig.boards.front()->finishLoad());
-    EXPECT_EQ(zFindBoardOrFree(game), 0);
-    EXPECT_EQ(rig.routing.zFindReviewBoard(), 0);
 }
 
 TEST(GameRouting, ZFindBoardByIdFindsTheBoard) {
@@ -107,34 +94,9 @@ TEST(GameRouting, ZFindReviewBoardOpensExactlyOneBoard) {
 TEST(GameRouting, ZFindReviewBoardGivesMinusOneWhenNoBoardCanBeMade) {
     RoutingRig rig;
     int opened = 0;
-    rig.routing.hooks.openBoard = [&]() -> const void* {
-        ++opened;
-        return nullptr;
-    };
+    rig.routing.hooks.zNewBoard = [&] { ++opened; };
     EXPECT_EQ(rig.routing.zFindReviewBoard(), -1);
     EXPECT_EQ(opened, 1);
-}
-
-TEST(GameRouting, ZNewBoardPumpsUntilTheLoadIsFinished) {
-    RoutingRig rig;
-    rig.routing.hooks.openBoard = [&]() -> const void* { return &rig.add(); };
-    int pumps = 0;
-    rig.routing.hooks.pump = [&] {
-        if (++pumps == 3) rig.boards.back()->beginLoad();
-    };
-    rig.routing.zNewBoard();
-    EXPECT_EQ(pumps, 3);
-}
-
-TEST(GameRouting, ZNewBoardReturnsWhenTheWindowClosesBeforeItsLoad) {
-    RoutingRig rig;
-    rig.routing.hooks.openBoard = [&]() -> const void* { return &rig.add(); };
-    rig.routing.hooks.pump = [&] {
-        openWindows.remove(rig.boards.back().get());
-        rig.boards.pop_back();
-    };
-    rig.routing.zNewBoard();
-    EXPECT_TRUE(rig.boards.empty());
 }
 
 TEST(GameRouting, ALineForAGameThatHasABoardLeavesNewGameFlagFalse) {
@@ -178,9 +140,9 @@ TEST(GameRouting, ALineWithNoIdleBoardOpensANewOne) {
 
 TEST(GameRouting, ALineForWhichNoBoardCanBeHadIsFalse) {
     RoutingRig rig;
-    rig.routing.hooks.openBoard = []() -> const void* { return nullptr; };
+    rig.routing.hooks.zNewBoard = [] {};
     EXPECT_FALSE(rig.routing.zStyle12Line(LineOf{}.text(), true));
-    rig.routing.hooks.openBoard = []() -> const void* { throw Fault(FaultKind::File, "no window"); };
+    rig.routing.hooks.zNewBoard = [] { throw Fault(FaultKind::File, "no window"); };
     EXPECT_FALSE(rig.routing.zStyle12Line(LineOf{}.text(), true)) << "faults are passed over";
     EXPECT_EQ(modChess.Record.GameNumber, 12) << "the shared record is read all the same";
 }

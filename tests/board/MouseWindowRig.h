@@ -1,4 +1,4 @@
-// Real board windows under real mouse events; popup menus are answered by the test.
+// Real board windows under real mouse events; popup menus are answered by the test, from the message loop.
 #pragma once
 
 #include "board/BoardRig.h"
@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QTimer>
 
 #include <functional>
 #include <string>
@@ -20,9 +21,12 @@ class MouseWindowRig : public BoardWindowRig {
 protected:
     MouseWindowRig() {
         modChess.DragMode = 1;
-        boxes.popup = [this](QMenu& menu) {
+        boxes.popup = [this](QMenu& menu, const std::function<void(QAction*)>& chosen) {
             popups.push_back(menu.objectName().toStdString());
-            if (answer) answer(menu);
+            QTimer::singleShot(0, &menu, [this, &menu, chosen] {
+                ++answered;
+                chosen(answer ? answer(menu) : nullptr);
+            });
         };
     }
 
@@ -91,6 +95,10 @@ protected:
         }
     }
 
+    bool menusAnswered() {
+        return waitUntil([this] { return answered == popups.size(); });
+    }
+
     // What the window system holds of the board: the pixels that were really painted, none painted for this. The
     // offscreen platform gives only a quarter of them at double scale; there the board is painted once more.
     static QImage screenOf(frmChessBoard& board) {
@@ -116,5 +124,6 @@ protected:
     static QColor colorOf(std::int32_t bgr) { return QColor(bgr & 255, bgr >> 8 & 255, bgr >> 16 & 255); }
 
     std::vector<std::string> popups;
-    std::function<void(QMenu&)> answer; // nothing: the menu is dismissed
+    std::size_t answered = 0;               // of the popups
+    std::function<QAction*(QMenu&)> answer; // none: the menu is dismissed
 };

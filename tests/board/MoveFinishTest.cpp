@@ -179,23 +179,6 @@ TEST(PreMove, TheEndOfTheGameForgetsIt) {
     EXPECT_EQ(rig.game.MoveMode, 0);
 }
 
-TEST(PreMove, APromotionAsksWhenItIsPlayed) {
-    MoveInputRig rig;
-    modChess.PreMoveOK = 1;
-    const std::string ranks = "----k--- P------- -------- -------- -------- -------- -------- ----K---";
-    rig.openWith({.ranks = ranks, .turn = "B", .relation = -1});
-    rig.queue("a7", "a8");
-    rig.move("h5");
-    EXPECT_TRUE(rig.all("promote").empty());
-    rig.game.surface.popupPromote = [&rig] {
-        rig.note("promote");
-        rig.game.PromotePiece = 3;
-    };
-    rig.receive({.ranks = ranks, .relation = 1, .moveNumber = 2, .pretty = "Ke7"});
-    EXPECT_EQ(rig.all("promote").size(), 1U);
-    EXPECT_EQ(rig.all("send"), Effects{"send a7-a8=R+"});
-}
-
 // Moves
 
 TEST(Finish, ALegalMoveOfALiveGameGoesToTheServer) {
@@ -249,10 +232,10 @@ TEST(Finish, AnyMoveModeButOneIsTheNormalPath) {
 TEST(Finish, BothPathsEndWithAnUpdate) {
     MyGame played;
     played.drag("e2", "e4");
-    EXPECT_TRUE(played.saw("pump"));
+    EXPECT_TRUE(played.saw("picture"));
     Waiting queued;
     queued.drag("d2", "d4");
-    EXPECT_TRUE(queued.saw("pump"));
+    EXPECT_TRUE(queued.saw("picture"));
 }
 
 TEST(Finish, AMoveThatDiffersOverwritesTheStoredOneAndEndsWhatLayAhead) {
@@ -349,23 +332,4 @@ TEST(Finish, TheMoveOfRow200FaultsForBlack) {
     rig.drag("e2", "e4");
     EXPECT_EQ(rig.game.MoveText[200][0], "e4");
     EXPECT_THROW(rig.drag("e7", "e5"), Fault);
-}
-
-TEST(Finish, WithAutoQueenNobodyIsAsked) {
-    MoveInputRig rig;
-    modChess.AutoQueen = 1;
-    rig.openWith({.ranks = "-------- P------- -------- --k----- -------- -------- -------- ----K---"});
-    rig.drag("a7", "a8");
-    EXPECT_TRUE(rig.all("promote").empty());
-    EXPECT_EQ(rig.all("send"), Effects{"send a7-a8=Q"});
-}
-
-TEST(Finish, APromotionMenuThatWasDismissedLosesThePawn) {
-    MoveInputRig rig;
-    rig.openWith({.ranks = "-------- P------- -------- --k----- -------- -------- -------- ----K---"});
-    rig.drag("a7", "a8");
-    EXPECT_EQ(rig.all("promote").size(), 1U);
-    EXPECT_EQ(rig.all("send"), Effects{"send a7-a8"});
-    EXPECT_EQ(rig.game.Board[48], 0);
-    EXPECT_EQ(rig.game.Board[56], 0);
 }

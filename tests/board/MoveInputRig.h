@@ -6,7 +6,6 @@
 #include "common/Squares.h"
 #include "view/BoardGeometry.h"
 
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -22,8 +21,7 @@ struct MoveInputRig : BoardRig {
     static constexpr int Left = 1;
     static constexpr int Right = 2;
 
-    std::unique_ptr<MoveInput> ownedInput = std::make_unique<MoveInput>(game);
-    MoveInput& input = *ownedInput;
+    MoveInput input{game};
     BoardGeometry geometry;
     int slip = 0; // interval of tmrSlip while it runs
     std::string popped;
@@ -47,11 +45,11 @@ struct MoveInputRig : BoardRig {
             for (const DropEntry& entry : entries) popped += entry.caption + (entry.enabled ? "+" : "-") + " ";
             note("menu", input.DropSquare);
         };
+        s.popupPromote = [this] { note("promote"); };
         s.focusTyping = [this] { note("focus"); };
         s.moveMade = [this] { note("made"); };
         game.surface.setPointerPicture = [this](int picture) { note("pointer", picture); };
         game.surface.zSqFinish = [this](int square) { input.zSqFinish(square); };
-        game.surface.popupPromote = [this] { note("promote"); };
     }
 
     void turnBoard() {
@@ -105,12 +103,5 @@ struct MoveInputRig : BoardRig {
         openWith(MyMove);
         receive(AfterMine);
         effects.clear();
-    }
-
-    // The window is closed and everything of it is gone.
-    void destroy() {
-        effects.clear();
-        ownedInput.reset();
-        owned.reset();
     }
 };

@@ -232,7 +232,7 @@ TEST(MakeMove, ADiscoveredCheckCounts) { EXPECT_EQ(MoveRig("Re1 Be2 Ka1 ke8").ma
 
 TEST(MakeMove, APromotionPutsThePieceChosenAndRecordsIt) {
     MoveRig rig("Pe7 Ka1 kg7");
-    rig.choice = 5;
+    rig.game.PromotePiece = 5;
     EXPECT_EQ(rig.make("e7e8"), "e8=N+");
     EXPECT_EQ(rig.at("e7"), 0);
     EXPECT_EQ(rig.at("e8"), 5);
@@ -256,32 +256,6 @@ TEST(MakeMove, ADismissedPromotionLeavesBothSquaresEmpty) {
     EXPECT_EQ(rig.at("e8"), 0);
     EXPECT_EQ(rig.undo(1, 0, 7), 0);
     EXPECT_EQ(rig.game.Turn, -1) << "it counts as a move";
-}
-
-TEST(MakeMove, TheNextPromotionAsksAgain) {
-    MoveRig rig("Pe7 Pd7 Ka1 kg7");
-    rig.choice = 3;
-    rig.make("e7e8");
-    rig.game.Turn = 1;
-    rig.choice = 4;
-    EXPECT_EQ(rig.make("d7d8"), "d8=B");
-    EXPECT_EQ(rig.all("popup").size(), 2U);
-}
-
-TEST(MakeMove, AWindowClosedUnderTheMenuEndsTheMove) {
-    for (const bool destroy : {false, true}) {
-        MoveRig rig("Pe7 Ka1 kg7");
-        rig.game.surface.popupPromote = [&rig, destroy] {
-            rig.effects.clear();
-            if (destroy) {
-                rig.owned.reset();
-            } else {
-                rig.game.windowClosed();
-            }
-        };
-        EXPECT_EQ(rig.make("e7e8"), "closed");
-        EXPECT_TRUE(rig.effects.empty());
-    }
 }
 
 TEST(MakeMove, ADropTakesThePieceFromTheHand) {
@@ -318,7 +292,7 @@ TEST(MakeMove, ADropStoresTheGrantThatIsThereAndClearsIt) {
 
 TEST(MakeMove, APawnDroppedOnTheLastRowLandsPromotedAndRecordsNoPromotion) {
     MoveRig rig("Ke1 ka7");
-    rig.choice = 2;
+    rig.game.PromotePiece = 2;
     EXPECT_EQ(rig.drop(6, "h8"), "P@h8");
     EXPECT_EQ(rig.at("h8"), 2);
     EXPECT_EQ(rig.undo(1, 0, 7), 0);
@@ -393,11 +367,11 @@ TEST(MakeMove, ALiveCastlingIsSentAsTheKingsSquares) {
 
 TEST(MakeMove, ALivePromotionIsSentWithItsPartAndTheSignOfCheck) {
     MoveRig rig("Pe7 Ka1 kg7");
-    rig.choice = 2;
+    rig.game.PromotePiece = 2;
     EXPECT_EQ(rig.live().make("e7e8"), "e8=Q");
     EXPECT_EQ(rig.all("send"), (Effects{"send e7-e8=Q"}));
     MoveRig check("Pe7 Ka1 kg8");
-    check.choice = 3;
+    check.game.PromotePiece = 3;
     check.live().make("e7e8");
     EXPECT_EQ(check.all("send"), (Effects{"send e7-e8=R+"}));
 }
@@ -419,47 +393,6 @@ TEST(MakeMove, ALiveEnPassantTakesThePawnWhateverTheLastMoveWas) {
     EXPECT_EQ(rig.live().make("e5d6"), "exd6");
     EXPECT_EQ(rig.at("d5"), 0);
     EXPECT_EQ(rig.all("send"), (Effects{"send e5-d6"}));
-}
-
-TEST(MakeMove, WhatIsSentIsTheUsersMoveAlthoughAPositionCameUnderTheMenu) {
-    MoveRig rig("Pe7 Ka1 kg7");
-    rig.live();
-    rig.game.surface.popupPromote = [&rig] {
-        rig.game.PromotePiece = 2;
-        rig.game.FromSq = 3;
-        rig.game.ToSq = 4;
-    };
-    rig.make("e7e8");
-    EXPECT_EQ(rig.all("send"), (Effects{"send e7-e8=Q"}));
-}
-
-TEST(MakeMove, APositionUnderTheMenuInWhichThePawnIsGoneEndsTheMove) {
-    MoveRig rig("Pa7 Ke1 ke8");
-    rig.live().game.surface.popupPromote = [&rig] {
-        rig.put("pa7"); // a new game
-        rig.game.FromSq = 3;
-        rig.game.ToSq = 4;
-        rig.game.PromotePiece = 2;
-    };
-    EXPECT_EQ(rig.make("a7a8"), "");
-    EXPECT_TRUE(rig.effects.empty());
-    EXPECT_EQ(rig.at("a7"), -6);
-    EXPECT_EQ(rig.at("a8"), 0);
-    EXPECT_EQ(rig.game.Turn, 1);
-    EXPECT_EQ(rig.game.PromotePiece, 0) << "the next promotion asks again";
-    EXPECT_EQ(rig.game.FromSq, 48) << "both squares are repainted";
-    EXPECT_EQ(rig.game.ToSq, 56);
-}
-
-TEST(MakeMove, ATakebackUnderTheMenuThatGivesTheOtherSideTheMoveEndsTheMove) {
-    MoveRig rig("Pa7 Ke1 ke8");
-    rig.live().game.surface.popupPromote = [&rig] {
-        rig.game.Turn = -1;
-        rig.game.PromotePiece = 2;
-    };
-    EXPECT_EQ(rig.make("a7a8"), "");
-    EXPECT_TRUE(rig.effects.empty());
-    EXPECT_EQ(rig.at("a7"), 6);
 }
 
 TEST(MakeMove, Row200TakesAMoveOfWhiteAndFaultsAtTheGrantBehindBlacks) {

@@ -10,19 +10,13 @@
 #include <string_view>
 
 // Pieces such as "Ke1 pa7": capitals are white. A local game of move 1 unless `live` is called; white is to move unless
-// `turn` is -1. The promotion menu writes down that it popped up and chooses `choice`.
+// `turn` is -1.
 struct MoveRig : BoardRig {
-    std::int16_t choice = 0;
-
     explicit MoveRig(const std::string& pieces, std::int16_t turn = 1) {
         game.Board.fill(0);
         std::istringstream words(pieces);
         for (std::string word; words >> word;) put(word);
         game.Turn = turn;
-        game.surface.popupPromote = [this] {
-            note("popup");
-            game.PromotePiece = choice;
-        };
     }
 
     static MoveRig start() {
@@ -55,21 +49,21 @@ struct MoveRig : BoardRig {
         return names;
     }
 
-    // Makes a move as the user's drop does; "closed" if the window closed.
+    // Makes a move as the user's drop does.
     std::string make(std::string_view move, bool check = true, bool display = true) {
         game.zSetFrom(zSquareNumber(move.substr(0, 2)));
-        return game.zMakeMove(zSquareNumber(move.substr(2)), check, display).value_or("closed");
+        return game.zMakeMove(zSquareNumber(move.substr(2)), check, display);
     }
 
     // Drops `piece` from the hand.
     std::string drop(std::int16_t piece, std::string_view square) {
         game.Board[HandSquare] = piece;
         game.zSetFrom(HandSquare);
-        return game.zMakeMove(zSquareNumber(square), true, true).value_or("closed");
+        return game.zMakeMove(zSquareNumber(square), true, true);
     }
 
     std::string text(std::string_view move) {
-        return game.zMoveText(zSquareNumber(move.substr(0, 2)), zSquareNumber(move.substr(2))).value_or("closed");
+        return game.zMoveText(zSquareNumber(move.substr(0, 2)), zSquareNumber(move.substr(2)));
     }
 
     std::int16_t undo(int row, int col, int kind) const { return game.MoveUndo[row][col][kind]; }

@@ -33,26 +33,25 @@ TEST(MoveText, EnPassantIsACaptureAlthoughTheSquareIsEmpty) {
     EXPECT_EQ(rig.text("e5d6"), "exd6");
 }
 
-TEST(MoveText, APromotionAsksTheMenuAndCarriesTheChoice) {
+TEST(MoveText, APromotionCarriesThePieceThatWasChosen) {
     for (const auto& [piece, text] : {Promotion{2, "e8=Q"}, {3, "e8=R"}, {4, "e8=B"}, {5, "e8=N"}}) {
         MoveRig rig("Pe7");
-        rig.choice = piece;
+        rig.game.PromotePiece = piece;
         EXPECT_EQ(rig.text("e7e8"), text);
         EXPECT_EQ(rig.at("e7"), piece) << "the move that follows carries the new piece";
-        EXPECT_EQ(rig.all("popup").size(), 1U);
     }
 }
 
 TEST(MoveText, APromotionOfBlackPutsABlackPiece) {
     MoveRig rig("pd2 Re1", -1);
-    rig.choice = 5;
+    rig.game.PromotePiece = 5;
     EXPECT_EQ(rig.text("d2e1"), "dxe1=N");
     EXPECT_EQ(rig.at("d2"), -5);
 }
 
 TEST(MoveText, ThePieceTakesTheColourOfTheSideToMoveWhateverThePawns) {
     MoveRig rig("Pe7", -1);
-    rig.choice = 2;
+    rig.game.PromotePiece = 2;
     rig.text("e7e8");
     EXPECT_EQ(rig.at("e7"), -2);
 }
@@ -60,22 +59,19 @@ TEST(MoveText, ThePieceTakesTheColourOfTheSideToMoveWhateverThePawns) {
 TEST(MoveText, APawnOfEitherColourPromotesOnNamesEndingIn8Or1) {
     for (const char* pieces : {"Pe2", "pe2", "Pe7", "pe7"}) {
         MoveRig rig(pieces);
-        rig.choice = 3;
+        rig.game.PromotePiece = 3;
         const std::string from(pieces + 1);
         EXPECT_EQ(rig.text(from + "e8"), "e8=R") << pieces;
         rig.put(pieces);
-        rig.game.PromotePiece = 0;
         EXPECT_EQ(rig.text(from + "e1"), "e1=R") << pieces;
     }
 }
 
-TEST(MoveText, WithAutoQueenNoMenuPopsUp) {
+TEST(MoveText, WithAutoQueenItIsAQueen) {
     MoveRig rig("Pe7");
     modChess.AutoQueen = 1;
-    rig.choice = 5;
     EXPECT_EQ(rig.text("e7e8"), "e8=Q");
     EXPECT_EQ(rig.at("e7"), 2);
-    EXPECT_FALSE(rig.saw("popup"));
 }
 
 TEST(MoveText, APromotionPieceThatIsKnownAlreadyIsTakenWithOrWithoutAutoQueen) {
@@ -84,11 +80,10 @@ TEST(MoveText, APromotionPieceThatIsKnownAlreadyIsTakenWithOrWithoutAutoQueen) {
         modChess.AutoQueen = autoQueen;
         rig.game.PromotePiece = 4;
         EXPECT_EQ(rig.text("e7e8"), "e8=B");
-        EXPECT_FALSE(rig.saw("popup"));
     }
 }
 
-TEST(MoveText, AMenuClosedWithoutAChoiceEmptiesThePawnsSquare) {
+TEST(MoveText, WithoutAChoiceThePawnsSquareEmpties) {
     MoveRig rig("Pe7");
     EXPECT_EQ(rig.text("e7e8"), "e8");
     EXPECT_EQ(rig.at("e7"), 0);
@@ -96,10 +91,12 @@ TEST(MoveText, AMenuClosedWithoutAChoiceEmptiesThePawnsSquare) {
 }
 
 TEST(MoveText, OnlyAPawnPromotes) {
-    MoveRig rig("Re7");
+    MoveRig rig("Re7 Pd6");
+    rig.game.PromotePiece = 2;
     EXPECT_EQ(rig.text("e7e8"), "Re8");
-    EXPECT_FALSE(rig.saw("popup"));
-    EXPECT_EQ(MoveRig("Pe6").text("e6e7"), "e7");
+    EXPECT_EQ(rig.at("e7"), 3);
+    EXPECT_EQ(rig.text("d6d7"), "d7");
+    EXPECT_EQ(rig.at("d6"), 6);
 }
 
 TEST(MoveText, ATwinOnAnotherFileAddsTheFile) {
@@ -149,25 +146,10 @@ TEST(MoveText, ADropHasNeitherCapturePartNorTwins) {
 
 TEST(MoveText, APawnDroppedOnTheLastRowIsPromotedWithoutAPromotionPart) {
     MoveRig rig("");
-    rig.choice = 3;
+    rig.game.PromotePiece = 3;
     rig.game.Board[HandSquare] = 6;
     EXPECT_EQ(rig.game.zMoveText(HandSquare, 60), "P@e8");
     EXPECT_EQ(rig.game.Board[HandSquare], 3);
 }
 
 TEST(MoveText, AnEmptyFromSquareHasTheSquareAlone) { EXPECT_EQ(MoveRig("Re8").text("e2e4"), "e4"); }
-
-TEST(MoveText, NothingWhenTheWindowClosedUnderTheMenu) {
-    for (const bool destroy : {false, true}) {
-        MoveRig rig("Pe7");
-        Game* game = &rig.game;
-        rig.game.surface.popupPromote = [&] {
-            if (destroy) {
-                rig.owned.reset();
-            } else {
-                rig.game.windowClosed();
-            }
-        };
-        EXPECT_FALSE(game->zMoveText(52, 60).has_value());
-    }
-}

@@ -34,23 +34,10 @@ TEST(SetPosition, DoesItsStepsInOrder) {
     BoardRig rig;
     rig.open();
     rig.receive(WhitePlaysE4);
-    const std::vector<std::string> expected{"un 0",
-                                            "draw 12 0",
-                                            "draw 28 0",
-                                            "pump",
-                                            "picture",
-                                            "cell 1 0 [1]",
-                                            "cell 1 1 [e4]",
-                                            "last 1. e4",
-                                            "sound move.wav 3",
-                                            "draw 0 0",
-                                            "draw 0 0",
-                                            "draw 12 -1",
-                                            "draw 28 -1",
-                                            "clock 0  5:00",
-                                            "clock 1  5:00",
-                                            "color 1 16777215",
-                                            "color 0 2147483663"};
+    const std::vector<std::string> expected{"un 0",          "draw 12 0",     "draw 28 0",        "picture",
+                                            "cell 1 0 [1]",  "cell 1 1 [e4]", "last 1. e4",       "sound move.wav 3",
+                                            "draw 0 0",      "draw 0 0",      "draw 12 -1",       "draw 28 -1",
+                                            "clock 0  5:00", "clock 1  5:00", "color 1 16777215", "color 0 2147483663"};
     EXPECT_EQ(rig.effects, expected);
 }
 
@@ -76,7 +63,7 @@ TEST(SetPosition, InitLeavesListSoundsAndClocksAlone) {
     rig.game.zGS();
     rig.effects.clear();
     rig.game.zSetPosition(true);
-    EXPECT_EQ(rig.effects, (std::vector<std::string>{"draw 36 0", "draw 52 0", "pump", "picture"}));
+    EXPECT_EQ(rig.effects, (std::vector<std::string>{"draw 36 0", "draw 52 0", "picture"}));
     EXPECT_EQ(rig.game.MoveRow, 1);
     EXPECT_EQ(rig.game.NextPly, 3);
 }
@@ -98,7 +85,7 @@ TEST(SetPosition, FromSqTakesTheHighestEmptiedSquareOnlyOutsideInit) {
         rig.game.Style12Record.Position[57] = '-';
         int seen = 0;
         rig.game.FromSq = 99;
-        rig.game.surface.pump = [&] { seen = rig.game.FromSq; };
+        rig.game.surface.keepPicture = [&] { seen = rig.game.FromSq; };
         rig.game.zSetPosition(init);
         EXPECT_EQ(seen, init ? 99 : 57);
     }
@@ -146,7 +133,7 @@ TEST(SetPosition, AnEqualPositionPaintsNothingBlanksTheMoveAheadAndStillSounds) 
     rig.receive(WhitePlaysE4);
     EXPECT_EQ(rig.all("cell"), std::vector<std::string>{"cell 1 2 []"});
     EXPECT_TRUE(rig.saw("sound move.wav 3"));
-    EXPECT_EQ(rig.effects.at(1), "pump") << "no square before the update";
+    EXPECT_EQ(rig.effects.at(1), "picture") << "no square before the update";
     EXPECT_EQ(rig.game.grdMoves.text(1, 1), "e4");
 }
 
@@ -361,7 +348,7 @@ TEST(SetPosition, ZReceiveMoveIgnoresItsArgument) {
     GameAfterE4 rig;
     modChess.Record = recordOf(BlackPlaysE5);
     rig.game.zGS();
-    EXPECT_TRUE(rig.game.zReceiveMove(-17));
+    rig.game.zReceiveMove(-17);
     EXPECT_EQ(rig.game.MoveText[1][1], "e5");
 }
 
@@ -404,16 +391,15 @@ TEST(SetPosition, ADragSurvivesAnArrivingPosition) {
     EXPECT_EQ(rig.game.DragAlpha, 128);
 }
 
-TEST(SetPosition, APieceLiftedWhileTheMessageLoopRanIsPutBackOnThePointer) {
+TEST(SetPosition, TheBlendStrengthIsZeroUntilThePreMoveWasPlayed) {
     GameAfterE4 rig;
-    rig.game.surface.pump = [&rig] {
-        EXPECT_EQ(rig.game.DragAlpha, 0);
-        rig.game.Dragging = true;
-        rig.game.DragFrom = 1;
-    };
+    rig.game.PreMoveSet = true;
+    std::vector<int> seen;
+    rig.game.surface.keepPicture = [&] { seen.push_back(rig.game.DragAlpha); };
+    rig.game.surface.zSqFinish = [&](int) { seen.push_back(rig.game.DragAlpha); };
     rig.receive(BlackPlaysE5);
-    EXPECT_EQ(rig.effects.back(), "piece 0 0 128");
-    EXPECT_EQ(rig.game.FromSq, 1);
+    EXPECT_EQ(seen, (std::vector<int>{0, 0}));
+    EXPECT_EQ(rig.game.DragAlpha, 128);
 }
 
 TEST(SetPosition, MoveRow200IsHeldAndRow201FaultsAfterTheSquaresWerePainted) {

@@ -66,10 +66,10 @@ void expectMove(const Style12Record& before, const Style12Record& after) {
         ASSERT_TRUE(board.game.zMoveLegal(from, to));
     }
     if (const auto part = after.PrettyMove.find('='); part != std::string::npos) {
-        board.choice = static_cast<std::int16_t>(std::abs(pieceCode(after.PrettyMove[part + 1])));
+        board.game.PromotePiece = static_cast<std::int16_t>(std::abs(pieceCode(after.PrettyMove[part + 1])));
     }
     board.game.zSetFrom(from);
-    std::string text = board.game.zMakeMove(to, true, true).value();
+    std::string text = board.game.zMakeMove(to, true, true);
     for (int square = 0; square < 64; ++square) {
         EXPECT_EQ(board.game.Board[square], pieceCode(after.Position[static_cast<std::size_t>(square)])) << square;
     }

@@ -4,20 +4,22 @@
 #include "board/BoardRig.h"
 #include "board/GameRouting.h"
 #include "platform/OpenWindows.h"
+#include "session/QuietSurface.h"
+#include "session/Session.h"
 
 struct RoutingRig {
-    GameRouting routing;
+    Session session{quietSurface()};
+    GameRouting& routing = session.routing;
     std::vector<std::unique_ptr<Game>> boards;
     std::vector<std::string> asked;
 
     RoutingRig() {
         modChess = {};
         openWindows = {};
-        routing.hooks.openBoard = [this]() -> const void* {
+        routing.hooks.zNewBoard = [this] {
             asked.emplace_back("open");
-            return &addIdle();
+            addIdle();
         };
-        routing.hooks.pump = [this] { asked.emplace_back("pump"); };
         routing.hooks.beep = [this] { asked.emplace_back("beep"); };
         routing.hooks.playSound = [this](std::string_view name, std::int16_t mode) {
             asked.push_back("sound " + std::string(name) + " " + std::to_string(mode));
@@ -26,14 +28,9 @@ struct RoutingRig {
     }
     ~RoutingRig() { openWindows = {}; }
 
-    // A window whose load has not begun.
-    Game& add() {
-        boards.push_back(std::make_unique<Game>());
-        openWindows.add({"frmChessBoard", boards.back().get(), boards.back().get(), {}});
-        return *boards.back();
-    }
     Game& addIdle() {
-        Game& game = add();
+        Game& game = *boards.emplace_back(std::make_unique<Game>());
+        openWindows.add({.className = "frmChessBoard", .window = &game, .unload = {}, .content = &game});
         game.beginLoad();
         game.finishLoad();
         return game;

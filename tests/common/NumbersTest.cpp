@@ -57,8 +57,8 @@ TEST(Numbers, StrictFaultsOnOverflowOfTheField) {
 }
 
 TEST(Numbers, AFaultNamesWhatWasFound) {
-    EXPECT_EQ(faultOf([] { strictInt16("40000"); }), "the number 40000 does not fit its field");
-    EXPECT_EQ(faultOf([] { strictInt32("1e300"); }), "the number 1e+300 does not fit its field");
+    EXPECT_EQ(faultOf([] { strictInt16("40000"); }), "the number 40000 does not fit a field of 16 bits");
+    EXPECT_EQ(faultOf([] { strictInt32("1e300"); }), "the number 1e+300 does not fit a field of 32 bits");
     EXPECT_EQ(faultOf([] { strictInt32("abc"); }), "\"abc\" is no number");
     EXPECT_EQ(faultOf([] { strictInt32(std::string(1000, 'x')); }).size(), 80U + 15U) << "cut short";
 }

@@ -3,6 +3,8 @@
 
 #include "common/Fault.h"
 #include "common/modChess.h"
+#include "session/QuietSurface.h"
+#include "session/Session.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +13,8 @@
 namespace {
 
 struct ServerRoadTest : testing::Test {
-    ServerRoad road;
+    Session session{quietSurface()};
+    ServerRoad& road = session.road;
     std::string sent;
     std::string echoed;
     std::string told;
@@ -158,7 +161,8 @@ TEST_F(ServerRoadTest, InPlaceOfAPanelNothingIsAskedBeforeTheLogOn) {
 
 TEST(ServerRoadUnset, HooksAreHarmlessAndTheSocketCountsAsClosed) {
     modChess = ModChess{};
-    ServerRoad road;
+    Session session{quietSurface()};
+    ServerRoad& road = session.road;
     road.zSendMsg("x");
     EXPECT_EQ(modChess.gLastCmd, "");
     road.zSend("help me");

@@ -33,8 +33,9 @@ class Client:
     """The built program with a store of its own, on a display of the test's."""
 
     def __init__(self, display, port, handle="Pupil", password="practice", program=BUILD / "brightrank",
-                 boardWidth=10500, boardHeight=9000, beside=None, **settings):
-        """`beside` are files in the program's current directory, as names and what they link to."""
+                 boardWidth=10500, boardHeight=9000, beside=None, points=None, **settings):
+        """`beside` are files in the program's current directory, as names and what they link to; `points` is the size
+        of the desktop's font."""
         self.folder = tempfile.mkdtemp(prefix="brightrank-e2e-")
         for name, target in (beside or {}).items():
             pathlib.Path(self.folder, name).symlink_to(target)
@@ -44,8 +45,23 @@ class Client:
         board = {"Left": 9900, "Top": 150, "Width": boardWidth, "Height": boardHeight}
         store.write_text(section("Client", client) + section("Board", board))
         self.log = open(pathlib.Path(self.folder, "log"), "w+b")
+        surroundings = display.environment() | {"XDG_CONFIG_HOME": self.folder + "/config"}
+        self.store = store
         self.process = subprocess.Popen([str(program)], cwd=self.folder, stdout=self.log, stderr=self.log,
-                                        env=display.environment() | {"XDG_CONFIG_HOME": self.folder + "/config"})
+                                        env=surroundings | self.desktop(points))
+
+    def desktop(self, points):
+        """The surroundings of a desktop with letters of that size."""
+        if points is None:
+            return {}
+        fonts = {key: f"DejaVu Sans,{points},-1,5,50,0,0,0,0,0" for key in ("font", "menuFont", "toolBarFont")}
+        self.store.parent.with_name("kdeglobals").write_text(section("General", fonts))
+        return {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}
+
+    def stored(self, key):
+        """What the store's section Client holds for the key; the program's own word once it has ended."""
+        client = self.store.read_text().split("[Client]")[1].split("\n[")[0]
+        return re.search(rf"^{key}=(.*)$", client, re.MULTILINE)[1]
 
     def memory(self):
         """Resident, in megabytes of 10^6 bytes."""

@@ -1,6 +1,8 @@
 // The real boxes, answered by key and button, and their replacement.
 #include "platform/Boxes.h"
 
+#include "platform/WaitUntil.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
@@ -17,6 +19,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -189,38 +194,168 @@ TEST_F(BoxesTest, ATestReplacesABoxByItsNextAnswer) {
     boxes = before;
 }
 
-TEST_F(BoxesTest, APopupMenuWaitsForItsEntryOrForEscape) {
-    QMenu menu;
-    QAction* entry = menu.addAction(QStringLiteral("&One"));
-    int chosen = 0;
-    QObject::connect(entry, &QAction::triggered, &menu, [&] { ++chosen; });
-    for (const int key : {Qt::Key_O, Qt::Key_Escape}) {
-        QTimer::singleShot(1, &menu, [&menu, key] { QTest::keyClick(&menu, static_cast<Qt::Key>(key)); });
-        real.popup(menu);
-        EXPECT_FALSE(menu.isVisible());
-    }
-    EXPECT_EQ(chosen, 1);
-}
+// Popup menus
 
-TEST_F(BoxesTest, APopupMenuComesUpAtThePointer) {
-    QMenu menu;
-    menu.addAction(QStringLiteral("One"));
-    for (const QPoint& place : {QPoint(120, 70), QPoint(300, 211)}) {
-        QCursor::setPos(place);
-        QPoint shown;
-        QTimer::singleShot(1, &menu, [&] {
-            shown = menu.pos();
-            menu.close();
+namespace {
+
+// A menu of two entries, and what it was answered with.
+class PopupTest : public testing::Test {
+protected:
+    void ask() {
+        real.popup(menu, [this](QAction* chosen) {
+            EXPECT_FALSE(menu.isVisible()) << "the menu is down by then";
+            answers.push_back(chosen ? chosen->text().toStdString() : "none");
         });
-        real.popup(menu);
-        EXPECT_EQ(shown, place);
+    }
+    bool isUp() {
+        return waitUntil([this] { return menu.isVisible(); });
+    }
+    bool isAnswered() {
+        return waitUntil([this] { return !answers.empty(); });
+    }
+    void askAndPress(Qt::Key key) {
+        ask();
+        ASSERT_TRUE(isUp());
+        QTest::keyClick(&menu, key);
+        ASSERT_TRUE(isAnswered());
+    }
+
+    using Answers = std::vector<std::string>;
+    Boxes real;
+    QMenu menu;
+    QAction* one = menu.addAction(QStringLiteral("&One"));
+    QAction* two = menu.addAction(QStringLiteral("&Two"));
+    Answers answers;
+};
+
+} // namespace
+
+TEST_F(PopupTest, TheMenuComesUpFromTheMessageLoopOnly) {
+    ask();
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_TRUE(isUp());
+    menu.hide();
+}
+
+TEST_F(PopupTest, AKeyAnswersWithItsEntryWhichHasAnnouncedItselfByThen) {
+    Answers announced;
+    QObject::connect(two, &QAction::triggered, &menu, [&] {
+        EXPECT_TRUE(answers.empty());
+        announced.emplace_back("&Two");
+    });
+    askAndPress(Qt::Key_T);
+    EXPECT_EQ(announced, answers);
+}
+
+TEST_F(PopupTest, AClickAnswersWithItsEntry) {
+    ask();
+    ASSERT_TRUE(isUp());
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(two).center());
+    EXPECT_TRUE(isAnswered());
+    EXPECT_EQ(answers, Answers{"&Two"});
+}
+
+TEST_F(PopupTest, EscapeAnswersWithNone) {
+    askAndPress(Qt::Key_Escape);
+    EXPECT_EQ(answers, Answers{"none"});
+}
+
+TEST_F(PopupTest, TheAnswerComesFromTheMessageLoopAndNotFromTheMenusOwnEvent) {
+    ask();
+    ASSERT_TRUE(isUp());
+    QTest::keyClick(&menu, Qt::Key_O);
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_TRUE(answers.empty());
+    EXPECT_TRUE(isAnswered());
+    EXPECT_EQ(answers, Answers{"&One"});
+}
+
+TEST_F(PopupTest, OneMenuServesAgainAndAgain) {
+    for (const Qt::Key key : {Qt::Key_O, Qt::Key_Escape, Qt::Key_T}) {
+        const std::size_t before = std::exchange(answers, {}).size();
+        askAndPress(key);
+        EXPECT_LE(before, 1U);
+    }
+    EXPECT_EQ(answers, Answers{"&Two"});
+}
+
+TEST_F(PopupTest, ItComesUpAtThePointer) {
+    for (const QPoint& place : {QPoint(120, 70), QPoint(200, 111)}) {
+        ask();
+        QCursor::setPos(place); // where it is when the menu shows
+        ASSERT_TRUE(isUp());
+        EXPECT_EQ(menu.pos(), place);
+        menu.hide();
+        EXPECT_TRUE(isAnswered());
+        answers.clear();
     }
 }
 
-TEST_F(BoxesTest, APopupMenuThatDiesMeanwhileIsDone) {
-    auto* menu = new QMenu;
-    menu->addAction(QStringLiteral("One"));
-    QTimer::singleShot(1, menu, [menu] { delete menu; });
-    real.popup(*menu);
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+TEST_F(PopupTest, AskedForTwiceBeforeItShowsItAnswersTheLastOnly) {
+    real.popup(menu, [](QAction*) { ADD_FAILURE() << "overtaken"; });
+    askAndPress(Qt::Key_O);
+    runFor(20);
+    EXPECT_EQ(answers, Answers{"&One"});
+    EXPECT_FALSE(menu.isVisible());
+}
+
+TEST_F(PopupTest, AskedForAgainWhileItIsUpItShowsAnewAndAnswersTheLastOnly) {
+    QCursor::setPos(120, 70);
+    real.popup(menu, [](QAction*) { ADD_FAILURE() << "overtaken"; });
+    ASSERT_TRUE(isUp());
+    QCursor::setPos(200, 111);
+    ask();
+    EXPECT_FALSE(menu.isVisible());
+    ASSERT_TRUE(isUp());
+    EXPECT_EQ(menu.pos(), QPoint(200, 111));
+    runFor(20);
+    EXPECT_TRUE(answers.empty());
+    QTest::keyClick(&menu, Qt::Key_T);
+    EXPECT_TRUE(isAnswered());
+    EXPECT_EQ(answers, Answers{"&Two"});
+}
+
+TEST_F(PopupTest, AnAnswerMayAskAgain) {
+    real.popup(menu, [this](QAction*) { ask(); });
+    ASSERT_TRUE(isUp());
+    menu.hide();
+    ASSERT_TRUE(isUp());
+    QTest::keyClick(&menu, Qt::Key_O);
+    EXPECT_TRUE(isAnswered());
+    EXPECT_EQ(answers, Answers{"&One"});
+}
+
+TEST_F(PopupTest, NothingIsLeftBehindTheAnswer) {
+    const auto children = menu.children();
+    const auto kept = std::make_shared<int>();
+    {
+        const std::function<void(QAction*)> ofTheCaller = [this, kept](QAction*) { answers.emplace_back("one"); };
+        real.popup(menu, ofTheCaller);
+    }
+    EXPECT_GT(kept.use_count(), 1);
+    ASSERT_TRUE(isUp());
+    menu.hide();
+    EXPECT_TRUE(isAnswered());
+    EXPECT_TRUE(waitUntil([&] { return kept.use_count() == 1; }));
+    EXPECT_EQ(menu.children(), children);
+    one->trigger();
+    menu.popup(QPoint());
+    menu.hide();
+    runFor(20);
+    EXPECT_EQ(answers, Answers{"one"}) << "what the menu does unasked is no answer";
+}
+
+TEST_F(PopupTest, AMenuThatDiesBeforeItShowsWhileItIsUpOrBeforeItsAnswerNeverAnswers) {
+    for (const int deaths : {0, 1, 2}) {
+        auto* mortal = new QMenu;
+        mortal->addAction(QStringLiteral("&One"));
+        real.popup(*mortal, [](QAction*) { ADD_FAILURE() << "the menu has gone"; });
+        if (deaths > 0) {
+            ASSERT_TRUE(waitUntil([mortal] { return mortal->isVisible(); }));
+        }
+        if (deaths > 1) QTest::keyClick(mortal, Qt::Key_O);
+        delete mortal;
+        runFor(20);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    }
 }

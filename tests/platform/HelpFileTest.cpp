@@ -126,6 +126,12 @@ TEST_F(HelpFileTest, ItIsNoLargerThanTheScreen) {
     EXPECT_EQ(browser.size().boundedTo(screen), browser.size());
 }
 
+TEST_F(HelpFileTest, EscapeClosesIt) {
+    QTest::keyClick(&open(), Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_THAT(shown(), IsEmpty());
+}
+
 // Links
 
 TEST_F(HelpFileTest, AHeadingsAnchorIsItsTextInSmallLettersWithoutMarksAndWithoutBlanks) {

@@ -14,10 +14,10 @@ struct OpenWindowsTest : testing::Test {
     int chat = 0;
 
     OpenWindowsTest() {
-        list.add({"frmChessClient", &console, nullptr, {}});
-        list.add({"frmChessBoard", &first, nullptr, {}});
-        list.add({"frmChat", &chat, nullptr, {}});
-        list.add({"frmChessBoard", &second, nullptr, {}});
+        list.add({"frmChessClient", &console, {}});
+        list.add({"frmChessBoard", &first, {}});
+        list.add({"frmChat", &chat, {}});
+        list.add({"frmChessBoard", &second, {}});
     }
 };
 

@@ -1,5 +1,5 @@
 // Tests of registered users and handles.
-#include "practice/Accounts.h"
+#include "practice/people/Accounts.h"
 
 #include <gtest/gtest.h>
 

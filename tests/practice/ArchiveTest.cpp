@@ -1,5 +1,5 @@
 // Tests of the games that are kept.
-#include "practice/Archive.h"
+#include "practice/games/Archive.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Tests of finding commands by typed words.
-#include "practice/CommandNames.h"
-#include "practice/Commands.h"
+#include "practice/commands/CommandNames.h"
+#include "practice/commands/Subjects.h"
 
 #include <gtest/gtest.h>
 
@@ -58,8 +58,9 @@ TEST(CommandNames, NamesAreSortedAndEachHasOneRoutine) {
     EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
     for (const std::string& name : names) {
         int routines = 0;
-        for (const auto subject : {gameCommand, offerCommand, examineCommand, watchCommand, talkCommand, infoCommand}) {
-            routines += subject(name) != nullptr ? 1 : 0;
+        for (const auto subject :
+             {gameCommands, offerCommands, examineCommands, watchCommands, talkCommands, infoCommands}) {
+            routines += static_cast<int>(subject().count(name));
         }
         EXPECT_EQ(routines, 1) << name;
     }

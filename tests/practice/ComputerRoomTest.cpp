@@ -1,7 +1,11 @@
 // Tests of what the computer players do.
-#include "practice/ComputerRoom.h"
+#include "practice/play/ComputerRoom.h"
 #include "practice/HallRig.h"
-#include "practice/Play.h"
+#include "practice/hall/Computers.h"
+#include "practice/play/Departure.h"
+#include "practice/play/Flags.h"
+#include "practice/play/GameEnd.h"
+#include "practice/play/Moves.h"
 
 #include <gtest/gtest.h>
 
@@ -21,12 +25,13 @@ struct ComputerRoomTest : testing::Test {
     Game& pairGame() { return *rig.hall.gamesOf(*rig.hall.find("Skipper")).front(); }
 };
 
-TEST_F(ComputerRoomTest, ThreeAdsAreOpenFromTheStart) {
+TEST_F(ComputerRoomTest, FourAdsAreOpenFromTheStart) {
     const std::string ads = rig.type("Ada", "sought");
     EXPECT_TRUE(has(ads, "Sprout(C)"));
     EXPECT_TRUE(has(ads, "Willow(C)"));
     EXPECT_TRUE(has(ads, "Granite(C)"));
-    EXPECT_TRUE(ads.ends_with("\n3 ads displayed."));
+    EXPECT_TRUE(has(ads, "Spark(C)"));
+    EXPECT_TRUE(ads.ends_with("\n4 ads displayed."));
 }
 
 TEST_F(ComputerRoomTest, ThePairMovesAtItsPace) {
@@ -67,7 +72,7 @@ TEST_F(ComputerRoomTest, AComputerPlaysSeveralAtOnceAndItsAdStays) {
     EXPECT_EQ(rig.type("Ada", "play 1"), "");
     EXPECT_EQ(rig.type("Bert", "play 1"), "");
     EXPECT_EQ(rig.hall.gamesOf(*rig.hall.find("Sprout")).size(), 2U);
-    EXPECT_TRUE(rig.type("Ada", "sought").ends_with("\n3 ads displayed."));
+    EXPECT_TRUE(rig.type("Ada", "sought").ends_with("\n4 ads displayed."));
 }
 
 TEST_F(ComputerRoomTest, AMoveThoughtOutForAPositionTakenBackIsNotPlayed) {
@@ -136,9 +141,29 @@ TEST_F(ComputerRoomTest, AComputerSaysAWordToATell) {
     EXPECT_TRUE(rig.takeShown("Ada").starts_with("|Willow(C) tells you: "));
 }
 
+TEST_F(ComputerRoomTest, WhoeverSpeaksOfAnAdHasOneAndPlaysIt) {
+    for (const Computer& computer : computers()) {
+        rig.type("Ada", "tell " + computer.name + " hello");
+        rig.pass(500);
+        const std::string said = rig.takeShown("Ada");
+        const std::string ads = rig.type("Ada", "sought");
+        EXPECT_EQ(has(said, "\"sought\" shows my ad."), has(ads, " " + computer.name + "(C) ")) << said << ads;
+        EXPECT_NE(has(said, "\"sought\""), has(said, "\"observe " + computer.name + "\" shows mine.")) << said;
+    }
+    rig.type("Ada", "play spark");
+    EXPECT_TRUE(has(rig.takeShown("Ada"), " unrated lightning 1 0\n"));
+}
+
+TEST_F(ComputerRoomTest, TheWordOfThePairNamesACommandThatWorks) {
+    for (const char* name : {"Skipper", "Harbour"}) {
+        EXPECT_TRUE(rig.type("Ada", std::string("observe ") + name).starts_with("You are now observing game ")) << name;
+        rig.type("Ada", "unobserve");
+    }
+}
+
 TEST_F(ComputerRoomTest, AnOpponentWhoLeavesIsForgottenQuietly) {
     rig.type("Ada", "play 1");
-    rig.hall.leave("Ada");
+    leaveHall(rig.hall, "Ada");
     rig.pass(5'000);
     EXPECT_TRUE(rig.hall.gamesOf(*rig.hall.find("Sprout")).empty());
 }

@@ -1,6 +1,6 @@
 // Tests of the computer players' characters and choices.
-#include "practice/Computers.h"
-#include "practice/Accounts.h"
+#include "practice/hall/Computers.h"
+#include "practice/people/Accounts.h"
 
 #include <gtest/gtest.h>
 
@@ -9,20 +9,21 @@
 namespace practice {
 namespace {
 
-TEST(Computers, ThreeSeekAtDifferentTimeControlsAndGrowStronger) {
+TEST(Computers, ThreeGrowStrongerAndEachAdHasItsTimeControl) {
     std::set<std::pair<int, int>> controls;
     int lastDepth = 0;
     int lastRating = 0;
     for (const Computer& computer : computers()) {
         EXPECT_EQ(handleComplaint(computer.name), "");
-        if (!computer.seeks) continue;
+        if (computer.always) continue;
         controls.insert({computer.offer.minutes, computer.offer.increment});
+        if (computer.prompt) continue;
         EXPECT_GT(computer.depth, lastDepth);
         EXPECT_GT(computer.rating, lastRating);
         lastDepth = computer.depth;
         lastRating = computer.rating;
     }
-    EXPECT_EQ(controls.size(), 3U);
+    EXPECT_EQ(controls.size(), 4U);
 }
 
 TEST(Computers, OneAnswersAtOnceAndAlwaysTheSame) {
@@ -32,7 +33,6 @@ TEST(Computers, OneAnswersAtOnceAndAlwaysTheSame) {
         ++prompt;
         EXPECT_EQ(computer.depth, 1);
         EXPECT_EQ(computer.proposals, 1) << "no choice, no chance";
-        EXPECT_FALSE(computer.seeks);
     }
     EXPECT_EQ(prompt, 1);
 }

@@ -1,5 +1,5 @@
 // Tests of the reasons that end a game of another kind than standard chess.
-#include "practice/Endings.h"
+#include "practice/play/Endings.h"
 #include "practice/HallRig.h"
 
 #include <gtest/gtest.h>

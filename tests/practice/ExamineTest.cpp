@@ -1,6 +1,7 @@
 // Tests of examined games, of the lists of old games, and of adjourning.
-#include "practice/ComputerRoom.h"
 #include "practice/HallRig.h"
+#include "practice/play/ComputerRoom.h"
+#include "practice/play/Departure.h"
 
 #include <gtest/gtest.h>
 
@@ -115,7 +116,7 @@ TEST_F(ExamineTest, WhoExaminesDoesNothingElse) {
     EXPECT_EQ(rig.type("Bert", "match ada 5 0"), "Ada is examining a game.");
     EXPECT_EQ(rig.type("Ada", "seek 5 0"), "You cannot seek while you examine a game.");
     EXPECT_EQ(rig.type("Ada", "play 1"), "You are examining a game.");
-    rig.hall.leave("Ada");
+    leaveHall(rig.hall, "Ada");
     EXPECT_TRUE(rig.hall.games.empty());
 }
 
@@ -145,7 +146,7 @@ TEST_F(ExamineTest, AGuestsHistoryGoesWithHim) {
     rig.match("Ada", "Cora");
     rig.type("Cora", "resign");
     EXPECT_TRUE(has(rig.type("Cora", "history"), "History for Cora:"));
-    rig.hall.leave("Cora");
+    leaveHall(rig.hall, "Cora");
     rig.enter("Cora");
     EXPECT_EQ(rig.type("Cora", "history"), "Cora has no history games.");
     EXPECT_TRUE(has(rig.type("Ada", "history"), "Cora"));

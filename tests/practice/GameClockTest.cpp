@@ -1,5 +1,5 @@
 // Tests of a game's clocks.
-#include "practice/GameClock.h"
+#include "practice/chess/GameClock.h"
 
 #include <gtest/gtest.h>
 
@@ -64,6 +64,19 @@ TEST(GameClock, AnUntimedGameNeverRuns) {
     EXPECT_EQ(clock.remaining(0, 0, 9'000'000), 0);
 }
 
+TEST(GameClock, AClockGrowsToTheLimitAndNoFurther) {
+    GameClock clock;
+    clock.start(mostMinutes, mostIncrement, 0);
+    clock.press(0, 0);
+    clock.press(1, 0);
+    EXPECT_EQ(clock.left[0], 32'760'000);
+    clock.press(0, 5'000);
+    EXPECT_EQ(clock.left[0], 32'767'000);
+    clock.press(1, 5'000);
+    clock.press(0, 1'005'000);
+    EXPECT_EQ(clock.left[0], 32'766'000) << "a thousand seconds less, 999 more";
+}
+
 TEST(GameClock, NoMinutesWithAnIncrementStartWithTenSeconds) {
     GameClock clock;
     clock.start(0, 3, 0);
@@ -81,6 +94,13 @@ TEST(GameClock, SecondsAreRoundedOnBothSidesOfZero) {
     EXPECT_EQ(roundedSeconds(604'697), 605);
     EXPECT_EQ(roundedSeconds(604'400), 604);
     EXPECT_EQ(roundedSeconds(-1'600), -2);
+}
+
+TEST(GameClock, SecondsStayWithinSixteenBits) {
+    EXPECT_EQ(roundedSeconds(32'767'499), 32'767);
+    EXPECT_EQ(roundedSeconds(32'767'500), 32'767);
+    EXPECT_EQ(roundedSeconds(900'000'000'000), 32'767);
+    EXPECT_EQ(roundedSeconds(-32'767'500), -32'767);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // A hall without sockets and engines: its clock stands still until told, and its rules are mechanical.
 #pragma once
 
-#include "practice/Commands.h"
-#include "practice/Hall.h"
+#include "practice/commands/Commands.h"
+#include "practice/hall/Hall.h"
 
 #include <functional>
 #include <map>

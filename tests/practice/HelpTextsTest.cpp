@@ -1,6 +1,6 @@
 // Tests of the server's help.
-#include "practice/HelpTexts.h"
-#include "practice/CommandNames.h"
+#include "practice/commands/HelpTexts.h"
+#include "practice/commands/CommandNames.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 // Tests of commands about players and settings, and of finding a command at all.
 #include "practice/HallRig.h"
+#include "practice/play/Departure.h"
 
 #include <gtest/gtest.h>
 
@@ -52,10 +53,42 @@ TEST_F(InfoCommandsTest, FingerShowsTheNotes) {
     EXPECT_TRUE(rig.type("Bert", "fi ada").ends_with("\n\n 1: I like endgames.\n10: And openings."));
 }
 
+TEST_F(InfoCommandsTest, FingerCountsTheGamesThatHistoryLists) {
+    for (const char* loser : {"Bert", "Bert", "Ada"}) {
+        rig.match("Ada", "Bert");
+        rig.type("Ada", "e4");
+        rig.type("Bert", "e5");
+        rig.type(loser, "resign");
+    }
+    rig.match("Ada", "Bert");
+    rig.type("Ada", "abort");
+    const std::string head = "          rating     RD      win    loss    draw   total   best\n";
+    EXPECT_TRUE(rig.type("Bert", "finger ada")
+                    .ends_with("\n\n" + head + "Blitz      1711     80.0       2       1       0       3"));
+    EXPECT_TRUE(rig.type("Ada", "finger bert")
+                    .ends_with("\n\nBert is NOT a registered player.\n\n" + head +
+                               "Blitz      ++++     80.0       1       2       0       3"));
+    EXPECT_NE(rig.type("Ada", "history").find("\n 2: "), std::string::npos);
+    EXPECT_EQ(rig.type("Ada", "history").find("\n 3: "), std::string::npos);
+}
+
 TEST_F(InfoCommandsTest, FingerOfAbsentPlayers) {
     rig.hall.accounts = builtInAccounts();
-    EXPECT_EQ(rig.type("Ada", "finger pupil"), "Finger of Pupil:\n\nPupil is not logged on.");
+    EXPECT_EQ(rig.type("Ada", "finger pupil"), "Finger of Pupil:\n\nPupil is not logged on.\n\n"
+                                               "          rating     RD      win    loss    draw   total   best\n"
+                                               "Blitz      1200     80.0       0       0       0       0");
+    EXPECT_TRUE(rig.type("Ada", "finger novice").ends_with("\n\nNovice has not played any rated games."));
     EXPECT_EQ(rig.type("Ada", "finger zzz"), "There is no player matching the name zzz.");
+}
+
+TEST_F(InfoCommandsTest, FingerOfARegisteredPlayerWhoLeftKeepsGamesAndNotes) {
+    rig.hall.accounts.users = {{"Ada", "secret", 1711}};
+    rig.type("Ada", "set 2 Back tomorrow.");
+    rig.match("Ada", "Bert");
+    rig.type("Ada", "resign");
+    leaveHall(rig.hall, "Ada");
+    EXPECT_TRUE(rig.type("Bert", "finger ada")
+                    .ends_with("\nBlitz      1711     80.0       0       1       0       1\n\n 2: Back tomorrow."));
 }
 
 TEST_F(InfoCommandsTest, VariablesOfOneselfAndOthers) {
@@ -71,8 +104,8 @@ TEST_F(InfoCommandsTest, SettingsKeepTheRestOfTheLine) {
 TEST_F(InfoCommandsTest, SettingsOfARegisteredPlayerAreRemembered) {
     rig.type("Ada", "set width 100");
     rig.type("Bert", "set width 100");
-    rig.hall.leave("Ada");
-    rig.hall.leave("Bert");
+    leaveHall(rig.hall, "Ada");
+    leaveHall(rig.hall, "Bert");
     EXPECT_EQ(rig.enter("Ada", "1711").variables.value("width"), 100);
     EXPECT_EQ(rig.enter("Bert").variables.value("width"), 79);
 }
@@ -80,7 +113,7 @@ TEST_F(InfoCommandsTest, SettingsOfARegisteredPlayerAreRemembered) {
 TEST_F(InfoCommandsTest, ArrivalsAreToldToThoseWhoWantThem) {
     rig.type("Ada", "set pin 1");
     rig.enter("Cora");
-    rig.hall.leave("Cora");
+    leaveHall(rig.hall, "Cora");
     EXPECT_EQ(rig.takeShown("Ada"), "|[Cora(U) has connected.]|[Cora(U) has disconnected.]");
     EXPECT_EQ(rig.takeShown("Bert"), "");
 }

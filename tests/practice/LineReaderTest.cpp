@@ -1,5 +1,5 @@
 // Tests of cutting a client's bytes into lines.
-#include "practice/LineReader.h"
+#include "practice/wire/LineReader.h"
 
 #include <gtest/gtest.h>
 
@@ -53,10 +53,20 @@ TEST(LineReader, ATelnetCommandMayComeInPieces) {
 
 TEST(LineReader, AStrayTelnetByteNeverGluesLinesTogether) {
     LineReader reader;
-    EXPECT_EQ(reader.take("a\xFF\nb\n"), (Lines{"a", "b"}));
+    EXPECT_EQ(reader.take("a\xFF\nb\n"), (Lines{"a\xFF", "b"}));
     EXPECT_EQ(reader.take("a\xFF\xFB\nb\n"), (Lines{"a", "b"}));
     EXPECT_EQ(reader.take("a\xFF\xFAxyz\nb\n"), (Lines{"a", "b"}));
     EXPECT_EQ(reader.take("a\xFF\xFAxyz\xFF\nb\n"), (Lines{"a", "b"}));
+}
+
+TEST(LineReader, TheCommandByteIsTextWhereItIsDoubledOrNoCommandFollows) {
+    LineReader reader;
+    EXPECT_EQ(reader.take("tell ada \xFF\xFF\xE4\n"), Lines{"tell ada \xFF\xE4"});
+    EXPECT_EQ(reader.take("a\xFF"
+                          "b\xFF\xEF\n"),
+              Lines{"a\xFF"
+                    "b\xFF\xEF"});
+    EXPECT_EQ(reader.take("\xFF\xFF\xFD\x01\n"), Lines{"\xFF\xFD\x01"}) << "a doubled one begins no command";
 }
 
 TEST(LineReader, EveryByteIsTaken) {

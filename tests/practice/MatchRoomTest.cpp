@@ -1,7 +1,8 @@
 // Tests of challenges: issuing, answering, taking back.
-#include "practice/MatchRoom.h"
-#include "practice/ComputerRoom.h"
+#include "practice/play/MatchRoom.h"
 #include "practice/HallRig.h"
+#include "practice/play/ComputerRoom.h"
+#include "practice/play/Departure.h"
 
 #include <gtest/gtest.h>
 
@@ -177,7 +178,7 @@ TEST_F(MatchRoomTest, OtherChallengesFallWithTheStartOfAGame) {
 TEST_F(MatchRoomTest, WhoLeavesTakesHisChallengesWithHim) {
     rig.type("Ada", "match bert 5 0 u");
     rig.takeShown("Bert");
-    rig.hall.leave("Ada");
+    leaveHall(rig.hall, "Ada");
     EXPECT_EQ(rig.takeShown("Bert"), "|Ada, who was challenging you, has departed.\nChallenge from Ada removed.");
     EXPECT_TRUE(rig.hall.offers.open.empty());
 }
@@ -241,7 +242,7 @@ TEST_F(MatchRoomTest, ARematchHasTheSameTermsWithTheColoursTurned) {
     EXPECT_EQ(rig.type("Bert", "rematch"), "Issuing: Bert (1500) [white] Ada (1711) unrated crazyhouse 3 1.");
     rig.type("Bert", "withdraw");
     EXPECT_EQ(rig.type("Ada", "rematch"), "Issuing: Ada (1711) [black] Bert (1500) unrated crazyhouse 3 1.");
-    rig.hall.leave("Bert");
+    leaveHall(rig.hall, "Bert");
     EXPECT_EQ(rig.type("Ada", "rematch"), "Bert is no longer logged on.");
 }
 

@@ -1,5 +1,5 @@
 // Tests of move texts: typed, short and long forms.
-#include "practice/MoveText.h"
+#include "practice/chess/MoveText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Tests of the table of open offers.
-#include "practice/Offers.h"
+#include "practice/games/Offers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,9 @@
 // Tests of the course of games between two players.
-#include "practice/Play.h"
 #include "practice/HallRig.h"
-#include "practice/Text.h"
+#include "practice/play/Departure.h"
+#include "practice/play/Flags.h"
+#include "practice/play/Moves.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -263,16 +265,33 @@ TEST_F(PlayTest, TheFirstMovesTakeNoTime) {
     EXPECT_NE(rig.hall.game(1), nullptr);
 }
 
+TEST_F(PlayTest, NoFieldOfABoardLineIsMoreThanSixteenBitsHold) {
+    rig.match("Ada", "Bert", "546 999");
+    for (int i = 0; i < 3; ++i) {
+        rig.type("Ada", i % 2 == 0 ? "Nf3" : "Ng1");
+        rig.type("Bert", i % 2 == 0 ? "Nf6" : "Ng8");
+    }
+    const auto clocks = [&] {
+        const std::string text = rig.type("Cora", "refresh 1");
+        const auto tokens = words(text.substr(text.find("<12>")));
+        return tokens.at(24) + " " + tokens.at(25);
+    };
+    EXPECT_EQ(clocks(), "32767 32767");
+    for (const char* name : {"Ada", "Bert"}) rig.type(name, "set autoflag 0");
+    rig.pass(std::int64_t{200'000} * 1000);
+    EXPECT_EQ(clocks(), "-32767 32767");
+}
+
 TEST_F(PlayTest, DisconnectionBeforeTwoMovesAborts) {
     play({"e4"});
-    rig.hall.leave("Bert");
+    leaveHall(rig.hall, "Bert");
     EXPECT_TRUE(rig.takeShown("Ada").ends_with(
         "|Game 1: Bert disconnected.|{Game 1 (Ada vs. Bert) Bert lost connection and too few moves; game aborted} *"));
 }
 
 TEST_F(PlayTest, DisconnectionLaterForfeits) {
     play({"e4", "e5"});
-    rig.hall.leave("Ada");
+    leaveHall(rig.hall, "Ada");
     EXPECT_TRUE(has(rig.takeShown("Bert"), "{Game 1 (Ada vs. Bert) Ada forfeits by disconnection} 0-1"));
     EXPECT_EQ(rig.hall.find("Ada"), nullptr);
 }
@@ -306,7 +325,7 @@ TEST_F(PlayTest, NoFlagIsCalledWhileAMoveIsJudged) {
 TEST_F(PlayTest, WhoLeavesObservesNoMore) {
     rig.match("Ada", "Bert");
     rig.type("Cora", "observe 1");
-    rig.hall.leave("Cora");
+    leaveHall(rig.hall, "Cora");
     EXPECT_TRUE(rig.hall.game(1)->observers.empty());
 }
 
@@ -314,7 +333,7 @@ TEST_F(PlayTest, AJudgementThatComesTooLateIsDropped) {
     rig.match("Ada", "Bert");
     rig.holdRules = true;
     rig.type("Ada", "e4");
-    rig.hall.leave("Bert");
+    leaveHall(rig.hall, "Bert");
     rig.takeShown("Ada");
     rig.release();
     EXPECT_EQ(rig.takeShown("Ada"), "");

@@ -1,5 +1,5 @@
 // Tests of positions read from FEN texts.
-#include "practice/Position.h"
+#include "practice/chess/Position.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 // Tests of ads in the hall.
 #include "practice/HallRig.h"
+#include "practice/play/Departure.h"
 
 #include <gtest/gtest.h>
 
@@ -91,7 +92,7 @@ TEST_F(SeekRoomTest, AGameTakesBothPlayersAdsAway) {
 
 TEST_F(SeekRoomTest, AnAdGoesWithItsOwner) {
     rig.type("Ada", "seek 5 0 unrated");
-    rig.hall.leave("Ada");
+    leaveHall(rig.hall, "Ada");
     EXPECT_EQ(rig.type("Bert", "play 1"), "That seek is not available.");
 }
 

@@ -1,5 +1,5 @@
-// Tests of seek ads: reading terms, the table of ads, and their texts.
-#include "practice/Seeks.h"
+// Tests of seek ads: the table of ads and their texts.
+#include "practice/games/Seeks.h"
 
 #include <gtest/gtest.h>
 
@@ -27,52 +27,6 @@ TEST(Seeks, TheTableIsFullAt200Ads) {
     for (int i = 1; i <= 200; ++i) EXPECT_EQ(table.post(ad("Ada", 3, 0)), i);
     EXPECT_EQ(table.post(ad("Ada", 3, 0)), 0);
     EXPECT_EQ(table.countOf("Ada"), 200);
-}
-
-TEST(Seeks, TermsAreReadInFull) {
-    const auto reading = readTerms({"10", "5", "rated", "white", "800-1300"}, {});
-    EXPECT_EQ(reading.error, "");
-    EXPECT_EQ(reading.terms.minutes, 10);
-    EXPECT_EQ(reading.terms.increment, 5);
-    EXPECT_TRUE(reading.terms.rated);
-    EXPECT_EQ(reading.terms.colour, WantedColour::White);
-    EXPECT_EQ(reading.terms.lowest, 800);
-    EXPECT_EQ(reading.terms.highest, 1300);
-}
-
-TEST(Seeks, TermsAreReadInShortAndInAnyLetterCase) {
-    const auto reading = readTerms({"3", "0", "u", "Black", "0-9999", "m", "f"}, {});
-    EXPECT_EQ(reading.error, "");
-    EXPECT_FALSE(reading.terms.rated);
-    EXPECT_EQ(reading.terms.colour, WantedColour::Black);
-    EXPECT_TRUE(reading.terms.manual);
-    EXPECT_TRUE(reading.terms.formula);
-}
-
-TEST(Seeks, TermsNotSaidComeFromTheStandard) {
-    Terms standard;
-    standard.minutes = 7;
-    standard.increment = 3;
-    EXPECT_EQ(readTerms({}, standard).terms.minutes, 7);
-    EXPECT_EQ(readTerms({}, standard).terms.increment, 3);
-    EXPECT_EQ(readTerms({"5"}, standard).terms.increment, 0);
-}
-
-TEST(Seeks, StrangeTermsAreComplainedAbout) {
-    EXPECT_NE(readTerms({"5", "0", "bughouse"}, {}).error, "");
-    EXPECT_NE(readTerms({"1000", "0"}, {}).error, "");
-    EXPECT_NE(readTerms({"5", "0", "3"}, {}).error, "");
-    EXPECT_NE(readTerms({"5", "0", "10000-20000"}, {}).error, "");
-    EXPECT_NE(readTerms({"-"}, {}).error, "");
-}
-
-TEST(Seeks, TheKindFollowsTheTimeOfFortyMoves) {
-    EXPECT_EQ(gameKind(0, 0), "untimed");
-    EXPECT_EQ(gameKind(1, 0), "lightning");
-    EXPECT_EQ(gameKind(3, 0), "blitz");
-    EXPECT_EQ(gameKind(2, 12), "blitz");
-    EXPECT_EQ(gameKind(15, 0), "standard");
-    EXPECT_EQ(gameKind(15, 10), "standard");
 }
 
 TEST(Seeks, TheAnnouncementEndsWithTheCommandThatTakesIt) {

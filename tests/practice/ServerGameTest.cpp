@@ -1,6 +1,6 @@
 // Tests of whole games at the server's socket, with the real engine for the rules.
 #include "practice/ServerRig.h"
-#include "practice/Text.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -23,8 +23,8 @@ struct ServerGame : testing::Test {
         ada.enterAsGuest("Ada");
         bert.enterAsGuest("Bert");
         ada.ask("seek 5 0 white");
-        bert.until("Ada(U) (++++) seeking 5 0 unrated blitz [white] (\"play 4\" to respond)\n\rfics% ");
-        bert.line("play 4");
+        bert.until("Ada(U) (++++) seeking 5 0 unrated blitz [white] (\"play 5\" to respond)\n\rfics% ");
+        bert.line("play 5");
         bert.until("{Game ");
         number = bert.until(" ");
         number.pop_back();
@@ -120,7 +120,7 @@ TEST(ServerDisconnection, TheOneWhoStaysIsTold) {
     {
         TestClient bert(server.port());
         bert.enterAsGuest("Bert");
-        bert.line("play 4");
+        bert.line("play 5");
         bert.until(board);
     }
     ada.until("Bert disconnected.");

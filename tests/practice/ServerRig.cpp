@@ -77,7 +77,8 @@ bool TestClient::receive(int wait) {
     char buffer[65536];
     const auto count = recv(socket_, buffer, sizeof buffer, 0);
     closed_ = count <= 0;
-    if (count > 0) text_.append(buffer, static_cast<std::size_t>(count));
+    if (count > 0) packets_.emplace_back(buffer, static_cast<std::size_t>(count));
+    if (count > 0) text_ += packets_.back();
     return count > 0;
 }
 

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 // One TCP connection that keeps all it received. A wait that takes longer than 20 seconds fails.
@@ -28,6 +29,9 @@ public:
     // Waits for the server to close, and gives what was left; false in `closed` if it did not.
     std::string rest(bool& closed);
 
+    // The pieces in which what it got arrived so far; forgotten by the call.
+    std::vector<std::string> takePackets() { return std::exchange(packets_, {}); }
+
     // Logs on as a guest of this name, or of a name that the server gives; returns the handle.
     std::string enterAsGuest(const std::string& name = "guest");
 
@@ -37,6 +41,7 @@ private:
     int socket_ = -1;
     bool closed_ = false;
     std::string text_;
+    std::vector<std::string> packets_;
 };
 
 // Starts the server with arguments behind the usual ones; it is ended by SIGTERM unless it ended before.

@@ -1,6 +1,6 @@
 // Tests of other kinds of chess at the server's socket, with the real engine for the rules.
 #include "practice/ServerRig.h"
-#include "practice/Text.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Tests of the board line.
-#include "practice/Style12.h"
-#include "practice/Text.h"
+#include "practice/chess/Style12.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 

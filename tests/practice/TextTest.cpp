@@ -1,7 +1,9 @@
 // Tests of the text helpers.
-#include "practice/Text.h"
+#include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
+
+#include <map>
 
 namespace practice {
 namespace {
@@ -61,7 +63,26 @@ TEST(Text, WrappingCutsAWordThatIsLongerThanALine) {
     EXPECT_EQ(letters, 100);
 }
 
-TEST(Text, WireLinesEndWithLineFeedAndReturn) { EXPECT_EQ(wireText("a\n\nb"), "a\n\r\n\rb"); }
+TEST(Text, OnlyAsciiLettersChangeTheirCase) {
+    EXPECT_EQ(lowerOf('Q'), 'q');
+    EXPECT_EQ(upperOf('q'), 'Q');
+    for (const char c : {'-', '@', '[', '`', '{', '7', '\xC4', '\xE4'}) {
+        EXPECT_EQ(lowerOf(c), c);
+        EXPECT_EQ(upperOf(c), c);
+    }
+}
+
+TEST(Text, CountsHaveTheirWordInItsRightForm) {
+    EXPECT_EQ(counted(0, "game"), "0 games");
+    EXPECT_EQ(counted(1, "game"), "1 game");
+    EXPECT_EQ(counted(2, "game", 3), "  2 games");
+}
+
+TEST(Text, TheLowestFreeNumberFillsGaps) {
+    EXPECT_EQ(lowestFree(std::map<int, char>{}), 1);
+    EXPECT_EQ(lowestFree(std::map<int, char>{{2, 'b'}}), 1);
+    EXPECT_EQ(lowestFree(std::map<int, char>{{1, 'a'}, {2, 'b'}, {4, 'd'}}), 3);
+}
 
 TEST(Text, PrintableLeavesControlCharactersOut) { EXPECT_EQ(printable("a\x1b[2J\x07\tb\x7f\xe9"), "a[2Jb\xe9"); }
 

@@ -1,5 +1,5 @@
 // Tests of reading the engine's lines.
-#include "practice/UciReplies.h"
+#include "practice/engine/UciReplies.h"
 
 #include <gtest/gtest.h>
 

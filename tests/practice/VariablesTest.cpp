@@ -1,5 +1,5 @@
 // Tests of a player's settings.
-#include "practice/Variables.h"
+#include "practice/people/Variables.h"
 
 #include <gtest/gtest.h>
 
@@ -41,6 +41,14 @@ TEST(Variables, NumbersKeepWithinTheirRange) {
     EXPECT_EQ(applySetting(variables, "width", "10"), "Bad value given for variable \"width\".");
     EXPECT_EQ(applySetting(variables, "width", "wide"), "Bad value given for variable \"width\".");
     EXPECT_EQ(variables.value("width"), 120);
+}
+
+TEST(Variables, TheTimesOfAnUnsaidChallengeStayBelowWhatAClientsClockHolds) {
+    Variables variables;
+    EXPECT_EQ(applySetting(variables, "time", "546"), "time set to 546.");
+    EXPECT_EQ(applySetting(variables, "time", "547"), "Bad value given for variable \"time\".");
+    EXPECT_EQ(applySetting(variables, "inc", "999"), "inc set to 999.");
+    EXPECT_EQ(applySetting(variables, "inc", "1000"), "Bad value given for variable \"inc\".");
 }
 
 TEST(Variables, FirstLettersFindAVariableIfTheyAreItsOwn) {

@@ -1,7 +1,7 @@
 // Tests of the kinds of chess: their names and where their games start.
-#include "practice/Variants.h"
-#include "practice/Position.h"
-#include "practice/StartPositions.h"
+#include "practice/chess/Variants.h"
+#include "practice/chess/Position.h"
+#include "practice/chess/StartPositions.h"
 
 #include <gtest/gtest.h>
 

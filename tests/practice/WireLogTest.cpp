@@ -1,5 +1,5 @@
 // Tests of the record of what clients send.
-#include "practice/WireLog.h"
+#include "practice/wire/WireLog.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include "board/PieceCodes.h"
 #include "common/Squares.h"
 #include "common/Text.h"
-#include "practice/MoveText.h"
+#include "practice/chess/MoveText.h"
 #include "rules/EngineTalk.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +48,6 @@ struct Walk {
     std::unique_ptr<Game> owned = std::make_unique<Game>();
     Game& game = *owned;
     std::string fen;
-    std::int16_t promotion = 0;
 
     Walk(EngineTalk& talk, Seen& record, std::string_view start) : engine(talk), seen(record), fen(start) {
         game.beginLoad();
@@ -57,14 +56,18 @@ struct Walk {
         for (int square = 0; square < 64; ++square) {
             game.Board[square] = pieceCode(position.board[static_cast<std::size_t>(square)]);
         }
-        game.surface.popupPromote = [this] { game.PromotePiece = promotion; };
+    }
+
+    // Whether the user would be asked for the piece of a promotion.
+    bool takeUp(const std::string& move) {
+        game.zSetFrom(zSquareNumber(move.substr(0, 2)));
+        return game.asksPromotion(zSquareNumber(move.substr(2, 2)));
     }
 
     // The text of the move, empty if it was refused. `move` is the engine's, such as "e7e8q".
     std::string make(const std::string& move, bool display) {
-        promotion = static_cast<std::int16_t>(move.size() == 5 ? std::abs(pieceCode(move[4])) : 0);
-        game.zSetFrom(zSquareNumber(move.substr(0, 2)));
-        return game.zMakeMove(zSquareNumber(move.substr(2, 2)), true, display).value();
+        if (takeUp(move)) game.PromotePiece = static_cast<std::int16_t>(std::abs(pieceCode(move.at(4))));
+        return game.zMakeMove(zSquareNumber(move.substr(2, 2)), true, display);
     }
 
     std::string boardText() const {
@@ -119,6 +122,7 @@ void tryEveryMove(Walk& walk, const practice::PositionFacts& facts) {
         const std::string& move = facts.legal[i];
         SCOPED_TRACE(move + " in " + walk.fen);
         count(walk.seen, walk, move, behind[i]);
+        ASSERT_EQ(walk.takeUp(move), move.size() == 5);
         const std::string text = walk.make(move, false);
         ASSERT_EQ(walk.boardText(), boardText(behind[i].fen)) << "text " << text;
         ASSERT_EQ(text.ends_with('+'), behind[i].check) << text;

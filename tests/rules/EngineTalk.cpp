@@ -1,7 +1,7 @@
 // The packaged chess engine as a process, asked in turn about positions.
 #include "rules/EngineTalk.h"
 
-#include "practice/UciReplies.h"
+#include "practice/engine/UciReplies.h"
 
 #include <csignal>
 #include <cstdlib>

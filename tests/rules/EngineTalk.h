@@ -1,7 +1,7 @@
 // The packaged chess engine as a process, asked in turn about positions.
 #pragma once
 
-#include "practice/Position.h"
+#include "practice/chess/Position.h"
 
 #include <string>
 #include <sys/types.h>

@@ -2,13 +2,16 @@
 #include "session/BlockMode.h"
 
 #include "common/modChess.h"
+#include "session/QuietSurface.h"
+#include "session/Session.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 struct BlockModeTest : testing::Test {
-    BlockMode mode;
+    Session session{quietSurface()};
+    BlockMode& mode = session.blockMode;
     std::string caption = "Client";
     std::string inserted;
     bool mnuBlocked = false;

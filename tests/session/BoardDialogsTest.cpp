@@ -18,7 +18,7 @@ protected:
         };
         roads.runningWindows.match = [this] { return dialog ? dialog->fields() : MatchSettings{}; };
         matchRoads.store = roads.store;
-        matchRoads.zSendMsg = [this](const std::string& text) { client->road.zSendMsg(text); };
+        matchRoads.zSendMsg = [this](const std::string& text) { client->session.road.zSendMsg(text); };
     }
     ~BoardDialogs() override { delete dialog.data(); }
 
@@ -37,7 +37,7 @@ TEST_F(BoardDialogs, DrawGoesOutByTheTypedRoadWithEchoAndHistory) {
     boards()[0]->findChild<QPushButton*>(QStringLiteral("cmdDraw"))->click();
     EXPECT_TRUE(serverGot("Draw\n"));
     EXPECT_TRUE(consoleHas("Draw"));
-    EXPECT_EQ(client->road.history.entries[1], "Draw");
+    EXPECT_EQ(client->session.road.history.entries[1], "Draw");
     EXPECT_TRUE(messages.empty());
 }
 
@@ -58,7 +58,7 @@ TEST_F(BoardDialogs, MatchOfTheConsoleRaisesMatchModeAndItsLineIsSilent) {
     press("cmdOK");
     EXPECT_TRUE(serverGot("Match fred 2 12 Normal r Auto Color \n"));
     EXPECT_EQ(console().find("Match"), std::string::npos);
-    EXPECT_EQ(client->road.history.entries[1], "");
+    EXPECT_EQ(client->session.road.history.entries[1], "");
 }
 
 TEST_F(BoardDialogs, MatchOfABoardRaisesMatchModeAndSeekLowersIt) {

@@ -157,7 +157,7 @@ TEST_P(ProgramClosingAtAMoment, OfABatchThatOpensBoardsClosesThemAll) {
     moments = 0;
     rig.server.send(nextOfAll() + "\n\r<b1> game 4 white [P] black []\n\rfics% ");
     ASSERT_TRUE(waitUntil([] { return modChess.AppClosing; }, PatienceMs));
-    EXPECT_TRUE(waitUntil([this] { return !rig.client->pipeline.ParseBusy; }));
+    EXPECT_TRUE(waitUntil([this] { return !rig.client->session.pipeline.ParseBusy; }));
     EXPECT_TRUE(rig.boards().empty());
     EXPECT_EQ(rig.updates.size(), 4U);
     EXPECT_EQ(rig.fault, std::nullopt);

@@ -19,12 +19,14 @@ protected:
     void startWithBridge() {
         set("Use_Timeseal", "True");
         start();
-        client->connection.hooks.wait = [this](double) { waitUntil([this] { return relay.hasNoted("ready"); }, 200); };
+        client->session.connection.bridge.hooks.wait = [this](double) {
+            waitUntil([this] { return relay.hasNoted("ready"); }, 200);
+        };
     }
     bool connectedThroughRelay() {
         relay.put();
         startWithBridge();
-        client->connection.mnuConnectClick(0);
+        client->session.connection.mnuConnectClick(0);
         return waitUntil([this] { return loopback.hasClient() && socketState() == 7; });
     }
 

@@ -68,9 +68,9 @@ struct Burst : testing::Test {
     }
 
     void expectNoBacklog() {
-        EXPECT_EQ(rig.client->pipeline.PendingText, "");
+        EXPECT_EQ(rig.client->session.pipeline.PendingText, "");
         EXPECT_EQ(rig.server.unsent(), 0);
-        EXPECT_FALSE(rig.client->pipeline.ParseBusy);
+        EXPECT_FALSE(rig.client->session.pipeline.ParseBusy);
         EXPECT_EQ(rig.fault, std::nullopt);
     }
 };
@@ -183,8 +183,8 @@ TEST_F(Burst, TextThatArrivesWhileABoardOpensJoinsTheRunningDrain) {
     const auto open = rig.roads.openBoard;
     rig.roads.openBoard = [&] {
         rig.server.send(update(8, 2));
-        busyAtArrival =
-            waitUntil([&] { return !rig.client->pipeline.PendingText.empty(); }) && rig.client->pipeline.ParseBusy;
+        busyAtArrival = waitUntil([&] { return !rig.client->session.pipeline.PendingText.empty(); }) &&
+                        rig.client->session.pipeline.ParseBusy;
         return open();
     };
     rig.server.send(update(7, 1) + update(8, 1));

@@ -4,7 +4,8 @@
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
 #include "session/ChatBox.h"
-#include "session/ChatRouting.h"
+#include "session/QuietSurface.h"
+#include "session/Session.h"
 
 #include <algorithm>
 #include <list>
@@ -33,7 +34,7 @@ struct RecordedChat {
         hooks.text = [this] { return typing; };
         hooks.setText = [this](const std::string& text) { typing = text; };
         hooks.focus = [this] { ++focused; };
-        openWindows.add({"frmChat", this, nullptr, {}, &box});
+        openWindows.add({.className = "frmChat", .window = this, .unload = {}, .content = &box});
     }
     ~RecordedChat() { openWindows.remove(this); }
     RecordedChat(const RecordedChat&) = delete;
@@ -42,8 +43,9 @@ struct RecordedChat {
 
 // A road whose socket is connected until a test closes it, and any number of boxes.
 struct ChatRig {
-    ServerRoad road;
-    ChatRouting routing;
+    Session session{quietSurface()};
+    ServerRoad& road = session.road;
+    ChatRouting& routing = session.chatRouting;
     std::list<RecordedChat> chats;
     std::vector<std::string> sent;
     std::int16_t socket = ServerRoad::Connected;

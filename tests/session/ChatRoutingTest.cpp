@@ -31,7 +31,7 @@ TEST_F(ChatRoutingTest, WithoutABoxATellIsNotHandled) {
 }
 
 TEST_F(ChatRoutingTest, OnlyWindowsThatAreBoxesAreAsked) {
-    openWindows.add({"frmChessBoard", this, nullptr, {}});
+    openWindows.add({"frmChessBoard", this, {}});
     EXPECT_FALSE(tell("Bob"));
     open("Bob");
     EXPECT_TRUE(tell("Bob"));
@@ -203,7 +203,7 @@ TEST_F(ChatRoutingTest, TheInsertionPointGoesToTheLengthOfTheConsole) {
 // The finder and the proposal
 
 TEST_F(ChatRoutingTest, ABoxIsFoundByItsExactBuddy) {
-    openWindows.add({"frmChessClient", this, nullptr, {}});
+    openWindows.add({"frmChessClient", this, {}});
     open("Bob");
     open("Ann");
     EXPECT_EQ(findChat("Ann"), 2);

@@ -11,16 +11,15 @@ namespace {
 
 // The classifier with the real routing behind its chat hooks.
 struct ChatTellsTest : SessionRig {
-    ServerRoad road;
-    ChatRouting routing;
+    ServerRoad& road = session.road;
     std::list<RecordedChat> chats;
 
     ChatTellsTest() {
         openWindows = {};
-        classifier.hooks.zChatBox = [this](const std::string& line) { return routing.zChatBox(line); };
+        classifier.hooks.zChatBox = [this](const std::string& line) { return session.chatRouting.zChatBox(line); };
         classifier.hooks.findChat = findChat;
         classifier.hooks.setChatCaption = [](int chat, const std::string& caption) {
-            openWindows.windows.at(static_cast<std::size_t>(chat)).chat->hooks.setCaption(caption);
+            chatAt(chat).hooks.setCaption(caption);
         };
         modChess.MyHandle = "Anders";
     }
@@ -77,7 +76,7 @@ TEST_F(ChatTellsTest, TheUsersOwnChannelTellIsKeptOffTheConsoleAndOutOfTheBox) {
 
 TEST_F(ChatTellsTest, ABoxThatClosesBetweenTellAndContinuationLeavesTheRestToTheConsole) {
     open("Bob");
-    classifier.hooks.playSound = [this](const char*, std::int16_t) { chats.clear(); };
+    classifier.hooks.playSound = [this](std::string_view, std::int16_t) { chats.clear(); };
     batch("Bob tells you: one\r\n\\   two\r\nfics% \r\nlast\r\n");
     EXPECT_THAT(printed, ElementsAre(Printed{"two\r\n", 0}, Printed{"last\r\n", MainColor}))
         << "the tell itself was taken; no line was printed before";

@@ -26,7 +26,7 @@ protected:
         std::vector<frmChat*> found;
         for (const OpenWindow& open : openWindows.windows) {
             for (QWidget* window : QApplication::topLevelWidgets()) {
-                if (window == open.window && open.chat) found.push_back(qobject_cast<frmChat*>(window));
+                if (window == open.window && chatOf(open)) found.push_back(qobject_cast<frmChat*>(window));
             }
         }
         return found;

@@ -3,12 +3,14 @@
 
 #include "settings/WindowSettings.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QInputDialog>
 #include <QScrollBar>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 
 using std::string;
 
@@ -41,7 +43,7 @@ QColor colorAt(Console& console, int position) {
 TEST_F(ChatWindow, ABoxAsksForItsBuddyAMomentAfterItOpened) {
     start();
     modChess.TellTarget = "Bob";
-    client->zNewChat();
+    client->session.zNewChat();
     ASSERT_EQ(chats().size(), 1U);
     EXPECT_TRUE(messages.empty());
     EXPECT_EQ(chats()[0]->box.xBuddy, "");
@@ -74,7 +76,7 @@ TEST_F(ChatWindow, AnEmptyAnswerOrCancelClosesTheBox) {
     start();
     for (const std::optional<std::string>& none : {std::optional<std::string>(""), std::optional<std::string>()}) {
         buddy = none;
-        client->zNewChat();
+        client->session.zNewChat();
         const QPointer<frmChat> chat(chats().back());
         ASSERT_TRUE(waitUntil([&] { return chat.isNull(); }));
         EXPECT_EQ(openWindows.count("frmChat"), 0);
@@ -85,7 +87,7 @@ TEST_F(ChatWindow, ALineEndInAPastedNameIsNoPartOfIt) {
     start();
     EXPECT_EQ(openChat("Bob\r\n").box.xBuddy, "Bob");
     buddy = "\n";
-    client->zNewChat();
+    client->session.zNewChat();
     EXPECT_TRUE(waitUntil([] { return openWindows.count("frmChat") == 1; }));
 }
 
@@ -95,7 +97,7 @@ TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionStaysClosed) {
         openWindows.windows.back().unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     };
-    client->zNewChat();
+    client->session.zNewChat();
     ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
     runFor(20);
     EXPECT_EQ(openWindows.count("frmChat"), 0);
@@ -105,7 +107,7 @@ TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionAndNotGoneYetTakesNoName) {
     start();
     std::string named;
     whileAsked = [] { openWindows.windows.back().unload(); };
-    client->zNewChat();
+    client->session.zNewChat();
     chats()[0]->box.hooks.setCaption = [&named](const std::string& caption) { named = caption; };
     ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
     runFor(20);
@@ -114,7 +116,7 @@ TEST_F(ChatWindow, ABoxThatIsClosedUnderItsQuestionAndNotGoneYetTakesNoName) {
 
 TEST_F(ChatWindow, ABoxThatIsClosedBeforeItsQuestionDoesNotAsk) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     const QPointer<frmChat> chat(chats()[0]);
     chat->close();
     EXPECT_FALSE(chat->findChild<QTimer*>(QStringLiteral("tmrStart"))->isActive());
@@ -129,13 +131,13 @@ TEST_F(ChatWindow, AClosedBoxThatIsNotGoneYetTakesNoTell) {
     chat.close();
     EXPECT_EQ(openWindows.count("frmChat"), 0);
     modChess.TellTarget = "Bob";
-    EXPECT_FALSE(client->classifier.hooks.zChatBox("Bob tells you: hi\r\n"));
+    EXPECT_FALSE(client->session.classifier.hooks.zChatBox("Bob tells you: hi\r\n"));
 }
 
 TEST_F(ChatWindow, TheRealQuestionGoesWithTheProgram) {
     boxes.inputAt = Boxes().inputAt;
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     bool asked = false;
     QTimer look; // the question runs the message loop until it is gone
     look.callOnTimeout([&] {
@@ -170,8 +172,8 @@ protected:
     // Opens two boxes at once and runs `reply` when both ask.
     void whenBothAsk(const std::function<void()>& reply) {
         start();
-        client->zNewChat();
-        client->zNewChat();
+        client->session.zNewChat();
+        client->session.zNewChat();
         bool both = false;
         QTimer look;
         look.callOnTimeout([&] {
@@ -217,7 +219,7 @@ TEST_F(ChatQuestions, TwoThatAreUpGoWithTheProgram) {
 
 TEST_F(ChatQuestions, ATellThatNamesTheBoxMeanwhileIsShownAndTheAnswerStillNamesIt) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     QTimer look;
     look.callOnTimeout([] {
         const auto questions = asked();
@@ -237,7 +239,7 @@ TEST_F(ChatQuestions, ATellThatNamesTheBoxMeanwhileIsShownAndTheAnswerStillNames
 
 TEST_F(ChatWindow, AFirstBoxStandsAtTheCornerInTheDesignedSize) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     EXPECT_EQ(chats()[0]->pos(), QPoint(0, 0));
     EXPECT_EQ(chats()[0]->size(), Designed);
 }
@@ -245,7 +247,7 @@ TEST_F(ChatWindow, AFirstBoxStandsAtTheCornerInTheDesignedSize) {
 TEST_F(ChatWindow, ASavedPlaceIsTaken) {
     saved("1500", "750");
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     EXPECT_EQ(shownAt(*chats()[0]), QRect(100, 50, 500, 400));
 }
 
@@ -253,7 +255,7 @@ TEST_F(ChatWindow, APlaceBelow1OrBeyondTheScreenGivesTheCornerAndTheDesignedSize
     for (const auto& [left, top] : {std::pair{"0", "750"}, {"750", "0"}, {"-15", "750"}, {"30000", "750"}}) {
         saved(left, top);
         if (!client) start();
-        client->zNewChat();
+        client->session.zNewChat();
         EXPECT_EQ(shownAt(*chats().back()), QRect(QPoint(0, 0), Designed)) << left << " " << top;
     }
 }
@@ -268,14 +270,14 @@ TEST_F(ChatWindow, BeforeTheFirstExitThePlaceComesFromTheOlderFile) {
     file.close();
     save("Left", "3000");
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     EXPECT_EQ(shownAt(*chats()[0]), QRect(100, 50, 500, 400));
     QDir::setCurrent(before);
 }
 
 TEST_F(ChatWindow, ClosingSavesThePlace) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     put(*chats()[0], {100, 50, 500, 400});
     chats()[0]->close();
     EXPECT_EQ(stored("Chat", "Left"), "1500");
@@ -286,7 +288,7 @@ TEST_F(ChatWindow, ClosingSavesThePlace) {
 
 TEST_F(ChatWindow, AMinimisedBoxIsSavedAsItStoodBefore) {
     start();
-    client->zNewChat();
+    client->session.zNewChat();
     put(*chats()[0], {100, 50, 500, 400});
     const QPointer<frmChat> chat(chats()[0]);
     chat->showMinimized();
@@ -351,8 +353,12 @@ TEST_F(ChatWindow, ABoxIsNeverTooSmallForItsFields) {
 TEST_F(ChatWindow, BothFieldsHaveNamesForAssistiveTools) {
     start();
     const frmChat& chat = openChat("Bob");
-    EXPECT_EQ(txtChat(chat).accessibleName(), QStringLiteral("Conversation"));
-    EXPECT_EQ(txtTell(chat).accessibleName(), QStringLiteral("Tell"));
+    const auto face = [](QWidget& field) { return QAccessible::queryAccessibleInterface(&field); };
+    EXPECT_EQ(face(txtChat(chat))->text(QAccessible::Name), QStringLiteral("Conversation"));
+    EXPECT_EQ(face(txtTell(chat))->text(QAccessible::Name), QStringLiteral("Tell"));
+    EXPECT_TRUE(face(txtChat(chat))->state().readOnly);
+    EXPECT_EQ(face(txtChat(chat))->role(), QAccessible::EditableText);
+    EXPECT_EQ(face(txtTell(chat))->role(), QAccessible::EditableText);
 }
 
 // Keys
@@ -389,6 +395,45 @@ TEST_F(ChatWindow, UpAndDownWalkTheHistoryInBothFields) {
         EXPECT_EQ(txtTell(chat).line(), "edited");
         EXPECT_EQ(txtTell(chat).cursorPosition(), 6);
     }
+}
+
+TEST_F(ChatWindow, PageUpAndPageDownInTheTypingLineScrollTheConversationAndLeaveTheInsertionPoint) {
+    start();
+    const frmChat& chat = openChat("Bob");
+    for (int i = 0; i < 200; ++i) txtChat(chat).insert("line\r\n");
+    txtChat(chat).flush();
+    const QScrollBar& bar = *txtChat(chat).verticalScrollBar();
+    QTest::keyClick(&txtTell(chat), Qt::Key_PageUp);
+    EXPECT_EQ(bar.value(), bar.maximum() - bar.pageStep());
+    EXPECT_TRUE(txtChat(chat).textCursor().atEnd());
+    EXPECT_EQ(chat.focusWidget(), &txtTell(chat));
+    QTest::keyClick(&txtTell(chat), Qt::Key_PageDown);
+    EXPECT_EQ(bar.value(), bar.maximum());
+}
+
+TEST_F(ChatWindow, F1OpensTheHelpFromBothFields) {
+    start();
+    const frmChat& chat = openChat("Bob");
+    const std::initializer_list<QWidget*> fields{&txtTell(chat), &txtChat(chat)};
+    for (QWidget* field : fields) {
+        QTest::keyClick(field, Qt::Key_F1);
+        auto* help = client->findChild<QTextBrowser*>(QStringLiteral("helpFile"));
+        ASSERT_NE(help, nullptr);
+        EXPECT_TRUE(help->isVisible());
+        delete help;
+    }
+}
+
+TEST_F(ChatWindow, TabGoesFromOneFieldToTheOther) {
+    start();
+    frmChat& chat = openChat("Bob");
+    chat.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&chat));
+    EXPECT_EQ(QApplication::focusWidget(), &txtTell(chat));
+    QTest::keyClick(&txtTell(chat), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &txtChat(chat));
+    QTest::keyClick(&txtChat(chat), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &txtTell(chat));
 }
 
 TEST_F(ChatWindow, NotConnectedEnterLeavesTheText) {
@@ -462,14 +507,14 @@ TEST_F(ChatWindow, AHundredThousandTellsAreAllShownInOrder) {
     start();
     frmChat& chat = openChat("Bob");
     modChess.TellTarget = "Bob";
-    client->chatRouting.consoleLength = [] { return std::size_t{100000000}; };
+    client->session.chatRouting.consoleLength = [] { return std::size_t{100000000}; };
     QElapsedTimer since;
     since.start();
     string expected;
     for (int i = 0; i < 100000; ++i) {
         const string text = "tell number " + std::to_string(i);
         expected += text + "\n";
-        ASSERT_TRUE(client->classifier.hooks.zChatBox("Bob tells you: " + text + "\r\n"));
+        ASSERT_TRUE(client->session.classifier.hooks.zChatBox("Bob tells you: " + text + "\r\n"));
         if (i % 100 == 0) QCoreApplication::processEvents();
     }
     EXPECT_TRUE(txtChat(chat).text() == expected);

@@ -64,7 +64,7 @@ TEST_F(ChatWiring, ASecondBoxDoesNotProposeTheSameBuddy) {
 TEST_F(ChatWiring, ShiftF9OnABoardRaisesTheBoxOfTheTellTargetAndOpensOneOnlyWhereThereIsNone) {
     start();
     modChess.TellTarget = "Bob";
-    client->showChat();
+    client->session.showChat();
     ASSERT_TRUE(waitUntil([this] { return messages.size() == 1; }));
     EXPECT_EQ(messages.back(), "Chat Box: Chat with /Bob");
     frmChat& bob = *chats().back();
@@ -72,7 +72,7 @@ TEST_F(ChatWiring, ShiftF9OnABoardRaisesTheBoxOfTheTellTargetAndOpensOneOnlyWher
     bob.showMinimized();
     txtChat(bob).setFocus();
     const EventCount raised(bob, QEvent::ZOrderChange);
-    client->showChat();
+    client->session.showChat();
     EXPECT_EQ(raised.count, 1);
     EXPECT_TRUE(waitUntil([&] { return QApplication::activeWindow() == &bob; }));
     EXPECT_EQ(openWindows.count("frmChat"), 2);
@@ -82,8 +82,8 @@ TEST_F(ChatWiring, ShiftF9OnABoardRaisesTheBoxOfTheTellTargetAndOpensOneOnlyWher
 
 TEST_F(ChatWiring, ShiftF9OnABoardWithoutATellTargetOpensABoxEvenBesideOneThatHasNoNameYet) {
     start();
-    client->zNewChat();
-    client->showChat();
+    client->session.zNewChat();
+    client->session.showChat();
     EXPECT_EQ(openWindows.count("frmChat"), 2);
 }
 
@@ -155,7 +155,7 @@ TEST_F(ChatWiring, TheEndOfTheConnectionClosesNoBox) {
     openChat("Bob");
     loopback.hangUp();
     ASSERT_TRUE(waitUntil([this] { return socketState() == 0; }));
-    client->connection.tmrTCPTimer();
+    client->session.connection.tmrTCPTimer();
     EXPECT_EQ(openWindows.count("frmChat"), 1);
 }
 
@@ -173,6 +173,6 @@ TEST_F(ChatWiring, TheEndOfTheProgramClosesAndSavesEveryBox) {
 TEST_F(ChatWiring, NoBoxOpensWhileTheProgramEnds) {
     start();
     modChess.AppClosing = true;
-    client->zNewChat();
+    client->session.zNewChat();
     EXPECT_EQ(openWindows.count("frmChat"), 0);
 }

@@ -66,8 +66,8 @@ TEST_F(ClientLife, TheProgramStartsWithOneIdleBoardAndUnconnected) {
     EXPECT_EQ(openWindows.count("frmChessBoard"), 1);
     EXPECT_EQ(firstGame().xMyRel(), "-100");
     EXPECT_EQ(socketState(), 0);
-    EXPECT_TRUE(client->connection.ClosedByUser);
-    EXPECT_EQ(client->connection.StartDirectory, QDir::currentPath().toStdString());
+    EXPECT_TRUE(client->session.connection.ClosedByUser);
+    EXPECT_EQ(client->session.connection.StartDirectory, QDir::currentPath().toStdString());
 }
 
 TEST_F(ClientLife, ColoursAndFontOfTheSettingsReachTheConsoleAndTheLine) {
@@ -93,7 +93,7 @@ TEST_F(ClientLife, TheFirstTickConnectsWithAutoConnect) {
     set("Auto_Connect", "True");
     start();
     EXPECT_EQ(socketState(), 0);
-    client->connection.tmrTCPTimer();
+    client->session.connection.tmrTCPTimer();
     EXPECT_TRUE(waitUntil([this] { return socketState() == 7; }));
 }
 
@@ -109,7 +109,7 @@ TEST_F(ClientLife, AServerCloseEndsTheGamesClearsTheHandleAndAsksNothing) {
     modChess.MyHandle = "anders";
     loopback.hangUp();
     ASSERT_TRUE(waitUntil([this] { return socketState() == 0; }));
-    client->connection.tmrTCPTimer();
+    client->session.connection.tmrTCPTimer();
     EXPECT_EQ(title(), "Brightrank - Client     Closed");
     EXPECT_EQ(modChess.MyHandle, "");
     EXPECT_FALSE(modChess.GameRunning);
@@ -130,29 +130,37 @@ TEST_F(ClientLife, ARefusedConnectionSaysThatTheServerWasNotFound) {
     EXPECT_EQ(socketState(), 0);
 }
 
-TEST_F(ClientLife, TheCloseTimersThirdBeepClearsTheBoardsAndAsks) {
+// The flag is up as long as the program runs; the question is there for whoever clears it.
+TEST_F(ClientLife, WithClosedByUserClearedTheThirdBeepClearsTheBoardsAndOffersToReconnect) {
     game(12, 1);
-    client->connection.LastServer = 0;
-    for (int tick = 0; tick < 3; ++tick) client->connection.tmrCloseTimer();
+    client->session.connection.ClosedByUser = false;
+    okay = true;
+    loopback.hangUp();
+    ASSERT_TRUE(waitUntil([this] { return socketState() == 0; }));
+    client->session.connection.tmrTCPTimer();
+    ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
+    EXPECT_EQ(messages, (std::vector<std::string>{"Connection to ICS Closed.  Reconnect?"}));
     const auto* board = boards()[0];
     for (const char* panel : {"stbGame(1)", "stbGame(2)", "stbGame(3)"}) {
         EXPECT_EQ(board->findChild<QLabel*>(QString::fromLatin1(panel))->text(), QString()) << panel;
     }
     EXPECT_EQ(board->windowTitle(), QStringLiteral("Brightrank - Board"));
     EXPECT_EQ(firstGame().currentGame, "");
-    EXPECT_EQ(messages, (std::vector<std::string>{"Connection to ICS Closed.  Reconnect?"}));
+    EXPECT_TRUE(waitUntil([this] { return loopback.hasClient() && socketState() == 7; }));
+    runFor(600);
+    EXPECT_EQ(messages.size(), 1U) << "the timer has ended";
 }
 
 // Close-down
 
 TEST_F(ClientLife, ClosingUnloadsAllWindowsOldestFirstBeforeTheSettingsAreWritten) {
     start();
-    for (int board = 0; board < 4; ++board) client->routing.hooks.zNewBoard();
+    for (int board = 0; board < 4; ++board) client->session.routing.hooks.zNewBoard();
     ASSERT_EQ(openWindows.windows.size(), 6U);
     std::vector<const void*> opened;
     std::vector<const void*> unloaded;
     for (OpenWindow& open : openWindows.windows) {
-        if (open.game == nullptr) continue;
+        if (!gameOf(open)) continue;
         opened.push_back(open.window);
         open.unload = [&unloaded, &values = values, window = open.window, unload = open.unload] {
             EXPECT_TRUE(modChess.AppClosing);
@@ -178,7 +186,7 @@ TEST_F(ClientLife, ABoardsSectionIsWrittenBeforeTheClients) {
 }
 
 TEST_F(ClientLife, AWindowOlderThanTheConsoleIsUnloadedToo) {
-    openWindows.add({"frmChat", &loopback, nullptr, [] { openWindows.remove(openWindows.windows[0].window); }});
+    openWindows.add({"frmChat", &loopback, [] { openWindows.remove(openWindows.windows[0].window); }});
     start();
     client->close();
     EXPECT_EQ(openWindows.windows.size(), 1U);
@@ -187,7 +195,7 @@ TEST_F(ClientLife, AWindowOlderThanTheConsoleIsUnloadedToo) {
 
 TEST_F(ClientLife, AWindowThatRefusesToUnloadDoesNotHangTheCloseDown) {
     start();
-    openWindows.add({"frmChat", &loopback, nullptr, [] {}});
+    openWindows.add({"frmChat", &loopback, [] {}});
     client->close();
     EXPECT_EQ(stored("Client", "Registry_OK"), "Yes");
 }
@@ -211,8 +219,8 @@ TEST_F(ClientLife, TheOrderlyExitWritesPlaceTicksAndLogOn) {
     start();
     client->move(40, 30);
     client->resize(700, 520);
-    client->logOn.handle = "berta";
-    client->logOn.password = "pw";
+    client->session.logOn.handle = "berta";
+    client->session.logOn.password = "pw";
     entry("mnuAutoLogon").trigger();
     client->close();
     EXPECT_EQ(stored("Client", "Left"), "600");

@@ -27,10 +27,9 @@ protected:
         modChess = {};
         openWindows.windows.clear();
         roads.store = memoryStore(values);
-        roads.openBoard = [this]() -> const void* {
+        roads.openBoard = [this] {
             auto* board = new frmChessBoard(boardRoads);
             board->load();
-            return board;
         };
         boxes.message = [this](QWidget*, const std::string&, const std::string& text) { messages.push_back(text); };
         boxes.input = [this](QWidget*, const std::string& prompt, const std::string& title, const std::string&) {
@@ -77,10 +76,10 @@ protected:
         start();
         client->menus.mnuConnect[1]->trigger();
         ASSERT_TRUE(waitUntil([this] { return loopback.hasClient() && socketState() == 7; }));
-        client->connection.tmrTCPTimer();
+        client->session.connection.tmrTCPTimer();
     }
 
-    int socketState() const { return client->road.hooks.socketState(); }
+    int socketState() const { return client->session.road.hooks.socketState(); }
     Console& txtOutput() const { return *client->findChild<Console*>(QStringLiteral("txtOutput")); }
     TypingLine& txtSend() const { return *client->findChild<TypingLine*>(QStringLiteral("txtSend")); }
     QLabel& lblPrompt() const { return *client->findChild<QLabel*>(QStringLiteral("lblPrompt")); }
@@ -108,7 +107,7 @@ protected:
     }
     static Game& firstGame() {
         for (const OpenWindow& open : openWindows.windows) {
-            if (open.game != nullptr) return *open.game;
+            if (Game* game = gameOf(open)) return *game;
         }
         throw std::logic_error("no board is open");
     }

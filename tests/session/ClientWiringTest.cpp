@@ -17,9 +17,9 @@ struct ClientWiring : ClientRig {
 
     void SetUp() override {
         connected();
-        client->pipeline.hooks.dataParse = [this](const std::string& batch) {
+        client->session.pipeline.hooks.dataParse = [this](const std::string& batch) {
             batches.push_back(batch);
-            client->classifier.zDataParse(batch);
+            client->session.classifier.zDataParse(batch);
         };
     }
 
@@ -40,8 +40,8 @@ std::string answerOf(int lines) {
 
 TEST_F(ClientWiring, AnAnswerLongerThanTheSocketGivesComesWholeAndWithoutAWaitForSilence) {
     modChess.gPrompt = "fics% ";
-    client->pipeline.hooks.startTimer = [](SessionTimer, int) {}; // silence releases nothing
-    const std::string text = answerOf(3000) + "fics% ";           // 115,000 bytes, too many lines for one batch
+    client->session.pipeline.hooks.startTimer = [](SessionTimer, int) {}; // silence releases nothing
+    const std::string text = answerOf(3000) + "fics% ";                   // 115,000 bytes, too many lines for one batch
     loopback.sendLater(text);
     ASSERT_TRUE(waitUntil([&] { return read().size() == text.size(); }, 20000));
     EXPECT_TRUE(read() == text);
@@ -52,14 +52,14 @@ TEST_F(ClientWiring, AnAnswerLongerThanTheSocketGivesComesWholeAndWithoutAWaitFo
 // A Style 12 line that begins a batch would be printed raw.
 TEST_F(ClientWiring, ALineInTwoPiecesThatComesWhileABatchIsReadKeepsTheEmptyLineBeforeIt) {
     modChess.gPrompt = "fics% ";
-    client->pipeline.hooks.dataParse = [this](const std::string& batch) {
+    client->session.pipeline.hooks.dataParse = [this](const std::string& batch) {
         batches.push_back(batch);
         if (batches.size() > 1) return;
         loopback.send("\n\r");
         zWait(0.1);
     };
     loopback.send("\n\rfirst\n\rfics% ");
-    ASSERT_TRUE(waitUntil([this] { return !batches.empty() && !client->pipeline.ParseBusy; }));
+    ASSERT_TRUE(waitUntil([this] { return !batches.empty() && !client->session.pipeline.ParseBusy; }));
     loopback.send("<12> and so on\n\rfics% ");
     ASSERT_TRUE(waitUntil([this] { return batches.back().ends_with("so on\n\rfics% "); }));
     EXPECT_THAT(batches, ElementsAre("\n\rfirst\n\rfics% ", "\n\r<12> and so on\n\rfics% "));
@@ -70,7 +70,7 @@ TEST_F(ClientWiring, TextWithoutThePromptIsReleasedByThreeSecondsOfSilence) {
     QElapsedTimer since;
     since.start();
     loopback.send("no prompt\n\r");
-    ASSERT_TRUE(waitUntil([this] { return !client->pipeline.PendingText.empty(); }));
+    ASSERT_TRUE(waitUntil([this] { return !client->session.pipeline.PendingText.empty(); }));
     EXPECT_THAT(batches, IsEmpty());
     ASSERT_TRUE(waitUntil([this] { return !batches.empty(); }, 20000));
     EXPECT_GE(since.elapsed(), 3000);

@@ -2,6 +2,8 @@
 #include "session/Connection.h"
 
 #include "common/modChess.h"
+#include "session/QuietSurface.h"
+#include "session/Session.h"
 #include "settings/ClientKeys.h"
 
 #include <gtest/gtest.h>
@@ -59,11 +61,11 @@ protected:
     ~ConnectionTest() override { modChess = {}; }
 
     void fillBridge() {
-        connection.hooks.pump = [this] { log.push_back("pump"); };
-        connection.hooks.wait = [this](double seconds) {
+        connection.bridge.hooks.pump = [this] { log.push_back("pump"); };
+        connection.bridge.hooks.wait = [this](double seconds) {
             log.push_back("wait " + std::to_string(seconds).substr(0, 4));
         };
-        connection.hooks.startBridge = [this](const std::vector<std::string>& arguments) {
+        connection.bridge.hooks.startProgram = [this](const std::vector<std::string>& arguments) {
             log.push_back("start");
             for (const std::string& argument : arguments) log.back() += " " + argument;
         };
@@ -83,7 +85,8 @@ protected:
         return found;
     }
 
-    Connection connection;
+    Session session{quietSurface()};
+    Connection& connection = session.connection;
     Log log;
     std::string caption;
     std::string answer;
@@ -168,7 +171,7 @@ TEST_F(ConnectionTest, Profile3TakesTheBridgeEvenWithTimeSealUnchecked) {
 
 TEST_F(ConnectionTest, TheOldBridgeIsEndedAndGivenTimeBeforeTheProgramIsLookedFor) {
     fillBridge();
-    connection.hooks.bridgeProgramFound = [this] {
+    connection.bridge.hooks.programFound = [this] {
         log.push_back("look");
         return false;
     };
@@ -178,7 +181,7 @@ TEST_F(ConnectionTest, TheOldBridgeIsEndedAndGivenTimeBeforeTheProgramIsLookedFo
 
 TEST_F(ConnectionTest, AFoundBridgeIsStartedAndConnectedToOnThisMachine) {
     fillBridge();
-    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.bridge.hooks.programFound = [] { return true; };
     connection.mnuUseTS = true;
     connection.mnuConnectClick(1);
     EXPECT_EQ(log,
@@ -205,7 +208,7 @@ TEST_F(ConnectionTest, TheLatestWishOfTheUserIsTheOneThatCountsWhicheverWaitItCo
         {"end of the program", {[] { modChess.AppClosing = true; }, {}}},
     };
     connection.mnuUseTS = true;
-    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.bridge.hooks.programFound = [] { return true; };
     for (const auto& [name, wish] : wishes) {
         for (const char* during : {"pump", "wait 0.55", "wait 1.10"}) {
             modChess.AppClosing = false;
@@ -215,11 +218,11 @@ TEST_F(ConnectionTest, TheLatestWishOfTheUserIsTheOneThatCountsWhicheverWaitItCo
             const auto interrupt = [&] {
                 if (log.back() == during && !std::exchange(wished, true)) wish.first();
             };
-            connection.hooks.pump = [&, pump = connection.hooks.pump] {
+            connection.bridge.hooks.pump = [&, pump = connection.bridge.hooks.pump] {
                 pump();
                 interrupt();
             };
-            connection.hooks.wait = [&, wait = connection.hooks.wait](double seconds) {
+            connection.bridge.hooks.wait = [&, wait = connection.bridge.hooks.wait](double seconds) {
                 wait(seconds);
                 interrupt();
             };
@@ -245,8 +248,8 @@ TEST_F(ConnectionTest, WhatIsAskedForWhileAMissingBridgeIsToldStands) {
 
 TEST_F(ConnectionTest, AnAlternateServerThatIsNotNamedDuringTheWaitChangesNothing) {
     fillBridge();
-    connection.hooks.bridgeProgramFound = [] { return true; };
-    connection.hooks.wait = [this](double seconds) {
+    connection.bridge.hooks.programFound = [] { return true; };
+    connection.bridge.hooks.wait = [this](double seconds) {
         if (seconds > 1) connection.mnuConnectClick(2);
     };
     connection.mnuConnectClick(3);
@@ -320,7 +323,7 @@ TEST_F(ConnectionTest, TheFirstTickConnectsToLastServerIfAutoConnectIsChecked) {
 
 TEST_F(ConnectionTest, TheFirstTickTakesTheBridgeIfTimeSealIsChecked) {
     fillBridge();
-    connection.hooks.bridgeProgramFound = [] { return true; };
+    connection.bridge.hooks.programFound = [] { return true; };
     connection.mnuAutoCon = connection.mnuUseTS = true;
     connection.tmrTCPTimer();
     EXPECT_EQ(log.back(), "connect localhost:6000");
@@ -335,7 +338,7 @@ TEST_F(ConnectionTest, WithoutAutoConnectTheFirstTickDoesNotConnect) {
 TEST_F(ConnectionTest, ATickWithinTheFirstTicksWaitDoesNotConnectTwice) {
     fillBridge();
     connection.mnuAutoCon = connection.mnuUseTS = true;
-    connection.hooks.wait = [this](double) { connection.tmrTCPTimer(); };
+    connection.bridge.hooks.wait = [this](double) { connection.tmrTCPTimer(); };
     connection.tmrTCPTimer();
     EXPECT_EQ(std::count(log.begin(), log.end(), "connect 167.114.65.195:5000"), 1);
 }
@@ -495,13 +498,4 @@ TEST_F(ConnectionTest, AutoLogonAndUseTimeSealToggleTheirMarks) {
     EXPECT_FALSE(connection.mnuAutoLogon);
     EXPECT_FALSE(connection.mnuUseTS);
     EXPECT_EQ(log, (Log{"checks", "checks", "checks", "checks"}));
-}
-
-TEST_F(ConnectionTest, HooksThatAreNotFilledInDoNothing) {
-    Connection bare;
-    bare.mnuAutoCon = true;
-    bare.tmrTCPTimer();
-    bare.mnuConnectClick(2);
-    bare.socketError("x");
-    EXPECT_EQ(bare.ConnectionLabel, "FICS");
 }

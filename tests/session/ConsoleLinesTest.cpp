@@ -108,9 +108,9 @@ TEST_F(ConsoleLinesTest, Row5LoginSetsThePromptState) {
 }
 
 TEST_F(ConsoleLinesTest, Row5WithAutoLogonTheKeyIsPressed) {
-    classifier.menu.mnuAutoLogon = true;
+    session.connection.mnuAutoLogon = true;
     batch("login: ");
-    EXPECT_THAT(events, ElementsAre("login 1", "up key"));
+    EXPECT_THAT(events, ElementsAre("login 1", "keyboard", "key in 0"));
 }
 
 TEST_F(ConsoleLinesTest, Row5LoginInACaptureSetsNothing) {
@@ -126,9 +126,9 @@ TEST_F(ConsoleLinesTest, Row6PasswordSetsThePromptStateAndTheMask) {
 }
 
 TEST_F(ConsoleLinesTest, Row6WithAutoLogonTheKeyIsPressed) {
-    classifier.menu.mnuAutoLogon = true;
+    session.connection.mnuAutoLogon = true;
     batch("password: ");
-    EXPECT_THAT(events, ElementsAre("login 2", "mask", "up key"));
+    EXPECT_THAT(events, ElementsAre("login 2", "mask", "keyboard", "key in 0"));
 }
 
 TEST_F(ConsoleLinesTest, Row7And8TheSessionStartAsksForStyle12) {

@@ -83,9 +83,9 @@ TEST_F(ConsoleMenuWindow, OtherAsksForTheServerAndLabelsTheConnectionWithIt) {
     client->menus.mnuConnect[2]->trigger();
     EXPECT_EQ(messages, (std::vector<std::string>{"Alternate Server: Enter IP, Port"}));
     ASSERT_TRUE(waitUntil([this] { return socketState() == 7; }));
-    client->connection.tmrTCPTimer();
+    client->session.connection.tmrTCPTimer();
     EXPECT_EQ(title(), "Brightrank - Client     Connected to 127.0.0.1 Port " + std::to_string(loopback.port()));
-    EXPECT_EQ(client->connection.LastServer, 0);
+    EXPECT_EQ(client->session.connection.LastServer, 0);
 }
 
 TEST_F(ConsoleMenuWindow, OtherWithoutAFittingAnswerDoesNothing) {
@@ -104,9 +104,9 @@ TEST_F(ConsoleMenuWindow, CloseConnectionClosesTheSocketAtTheUsersWish) {
     connected();
     entry("mnuClose").trigger();
     EXPECT_EQ(socketState(), 0);
-    client->connection.tmrTCPTimer();
+    client->session.connection.tmrTCPTimer();
     EXPECT_EQ(title(), "Brightrank - Client     Closed");
-    EXPECT_TRUE(client->connection.ClosedByUser);
+    EXPECT_TRUE(client->session.connection.ClosedByUser);
 }
 
 TEST_F(ConsoleMenuWindow, TicksFollowTheirClicks) {
@@ -116,8 +116,8 @@ TEST_F(ConsoleMenuWindow, TicksFollowTheirClicks) {
         entry(name).trigger();
         EXPECT_EQ(entry(name).isChecked(), !before) << name;
     }
-    EXPECT_TRUE(client->serverLines.verbose);
-    EXPECT_TRUE(client->connection.mnuAutoLogon);
+    EXPECT_TRUE(client->session.serverLines.verbose);
+    EXPECT_TRUE(client->session.connection.mnuAutoLogon);
 }
 
 TEST_F(ConsoleMenuWindow, AutoConnectCheckedWhileClosedConnectsToTheLastServer) {
@@ -155,5 +155,31 @@ TEST_F(ConsoleMenuWindow, BoardIsUnavailableAsLongAsABoardIsOpen) {
     EXPECT_EQ(openWindows.count("frmChessBoard"), 0);
     entry("mnuBoard").trigger();
     EXPECT_EQ(openWindows.count("frmChessBoard"), 1);
+    EXPECT_FALSE(entry("mnuBoard").isEnabled());
+}
+
+// The board that stays does not take the entry back.
+TEST_F(ConsoleMenuWindow, BoardIsAvailableAlthoughTheLastBoardsClosingIsCancelled) {
+    logOn();
+    const auto line = LineOf{.game = 7, .relation = 1};
+    loopback.send("\r\n" + line.text() + "fics% ");
+    ASSERT_TRUE(waitUntil([] { return firstGame().gameIndex == 7; }));
+    ASSERT_FALSE(entry("mnuBoard").isEnabled());
+    okay = false;
+    boards()[0]->close();
+    ASSERT_EQ(messages.size(), 1U) << "the closing of a played game is asked about";
+    EXPECT_EQ(openWindows.count("frmChessBoard"), 1);
+    EXPECT_EQ(firstGame().gameIndex, 7);
+    EXPECT_TRUE(entry("mnuBoard").isEnabled());
+}
+
+TEST_F(ConsoleMenuWindow, BoardStaysUnavailableWhileTheClosingOfOneOfTwoIsCancelled) {
+    logOn();
+    const auto line = LineOf{.game = 7, .relation = 1};
+    loopback.send("\r\n" + line.text() + "fics% ");
+    ASSERT_TRUE(waitUntil([] { return firstGame().gameIndex == 7; }));
+    loopback.send("\r\n" + LineOf{.game = 8, .relation = 0}.text() + "fics% ");
+    ASSERT_TRUE(waitUntil([] { return openWindows.count("frmChessBoard") == 2; }));
+    boards()[0]->close();
     EXPECT_FALSE(entry("mnuBoard").isEnabled());
 }

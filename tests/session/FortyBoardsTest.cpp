@@ -137,8 +137,8 @@ TEST_F(FortyBoards, LoseTheirGamesWithTheConnectionAndKeepTheirPositions) {
     openAll();
     read(shuffledRounds(2));
     rig.server.hangUp();
-    ASSERT_TRUE(waitUntil([this] { return rig.client->road.hooks.socketState() == 0; }));
-    rig.client->connection.tmrTCPTimer();
+    ASSERT_TRUE(waitUntil([this] { return rig.client->session.road.hooks.socketState() == 0; }));
+    rig.client->session.connection.tmrTCPTimer();
     const auto boards = rig.boards();
     ASSERT_EQ(boards.size(), std::size_t{Forty});
     for (std::size_t place = 0; place < boards.size(); ++place) {

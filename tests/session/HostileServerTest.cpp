@@ -45,8 +45,8 @@ struct HostileServer : testing::Test {
     }
     // The connection is noticed as gone by the tick that looks after it.
     void expectConnectionLost() {
-        ASSERT_TRUE(waitUntil([this] { return rig.client->road.hooks.socketState() == 0; }));
-        rig.client->connection.tmrTCPTimer();
+        ASSERT_TRUE(waitUntil([this] { return rig.client->session.road.hooks.socketState() == 0; }));
+        rig.client->session.connection.tmrTCPTimer();
         EXPECT_EQ(rig.client->windowTitle().toStdString(), "Brightrank - Client     Closed");
     }
     void beginGame() {
@@ -88,19 +88,24 @@ TEST_F(HostileServer, ALineDroppedInTheMiddleOfABatchIsShownAndTheGameEnds) {
     EXPECT_TRUE(waitUntil([this] { return consoleHolds("half of an answer that never"); }, 6000));
 }
 
-TEST_F(HostileServer, AConnectionCutOffEndsTheGameAndTellsTheUser) {
+TEST_F(HostileServer, AConnectionCutOffEndsTheGameAndTheTitleSaysSoWithoutABox) {
     beginGame();
     rig.server.cutOff();
     expectConnectionLost();
-    EXPECT_EQ(rig.boards().at(0)->game.xMyRel(), "-100");
+    const frmChessBoard& board = *rig.boards().at(0);
+    EXPECT_EQ(board.game.xMyRel(), "-100");
+    EXPECT_EQ(board.windowTitle().toStdString(), "Brightrank - Board");
+    EXPECT_TRUE(rig.messages.empty()) << rig.messages[0];
+    EXPECT_EQ(rig.questions, 0);
 }
 
 TEST_F(HostileServer, AfterALostConnectionTheNextOneWorksWithTheSameBoard) {
     beginGame();
     rig.server.hangUp();
     expectConnectionLost();
-    rig.client->connection.mnuConnectClick(0);
-    ASSERT_TRUE(waitUntil([this] { return rig.server.hasClient() && rig.client->road.hooks.socketState() == 7; }));
+    rig.client->session.connection.mnuConnectClick(0);
+    ASSERT_TRUE(
+        waitUntil([this] { return rig.server.hasClient() && rig.client->session.road.hooks.socketState() == 7; }));
     beginGame();
     EXPECT_EQ(rig.boards().size(), 1U);
 }
@@ -175,18 +180,18 @@ TEST_F(HostileServer, BrokenStyle12LinesDoNoHarm) {
 TEST(HostileHost, OneThatRefusesIsToldAndTheProgramGoesOn) {
     ProgramRig rig;
     rig.server.refuse();
-    rig.client->connection.tmrTCPTimer();
+    rig.client->session.connection.tmrTCPTimer();
     ASSERT_TRUE(waitUntil([&] { return !rig.messages.empty(); }));
     EXPECT_EQ(rig.messages, std::vector<std::string>{"Server not found\nCheck Internet connection"});
-    EXPECT_EQ(rig.client->road.hooks.socketState(), 0);
+    EXPECT_EQ(rig.client->session.road.hooks.socketState(), 0);
 }
 
 TEST(HostileHost, ANameThatCannotBeResolvedIsTold) {
     ProgramRig rig;
     modChess.ServerIP = "no-such-host.invalid";
     const Heartbeat heart;
-    rig.client->connection.tmrTCPTimer();
+    rig.client->session.connection.tmrTCPTimer();
     ASSERT_TRUE(waitUntil([&] { return !rig.messages.empty(); }, 30000));
     EXPECT_EQ(rig.messages, std::vector<std::string>{"Server not found\nCheck Internet connection"});
-    EXPECT_EQ(rig.client->road.hooks.socketState(), 0);
+    EXPECT_EQ(rig.client->session.road.hooks.socketState(), 0);
 }

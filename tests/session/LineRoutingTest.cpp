@@ -50,9 +50,8 @@ TEST_F(LineRoutingTest, ARecordThatIsFirstInItsBatchMovesTheBoardAndIsPrintedRaw
     EXPECT_EQ(classifier.LastStyle12Line, "");
 }
 
-// The close-down may come in the pump of any line.
-TEST_F(LineRoutingTest, TheRestOfABatchInWhichTheProgramIsClosedIsDropped) {
-    classifier.hooks.zSetPosition = [](int) { modChess.AppClosing = true; };
+TEST_F(LineRoutingTest, WhatIsLetGoWhileTheProgramClosesIsDropped) {
+    modChess.AppClosing = true;
     batch("\n" + style12Line(12) + "\nfics% \n" + style12Line(13) + "\n<b1> game 99 white [] black []\n" + LongLine +
           "\n");
     EXPECT_THAT(events, IsEmpty());
@@ -117,13 +116,6 @@ TEST_F(LineRoutingTest, AGameThatHasItsBoardLeavesTheTargetOfTheMoves) {
     modChess.MovesTarget = -2;
     batch("\n" + style12Line(13) + "\n");
     EXPECT_EQ(modChess.MovesTarget, -2);
-}
-
-TEST_F(LineRoutingTest, ABoardThatClosesWhileItIsSetIsNotCalledAgain) {
-    newGame = true;
-    classifier.hooks.zSetPosition = [this](int) { boardOfGame.erase(13); };
-    batch("\n" + style12Line(13) + "\n");
-    EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(LineRoutingTest, HoldingsGoToTheBoardOfTheLatestRecord) {
@@ -234,15 +226,4 @@ TEST_F(LineRoutingTest, InVerboseModeRecordsMoveTheirBoardsAndAreShown) {
     batch("\n" + style12Line(12) + "\nfics% ");
     EXPECT_THAT(events, ElementsAre("position 0"));
     EXPECT_EQ(console(), "\r\n" + style12Line(12) + "\r\nfics% ");
-}
-
-TEST(LineClassifierUnset, HooksAreHarmless) {
-    modChess = ModChess{};
-    ServerLines lines;
-    Captures captures;
-    LineClassifier classifier(lines, captures);
-    modChess.HistoryCapture = true;
-    classifier.menu.mnuAutoLogon = true;
-    classifier.zDataParse("\n" + style12Line(1) + "\nBob tells you: x\nlogin:\npassword:\nChallenge:\nStyle 12 set\n");
-    EXPECT_EQ(classifier.SuppressCount, 0);
 }

@@ -13,13 +13,14 @@ using testing::IsEmpty;
 namespace {
 
 struct LogOnTest : SessionRig {
-    ServerRoad road;
-    LogOn logOn{pipeline, road};
-    TypingKeys keys{road, logOn};
+    ServerRoad& road = session.road;
+    LogOn& logOn = session.logOn;
+    TypingKeys& keys = session.typingKeys;
     std::vector<std::string> sent;
     std::string echoed;
     std::string typing;
     std::int16_t state = 7;
+    std::vector<int> pauses; // of the automatic keys, in milliseconds
 
     LogOnTest() {
         road.hooks.sendData = [this](const std::string& bytes) { sent.push_back(bytes); };
@@ -29,9 +30,16 @@ struct LogOnTest : SessionRig {
         keys.hooks.text = [this] { return typing; };
         keys.hooks.setText = [this](const std::string& text) { typing = text; };
         classifier.hooks.zSendMsg = [this](const std::string& text) { road.zSendMsg(text); };
-        classifier.hooks.autoLogonKey = [this] { keys.typingKeyDown(KeyUp, false); };
+        logOn.hooks.startTimer = [this](int milliseconds) { pauses.push_back(milliseconds); };
         logOn.handle = "Anders";
         logOn.password = "secret";
+    }
+
+    // An arrival, and the message loop behind it.
+    void arriveAndWait(const std::string& text) {
+        const auto before = pauses.size();
+        arrive(text);
+        if (pauses.size() > before) session.timerFired(SessionTimer::AutoLogon);
     }
 };
 
@@ -94,18 +102,18 @@ TEST_F(LogOnTest, ThePromptLastsOnlyUntilTheNextText) {
 }
 
 TEST_F(LogOnTest, AutoLogonNeedsNoKeyPress) {
-    classifier.menu.mnuAutoLogon = true;
-    arrive("Welcome\n\rlogin: ");
-    arrive("\n\rpassword: ");
-    arrive("\n\r**** Starting FICS session as Anders ****\n\r");
+    session.connection.mnuAutoLogon = true;
+    arriveAndWait("Welcome\n\rlogin: ");
+    arriveAndWait("\n\rpassword: ");
+    arriveAndWait("\n\r**** Starting FICS session as Anders ****\n\r");
     EXPECT_THAT(sent, ElementsAre("Anders\n", "secret\n", "Set Style 12\n"));
     EXPECT_EQ(modChess.MyHandle, "Anders");
 }
 
 TEST_F(LogOnTest, EachPromptIsAnsweredAgain) {
-    classifier.menu.mnuAutoLogon = true;
-    arrive("login: ");
-    arrive("the word login: in ordinary text\n\r");
+    session.connection.mnuAutoLogon = true;
+    arriveAndWait("login: ");
+    arriveAndWait("the word login: in ordinary text\n\r");
     EXPECT_THAT(sent, ElementsAre("Anders\n", "Anders\n"));
 }
 
@@ -123,4 +131,83 @@ TEST_F(LogOnTest, APasswordTypedByHandIsNeitherEchoedNorKept) {
     EXPECT_THAT(sent, ElementsAre("typed\n"));
     EXPECT_EQ(echoed, "");
     EXPECT_EQ(road.history.entries[1], "");
+}
+
+TEST_F(LogOnTest, TheAutomaticKeyComesBehindTheLineOfThePrompt) {
+    session.connection.mnuAutoLogon = true;
+    arrive("Welcome\n\rlogin: ");
+    EXPECT_THAT(sent, IsEmpty());
+    EXPECT_TRUE(console().ends_with("login: "));
+    session.timerFired(SessionTimer::AutoLogon);
+    EXPECT_THAT(sent, ElementsAre("Anders\n"));
+}
+
+TEST_F(LogOnTest, AKeyThatComesTooLateNeitherSendsNorWalksTheHistory) {
+    session.connection.mnuAutoLogon = true;
+    road.zSend("who");
+    sent.clear();
+    arrive("login: ");
+    arrive("\n\rtoo slow\n\r");
+    session.timerFired(SessionTimer::AutoLogon);
+    EXPECT_THAT(sent, IsEmpty());
+    EXPECT_EQ(typing, "");
+}
+
+TEST_F(LogOnTest, TheAutomaticKeyBringsTheKeyboardToTheTypingLine) {
+    session.connection.mnuAutoLogon = true;
+    arrive("login: ");
+    EXPECT_EQ(times("keyboard"), 1);
+    session.connection.mnuAutoLogon = false;
+    arrive("login: ");
+    EXPECT_EQ(times("keyboard"), 1);
+    EXPECT_EQ(pauses.size(), 1U);
+}
+
+TEST_F(LogOnTest, TheFirstAutomaticKeysGoAtOnceAndEachFurtherOneAfterAPauseThatDoubles) {
+    session.connection.mnuAutoLogon = true;
+    for (int refusal = 0; refusal < 4; ++refusal) {
+        arriveAndWait("login: ");
+        arriveAndWait("password: ");
+    }
+    EXPECT_THAT(pauses, ElementsAre(0, 0, 1000, 1000, 2000, 2000, 4000, 4000));
+    for (int refusal = 0; refusal < 40; ++refusal) arriveAndWait("login: ");
+    EXPECT_EQ(pauses.back(), 1000 << 12) << "more than an hour is no better than an hour";
+}
+
+TEST_F(LogOnTest, ANewConnectionBeginsWithoutAPause) {
+    session.connection.mnuAutoLogon = true;
+    arriveAndWait("login: ");
+    arriveAndWait("login: ");
+    session.connection.hooks.connectTo("host", 5000);
+    arriveAndWait("login: ");
+    EXPECT_THAT(pauses, ElementsAre(0, 1000, 0));
+}
+
+TEST_F(LogOnTest, TheLastCommandIsThePasswordUntilTheServerHasAnswered) {
+    arrive("password: ");
+    keys.typingKeyDown(KeyUp, false);
+    EXPECT_EQ(modChess.gLastCmd, "secret");
+    arrive("\n\r");
+    EXPECT_EQ(modChess.gLastCmd, "");
+}
+
+TEST_F(LogOnTest, APasswordTypedByHandIsForgottenTooWhenTheServerHasAnswered) {
+    arrive("password: ");
+    typing = "typed";
+    keys.zTxtSend(13);
+    EXPECT_EQ(modChess.gLastTyped, "typed");
+    arrive("\n\r");
+    EXPECT_EQ(modChess.gLastCmd, "");
+    EXPECT_EQ(modChess.gLastTyped, "");
+}
+
+TEST_F(LogOnTest, AHandleAndAnOrdinaryCommandStayTheLastCommand) {
+    arrive("login: ");
+    keys.typingKeyDown(KeyUp, false);
+    arrive("\n\r");
+    EXPECT_EQ(modChess.gLastCmd, "Anders");
+    road.zSend("who");
+    arrive("fics% ");
+    EXPECT_EQ(modChess.gLastCmd, "who");
+    EXPECT_EQ(modChess.gLastTyped, "who");
 }

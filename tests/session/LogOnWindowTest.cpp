@@ -22,7 +22,7 @@ protected:
         ASSERT_TRUE(serverGot("anders\nsecret\n"));
     }
     bool loginIs(int login) {
-        return waitUntil([&] { return client->pipeline.login == login; });
+        return waitUntil([&] { return client->session.pipeline.login == login; });
     }
 };
 
@@ -40,7 +40,7 @@ TEST_F(LogOnWindow, UpAtTheLoginPromptSendsTheHandle) {
     ASSERT_TRUE(loginIs(1));
     QTest::keyClick(&txtSend(), Qt::Key_Up);
     EXPECT_TRUE(serverGot("anders\n"));
-    EXPECT_EQ(client->pipeline.login, 0);
+    EXPECT_EQ(client->session.pipeline.login, 0);
     EXPECT_EQ(txtSend().line(), "");
 }
 
@@ -80,7 +80,7 @@ TEST_F(LogOnWindow, TheMaskVanishesWithTheNextTextOfTheServer) {
     ASSERT_TRUE(loginIs(2));
     loopback.send("\r\nwelcome\r\n");
     EXPECT_TRUE(waitUntil([&] { return txtSend().echoMode() == QLineEdit::Normal; }));
-    EXPECT_EQ(client->pipeline.login, 0);
+    EXPECT_EQ(client->session.pipeline.login, 0);
 }
 
 TEST_F(LogOnWindow, WithAutoLogonASessionNeedsNoKeyPress) {
@@ -88,6 +88,23 @@ TEST_F(LogOnWindow, WithAutoLogonASessionNeedsNoKeyPress) {
     loopback.send("\r\n**** Starting FICS session as anders ****\r\n\r\nfics% ");
     EXPECT_TRUE(serverGot("anders\nsecret\nSet Style 12\n"));
     EXPECT_EQ(modChess.MyHandle, "anders");
+}
+
+TEST_F(LogOnWindow, TheAutomaticHandleIsEchoedBehindItsPrompt) {
+    set("Auto_Logon", "True");
+    serverAsks("\r\nWelcome to this server.\r\nlogin: ");
+    ASSERT_TRUE(serverGot("anders\n"));
+    EXPECT_TRUE(console().ends_with("login: anders\n")) << console();
+}
+
+// The first answer leaves the handle in the history.
+TEST_F(LogOnWindow, OfTwoPromptsAtOnceTheSecondKeyComesTooLateAndLeavesTheLineAlone) {
+    set("Auto_Logon", "True");
+    serverAsks("\r\nType your handle behind login: now.\r\nlogin: ");
+    ASSERT_TRUE(serverGot("anders\n"));
+    runFor(50);
+    EXPECT_EQ(loopback.received, "anders\n");
+    EXPECT_EQ(txtSend().line(), "");
 }
 
 TEST_F(LogOnWindow, TheHandleReachesPanel1OfEveryBoard) {

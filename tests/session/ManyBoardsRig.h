@@ -35,7 +35,7 @@ protected:
             QMetaObject::invokeMethod(
                 qApp,
                 [this, game, number = moments] {
-                    EXPECT_FALSE(rig.client->pipeline.ParseBusy) << "nothing runs in the middle of a drain";
+                    EXPECT_FALSE(rig.client->session.pipeline.ParseBusy) << "nothing runs in the middle of a drain";
                     if (atEvent) atEvent(number, game);
                 },
                 Qt::QueuedConnection);
@@ -50,7 +50,7 @@ protected:
     // Whatever a test has done: no fault, nothing waits, and nothing stays behind.
     void TearDown() override {
         EXPECT_EQ(rig.fault, std::nullopt);
-        EXPECT_FALSE(rig.client->pipeline.ParseBusy);
+        EXPECT_FALSE(rig.client->session.pipeline.ParseBusy);
         atEvent = nullptr;
         rig.client->queryUnload();
         EXPECT_EQ(openWindows.windows.size(), 1U) << "only the console is left";

@@ -69,7 +69,7 @@ void ProgramRig::fillStore() {
 
 // The client's own roads stay in place; the rig listens on them.
 void ProgramRig::noteTraffic() {
-    PipelineHooks& pipeline = client->pipeline.hooks;
+    PipelineHooks& pipeline = client->session.pipeline.hooks;
     pipeline.getData = [this, real = pipeline.getData] {
         std::string text = real();
         fetched_ += text.size();
@@ -85,7 +85,7 @@ void ProgramRig::noteTraffic() {
             client->stopEverything();
         }
     };
-    ClassifierHooks& classifier = client->classifier.hooks;
+    ClassifierHooks& classifier = client->session.classifier.hooks;
     classifier.zSetPosition = [this, real = classifier.zSetPosition](int board) {
         const Style12Record record = boardAt(board).Style12Record;
         real(board);
@@ -104,15 +104,15 @@ void ProgramRig::holdTime() {
 }
 
 void ProgramRig::connectNow() {
-    client->connection.tmrTCPTimer();
-    ASSERT_TRUE(waitUntil([this] { return server.hasClient() && client->road.hooks.socketState() == 7; }));
+    client->session.connection.tmrTCPTimer();
+    ASSERT_TRUE(waitUntil([this] { return server.hasClient() && client->session.road.hooks.socketState() == 7; }));
 }
 
 void ProgramRig::learnPrompt() {
     send(FicsPrompt);
     settle();
-    ASSERT_EQ(client->serverLines.PartialLine, FicsPrompt);
-    client->pipeline.tmrPrompt();
+    ASSERT_EQ(client->session.serverLines.PartialLine, FicsPrompt);
+    client->session.pipeline.tmrPrompt();
     ASSERT_EQ(modChess.gPrompt, FicsPrompt);
     console().clearScreen();
 }
@@ -126,7 +126,7 @@ void ProgramRig::pumpOnce() { QCoreApplication::processEvents(QEventLoop::AllEve
 
 // A server of the real kind waits for the answer at this place.
 void ProgramRig::answerLogOn() {
-    if (client->pipeline.login == 0) return;
+    if (client->session.pipeline.login == 0) return;
     const std::size_t before = server.received.size();
     EXPECT_TRUE(waitUntil([&] { return server.received.size() > before; })) << "no answer to the log-on question";
 }
@@ -154,7 +154,7 @@ void ProgramRig::fetchAll() {
 
 void ProgramRig::settle() {
     fetchAll();
-    if (!fault && !client->pipeline.PendingText.empty()) client->pipeline.tmrArrival();
+    if (!fault && !client->session.pipeline.PendingText.empty()) client->session.pipeline.tmrArrival();
     answerLogOn();
     const auto all = static_cast<std::size_t>(modChess.LinesSent);
     EXPECT_TRUE(waitUntil([&] { return server.commands().size() == all; })) << "commands are still under way";

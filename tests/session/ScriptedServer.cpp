@@ -8,6 +8,8 @@
 #include <sstream>
 #include <utility>
 
+#include <sys/socket.h>
+
 namespace {
 
 constexpr auto None = std::string_view::npos;
@@ -95,6 +97,8 @@ void ScriptedServer::cutOff() {
     QTcpSocket* const client = std::exchange(client_, nullptr);
     if (!client) return;
     client->disconnect(client);
+    const linger none{1, 0}; // without a goodbye
+    setsockopt(static_cast<int>(client->socketDescriptor()), SOL_SOCKET, SO_LINGER, &none, sizeof none);
     client->abort();
     client->deleteLater();
 }

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "board/BoardRig.h"
-#include "common/ServerRoad.h"
 #include "common/modChess.h"
-#include "session/LineClassifier.h"
-#include "session/TextPipeline.h"
+#include "session/QuietSurface.h"
+#include "session/Session.h"
 
 #include <gtest/gtest.h>
 
@@ -38,10 +37,11 @@ struct Printed {
 
 // The session under test. `events` records every effect but printing in order; games 12 and 13 have boards 0 and 1.
 struct SessionRig : testing::Test {
-    ServerLines lines;
-    Captures captures;
-    LineClassifier classifier{lines, captures};
-    TextPipeline pipeline{lines};
+    Session session{quietSurface()};
+    ServerLines& lines = session.serverLines;
+    Captures& captures = session.captures;
+    LineClassifier& classifier = session.classifier;
+    TextPipeline& pipeline = session.pipeline;
 
     std::vector<Printed> printed;
     std::vector<std::string> events;
@@ -62,6 +62,7 @@ struct SessionRig : testing::Test {
         modChess.ColorShout = ShoutColor;
         modChess.SoundTell = 7;
         modChess.SeekOff = 0;
+        captures.help = {[](std::string&, int) { return false; }, [] {}}; // an answer that never ends
         hookBoards();
         hookConsole();
         hookPipeline();
@@ -91,7 +92,7 @@ struct SessionRig : testing::Test {
         };
         hooks.zSetPosition = [this](int board) { event("position " + std::to_string(board)); };
         hooks.zExitMove = [this](int board) { event("exit move " + std::to_string(board)); };
-        hooks.getMoves = [this](int board) { event("get moves " + std::to_string(board)); };
+        hooks.zGetMoves = [this](int board) { event("get moves " + std::to_string(board)); };
         hooks.showBoard = [this](int board) { event("show board " + std::to_string(board)); };
         hooks.zEndGame = [this](const std::string& line) { event("end " + line); };
     }
@@ -115,14 +116,15 @@ struct SessionRig : testing::Test {
         hooks.setEmphasis = [this] { event("emphasis"); };
         hooks.setColor = [this](std::int32_t value) { insertionColor = value; };
         hooks.insert = [this](const std::string& text) { printed.push_back({text, insertionColor}); };
-        hooks.setLogin = [this](std::int16_t login) {
-            pipeline.login = login;
+        hooks.logOnPrompt = [this](std::int16_t login) {
             event("login " + std::to_string(login));
+            session.logOn.prompt(login);
         };
-        hooks.maskTyping = [this] { event("mask"); };
-        hooks.autoLogonKey = [this] { event("up key"); };
-        hooks.playSound = [this](const char* name, std::int16_t mode) {
-            event(std::string("sound ") + name + " " + std::to_string(mode));
+        session.logOn.hooks.maskTyping = [this] { event("mask"); };
+        session.logOn.hooks.takeKeyboard = [this] { event("keyboard"); };
+        session.logOn.hooks.startTimer = [this](int milliseconds) { event("key in " + std::to_string(milliseconds)); };
+        hooks.playSound = [this](std::string_view name, std::int16_t mode) {
+            event("sound " + std::string(name) + " " + std::to_string(mode));
         };
         hooks.beep = [this] { event("beep"); };
         hooks.zSendMsg = [this](const std::string& text) { event("send " + text); };
@@ -136,7 +138,6 @@ struct SessionRig : testing::Test {
         hooks.millisecondsOfDay = [this] { return clock; };
         hooks.promptCaption = [this] { return promptLabel; };
         hooks.setPromptCaption = [this](const std::string& caption) { promptLabel = caption; };
-        hooks.dataParse = [this](const std::string& batch) { classifier.zDataParse(batch); };
     }
 
     // One batch through both passes.

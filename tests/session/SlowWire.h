@@ -57,9 +57,9 @@ struct SlowWire : SessionRig {
         auto& hooks = pipeline.hooks;
         hooks.startTimer = [this](SessionTimer timer, int milliseconds) { due[timer] = now + milliseconds; };
         hooks.stopTimer = [this](SessionTimer timer) { due.erase(timer); };
-        hooks.dataParse = [this](const std::string& batch) {
+        hooks.dataParse = [this, real = hooks.dataParse](const std::string& batch) {
             batches.push_back(batch);
-            classifier.zDataParse(batch);
+            real(batch);
         };
     }
 

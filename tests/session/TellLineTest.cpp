@@ -1,6 +1,7 @@
 // A line in, the kind of tell and its sender out.
 #include "session/TellLine.h"
 
+#include "common/Fault.h"
 #include "common/modChess.h"
 
 #include <gtest/gtest.h>
@@ -65,7 +66,22 @@ TEST_F(TellLineTest, TheBracketsStandInsideTheFirstWord) {
 TEST_F(TellLineTest, ATitleInPlaceOfANumberCountsAsChannelZero) {
     EXPECT_EQ(zTellLine("Bob(C): hi"), 1000);
     EXPECT_EQ(modChess.ChannelSender, "Bob");
-    EXPECT_EQ(zTellLine("Bob(9e9): hi"), 1000);
+}
+
+TEST_F(TellLineTest, AChannelNumberPast16BitsFaults) {
+    try {
+        zTellLine("Bob(9e9): hi");
+        ADD_FAILURE() << "it has no place in 16 bits";
+    } catch (const Fault& fault) {
+        EXPECT_EQ(fault.kind(), FaultKind::Overflow);
+    }
+}
+
+TEST_F(TellLineTest, ToLookAtALineChangesNothing) {
+    const Tell tell = tellOf("Bob(TM)(50): hi");
+    EXPECT_EQ(tell.type, 1050);
+    EXPECT_EQ(tell.channelSender, "Bob(TM)");
+    EXPECT_EQ(modChess.ChannelSender, "");
 }
 
 TEST_F(TellLineTest, PromptsInFrontAreSkippedUpToTen) {

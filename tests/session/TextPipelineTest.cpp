@@ -296,14 +296,3 @@ TEST_F(TextPipelineTest, BusyTestsEveryFlagButTheHistorys) {
     modChess.HistoryCapture = true;
     EXPECT_FALSE(TextPipeline::BusyTest());
 }
-
-TEST(TextPipelineUnset, HooksAreHarmless) {
-    modChess = ModChess{};
-    ServerLines lines;
-    TextPipeline pipeline(lines);
-    pipeline.zDataArrival();
-    pipeline.tmrArrival();
-    pipeline.tmrPrompt();
-    pipeline.zSetstate(4);
-    EXPECT_TRUE(TextPipeline::BusyTest());
-}

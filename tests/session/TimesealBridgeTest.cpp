@@ -26,12 +26,12 @@ protected:
     // From now on a turn of the message loop takes a second.
     void hurry() {
         wallClock.secondsOfDay = [this] { return clock; };
-        client->connection.hooks.pump = [this] {
+        client->session.connection.bridge.hooks.pump = [this] {
             clock += 1;
             zWait(0.01);
         };
     }
-    bool relayRuns() const { return client->connection.hooks.zTimeSealHandle() != 0; }
+    bool relayRuns() const { return client->session.connection.bridge.hooks.zTimeSealHandle() != 0; }
     static bool ends(std::int32_t process) {
         return waitUntil([process] { return ::kill(process, 0) != 0; });
     }
@@ -45,10 +45,10 @@ protected:
 
 TEST_F(Bridge, AMissingProgramIsToldAndTheConnectionIsDirect) {
     startWithBridge();
-    client->connection.mnuConnectClick(0);
+    client->session.connection.mnuConnectClick(0);
     EXPECT_THAT(messages, ElementsAre(NotFound));
     EXPECT_FALSE(client->menus.mnuUseTS->isChecked());
-    EXPECT_EQ(client->connection.ConnectionLabel, "FICS");
+    EXPECT_EQ(client->session.connection.ConnectionLabel, "FICS");
     EXPECT_TRUE(waitUntil([this] { return socketState() == 7; }));
 }
 
@@ -85,7 +85,7 @@ TEST_F(Bridge, AProgramThatCannotBeStartedIsNoFault) {
 
 TEST_F(Bridge, TheConnectionGoesThroughTheRelayAndTheFirstTextNamesIt) {
     ASSERT_TRUE(connectedThroughRelay());
-    client->connection.tmrTCPTimer();
+    client->session.connection.tmrTCPTimer();
     EXPECT_EQ(title(), "Brightrank - Client     Connected to Timeseal");
     loopback.send("\n\rWelcome\n\rfics% ");
     EXPECT_TRUE(consoleHas("Welcome"));
@@ -99,10 +99,10 @@ TEST_F(Bridge, TheConnectionGoesThroughTheRelayAndTheFirstTextNamesIt) {
 TEST_F(Bridge, TheRealWaitsLetTheRelayOpenItsPort) {
     relay.put();
     startWithBridge();
-    client->connection.hooks.wait = [](double seconds) { zWait(seconds); };
+    client->session.connection.bridge.hooks.wait = [](double seconds) { zWait(seconds); };
     QElapsedTimer since;
     since.start();
-    client->connection.mnuConnectClick(0);
+    client->session.connection.mnuConnectClick(0);
     EXPECT_GE(since.elapsed(), 1650);
     EXPECT_TRUE(waitUntil([this] { return loopback.hasClient() && socketState() == 7; }));
     EXPECT_TRUE(messages.empty());
@@ -112,7 +112,7 @@ TEST_F(Bridge, ARelayThatDiesAtOnceFailsTheConnection) {
     relay.put();
     relay.mode("dies");
     startWithBridge();
-    client->connection.mnuConnectClick(0);
+    client->session.connection.mnuConnectClick(0);
     ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
     EXPECT_THAT(messages, ElementsAre(NotReached));
     EXPECT_EQ(socketState(), 0);
@@ -124,13 +124,13 @@ TEST_F(Bridge, ARelayThatNeverOpensItsPortFailsTheConnectionAndIsAskedToEndAtThe
     relay.put();
     relay.mode("deaf");
     startWithBridge();
-    client->connection.mnuConnectClick(0);
+    client->session.connection.mnuConnectClick(0);
     ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
     EXPECT_THAT(messages, ElementsAre(NotReached));
     EXPECT_TRUE(relayRuns());
     hurry();
     relay.mode("relay");
-    client->connection.mnuConnectClick(0);
+    client->session.connection.mnuConnectClick(0);
     EXPECT_TRUE(relay.notes("asked to end"));
     EXPECT_TRUE(waitUntil([this] { return loopback.hasClient() && socketState() == 7; }));
 }
@@ -152,7 +152,7 @@ TEST_F(Bridge, ARelayThatStaysIsGivenSevenSecondsAndThenAskedOnce) {
     QTimer::singleShot(3000, client.get(), [&] { during = title() + (relayRuns() ? " runs" : " ended"); });
     QElapsedTimer since;
     since.start();
-    client->connection.mnuCloseClick();
+    client->session.connection.mnuCloseClick();
     EXPECT_GE(since.elapsed(), 6990);
     EXPECT_EQ(during.substr(during.size() - 4), "runs") << "the message loop runs meanwhile";
     EXPECT_TRUE(waitUntil([this] { return !relayRuns(); }));
@@ -162,14 +162,14 @@ TEST_F(Bridge, ARelayThatStaysIsGivenSevenSecondsAndThenAskedOnce) {
 TEST_F(Bridge, CloseDownAsksTheRelayAfterTheSettingsAreSaved) {
     relay.mode("stays");
     ASSERT_TRUE(connectedThroughRelay());
-    const std::int32_t process = client->connection.hooks.zTimeSealHandle();
+    const std::int32_t process = client->session.connection.bridge.hooks.zTimeSealHandle();
     hurry();
     std::string savedBefore;
-    client->connection.hooks.closeTimeSeal = [this, &savedBefore,
-                                              real = client->connection.hooks.closeTimeSeal](std::int32_t handle) {
-        savedBefore = stored("Client", "Registry_OK");
-        real(handle);
-    };
+    client->session.connection.bridge.hooks.requestEnd =
+        [this, &savedBefore, real = client->session.connection.bridge.hooks.requestEnd](std::int32_t handle) {
+            savedBefore = stored("Client", "Registry_OK");
+            real(handle);
+        };
     client->close();
     EXPECT_EQ(savedBefore, "Yes");
     EXPECT_TRUE(ends(process));
@@ -181,13 +181,13 @@ TEST_F(Bridge, AProgramThatIsClosedWhileItWaitsForThePortAsksTheRelayAndConnects
     startWithBridge();
     hurry();
     std::int32_t process = 0;
-    client->connection.hooks.wait = [&](double seconds) {
+    client->session.connection.bridge.hooks.wait = [&](double seconds) {
         if (seconds < 1) return;
         EXPECT_TRUE(relay.notes("ready"));
-        process = client->connection.hooks.zTimeSealHandle();
+        process = client->session.connection.bridge.hooks.zTimeSealHandle();
         client->close();
     };
-    client->connection.mnuConnectClick(0);
+    client->session.connection.mnuConnectClick(0);
     EXPECT_NE(process, 0);
     EXPECT_TRUE(ends(process));
     EXPECT_EQ(socketState(), 0);

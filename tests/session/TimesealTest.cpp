@@ -3,6 +3,8 @@
 
 #include "common/modChess.h"
 #include "platform/Clock.h"
+#include "session/QuietSurface.h"
+#include "session/Session.h"
 
 #include <gmock/gmock.h>
 
@@ -18,7 +20,8 @@ constexpr const char* Closed = "caption Brightrank - Client";
 
 // Each turn of the message loop takes half a second.
 struct TimesealTest : testing::Test {
-    Connection connection;
+    Session session{quietSurface()};
+    Connection& connection = session.connection;
     std::vector<std::string> log;
     double clock = 1000;
     int turns = 0;
@@ -28,7 +31,7 @@ struct TimesealTest : testing::Test {
     TimesealTest() {
         modChess = {};
         wallClock.secondsOfDay = [this] { return clock; };
-        auto& hooks = connection.hooks;
+        auto& hooks = connection.bridge.hooks;
         hooks.setCaption = [this](const std::string& caption) { log.push_back("caption " + caption); };
         hooks.zTimeSealHandle = [this] { return turns < endsAtTurn ? handle : 0; };
         hooks.pump = [this] {
@@ -36,8 +39,8 @@ struct TimesealTest : testing::Test {
             clock += 0.5;
             if (clock >= 86400) clock -= 86400;
         };
-        hooks.closeTimeSeal = [this](std::int32_t asked) { log.push_back("close " + std::to_string(asked)); };
-        hooks.closeSocket = [this] { log.emplace_back("close socket"); };
+        hooks.requestEnd = [this](std::int32_t asked) { log.push_back("close " + std::to_string(asked)); };
+        connection.hooks.closeSocket = [this] { log.emplace_back("close socket"); };
     }
     ~TimesealTest() override { wallClock = Clock{}; }
 };
@@ -45,7 +48,7 @@ struct TimesealTest : testing::Test {
 } // namespace
 
 TEST_F(TimesealTest, WithoutABridgeTheFirstPassLeaves) {
-    connection.zTerminateTimeSeal();
+    connection.bridge.zTerminateTimeSeal();
     EXPECT_EQ(turns, 1);
     EXPECT_THAT(log, ElementsAre(Closing, Closed));
 }
@@ -53,14 +56,14 @@ TEST_F(TimesealTest, WithoutABridgeTheFirstPassLeaves) {
 TEST_F(TimesealTest, ABridgeThatEndsByItselfIsNotAsked) {
     handle = 4711;
     endsAtTurn = 5;
-    connection.zTerminateTimeSeal();
+    connection.bridge.zTerminateTimeSeal();
     EXPECT_EQ(turns, 6);
     EXPECT_THAT(log, ElementsAre(Closing, Closed));
 }
 
 TEST_F(TimesealTest, ABridgeThatStaysIsAskedOnceAfterSevenSeconds) {
     handle = 4711;
-    connection.zTerminateTimeSeal();
+    connection.bridge.zTerminateTimeSeal();
     EXPECT_EQ(clock, 1007);
     EXPECT_THAT(log, ElementsAre(Closing, Closed, "close 4711"));
 }
@@ -68,28 +71,28 @@ TEST_F(TimesealTest, ABridgeThatStaysIsAskedOnceAfterSevenSeconds) {
 TEST_F(TimesealTest, MidnightEndsTheWait) {
     handle = 4711;
     clock = 86399;
-    connection.zTerminateTimeSeal();
+    connection.bridge.zTerminateTimeSeal();
     EXPECT_EQ(turns, 2);
     EXPECT_THAT(log, ElementsAre(Closing, Closed, "close 4711"));
 }
 
 TEST_F(TimesealTest, TheLatestHandleIsTheOneThatIsAsked) {
     handle = 4711;
-    connection.hooks.zTimeSealHandle = [this] { return turns < 3 ? 4711 : 4712; };
-    connection.zTerminateTimeSeal();
+    connection.bridge.hooks.zTimeSealHandle = [this] { return turns < 3 ? 4711 : 4712; };
+    connection.bridge.zTerminateTimeSeal();
     EXPECT_EQ(log.back(), "close 4712");
 }
 
 // The user closes the connection and asks for the next one while the old bridge still ends.
 TEST_F(TimesealTest, ABridgeThatIsStartedDuringTheWaitIsNotAsked) {
     handle = 4711;
-    auto& hooks = connection.hooks;
-    hooks.bridgeProgramFound = [] { return true; };
-    hooks.startBridge = [this](const std::vector<std::string>&) {
+    auto& hooks = connection.bridge.hooks;
+    hooks.programFound = [] { return true; };
+    hooks.startProgram = [this](const std::vector<std::string>&) {
         log.emplace_back("start");
         handle = 4712;
     };
-    hooks.connectTo = [this](const std::string&, std::int32_t) { log.emplace_back("connect"); };
+    connection.hooks.connectTo = [this](const std::string&, std::int32_t) { log.emplace_back("connect"); };
     hooks.pump = [this, turn = hooks.pump] {
         turn();
         if (turns != 2) return;
@@ -102,7 +105,7 @@ TEST_F(TimesealTest, ABridgeThatIsStartedDuringTheWaitIsNotAsked) {
 
 TEST_F(TimesealTest, ADirectConnectionDuringTheWaitDoesNotSpareTheOldBridge) {
     handle = 4711;
-    connection.hooks.pump = [this, turn = connection.hooks.pump] {
+    connection.bridge.hooks.pump = [this, turn = connection.bridge.hooks.pump] {
         turn();
         if (turns == 2) connection.mnuConnectClick(4);
     };
@@ -119,7 +122,7 @@ TEST_F(TimesealTest, ClosingTheConnectionClosesTheSocketFirst) {
 
 TEST_F(TimesealTest, AnOldBridgeIsAskedBeforeTheProgramIsLookedFor) {
     handle = 4711;
-    connection.hooks.bridgeProgramFound = [this] {
+    connection.bridge.hooks.programFound = [this] {
         log.emplace_back("look");
         return false;
     };
@@ -129,8 +132,8 @@ TEST_F(TimesealTest, AnOldBridgeIsAskedBeforeTheProgramIsLookedFor) {
 
 TEST_F(TimesealTest, AHostOfAnyTextIsOneArgument) {
     std::vector<std::string> given;
-    connection.hooks.bridgeProgramFound = [] { return true; };
-    connection.hooks.startBridge = [&](const std::vector<std::string>& arguments) { given = arguments; };
+    connection.bridge.hooks.programFound = [] { return true; };
+    connection.bridge.hooks.startProgram = [&](const std::vector<std::string>& arguments) { given = arguments; };
     modChess.ServerPort = 70000;
     for (const std::string host : {"10.0.0.1", "a b; c\"d' $(e) \\", ""}) {
         modChess.ServerIP = host;

@@ -2,6 +2,8 @@
 #include "session/TypingKeys.h"
 
 #include "common/modChess.h"
+#include "session/QuietSurface.h"
+#include "session/Session.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,11 +11,11 @@
 namespace {
 
 struct TypingKeysTest : testing::Test {
-    ServerLines lines;
-    TextPipeline pipeline{lines};
-    ServerRoad road;
-    LogOn logOn{pipeline, road};
-    TypingKeys keys{road, logOn};
+    Session session{quietSurface()};
+    TextPipeline& pipeline = session.pipeline;
+    ServerRoad& road = session.road;
+    LogOn& logOn = session.logOn;
+    TypingKeys& keys = session.typingKeys;
     std::string typing;
     std::string sent;
     std::string echoed;

@@ -95,10 +95,10 @@ TEST_F(TypingWindow, HelpWhileNotConnectedSaysWhatIsMissing) {
 TEST_F(TypingWindow, HelpAtTheLogOnIsNoHandleAndNoPassword) {
     connected();
     for (const std::int16_t login : {std::int16_t{1}, std::int16_t{2}}) {
-        client->pipeline.login = login;
+        client->session.pipeline.login = login;
         type("help");
     }
-    client->pipeline.login = 0;
+    client->session.pipeline.login = 0;
     type("who");
     EXPECT_TRUE(serverGot("who\n"));
     EXPECT_TRUE(consoleHas("Help asks the server, and you are not logged on."));

@@ -8,7 +8,7 @@ import unittest
 
 CHECK = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "tools", "layer_check.py")
 
-# A sound tree: one core file and one window file on each of two floors, and the program.
+# A sound tree: in src and in practice files of both libraries on two floors, and the programs; and a fuzz target.
 SOUND = {
     "src/CMakeLists.txt": "foreach(folder common platform settings view board session)\n"
     "endforeach()\nadd_executable(brightrank main.cpp)\n",
@@ -20,14 +20,32 @@ SOUND = {
     "target_sources(brightrank_windows PRIVATE Board.h)\n",
     "src/board/Rules.h": '// Rules.\n#pragma once\n#include "common/Text.h"\n',
     "src/board/Board.h": '// Board.\n#pragma once\n#include "board/Rules.h"\n#include <QWidget>\n',
+    "practice/CMakeLists.txt": "add_library(brightrank_practice_lib STATIC)\nadd_executable(brightrank-practice main.cpp)\n"
+    "foreach(room chess games server)\nendforeach()\n",
+    "practice/main.cpp": '// The server.\n#include "practice/server/Server.h"\n#include <QTimer>\n',
+    "practice/chess/CMakeLists.txt": "target_sources(brightrank_practice_lib PRIVATE Moves.cpp Moves.h)\n",
+    "practice/chess/Moves.h": "// Moves.\n#include <string>\n",
+    "practice/chess/Moves.cpp": '// Moves.\n#include "practice/chess/Moves.h"\n',
+    "practice/games/CMakeLists.txt": "target_sources(brightrank_practice_lib PRIVATE Game.cpp Game.h List.cpp List.h)\n",
+    "practice/games/Game.h": '// Game.\n#include "practice/chess/Moves.h"\n',
+    "practice/games/Game.cpp": '// Game.\n#include "practice/games/Game.h"\n',
+    "practice/games/List.h": "// List.\n",
+    "practice/games/List.cpp": '// List.\n#include "practice/games/Game.h"\n#include "practice/games/List.h"\n',
+    "practice/server/CMakeLists.txt": "target_sources(brightrank-practice PRIVATE Server.h)\n",
+    "practice/server/Server.h": '// Server.\n#include "practice/games/Game.h"\n#include <QTcpServer>\n',
+    "fuzz/FuzzRules.cpp": '// Rules.\n#include "Tape.h"\n#include "board/Rules.h"\n#include <vector>\n',
+    "fuzz/Tape.h": "// Tape.\n",
+    "fuzz/Tape.cpp": '// Tape.\n#include "Tape.h"\n',
 }
 
 
 class LayerCheck(unittest.TestCase):
     def run_on(self, changes):
-        """Status and findings of the check on the sound tree with `changes` (file -> text) written over it."""
+        """Status and findings of the check on the sound tree with `changes` (file -> text, or None for no file) put over it."""
         with tempfile.TemporaryDirectory() as root:
             for name, text in {**SOUND, **changes}.items():
+                if text is None:
+                    continue
                 path = os.path.join(root, name)
                 os.makedirs(os.path.dirname(path), exist_ok=True)
                 with open(path, "w", encoding="latin-1") as file:
@@ -100,7 +118,7 @@ class LayerCheck(unittest.TestCase):
             "src/board/Rules.h": '// Rules.\n#include "board/Board.h"\n',
             "src/board/Board.h": "// Board.\n",
         }
-        self.expect(changes, "src/board/Rules.h:2", "board/Board.h of the windows library")
+        self.expect(changes, "src/board/Rules.h:2", "includes board/Board.h of brightrank_windows")
 
     def test_finds_a_file_over_the_limit(self):
         self.expect({"src/common/Text.h": "// Text.\n" * 601}, "601 lines")
@@ -144,6 +162,115 @@ class LayerCheck(unittest.TestCase):
     def test_finds_nothing_in_words_that_only_look_alike(self):
         text = "particular parts, specific, build/work/x, ${root}/home/x, todo lists, Part of 2.1 things\n"
         self.assertEqual(self.run_on({"docs/page.md": text}), (0, ""))
+
+    def test_finds_an_arrow_that_runs_up_in_practice(self):
+        changes = {
+            "practice/chess/Moves.h": '// Moves.\n#include "practice/games/List.h"\n',
+            "practice/games/List.cpp": '// List.\n#include "practice/games/List.h"\n',
+        }
+        self.expect(changes, "practice/chess/Moves.h:2", "chess may not include games/")
+
+    def test_finds_an_arrow_that_runs_sideways_in_practice(self):
+        changes = {
+            "practice/CMakeLists.txt": SOUND["practice/CMakeLists.txt"] + "# people\n",
+            "practice/people/CMakeLists.txt": "target_sources(brightrank_practice_lib PRIVATE Accounts.h)",
+            "practice/people/Accounts.h": '// Accounts.\n#include "practice/games/Game.h"\n',
+        }
+        self.expect(changes, "practice/people/Accounts.h:2", "people may not include games/")
+
+    def test_finds_an_include_of_the_practice_program_itself(self):
+        changes = {"practice/server/Server.h": '// Server.\n#include "practice/main.cpp"\n', "practice/main.cpp": "// It.\n"}
+        self.expect(changes, "server may not include main.cpp")
+
+    def test_finds_a_circle_of_headers_in_practice(self):
+        changes = {
+            "practice/games/Game.h": '// Game.\n#include "practice/games/List.h"\n',
+            "practice/games/List.h": '// List.\n#include "practice/games/Game.h"\n',
+        }
+        self.expect(changes, "practice/games/Game: circle of includes", "games/List")
+
+    def test_finds_a_circle_through_the_code_behind_a_header_in_practice(self):
+        changes = {"practice/games/Game.cpp": '// Game.\n#include "practice/games/List.h"\n'}
+        self.expect(changes, "practice/games/Game: circle of includes", "games/List")
+
+    def test_finds_a_header_that_includes_its_own_code_in_practice(self):
+        for name in ["Moves.h", "Moves.cpp"]:
+            with self.subTest(name):
+                changes = {"practice/chess/Moves.h": f'// Moves.\n#include "practice/chess/{name}"\n'}
+                self.expect(changes, "practice/chess/Moves: circle of includes")
+
+    def test_finds_qt_in_the_library_of_practice(self):
+        changes = {"practice/games/Game.h": "// Game.\n#include <QString>\n"}
+        self.expect(changes, "practice/games/Game.h:2", "Qt header QString in brightrank_practice_lib")
+
+    def test_finds_a_library_file_of_practice_that_includes_one_of_the_program(self):
+        changes = {
+            "practice/server/CMakeLists.txt": "target_sources(brightrank-practice PRIVATE Server.h)\n"
+            "target_sources(brightrank_practice_lib PRIVATE Dialog.h)\n",
+            "practice/server/Dialog.h": '// Dialog.\n#include "practice/server/Server.h"\n',
+        }
+        self.expect(changes, "practice/server/Dialog.h:2", "includes server/Server.h of brightrank-practice")
+
+    def test_finds_an_unlisted_file_of_practice(self):
+        self.expect({"practice/chess/Clock.h": "// Clock.\n"}, "practice/chess/Clock.h", "not listed")
+
+    def test_finds_a_room_without_a_floor(self):
+        changes = {
+            "practice/CMakeLists.txt": SOUND["practice/CMakeLists.txt"] + "# attic\n",
+            "practice/attic/CMakeLists.txt": "target_sources(brightrank_practice_lib PRIVATE Old.h)",
+            "practice/attic/Old.h": "// Old.\n",
+        }
+        self.expect(changes, "practice/attic/Old.h", "attic has no floor")
+
+    def test_finds_a_file_of_practice_outside_of_every_room(self):
+        changes = {"practice/CMakeLists.txt": SOUND["practice/CMakeLists.txt"].replace("main.cpp", "main.cpp Loose.h")}
+        self.expect({**changes, "practice/Loose.h": "// Loose.\n"}, "practice/Loose.h", "has no floor")
+
+    def test_finds_a_room_that_is_not_built(self):
+        changes = {
+            "practice/hall/CMakeLists.txt": "target_sources(brightrank_practice_lib PRIVATE Hall.h)",
+            "practice/hall/Hall.h": "// Hall.\n",
+        }
+        self.expect(changes, "practice/hall", "not built")
+
+    def test_finds_an_include_of_practice_that_is_not_root_relative(self):
+        for name in ["Moves.h", "chess/Moves.h", "../chess/Moves.h"]:
+            with self.subTest(name):
+                self.expect({"practice/games/List.h": f'// List.\n#include "{name}"\n'}, "List.h:2", "not root-relative")
+
+    def test_finds_angle_brackets_round_a_header_of_practice(self):
+        changes = {"practice/games/List.h": "// List.\n#include <practice/chess/Moves.h>\n"}
+        self.expect(changes, "practice/games/List.h:2", "belongs in quotes")
+
+    def test_finds_the_client_and_the_practice_server_in_each_other(self):
+        self.expect({"practice/games/List.h": '// List.\n#include "common/Text.h"\n'}, "practice/games/List.h:2")
+        self.expect({"src/board/Rules.h": '// Rules.\n#include "practice/chess/Moves.h"\n'}, "src/board/Rules.h:2")
+
+    def test_finds_what_fuzz_may_not_include(self):
+        for name in ['"board/Board.h"', '"practice/chess/Moves.h"', '"../src/board/Rules.h"', "<QString>", '"QString"']:
+            with self.subTest(name):
+                changes = {"fuzz/Tape.h": f"// Tape.\n#include {name}\n"}
+                self.expect(changes, "fuzz/Tape.h:2", "neither a file of fuzz/ nor of brightrank_core")
+
+    def test_finds_angle_brackets_in_fuzz(self):
+        for name in ["Tape.h", "board/Rules.h"]:
+            with self.subTest(name):
+                changes = {"fuzz/FuzzRules.cpp": f"// Rules.\n#include <{name}>\n"}
+                self.expect(changes, "fuzz/FuzzRules.cpp:2", "belongs in quotes")
+
+    def test_finds_a_circle_in_fuzz(self):
+        rig = {"fuzz/Rig.h": '// Rig.\n#include "Tape.h"\n'}
+        self.assertEqual(self.run_on(rig), (0, ""))
+        for tape in ["fuzz/Tape.h", "fuzz/Tape.cpp"]:
+            with self.subTest(tape):
+                changes = {**rig, tape: '// Tape.\n#include "Rig.h"\n'}
+                self.expect(changes, "fuzz/", "circle of includes", "Rig", "Tape")
+
+    def test_finds_a_tree_that_is_gone(self):
+        for top in ["src", "practice", "fuzz"]:
+            with self.subTest(top):
+                gone = {name: None for name in SOUND if name.startswith(top + "/")}
+                self.expect(gone, f"{top}: no source files")
 
     def test_finds_an_empty_tree(self):
         with tempfile.TemporaryDirectory() as root:

@@ -95,11 +95,11 @@ TEST_F(BoardViewTest, OnlyTheDrawnSquareIsRepaintedOnTheScreen) {
     EXPECT_EQ(watch.painted, QRegion(border, 7 * 54 + border, 54, 54) + QRegion(7 * 54 + border, border, 54, 54));
 }
 
-TEST_F(BoardViewTest, ASquareThatIsNoSquarePaintsNothing) {
+TEST_F(BoardViewTest, ASquareThatIsNoSquareFaultsAndPaintsNothing) {
     const QImage before = view.picture().copy();
     for (const std::int16_t bad : std::initializer_list<std::int16_t>{-1, 64, -32768, 32767}) {
-        view.zDrawSquare(bad, -1);
-        view.zYankPiece(bad);
+        EXPECT_THROW(view.zDrawSquare(bad, -1), Fault) << bad;
+        EXPECT_THROW(view.zYankPiece(bad), Fault) << bad;
     }
     EXPECT_EQ(view.picture(), before);
 }

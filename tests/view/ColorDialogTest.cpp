@@ -362,25 +362,3 @@ TEST_F(ColorDialog, AFaultInARepaintEndsTheSavingSilently) {
     EXPECT_EQ(repaints, 0);
     EXPECT_EQ(modChess.ColorWhite, 1);
 }
-
-TEST_F(ColorDialog, ABoardThatClosesWhileAnotherIsRepaintedIsPassedOver) {
-    board([this] {
-        ++repaints;
-        openWindows.remove(&boardIds[1]);
-    });
-    board([] { ADD_FAILURE() << "it has gone"; });
-    board([this] { ++repaints; });
-    open().zSave();
-    EXPECT_EQ(repaints, 2);
-}
-
-TEST_F(ColorDialog, MayGoWhileABoardIsRepainted) {
-    board([this] { delete dialog.data(); });
-    board([this] { ++repaints; });
-    open();
-    choose(1, 5);
-    press("cmdOK");
-    EXPECT_FALSE(dialog);
-    EXPECT_EQ(repaints, 1);
-    EXPECT_EQ(modChess.ColorBlack, 5);
-}

@@ -26,6 +26,16 @@ TEST(ResizeWatch, TheVeryFirstFiringDoesNothingAndKeepsTheMark) {
     EXPECT_TRUE(watch.timerFired());
 }
 
+TEST(ResizeWatch, TheMarkIsUpWhileTheBoardIsFittedAndDownBehindThat) {
+    ResizeWatch watch;
+    watch.timerFired();
+    watch.formResized(false);
+    EXPECT_TRUE(watch.timerFired());
+    EXPECT_TRUE(watch.formResized(false)) << "the window takes the size that fits";
+    watch.fitted();
+    EXPECT_FALSE(watch.timerFired());
+}
+
 TEST(ResizeWatch, ALaterFiringFitsTheBoardOnceAMark) {
     ResizeWatch watch;
     watch.timerFired();
@@ -33,5 +43,6 @@ TEST(ResizeWatch, ALaterFiringFitsTheBoardOnceAMark) {
     watch.formResized(false);
     watch.formResized(false);
     EXPECT_TRUE(watch.timerFired());
+    watch.fitted();
     EXPECT_FALSE(watch.timerFired()) << "the mark is down";
 }

@@ -1,0 +1,120 @@
+// The program without its windows: time, and what the line to the server does in it.
+#include "StreamRig.h"
+
+#include "Events.h"
+#include "Require.h"
+#include "common/modChess.h"
+#include "platform/OpenWindows.h"
+
+#include <algorithm>
+#include <array>
+
+void StreamRig::lineEvent(const Tape::Segment& segment) {
+    switch (segment.kind) {
+    case Event::Options:
+        return setOptions(segment.argument);
+    case Event::ConnectionOptions:
+        return setConnectionOptions(segment.argument);
+    case Event::TimePasses:
+        return pass(segment.argument);
+    case Event::Connect:
+        return session_.connection.mnuConnectClick(static_cast<std::int16_t>(segment.choice()));
+    case Event::Disconnect:
+        return session_.connection.mnuCloseClick();
+    case Event::SocketError:
+        return failSocket(segment.choice());
+    case Event::TmrTCP:
+        return quietUntil(SessionTimer::tmrTCP);
+    case Event::TmrClose:
+        return quietUntil(SessionTimer::tmrClose);
+    case Event::ProgramCloses:
+        modChess.AppClosing = true;
+        return;
+    default:
+        return;
+    }
+}
+
+void StreamRig::setConnectionOptions(unsigned bits) {
+    const auto bit = [bits](unsigned number) { return (bits >> number & 1U) != 0; };
+    session_.connection.mnuUseTS = bit(0);
+    session_.connection.mnuAutoCon = bit(1);
+    session_.connection.ClosedByUser = !bit(2);
+    modChess.gTestOpen = bit(3);
+    userSaysYes_ = bit(4);
+    programFound_ = bit(5);
+}
+
+// May run within itself, when what happens waits for something.
+void StreamRig::pass(std::int64_t milliseconds) {
+    const std::int64_t until = clock_.now + milliseconds;
+    while (takeStep(until)) {
+    }
+    clock_.now = std::max(clock_.now, until);
+}
+
+// The first of what happens up to `until`; false if nothing does.
+bool StreamRig::takeStep(std::int64_t until) {
+    const auto text = socket_.due(clock_.now);
+    const auto firing = clock_.next();
+    const bool textFirst = text && (!firing || *text <= firing->at);
+    if (!textFirst && !firing) return false;
+    const std::int64_t at = textFirst ? *text : firing->at;
+    if (at > until) return false;
+    clock_.now = std::max(clock_.now, at);
+    if (textFirst) {
+        const std::size_t before = socket_.given();
+        deliver();
+        const auto due = socket_.due(clock_.now);
+        require(socket_.given() > before || (due && *due > clock_.now), "text that is due is given, or waits on");
+        return true;
+    }
+    clock_.fired(firing->timer);
+    session_.timerFired(firing->timer);
+    return true;
+}
+
+// Time passes until the timer has fired, if it runs when all text has been given.
+void StreamRig::quietUntil(SessionTimer timer) {
+    while (socket_.waits()) pass(1);
+    while (clock_.runs(timer)) {
+        const auto firing = clock_.next();
+        pass(std::max<std::int64_t>(0, firing->at - clock_.now));
+        if (firing->timer == timer) return;
+    }
+}
+
+void StreamRig::deliver() {
+    while (socket_.deliver(modChess.gPrompt, clock_.now)) {
+        session_.zDataArrival();
+        require(socket_.taken() == socket_.given(), "an arrival is taken when it is told");
+    }
+}
+
+// What the peer sent still comes; the tick that sees the closed socket ends all games.
+void StreamRig::hangUp() {
+    if (!socket_.connected()) return;
+    const bool seen = session_.connection.SocketState != RigSocket::Closed; // by a tick
+    socket_.endReceiving(RigSocket::PeerClosing, clock_.now);
+    deliver();
+    session_.socketClosed();
+    require(socket_.state() == RigSocket::Closed, "a connection that the peer closed is closed");
+    quietUntil(SessionTimer::tmrTCP);
+    if (seen) checkLost();
+}
+
+void StreamRig::failSocket(int choice) {
+    static constexpr std::array Descriptions{"Host not found", "Connection is reset by remote side", "Weather"};
+    if (!socket_.connected()) return;
+    socket_.endReceiving(RigSocket::Error, clock_.now);
+    deliver();
+    session_.socketError(Descriptions[static_cast<std::size_t>(choice) % Descriptions.size()]);
+    require(socket_.state() == RigSocket::Closed, "a connection that failed is closed");
+}
+
+void StreamRig::checkLost() const {
+    require(modChess.MyHandle.empty(), "a lost connection has no handle");
+    for (const auto& board : boards_) {
+        require(board->game.Style12Record.Relation == -100 && !board->game.icsMode, "a lost connection has no game");
+    }
+}

@@ -1,0 +1,96 @@
+// Commands about games that are over or adjourned: lists, move lists, examining.
+#include "practice/commands/Subjects.h"
+#include "practice/play/ExamineRoom.h"
+#include "practice/text/Text.h"
+
+namespace practice {
+
+namespace {
+
+const Answer notExamining{"You are not examining any games."};
+
+// The whole handle that a word means, of somebody here or of a registered player; empty if there is none.
+std::string handleMeant(Hall& hall, const Player& player, const std::string& word) {
+    if (word.empty()) return player.name;
+    if (const Player* other = hall.findByHead(word)) return other->name;
+    const Account* account = hall.accounts.find(word);
+    return account ? account->name : std::string();
+}
+
+Answer history(Hall& hall, Player& player, const Arguments& arguments) {
+    const std::string name = handleMeant(hall, player, arguments.word(0));
+    return name.empty() ? noSuchPlayer(arguments.word(0)) : Answer{historyTable(hall.archive, name)};
+}
+
+Answer stored(Hall& hall, Player& player, const Arguments& arguments) {
+    const std::string name = handleMeant(hall, player, arguments.word(0));
+    if (name.empty()) return noSuchPlayer(arguments.word(0));
+    return {storedTable(hall.archive, name, [&](const std::string& other) { return hall.find(other) != nullptr; })};
+}
+
+// What "NAME NUMBER", "NUMBER" or "NAME OPPONENT" means: a game of the history or an adjourned one.
+struct Wanted {
+    KeptGamePtr game;
+    std::string complaint;
+};
+
+Wanted wantedGame(Hall& hall, const Player& player, const Arguments& arguments) {
+    const bool own = arguments.words.size() == 1;
+    const std::string which = arguments.word(own ? 0 : 1);
+    const std::string name = handleMeant(hall, player, own ? std::string() : arguments.word(0));
+    if (name.empty()) return {nullptr, noSuchPlayer(arguments.word(0)).text};
+    if (const KeptGamePtr game = hall.archive.find(name, which)) return {game, {}};
+    const std::string other = handleMeant(hall, player, which);
+    if (const KeptGamePtr game = hall.archive.adjournedBetween(name, other); game && !other.empty()) return {game, {}};
+    return {nullptr, "There is no history game " + which + " for " + name + "."};
+}
+
+Answer storedMoves(Hall& hall, Player& player, const Arguments& arguments) {
+    if (arguments.words.empty()) return {"Usage: smoves [name] number|opponent"};
+    const Wanted wanted = wantedGame(hall, player, arguments);
+    return {wanted.game ? "\n" + keptMoveList(*wanted.game) : wanted.complaint};
+}
+
+Answer examine(Hall& hall, Player& player, const Arguments& arguments) {
+    if (player.playing != 0) return {"You are playing a game."};
+    if (player.examining != 0) return {"You are already examining a game."};
+    if (arguments.words.empty()) return {startExamining(hall, player, nullptr)};
+    const Wanted wanted = wantedGame(hall, player, arguments);
+    return {wanted.game ? startExamining(hall, player, wanted.game.get()) : wanted.complaint};
+}
+
+Answer walk(Hall& hall, Player& player, const Arguments& arguments,
+            std::string (*step)(Hall& hall, Player& player, int halfmoves)) {
+    if (player.examining == 0) return notExamining;
+    const auto count = arguments.words.empty() ? std::optional<int>(1) : number(arguments.word(0));
+    if (!count || *count == 0) return {"How many half-moves?"};
+    return {step(hall, player, *count)};
+}
+
+Answer forward(Hall& hall, Player& player, const Arguments& arguments) {
+    return walk(hall, player, arguments, goForward);
+}
+
+Answer backward(Hall& hall, Player& player, const Arguments& arguments) {
+    return walk(hall, player, arguments, goBackward);
+}
+
+Answer revert(Hall& hall, Player& player, const Arguments&) {
+    return player.examining == 0 ? notExamining : Answer{revertToMainLine(hall, player)};
+}
+
+Answer unexamine(Hall& hall, Player& player, const Arguments&) {
+    return player.examining == 0 ? notExamining : Answer{stopExamining(hall, player)};
+}
+
+} // namespace
+
+const CommandTable& examineCommands() {
+    static const CommandTable routines{
+        {"backward", backward}, {"examine", examine},    {"forward", forward}, {"history", history},
+        {"revert", revert},     {"smoves", storedMoves}, {"stored", stored},   {"unexamine", unexamine},
+    };
+    return routines;
+}
+
+} // namespace practice

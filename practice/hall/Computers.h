@@ -1,0 +1,40 @@
+// The computer players: who they are, how strong, how they choose among an engine's proposals, and what they agree to.
+#pragma once
+
+#include "practice/engine/UciReplies.h"
+#include "practice/games/Game.h"
+#include "practice/games/Offers.h"
+#include "practice/games/Terms.h"
+
+#include <random>
+#include <string>
+#include <vector>
+
+namespace practice {
+
+// One computer player. Its strength comes from three figures: how deep the engine looks, how many moves it proposes,
+// and how much worse than the best a chosen move may be.
+struct Computer {
+    std::string name;
+    int rating = 0;
+    int depth = 1;
+    int proposals = 1;
+    int margin = 0;      // hundredths of a pawn
+    Terms offer;         // what it plays: its open ad, or the games of the pair
+    std::string about;   // one line for finger
+    bool always = false; // one of the two that always play each other and have no ad
+    bool prompt = false; // answers at once instead of after a human delay
+};
+
+// Three opponents, weakest first, then one that answers at once, and then the two that always play each other.
+const std::vector<Computer>& computers();
+
+// Chooses among proposals that stand best first: each one within `margin` of the best has the same chance. With a
+// mate in sight the best is taken. Empty for an empty list.
+std::string chooseMove(const std::vector<Candidate>& proposals, int margin, std::mt19937& random);
+
+// What a computer says to an offer within its game: aborting and taking back are always fine, and so is a draw when it
+// thinks little of its chances or the game has long been level.
+bool acceptsInGame(const Game& game, OfferKind kind);
+
+} // namespace practice

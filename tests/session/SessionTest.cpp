@@ -1,0 +1,318 @@
+// The parts of a session joined: what one hands to the other, and what of it reaches the outside.
+#include "session/Session.h"
+
+#include "board/BoardRig.h"
+#include "session/ChatRig.h"
+#include "session/QuietSurface.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr const char* Prompt = "fics% ";
+
+// A session whose server is the test, with boards that write down what they show.
+struct SessionTest : testing::Test {
+    std::vector<std::string> events;
+    std::vector<std::string> sent;
+    std::string waiting;
+    std::string console;
+    std::string caption;
+    std::int16_t socket = ServerRoad::Connected;
+    std::map<SessionTimer, int> running;
+    std::function<void()> inBox = [] {};
+    std::vector<std::unique_ptr<BoardRig>> boards;
+    Session session{surface()};
+
+    SessionTest() {
+        modChess = {};
+        openWindows = {};
+        modChess.gPrompt = Prompt;
+        modChess.SeekOff = 0;
+        session.routing.hooks.zNewBoard();
+        events.clear();
+    }
+    ~SessionTest() override {
+        openWindows = {};
+        modChess = {};
+    }
+
+    SessionSurface surface() {
+        SessionSurface outside = quietSurface();
+        outside.socket.getData = [this] { return std::exchange(waiting, {}); };
+        outside.socket.sendData = [this](const std::string& bytes) { sent.push_back(bytes); };
+        outside.socket.state = [this] { return socket; };
+        outside.socket.connectTo = [this](const std::string& host, std::int32_t) { events.push_back("to " + host); };
+        outside.socket.close = [this] { socket = 0; };
+        outside.timers.start = [this](SessionTimer timer, int milliseconds) { running[timer] = milliseconds; };
+        outside.timers.stop = [this](SessionTimer timer) { running.erase(timer); };
+        outside.console.insert = [this](const std::string& text) { console += text; };
+        outside.client.setCaption = [this](const std::string& text) { caption = text; };
+        outside.windows.openBoard = [this] { openBoard(); };
+        outside.windows.openChat = [this] { events.push_back("chat for " + modChess.NewBuddy); };
+        outside.user.beep = [this] { events.emplace_back("beep"); };
+        outside.user.message = [this](const std::string& text) {
+            events.push_back("box " + text);
+            std::exchange(inBox, [] {})();
+            events.push_back("end of " + text);
+        };
+        return outside;
+    }
+
+    void openBoard() {
+        const ModChess before = modChess; // which a rig of its own begins anew
+        BoardRig& board = *boards.emplace_back(std::make_unique<BoardRig>());
+        modChess = before;
+        openWindows.add({.className = "frmChessBoard", .window = &board, .unload = {}, .content = &board.game});
+        events.emplace_back("board");
+    }
+
+    void arrive(const std::string& text) {
+        waiting = text;
+        session.zDataArrival();
+    }
+    // A record as the server sends it, with the empty line before it and the prompt behind.
+    void arriveRecord(const LineOf& line) { arrive("\n\r" + line.text(" 0 0\n\r") + Prompt); }
+    Game& game(std::size_t board = 0) { return boards.at(board)->game; }
+};
+
+} // namespace
+
+TEST_F(SessionTest, ARecordReachesItsBoardAndNothingOfItTheConsole) {
+    arriveRecord({.ranks = AfterE4, .turn = "B", .game = 12, .relation = -1, .verbose = "P/e2-e4", .pretty = "e4"});
+    EXPECT_EQ(game().gameIndex, 12);
+    EXPECT_EQ(game().Board[28], 6);
+    EXPECT_EQ(console, "");
+}
+
+TEST_F(SessionTest, AGameWithoutABoardOpensOneInTheMiddleOfTheBatch) {
+    arrive("\n\r" + LineOf{.game = 12}.text(" 0 0\n\r") + "\n\r" + LineOf{.game = 13}.text(" 0 0\n\r") + Prompt);
+    ASSERT_EQ(boards.size(), 2U);
+    EXPECT_EQ(game(0).gameIndex, 12);
+    EXPECT_EQ(game(1).gameIndex, 13);
+    EXPECT_EQ(console, "");
+}
+
+TEST_F(SessionTest, AQueuedMoveGoesToTheServer) {
+    arriveRecord({.game = 12, .relation = 1});
+    game().surface.zSqFinish = [this](int) { session.road.zSendMsg("e2-e4"); };
+    game().PreMoveSet = true;
+    arriveRecord({.ranks = AfterE4, .turn = "B", .game = 12, .relation = 1, .verbose = "P/e2-e4", .pretty = "e4"});
+    EXPECT_THAT(sent, ElementsAre("e2-e4\n"));
+}
+
+TEST_F(SessionTest, AnExaminedGameListsItsMovesAsLongAsNoListCanBeAskedFor) {
+    arriveRecord({.game = 12, .relation = 2});
+    EXPECT_TRUE(modChess.ExamineNoMoves);
+    arriveRecord({.ranks = AfterE4, .turn = "B", .game = 12, .relation = 2, .verbose = "P/e2-e4", .pretty = "e4"});
+    EXPECT_EQ(game().grdMoves.text(1, 1), "e4");
+}
+
+TEST_F(SessionTest, AGameThatIsPlayedOrObservedLeavesTheQuestionOfListsAlone) {
+    arriveRecord({.game = 12, .relation = 0});
+    EXPECT_FALSE(modChess.ExamineNoMoves);
+}
+
+TEST_F(SessionTest, HoldingsReachTheBoardOfTheLatestRecord) {
+    arriveRecord({.game = 12});
+    arrive("<b1> game 12 white [PN] black []\n\rfics% ");
+    EXPECT_TRUE(game().HoldingsShown);
+}
+
+TEST_F(SessionTest, AnEndLineEndsTheGame) {
+    arriveRecord({.game = 12, .relation = 1});
+    arrive("\n\r{Game 12 (Anders vs. Berta) Berta resigns} 1-0\n\rfics% ");
+    EXPECT_EQ(game().gameIndex, 0);
+    EXPECT_EQ(game().Style12Record.Relation, -100);
+}
+
+TEST_F(SessionTest, TheHandleLearntStandsOnEveryBoard) {
+    openBoard();
+    arrive("login: ");
+    session.road.zSend("Anders");
+    arrive("password: ");
+    EXPECT_EQ(modChess.MyHandle, "Anders");
+    for (const auto& board : boards) EXPECT_TRUE(board->saw("panel 1 Anders"));
+}
+
+TEST_F(SessionTest, TheServersStartIsAnsweredByTheStyle) {
+    arrive("**** Starting FICS session as Anders ****\n\rfics% ");
+    EXPECT_THAT(sent, ElementsAre("Set Style 12\n"));
+}
+
+TEST_F(SessionTest, TextThroughTheBridgeNamesTheConnection) {
+    session.connection.ConnectionLabel = "Timeseal";
+    session.connection.LabelAfterBridge = "FICS";
+    arrive("hello");
+    EXPECT_EQ(caption, "Connected to FICS");
+}
+
+TEST_F(SessionTest, ATellGoesToItsChatBox) {
+    RecordedChat box(session.road);
+    box.box.xBuddy = "Bob";
+    arrive("\n\rBob tells you: hi\n\rfics% ");
+    EXPECT_EQ(box.conversation, "hi\r\n");
+    EXPECT_EQ(console.find("hi"), console.npos);
+}
+
+TEST_F(SessionTest, TheAnswerToATellStandsInTheCaptionOfTheBox) {
+    RecordedChat box(session.road);
+    box.box.xBuddy = modChess.LastBuddy = "Bob";
+    arrive("(told Bob, who is playing)\n\rfics% ");
+    EXPECT_EQ(box.caption, "Chatting with Bob (who is playing)");
+}
+
+TEST_F(SessionTest, ANewChatBoxProposesTheSenderOfTheLatestTell) {
+    modChess.TellTarget = "Bob";
+    session.zNewChat();
+    EXPECT_THAT(events, ElementsAre("chat for Bob"));
+    modChess.AppClosing = true;
+    session.zNewChat();
+    EXPECT_EQ(events.size(), 1U);
+}
+
+TEST_F(SessionTest, TheBoxOfTheLatestSenderComesUpWhereThereIsOne) {
+    RecordedChat box(session.road);
+    box.box.xBuddy = "Bob";
+    modChess.TellTarget = "Bob";
+    session.showChat();
+    EXPECT_EQ(box.focused, 1);
+    EXPECT_THAT(events, IsEmpty());
+    modChess.TellTarget = "Carl";
+    session.showChat();
+    EXPECT_THAT(events, ElementsAre("chat for Carl"));
+}
+
+TEST_F(SessionTest, ATypedLineIsEchoedAndSent) {
+    session.road.zSend("who");
+    EXPECT_THAT(sent, ElementsAre("who\n"));
+    EXPECT_EQ(console, "who\r\n");
+}
+
+TEST_F(SessionTest, BlockModeHoldsTheConsoleBack) {
+    session.mnuBlocked();
+    arrive("one line of text\n\rfics% ");
+    EXPECT_EQ(console, "");
+    session.mnuBlocked();
+    EXPECT_EQ(console, "one line of text\r\nfics% ");
+}
+
+TEST_F(SessionTest, TheLossOfTheConnectionEndsTheGamesAndTheHandle) {
+    arriveRecord({.game = 12, .relation = 1});
+    modChess.MyHandle = "Anders";
+    session.timerFired(SessionTimer::tmrTCP);
+    session.socketClosed();
+    session.timerFired(SessionTimer::tmrTCP);
+    EXPECT_EQ(modChess.MyHandle, "");
+    EXPECT_EQ(game().gameIndex, 0);
+    EXPECT_EQ(caption, "Brightrank - Client     Closed");
+}
+
+TEST_F(SessionTest, AServerChosenWhileConnectedEndsTheGamesOfTheOldOne) {
+    arriveRecord({.game = 12, .relation = 1});
+    modChess.MyHandle = "Anders";
+    session.connection.ConnectionLabel = "FICS";
+    session.timerFired(SessionTimer::tmrTCP);
+    EXPECT_EQ(caption, "Brightrank - Client     Connected to FICS");
+    session.connection.mnuConnectClick(4);
+    EXPECT_EQ(game().gameIndex, 0);
+    EXPECT_EQ(modChess.MyHandle, "");
+    EXPECT_THAT(events, ElementsAre("beep", "to chessclub.com"));
+    session.timerFired(SessionTimer::tmrTCP);
+    EXPECT_EQ(caption, "Brightrank - Client     Connected to ICC");
+}
+
+TEST_F(SessionTest, TheCloseQuestionEmptiesTheBoardsPanels) {
+    arriveRecord({.game = 12, .relation = 1});
+    session.connection.LastServer = 1;
+    for (int beep = 0; beep < 3; ++beep) session.timerFired(SessionTimer::tmrClose);
+    EXPECT_EQ(game().currentGame, "");
+    EXPECT_TRUE(boards.front()->saw("title Brightrank - Board"));
+    EXPECT_FALSE(running.contains(SessionTimer::tmrClose));
+}
+
+TEST_F(SessionTest, TheTimersRunTheirRoutines) {
+    arrive("held without its prompt");
+    EXPECT_EQ(running.at(SessionTimer::tmrArrival), 3000);
+    session.timerFired(SessionTimer::tmrArrival);
+    EXPECT_EQ(console, "held without its prompt");
+    session.pipeline.zSetstate(3);
+    session.timerFired(SessionTimer::tmrState);
+    EXPECT_FALSE(modChess.gVarsCapture);
+    session.serverLines.PartialLine = "new% ";
+    session.timerFired(SessionTimer::tmrPrompt);
+    EXPECT_EQ(modChess.gPrompt, "new% ");
+}
+
+TEST_F(SessionTest, ACompleteAnswerGoesToTheWindowThatAskedForIt) {
+    openWindows.add({.className = "frmICSVars", .window = &events, .unload = {}, .answered = [this] {
+                         events.emplace_back("answered");
+                     }});
+    session.captures.vars = {[](std::string& line, int) { return line.starts_with("end"); }, answersTo("frmICSVars")};
+    session.pipeline.zSetstate(3);
+    arrive("Variable settings\n\rend\n\rfics% ");
+    EXPECT_THAT(events, ElementsAre("answered"));
+    EXPECT_FALSE(modChess.gVarsCapture);
+    openWindows.remove(&events);
+    session.pipeline.zSetstate(3);
+    arrive("end\n\rfics% ");
+    EXPECT_EQ(events.size(), 1U) << "the window has been closed meanwhile";
+}
+
+TEST_F(SessionTest, AnAnswerThatNothingReadsIsNotWaitedFor) {
+    session.pipeline.zSetstate(3);
+    EXPECT_THROW(arrive("Variable settings\n\rfics% "), std::logic_error);
+}
+
+// Boxes
+
+TEST_F(SessionTest, WhatIsToldWhileABatchIsReadComesUpBehindItInOrder) {
+    session.classifier.hooks.zEndGame = [this](const std::string&) {
+        session.tell("one");
+        session.tell("two");
+    };
+    arrive("Game aborted.\n\rfics% ");
+    EXPECT_THAT(events, IsEmpty());
+    EXPECT_EQ(running.at(SessionTimer::Messages), 0);
+    session.timerFired(SessionTimer::Messages);
+    EXPECT_THAT(events, ElementsAre("box one", "end of one", "box two", "end of two"));
+}
+
+TEST_F(SessionTest, WhatIsToldUnderABoxWaitsForItsEnd) {
+    inBox = [this] {
+        session.tell("two");
+        session.timerFired(SessionTimer::Messages);
+    };
+    session.tell("one");
+    EXPECT_THAT(events, ElementsAre("box one", "end of one", "box two", "end of two"));
+}
+
+// Faults
+
+TEST_F(SessionTest, AFaultNamesTheLimitAndTheLineThatMetIt) {
+    arriveRecord({.game = 12});
+    try {
+        arriveRecord({.ranks = AfterE4, .turn = "B", .game = 12, .moveNumber = 201, .pretty = "Ke2"});
+        ADD_FAILURE() << "move 201 has no place";
+    } catch (const Fault& fault) {
+        EXPECT_THAT(fault.what(),
+                    testing::StartsWith("subscript 201 is outside 0 to 200 (rows of the move list), met by \"<12> "));
+    }
+}
+
+TEST_F(SessionTest, AFaultsTextHasNoControlCharacters) {
+    try {
+        arrive("Bob(9e9): \x1b[2Jhi\n\rfics% ");
+        ADD_FAILURE() << "the channel has no place in 16 bits";
+    } catch (const Fault& fault) {
+        EXPECT_EQ(fault.kind(), FaultKind::Overflow);
+        EXPECT_STREQ(fault.what(), "the number 9e+09 does not fit a field of 16 bits, met by \"Bob(9e9): ?[2Jhi\"");
+    }
+}
+
+TEST_F(SessionTest, AGameNumberPast16BitsEndsTheProgramInAnEndLineToo) {
+    EXPECT_THROW(arrive("{Game 99999 (a vs. b) a resigns} 1-0\n\rfics% "), Fault);
+}
