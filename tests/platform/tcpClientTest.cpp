@@ -129,21 +129,6 @@ TEST_F(TcpClientTest, SentBytesArriveAsTheyAre) {
     EXPECT_EQ(heardByPeer(bytes.size()), bytes);
 }
 
-TEST_F(TcpClientTest, CompleteTextArrivesWithoutWaiting) {
-    connectClient();
-    const std::string text = "told you\n\rfics% ";
-    say(text);
-    ASSERT_TRUE(waitUntil([&] { return received == text; }));
-    EXPECT_EQ(arrivals.size(), 1U);
-}
-
-TEST_F(TcpClientTest, ATailWithoutEndArrivesAfterItsPatience) {
-    connectClient();
-    say("one\n\rtwo");
-    ASSERT_TRUE(waitUntil([&] { return arrivals.size() == 2; }));
-    EXPECT_EQ(arrivals, (std::vector<std::string>{"one\n\r", "two"}));
-}
-
 TEST_F(TcpClientTest, CloseLetsSentTextGoOut) {
     connectClient();
     say("text that nobody reads\n\r");
@@ -300,6 +285,41 @@ TEST_F(TcpClientTest, BytesThatWereWaitingAlreadyComeFromTheNestedLoopToo) {
     say(text);
     ASSERT_TRUE(waitUntil([&] { return received.size() == text.size(); }));
     EXPECT_GE(deepest, 2);
+}
+
+TEST_F(TcpClientTest, AnArrivalThatIsNotFetchedMakesTheServerWaitAndLosesNothing) {
+    connectClient();
+    bool full = true;
+    const auto fetch = client->onDataArrival;
+    client->onDataArrival = [&](std::int32_t bytesTotal) {
+        if (!full) fetch(bytesTotal);
+    };
+    std::string text;
+    for (int i = 0; text.size() < 30'000'000; ++i) text += "line " + std::to_string(i) + "\n\r";
+    say(text);
+    runFor(300);
+    EXPECT_GT(peer->bytesToWrite(), 10'000'000) << "the server's text waits on its own side";
+    full = false;
+    fetch(8190);
+    EXPECT_TRUE(waitUntil([&] { return received.size() == text.size(); }, 30000));
+    EXPECT_TRUE(received == text);
+}
+
+TEST_F(TcpClientTest, ARestThatWasNotFetchedComesBeforeTheCloseEvent) {
+    connectClient();
+    int raised = 0;
+    client->onDataArrival = [&](std::int32_t) { ++raised; };
+    say("one\n\rfics% ");
+    ASSERT_TRUE(waitUntil([&] { return raised == 1; }));
+    say("two");
+    peer->close();
+    runFor(100);
+    EXPECT_EQ(client->State(), 8);
+    EXPECT_EQ(events.size(), 1U);
+    EXPECT_EQ(client->GetData(), "one\n\rfics% ");
+    ASSERT_TRUE(waitUntil([&] { return raised == 2; }));
+    EXPECT_EQ(client->GetData(), "two");
+    EXPECT_TRUE(waitUntil([&] { return events.size() == 2; }));
 }
 
 TEST_F(TcpClientTest, AnArrivalThatIsNotFetchedHoldsBackTheNext) {

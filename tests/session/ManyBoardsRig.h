@@ -1,4 +1,4 @@
-// The whole program with a board for each of many watched games, and a hand on every moment at which events run.
+// The whole program with a board for each of many watched games, and an event in every moment of a drain.
 #pragma once
 
 #include "platform/Boxes.h"
@@ -30,16 +30,20 @@ inline WatchedGame gameOf(int number, const std::string& round) {
 class ManyBoards : public testing::Test {
 protected:
     ManyBoards() {
-        rig.roads.openBoard = [this] {
-            auto* board = new frmChessBoard(rig.boardRoads);
-            watch(*board);
-            board->load();
+        rig.inDrain = [this](int game) {
+            ++moments;
+            QMetaObject::invokeMethod(
+                qApp,
+                [this, game, number = moments] {
+                    EXPECT_FALSE(rig.client->session.pipeline.ParseBusy) << "nothing runs in the middle of a drain";
+                    if (atEvent) atEvent(number, game);
+                },
+                Qt::QueuedConnection);
         };
         boxes.okCancel = [](QWidget*, const std::string&, const std::string&) { return true; };
     }
 
     void SetUp() override {
-        for (frmChessBoard* board : rig.boards()) watch(*board);
         rig.connectNow();
         rig.learnPrompt();
     }
@@ -47,7 +51,7 @@ protected:
     void TearDown() override {
         EXPECT_EQ(rig.fault, std::nullopt);
         EXPECT_FALSE(rig.client->session.pipeline.ParseBusy);
-        behindUpdate = nullptr;
+        atEvent = nullptr;
         rig.client->queryUnload();
         EXPECT_EQ(openWindows.windows.size(), 1U) << "only the console is left";
     }
@@ -95,28 +99,14 @@ protected:
         }
     }
 
-    // From now on `behindUpdate` runs behind each of the board's updates, as an event of the loop.
-    void watch(frmChessBoard& board) {
-        board.game.surface.keepPicture = [this, own = QPointer(&board), real = board.game.surface.keepPicture] {
-            ++updates;
-            QMetaObject::invokeMethod(
-                qApp,
-                [this, own, number = updates] {
-                    if (behindUpdate) behindUpdate(number, own);
-                },
-                Qt::QueuedConnection);
-            real();
-        };
-    }
-    static void close(const QPointer<frmChessBoard>& board) {
-        if (board) board->close();
-    }
     int dice(int sides) { return static_cast<int>(random() % static_cast<unsigned>(sides)); }
 
     ProgramRig rig;
     std::vector<WatchedGame> games;
     std::mt19937 random{20211121}; // the same course each time
-    std::function<void(int number, const QPointer<frmChessBoard>& board)> behindUpdate;
-    int updates = 0;
+    // An event that is posted in each moment of a drain at which it could run if the drain let it: as a board opens
+    // (game 0) and as a position has reached the board of its game.
+    std::function<void(int number, int game)> atEvent;
+    int moments = 0;
     int parts = 0;
 };

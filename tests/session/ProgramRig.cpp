@@ -18,7 +18,6 @@
 namespace {
 
 constexpr std::int64_t LinePatienceMs = 30;
-constexpr std::size_t OneArrival = 8192;
 
 } // namespace
 
@@ -35,6 +34,7 @@ ProgramRig::ProgramRig() {
     roads.store = memoryStore(values);
     roads.playSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); };
     roads.openBoard = [this] {
+        inDrain(0);
         auto* board = new frmChessBoard(boardRoads);
         board->load();
     };
@@ -92,6 +92,7 @@ void ProgramRig::noteTraffic() {
         real(board);
         updates.push_back("game " + std::to_string(record.GameNumber) + " " + record.Position + " ply " +
                           std::to_string(2 * record.MoveNumber + record.SideToMove) + " " + record.PrettyMove);
+        inDrain(record.GameNumber);
     };
     classifier.zSetBughouse = [this, real = classifier.zSetBughouse](int board, const std::string& line) {
         real(board, line);
@@ -119,7 +120,7 @@ void ProgramRig::learnPrompt() {
 
 void ProgramRig::send(std::string_view bytes) {
     server.send(bytes);
-    sent_ += bytes.size();
+    sent_ += wire_.filter(bytes).size();
 }
 
 void ProgramRig::pumpOnce() { QCoreApplication::processEvents(QEventLoop::AllEvents); }
@@ -147,7 +148,6 @@ void ProgramRig::replay(std::string_view script, Packets packets) {
 void ProgramRig::fetchAll() {
     const bool done = waitUntil([this] {
         steady_ += LinePatienceMs;
-        if (client->session.pipeline.PendingText.size() > OneArrival) client->session.pipeline.tmrArrival();
         return fetched_ == sent_ || fault;
     });
     EXPECT_TRUE(done) << fetched_ << " of " << sent_ << " bytes were fetched";

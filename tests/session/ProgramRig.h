@@ -2,6 +2,7 @@
 #pragma once
 
 #include "board/frmChessBoard.h"
+#include "platform/TelnetFilter.h"
 #include "session/Console.h"
 #include "session/ScriptedServer.h"
 #include "session/frmChessClient.h"
@@ -10,6 +11,7 @@
 #include <QColor>
 #include <QPointer>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -67,6 +69,9 @@ public:
     std::optional<std::string> fault;  // the first fault that would have ended the program
     int questions = 0;                 // yes/no boxes; answered with no
 
+    // Called in the middle of a drain: a position has reached the board of this game, or a board is about to open (0).
+    std::function<void(int game)> inDrain = [](int) {};
+
 private:
     void fillStore();
     void noteTraffic();
@@ -74,6 +79,7 @@ private:
     void pumpOnce();
 
     std::int64_t steady_ = 0;
+    TelnetFilter wire_; // what is sent counts as text
     std::size_t sent_ = 0;
     std::size_t fetched_ = 0;
 };
