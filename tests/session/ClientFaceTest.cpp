@@ -201,9 +201,11 @@ TEST_F(ClientFace, PageUpAndPageDownInTheLineScrollTheConsoleAndLeaveTheInsertio
 TEST_F(ClientFace, F1OpensTheHelpAndEscapeClosesIt) {
     startActive();
     press(Qt::Key_F1);
-    const QPointer<QTextBrowser> help(client->findChild<QTextBrowser*>(QStringLiteral("helpFile")));
-    ASSERT_TRUE(help);
-    EXPECT_TRUE(help->isVisible());
+    QPointer<QTextBrowser> help;
+    ASSERT_TRUE(waitUntil([this, &help] {
+        help = client->findChild<QTextBrowser*>(QStringLiteral("helpFile"));
+        return help && help->isVisible();
+    }));
     QTest::keyClick(help.data(), Qt::Key_Escape);
     EXPECT_TRUE(waitUntil([&help] { return help.isNull(); }));
 }
@@ -238,7 +240,7 @@ TEST_F(ClientFace, F1OnABoardOpensTheHelpOfThatWindow) {
     board.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&board));
     press(Qt::Key_F1);
-    EXPECT_NE(board.findChild<QTextBrowser*>(QStringLiteral("helpFile")), nullptr);
+    EXPECT_TRUE(waitUntil([&board] { return board.findChild<QTextBrowser*>(QStringLiteral("helpFile")) != nullptr; }));
 }
 
 // Width and letters
