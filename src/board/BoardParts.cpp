@@ -48,9 +48,8 @@ Button* button(QWidget* parent, const QString& name, const QString& caption) {
 QLabel* readout(QWidget* parent, const QString& name, const QString& spoken, int height) {
     auto* label = new ElidedLabel(parent);
     label->setObjectName(name);
-    label->setAccessibleName(spoken);
     label->setFont(fittingFont(label->font(), height));
-    describe(label, QAccessible::StaticText, [label] { return label->text(); });
+    describe(label, QAccessible::StaticText, spoken, [label] { return label->text(); });
     return label;
 }
 

@@ -33,8 +33,8 @@ std::string formOf(std::string text) {
 
 ClockFace::ClockFace(int side, QWidget* parent) : QWidget(parent), side_(side), background_(ClockColor::Waiting) {
     setObjectName(QStringLiteral("lblTime(%1)").arg(side));
-    setAccessibleName(side == 0 ? tr("White's clock") : tr("Black's clock"));
-    describe(this, QAccessible::StaticText, [this] { return shownText(text_).trimmed(); });
+    describe(this, QAccessible::StaticText, side == 0 ? tr("White's clock") : tr("Black's clock"),
+             [this] { return shownText(text_).trimmed(); });
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 

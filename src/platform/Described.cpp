@@ -22,9 +22,10 @@ private:
 
 } // namespace
 
-void describe(QWidget* widget, QAccessible::Role role, std::function<QString()> text) {
+void describe(QWidget* widget, QAccessible::Role role, const QString& name, std::function<QString()> text) {
     QAccessible::registerAccessibleInterface(
         new DescribedWidget(widget, role, std::move(text))); // goes with the widget
+    widget->setAccessibleName(name);                         // announced, and so behind the interface
 }
 
 std::function<void(QWidget* widget)> announceDescription = [](QWidget* widget) {

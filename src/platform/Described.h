@@ -8,9 +8,10 @@
 
 class QWidget;
 
-// From now on assistive tools find `widget`, of which they have not heard yet, in this role, and `text` as its
-// description, asked for anew each time: a text that changes is there to be read and says nothing by itself.
-void describe(QWidget* widget, QAccessible::Role role, std::function<QString()> text);
+// From now on assistive tools find `widget` in this role and by this name, and `text` as its description, asked for
+// anew each time: a text that changes is there to be read and says nothing by itself. Once, before they have heard of
+// it.
+void describe(QWidget* widget, QAccessible::Role role, const QString& name, std::function<QString()> text);
 
 // Tells assistive tools that the description of a widget has changed: that is worth hearing. A test puts its own in.
 extern std::function<void(QWidget* widget)> announceDescription;

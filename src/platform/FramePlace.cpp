@@ -8,8 +8,8 @@
 
 namespace {
 
-// A layout that needs more than the size asked for resizes the window on its way to the screen. The toolkit then gives
-// the window manager the corner as that of what the frame holds, and the title bar would stand above it.
+// A window that takes another size on its way to the screen, as its layout wants it, is given to the window manager
+// with the corner of what the frame holds, and the title bar would stand above it. So its size is settled first.
 class FrameSettler : public QObject {
 public:
     FrameSettler(QWidget& window, QPoint corner) : QObject(&window), window_(window), corner_(corner) {
@@ -20,7 +20,10 @@ protected:
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() != QEvent::Show) return false;
         if (QLayout* layout = window_.layout()) layout->activate();
-        if (QWindow* handle = window_.windowHandle()) handle->setFramePosition(corner_);
+        if (QWindow* handle = window_.windowHandle()) {
+            handle->resize(window_.size());
+            handle->setFramePosition(corner_);
+        }
         window_.removeEventFilter(this);
         deleteLater();
         return false;

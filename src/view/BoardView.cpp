@@ -46,11 +46,10 @@ QPointF fromCorner(const QMouseEvent& event) {
 
 BoardView::BoardView(QWidget* parent) : QWidget(parent), beep([] { QApplication::beep(); }) {
     setObjectName(QStringLiteral("picChess"));
-    setAccessibleName(QStringLiteral("Chess board"));
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    describe(this, QAccessible::Graphic, [this] { return description(); });
+    describe(this, QAccessible::Graphic, QStringLiteral("Chess board"), [this] { return description(); });
 }
 
 void BoardView::zBoardSetup(const BoardGeometry& geometry) {

@@ -135,8 +135,8 @@ QLayout* frmBoardColors::buildColors() {
         swatches_[index]->setAutoFillBackground(true);
         grid->addWidget(swatches_[index], index, 0);
         const QString caption = QString::fromLatin1(Captions[static_cast<std::size_t>(index)]);
-        swatches_[index]->setAccessibleName(QString(caption).remove(u'&'));
-        describe(swatches_[index], QAccessible::Graphic, [this, index] { return colorInWords(colors_[index]); });
+        describe(swatches_[index], QAccessible::Graphic, QString(caption).remove(u'&'),
+                 [this, index] { return colorInWords(colors_[index]); });
         grid->addWidget(button(QStringLiteral("cmdColor(%1)").arg(index), caption, [this, index] { cmdColor(index); }),
                         index, 1);
     }

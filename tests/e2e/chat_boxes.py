@@ -2,7 +2,7 @@
 """A talk in a chat box of the built program: opened for whoever has told something, and answered by typing."""
 from game import QUIET, SCALE, PlayedByHand, time, unittest, waitFor
 from rig import LOG_ON, Client, Display
-from screen import iter4
+from screen import Screen, iter4
 from scripted import ScriptedServer
 from style12 import PROMPT
 
@@ -63,6 +63,27 @@ class ChatBox(Windows, PlayedByHand):
         self.display.keys("Return")
         self.awaitSent("Tell Rookery hello to you")
         self.partner.await_("Pupil tells you: hello to you")
+
+    def shiftF9OnTheBoard(self, screen):
+        self.display.click(*screen.centre("h8"))
+        self.display.awaitDialog("Brightrank - Board")
+        self.display.keys("shift+F9")
+
+    def testShiftF9OnABoardOpensTheBoxOfTheLatestTellerAndThenRaisesIt(self):
+        self.logOn()
+        self.tell("good evening")
+        screen = Screen(self.display)
+        waitFor(screen.find, "the board")
+        self.shiftF9OnTheBoard(screen)
+        question = self.display.awaitDialog("Chat Box")
+        self.display.keys("Return")
+        self.display.awaitGone(question)
+        box = self.display.awaitWindow("Chat with Rookery")
+        self.shiftF9OnTheBoard(screen)
+        self.display.awaitFocus(box)
+        self.assertEqual(self.display.windows("Chat Box"), [])
+        self.assertEqual(len(self.display.windows("Chat with Rookery")), 1)
+        self.awaitNothingMore()
 
     def testATellShowsInItsBoxAndNotInTheConsole(self):
         self.logOn()

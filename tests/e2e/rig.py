@@ -39,11 +39,11 @@ class Client:
         self.folder = tempfile.mkdtemp(prefix="brightrank-e2e-")
         for name, target in (beside or {}).items():
             pathlib.Path(self.folder, name).symlink_to(target)
-        store = pathlib.Path(self.folder, "config/Brightrank/Brightrank.ini")
-        store.parent.mkdir(parents=True)
+        self.store = pathlib.Path(self.folder, "config/Brightrank/Brightrank.ini")
+        self.store.parent.mkdir(parents=True)
         client = CLIENT | {"Port": port, "Handle": handle, "Password": password} | settings
         board = {"Left": 9900, "Top": 150, "Width": boardWidth, "Height": boardHeight}
-        store.write_text(section("Client", client) + section("Board", board))
+        self.store.write_text(section("Client", client) + section("Board", board))
         self.log = open(pathlib.Path(self.folder, "log"), "w+b")
         surroundings = display.environment() | {"XDG_CONFIG_HOME": self.folder + "/config"}
         self.store = store
@@ -69,9 +69,11 @@ class Client:
         return int(re.search(r"VmRSS:\s+(\d+)", status)[1]) * 1024 / 1e6
 
     def end(self):
-        """Asks the program to end, which it has to do in order. What it said of a disorder is shown."""
+        """Asks the program to end, which it has to do in order, and gives what its store holds then. What it said of a
+        disorder is shown."""
         try:
             status = endProcess(self.process)
+            store = self.store.read_text()
         finally:
             if self.process.returncode != 0:
                 self.log.seek(0)
@@ -80,6 +82,7 @@ class Client:
             shutil.rmtree(self.folder, ignore_errors=True)
         if status != 0:
             raise AssertionError(f"the program ended with status {status}")
+        return store
 
 
 def awaitLifting():
