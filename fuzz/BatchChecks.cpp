@@ -5,6 +5,7 @@
 #include "Require.h"
 #include "common/modChess.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -32,7 +33,7 @@ void StreamRig::parseBatch(const std::string& batch, const std::function<void()>
     require(!draining_, "a batch is read to its end before the next one");
     require(socket_.text().compare(parsed_, batch.size(), batch) == 0, "the batches put together are the arrivals");
     checkSize(batch);
-    batch_ = {parsed_, {}, {}};
+    batch_ = {parsed_, letThrough_ == parsed_, {}, {}};
     parsed_ += batch.size();
     const std::size_t before = shown().size();
     const bool promptShown = session_.classifier.PromptShown;
@@ -41,6 +42,7 @@ void StreamRig::parseBatch(const std::string& batch, const std::function<void()>
     act();
     draining_ = false;
     if (passes) letThrough_ = parsed_;
+    checkPasswordKept();
     const std::string added = shown().substr(before);
     checkConsole(batch, added, promptShown);
     if (session_.serverLines.verbose) return;
@@ -57,20 +59,19 @@ void StreamRig::takeRecord(const std::string& line, bool delivered) {
 
 // The number of a line that is passed as it stands in the batch; -1 for any other.
 int StreamRig::lineNumber(const std::string& line) const {
-    const auto& lines = session_.serverLines.lines;
-    for (int number = 0; number <= ServerLines::Last; ++number) {
-        if (&lines[number] == &line) return number;
-    }
-    return -1;
+    const ServerLines& lines = session_.serverLines;
+    const std::less<> before;
+    if (before(&line, &lines[0]) || before(&lines[ServerLines::Last], &line)) return -1;
+    return static_cast<int>(&line - &lines[0]);
 }
 
-void StreamRig::checkSize(const std::string& batch) const {
+void StreamRig::checkSize(const std::string& batch) const noexcept {
     if (batch.size() <= MostLines) return;
     require(linesOf(batch).size() <= MostLines || linesOf(socket_.lastArrival()).size() > MostLines,
             "no batch is longer than the classifier takes, unless one arrival is");
 }
 
-void StreamRig::checkConsole(const std::string& batch, const std::string& added, bool promptShown) const {
+void StreamRig::checkConsole(const std::string& batch, const std::string& added, bool promptShown) const noexcept {
     if (modChess.gConsoleQuiet || modChess.AppClosing) {
         require(added.empty(), "a quiet console shows nothing, nor does one that closes");
     } else if (!session_.serverLines.verbose) {
@@ -81,7 +82,7 @@ void StreamRig::checkConsole(const std::string& batch, const std::string& added,
 }
 
 // What a board or a chat box took is not shown, nor is the line in front of it, nor are short ones behind a record.
-void StreamRig::checkBlanked(const std::string& batch, const std::string& added) const {
+void StreamRig::checkBlanked(const std::string& batch, const std::string& added) const noexcept {
     const std::vector<std::string> lines = linesOf(batch);
     std::vector<bool> blanked(lines.size());
     const auto blank = [&](int number) {
@@ -112,11 +113,11 @@ void StreamRig::checkBlanked(const std::string& batch, const std::string& added)
 
 // Only a record that is the first line of its batch is shown, and one batch ends between a prompt's line and a record
 // only where the line was quiet, within the prompt or behind it.
-void StreamRig::checkFront() const {
+void StreamRig::checkFront() const noexcept {
     const auto& taken = batch_.toBoards;
     if (taken.empty() || taken.front() != 0 || modChess.gPrompt.empty()) return;
     const auto before = std::string_view(socket_.text()).substr(0, batch_.begin);
     const auto prompt = promptsLine(before, modChess.gPrompt);
-    require(!prompt || socket_.quietBetween(*prompt, batch_.begin) || letThrough_ == batch_.begin,
+    require(!prompt || socket_.quietBetween(*prompt, batch_.begin) || batch_.behindLetThrough,
             "a record behind a prompt's line is not the first of its batch");
 }

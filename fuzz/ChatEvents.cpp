@@ -181,7 +181,7 @@ bool StreamRig::routeTell(const std::string& line, const std::function<bool()>& 
     return true;
 }
 
-void StreamRig::checkTaken(const std::string& line, const RigChat* taker, const std::string& inserted) const {
+void StreamRig::checkTaken(const std::string& line, const RigChat* taker, const std::string& inserted) const noexcept {
     const std::string& target = modChess.TellTarget;
     const bool handle = target.size() > 1 && leadingNumber(target) == 0;
     require(taker->box.xBuddy == target, "a tell completes the buddy's name");
@@ -194,20 +194,20 @@ void StreamRig::checkTaken(const std::string& line, const RigChat* taker, const 
     require(taker->caret == std::min(console_.size(), taker->talk.size()), "the insertion point is the console's");
 }
 
-void StreamRig::checkChatCaption(int window, const std::string& caption) const {
+void StreamRig::checkChatCaption(int window, const std::string& caption) const noexcept {
     const std::string& buddy = chatAt(window).xBuddy;
     require(buddy == modChess.LastBuddy, "the answer to a tell goes to the box that told");
     require(caption.starts_with("Chatting with " + buddy) && !hasLineEnd(caption), "a caption is one line");
 }
 
-void StreamRig::checkSent(const std::string& bytes) {
+void StreamRig::checkSent(const std::string& bytes) noexcept {
     require(socket_.connected(), "nothing is written to a closed socket");
     require(bytes.ends_with('\n'), "what is sent is a line");
     lastSent_ = bytes.substr(0, bytes.size() - 1);
     require(!hasLineEnd(lastSent_), "what is sent is one line");
 }
 
-void StreamRig::checkChats() const {
+void StreamRig::checkChats() const noexcept {
     std::vector<const ChatBox*> listed;
     for (const OpenWindow& window : openWindows.windows) {
         if (const ChatBox* box = chatOf(window)) listed.push_back(box);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 // `text` without blanks and control characters, which the console may drop in front of a tell.
@@ -19,18 +20,17 @@ inline std::string squeezed(std::string_view text) {
 inline std::vector<std::string> linesOf(std::string_view batch) {
     const auto isBreak = [](char c) { return c == '\r' || c == '\n'; };
     std::vector<std::string> lines;
-    std::string line;
-    for (std::size_t at = 0; at < batch.size(); ++at) {
-        if (!isBreak(batch[at])) {
-            line += batch[at];
-            continue;
+    while (!batch.empty()) {
+        const auto end = batch.find_first_of("\r\n");
+        std::string line(batch.substr(0, end));
+        batch.remove_prefix(line.size());
+        if (!batch.empty()) {
+            const bool pair = batch.size() > 1 && isBreak(batch[1]) && batch[1] != batch[0];
+            batch.remove_prefix(pair ? 2 : 1);
+            line += "\r\n";
         }
-        const bool pair = at + 1 < batch.size() && isBreak(batch[at + 1]) && batch[at + 1] != batch[at];
-        at += pair ? 1 : 0;
-        lines.push_back(line + "\r\n");
-        line.clear();
+        lines.push_back(std::move(line));
     }
-    if (!line.empty()) lines.push_back(line);
     for (std::string& each : lines) {
         const auto first = static_cast<unsigned char>(each.front());
         if (first < 32 && !isBreak(each.front())) each = each.ends_with("\r\n") ? "\r\n" : "";

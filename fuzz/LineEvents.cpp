@@ -69,9 +69,28 @@ bool StreamRig::takeStep(std::int64_t until) {
         require(socket_.given() > before || (due && *due > clock_.now), "text that is due is given, or waits on");
         return true;
     }
-    clock_.fired(firing->timer);
-    session_.timerFired(firing->timer);
+    fire(firing->timer);
     return true;
+}
+
+void StreamRig::fire(SessionTimer timer) {
+    clock_.fired(timer);
+    session_.timerFired(timer);
+    const TextPipeline& pipeline = session_.pipeline;
+    switch (timer) {
+    case SessionTimer::tmrArrival:
+        return require(pipeline.PendingText.empty(), "three seconds of silence let go what is held");
+    case SessionTimer::tmrPrompt:
+        return;
+    case SessionTimer::tmrState:
+        return require(!TextPipeline::BusyTest(), "five seconds end a capture");
+    case SessionTimer::tmrTCP:
+        return require(session_.connection.SocketState == socket_.state(), "a tick sees the socket's state");
+    case SessionTimer::tmrClose:
+        return;
+    case SessionTimer::AutoLogon:
+        return require(pipeline.login == 0, "a prompt that is answered is none any longer");
+    }
 }
 
 // Time passes until the timer has fired, if it runs when all text has been given.
@@ -112,7 +131,7 @@ void StreamRig::failSocket(int choice) {
     require(socket_.state() == RigSocket::Closed, "a connection that failed is closed");
 }
 
-void StreamRig::checkLost() const {
+void StreamRig::checkLost() const noexcept {
     require(modChess.MyHandle.empty(), "a lost connection has no handle");
     for (const auto& board : boards_) {
         require(board->game.Style12Record.Relation == -100 && !board->game.icsMode, "a lost connection has no game");

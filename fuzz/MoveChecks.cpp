@@ -64,7 +64,7 @@ void StreamRig::landing(RigBoard& board, int position, const std::function<void(
     }
 }
 
-void StreamRig::checkAsked(const RigBoard& board, const BeforeLanding& before, int to) const {
+void StreamRig::checkAsked(const RigBoard& board, const BeforeLanding& before, int to) const noexcept {
     const auto& asked = board.promotion;
     require(asked && asked->up && !before.asking, "a pawn that reaches the end asks what it becomes");
     require(asked->from == before.from && asked->to == to, "what is asked for is what was moved");
@@ -72,7 +72,7 @@ void StreamRig::checkAsked(const RigBoard& board, const BeforeLanding& before, i
     require(board.movesSent == before.movesSent, "no move is sent while it is asked");
 }
 
-void StreamRig::checkQueued(const RigBoard& board, const BeforeLanding& before, int to) const {
+void StreamRig::checkQueued(const RigBoard& board, const BeforeLanding& before, int to) const noexcept {
     const Game& game = board.game;
     require(game.PreMoveSet == (to != before.from), "a move in advance is queued, or taken back on its own square");
     require(!game.PreMoveSet || (game.PreFrom == before.from && game.PreTo == to), "what is queued is what was moved");
@@ -80,7 +80,7 @@ void StreamRig::checkQueued(const RigBoard& board, const BeforeLanding& before, 
     require(board.movesSent == before.movesSent, "a queued move is not sent");
 }
 
-void StreamRig::checkPlayed(const RigBoard& board, const BeforeLanding& before, int to, bool legal) const {
+void StreamRig::checkPlayed(const RigBoard& board, const BeforeLanding& before, int to, bool legal) const noexcept {
     const Game& game = board.game;
     require(board.promotion.has_value() == before.asking, "nothing but a pawn at the end asks");
     require(board.movesSent == before.movesSent + (legal && game.icsMode ? 1 : 0), "a move is sent when it is made");
@@ -110,15 +110,16 @@ void StreamRig::promote(RigBoard& board, int piece) {
     const long sent = board.movesSent;
     const bool stands = squares[asked.from] == asked.pawn && turn == asked.turn;
     board.input.promote(piece);
+    const bool queen = piece == 0 && modChess.AutoQueen != 0; // since the menu came up
     require(board.movesSent == sent + (stands && game.icsMode ? 1 : 0), "an answered promotion is sent once");
     if (stands) {
-        checkPromoted(board, asked, piece);
+        checkPromoted(board, asked, queen ? static_cast<int>(Piece::Queen) : piece);
     } else {
         require(game.Board == squares && game.Turn == turn, "a pawn or a turn that went takes the promotion along");
     }
 }
 
-void StreamRig::checkPromoted(const RigBoard& board, const RigBoard::Promotion& asked, int piece) const {
+void StreamRig::checkPromoted(const RigBoard& board, const RigBoard::Promotion& asked, int piece) const noexcept {
     static constexpr std::array<char, 6> Letters{0, 0, 'Q', 'R', 'B', 'N'};
     const Game& game = board.game;
     require(game.Turn == -asked.turn, "the turn passes with a promotion");
@@ -151,8 +152,9 @@ void StreamRig::receivePosition(RigBoard& board, const std::function<void()>& ac
     require(played || asks || !queued || again || !modelMayMove(game, from, to), "a queued move that fits is played");
 }
 
-void StreamRig::checkPosition(const Game& game, bool preMovePlayed) const {
+void StreamRig::checkPosition(const Game& game, bool preMovePlayed) const noexcept {
     const auto codes = codesOf(game.Style12Record.Position);
+    require(game.NextPly >= 2 && game.NextPly - 2 <= LastPly, "a position that arrives has a ply of its own");
     require(game.PositionStore.plies[game.NextPly - 2] == codes, "a position that arrives is stored at its ply");
     require(preMovePlayed || sameSquares(game.Board, codes), "the board shows the position that arrived");
     require(game.ShownPly == game.NextPly - 2, "the newest position is on show");
@@ -176,7 +178,7 @@ void StreamRig::sendFromBoard(RigBoard& board, const std::string& text) {
 
 // Between events: a piece on the pointer, a queued move, a pawn that is asked for, or none of them, and each from a
 // square where a piece was taken up.
-void StreamRig::checkHand(RigBoard& board) const {
+void StreamRig::checkHand(RigBoard& board) const noexcept {
     const Game& game = board.game;
     require(game.Dragging || game.FromSet == 0, "a move is in hand only while its piece hangs on the pointer");
     require(game.PromotePiece == 0 && game.EPGranted == 0, "nothing is left of the move that was made last");
@@ -195,7 +197,7 @@ void StreamRig::checkHand(RigBoard& board) const {
 }
 
 // An ended game leaves its marks until the next one paints the board whole.
-void StreamRig::checkMarks(RigBoard& board) const {
+void StreamRig::checkMarks(RigBoard& board) const noexcept {
     const Game& game = board.game;
     if (!game.icsMode) std::ranges::replace(board.marks, 1, 0);
     for (int square = 0; square < 64; ++square) {

@@ -99,10 +99,10 @@ void StreamRig::finish() {
     } while (socket_.waits() || clock_.runs(SessionTimer::tmrArrival));
     require(session_.pipeline.PendingText.empty(), "no text stays behind when the line is quiet");
     require(parsed_ == socket_.text().size(), "all text is read when the line is quiet");
-    checkPassword();
+    checkPasswordShown();
 }
 
-void StreamRig::checkRest() {
+void StreamRig::checkRest() noexcept {
     const TextPipeline& pipeline = session_.pipeline;
     const std::string& pending = pipeline.PendingText;
     require(!pipeline.ParseBusy, "the busy mark falls when the drain ends");
@@ -120,7 +120,7 @@ void StreamRig::checkRest() {
     checkChats();
 }
 
-void StreamRig::checkBoard(const Game& game) const {
+void StreamRig::checkBoard(const Game& game) const noexcept {
     require(game.Turn == 1 || game.Turn == -1, "one of the two sides is to move");
     require(std::ranges::all_of(game.Board, [](std::int16_t code) { return std::abs(code) <= 6; }),
             "every square holds a piece or nothing");
@@ -130,7 +130,12 @@ void StreamRig::checkBoard(const Game& game) const {
     require(!idle || (game.gameIndex == 0 && !game.icsMode && game.currentGame.empty()), "an idle board has no game");
 }
 
-void StreamRig::checkPassword() const {
+void StreamRig::checkPasswordKept() const noexcept {
+    require(passwordInTape_ || (modChess.gLastCmd != Password && modChess.gLastTyped != Password),
+            "the password is forgotten when the server has answered");
+}
+
+void StreamRig::checkPasswordShown() const noexcept {
     if (passwordInTape_) return;
     require(shown().find(Password) == std::string::npos, "the password is not shown");
     for (const std::string& line : session_.road.history.entries) {

@@ -19,7 +19,7 @@ struct ProgramEnded {};
 
 // Runs one tape. Nothing runs in the middle of an event or of a batch; menus and questions stay up between events. A
 // subscript or an overflow fault is an end of the program that the rules provide for, and ends the input; any other is
-// a finding.
+// a finding, and so is one in a check.
 class StreamRig {
 public:
     explicit StreamRig(std::string_view bytes);
@@ -44,9 +44,10 @@ private:
 
     // What a batch is looked at with.
     struct Batch {
-        std::size_t begin = 0;     // in the text that came
-        std::vector<int> toBoards; // lines that reached a board
-        std::vector<int> toChats;  // lines that a chat box took
+        std::size_t begin = 0;         // in the text that came
+        bool behindLetThrough = false; // the batch before passed without its prompt
+        std::vector<int> toBoards;     // lines that reached a board
+        std::vector<int> toChats;      // lines that a chat box took
     };
 
     // What the session needs, RigSurface.cpp
@@ -84,11 +85,12 @@ private:
     void setConnectionOptions(unsigned bits);
     void pass(std::int64_t milliseconds);
     bool takeStep(std::int64_t until);
+    void fire(SessionTimer timer);
     void quietUntil(SessionTimer timer);
     void deliver();
     void hangUp();
     void failSocket(int choice);
-    void checkLost() const;
+    void checkLost() const noexcept;
 
     // The mouse, MouseEvents.cpp
     void mouseEvent(const Tape::Segment& segment, RigBoard& board);
@@ -105,16 +107,16 @@ private:
 
     // What has to hold of moves by hand, MoveChecks.cpp
     void landing(RigBoard& board, int position, const std::function<void()>& act);
-    void checkQueued(const RigBoard& board, const BeforeLanding& before, int to) const;
-    void checkAsked(const RigBoard& board, const BeforeLanding& before, int to) const;
-    void checkPlayed(const RigBoard& board, const BeforeLanding& before, int to, bool legal) const;
+    void checkQueued(const RigBoard& board, const BeforeLanding& before, int to) const noexcept;
+    void checkAsked(const RigBoard& board, const BeforeLanding& before, int to) const noexcept;
+    void checkPlayed(const RigBoard& board, const BeforeLanding& before, int to, bool legal) const noexcept;
     void promote(RigBoard& board, int piece);
-    void checkPromoted(const RigBoard& board, const RigBoard::Promotion& asked, int piece) const;
+    void checkPromoted(const RigBoard& board, const RigBoard::Promotion& asked, int piece) const noexcept;
     void receivePosition(RigBoard& board, const std::function<void()>& act);
-    void checkPosition(const Game& game, bool preMovePlayed) const;
+    void checkPosition(const Game& game, bool preMovePlayed) const noexcept;
     void sendFromBoard(RigBoard& board, const std::string& text);
-    void checkHand(RigBoard& board) const;
-    void checkMarks(RigBoard& board) const;
+    void checkHand(RigBoard& board) const noexcept;
+    void checkMarks(RigBoard& board) const noexcept;
 
     // Chat boxes and typing, ChatEvents.cpp
     void typingEvent(const Tape::Segment& segment);
@@ -126,19 +128,19 @@ private:
     void closeChat(RigChat& chat);
     void enterTell(RigChat& chat, const std::function<void()>& pressEnter);
     bool routeTell(const std::string& line, const std::function<bool()>& act);
-    void checkTaken(const std::string& line, const RigChat* taker, const std::string& inserted) const;
-    void checkChatCaption(int window, const std::string& caption) const;
-    void checkSent(const std::string& bytes);
-    void checkChats() const;
+    void checkTaken(const std::string& line, const RigChat* taker, const std::string& inserted) const noexcept;
+    void checkChatCaption(int window, const std::string& caption) const noexcept;
+    void checkSent(const std::string& bytes) noexcept;
+    void checkChats() const noexcept;
 
     // Batches and lines, BatchChecks.cpp
     void parseBatch(const std::string& batch, const std::function<void()>& act);
     void takeRecord(const std::string& line, bool delivered);
     int lineNumber(const std::string& line) const;
-    void checkSize(const std::string& batch) const;
-    void checkConsole(const std::string& batch, const std::string& added, bool promptShown) const;
-    void checkBlanked(const std::string& batch, const std::string& added) const;
-    void checkFront() const;
+    void checkSize(const std::string& batch) const noexcept;
+    void checkConsole(const std::string& batch, const std::string& added, bool promptShown) const noexcept;
+    void checkBlanked(const std::string& batch, const std::string& added) const noexcept;
+    void checkFront() const noexcept;
 
     // Windows, StreamRig.cpp
     std::string shown() const;
@@ -147,9 +149,10 @@ private:
     void closeBoard(RigBoard& board, bool destroyNow);
     void destroyClosed();
     void finish();
-    void checkRest();
-    void checkBoard(const Game& game) const;
-    void checkPassword() const;
+    void checkRest() noexcept;
+    void checkBoard(const Game& game) const noexcept;
+    void checkPasswordKept() const noexcept;
+    void checkPasswordShown() const noexcept;
 
     Tape tape_;
     RigClock clock_;
