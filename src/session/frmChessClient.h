@@ -104,8 +104,8 @@ private:
     TimesealBridge bridge_;
     Console* txtOutput = nullptr;
     CommandRow* row_ = nullptr;
-    TypingLine* txtSend = nullptr; // of the row
-    QLabel* lblPrompt = nullptr;   // of the row
+    TypingLine* txtSend = nullptr;             // of the row
+    QLabel* lblPrompt = nullptr;               // of the row
     std::array<QTimer, SessionTimers> timers_; // by SessionTimer
     bool unloaded_ = false;
 };
