@@ -27,8 +27,8 @@ std::string textOf(float value) { return coordinateText(value); }
 
 // A key that falls back to what the program starts with.
 template <typename Value>
-ClientKey startsAs(std::string name, Value ModChess::*field) {
-    return {.name = std::move(name), .held = field, .fallback = textOf(ModChess().*field)};
+ClientKey startsAs(const std::string& name, Value ModChess::*field) {
+    return {.name = name, .held = field, .fallback = textOf(ModChess().*field)};
 }
 
 void addTells(std::vector<ClientKey>& keys) {
