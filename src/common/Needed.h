@@ -13,8 +13,8 @@ template <typename Result, typename... Arguments>
 class Needed<Result(Arguments...)> {
 public:
     template <typename Call>
-        requires(!std::is_same_v<Call, Needed> && std::is_invocable_r_v<Result, Call&, Arguments...>)
-    Needed(Call call) : call_(std::move(call)) {}
+    requires(!std::is_same_v<Call, Needed> && std::is_invocable_r_v<Result, Call&, Arguments...>) Needed(Call call)
+        : call_(std::move(call)) {}
 
     Result operator()(Arguments... arguments) const { return call_(std::forward<Arguments>(arguments)...); }
 

@@ -42,12 +42,11 @@ bool endsInSingleBreak(std::string_view text) {
     return at < text.size();
 }
 
-// The first `count` bytes, less a CR or LF at their end that is half of a pair, or may still become it.
+// The first `count` bytes of a longer text, less the first half of a pair at their end.
 std::string_view withWholePairs(std::string_view text, std::size_t count) {
     const auto front = text.substr(0, count);
-    if (!endsInSingleBreak(front)) return front;
-    const bool single = count < text.size() && !arePartners(text[count - 1], text[count]);
-    return single ? front : front.substr(0, count - 1);
+    const bool cutsPair = count > 0 && arePartners(text[count - 1], text[count]) && endsInSingleBreak(front);
+    return cutsPair ? front.substr(0, count - 1) : front;
 }
 
 std::size_t goesAhead(std::string_view text, std::string_view prompt) {
@@ -59,15 +58,15 @@ std::size_t goesAhead(std::string_view text, std::string_view prompt) {
 
 void ArrivalCutter::append(std::string_view bytes, std::int64_t nowMs) {
     if (bytes.empty()) return;
-    if (waiting() == 0) waitingSinceMs_ = nowMs;
+    if (came_.empty() || came_.back().ms != nowMs) came_.push_back({0, nowMs});
+    came_.back().bytes += bytes.size();
     if (start_ > Limit) bytes_.erase(0, std::exchange(start_, 0));
     bytes_.append(bytes);
-    lastByteMs_ = nowMs;
 }
 
 std::string ArrivalCutter::take(std::string_view prompt, std::int64_t nowMs) {
     const auto count = nextCut(prompt, nowMs);
-    return count == 0 ? std::string() : give(count, nowMs);
+    return count == 0 ? std::string() : give(count);
 }
 
 std::size_t ArrivalCutter::nextCut(std::string_view prompt, std::int64_t nowMs) const {
@@ -77,14 +76,25 @@ std::size_t ArrivalCutter::nextCut(std::string_view prompt, std::int64_t nowMs) 
         const auto cut = goesAhead(front, prompt);
         return cut > 0 ? cut : front.size();
     }
-    if (finished_ || nowMs - lastByteMs_ >= PatienceMs || rests(text, prompt)) return text.size();
-    return nowMs - waitingSinceMs_ >= PatienceMs ? goesAhead(withWholePairs(text, text.size()), prompt) : 0;
+    const auto waited = haveWaited(nowMs);
+    if (finished_ || waited == text.size() || rests(text, prompt)) return text.size();
+    return goesAhead(withWholePairs(text, waited), prompt);
 }
 
-std::string ArrivalCutter::give(std::size_t count, std::int64_t nowMs) {
+std::size_t ArrivalCutter::haveWaited(std::int64_t nowMs) const {
+    std::size_t count = 0;
+    for (const Came& came : came_) {
+        if (nowMs - came.ms < PatienceMs) break;
+        count += came.bytes;
+    }
+    return count;
+}
+
+std::string ArrivalCutter::give(std::size_t count) {
     std::string arrival = bytes_.substr(start_, count);
     start_ += count;
-    waitingSinceMs_ = nowMs;
+    for (; count > 0 && count >= came_.front().bytes; came_.pop_front()) count -= came_.front().bytes;
+    if (count > 0) came_.front().bytes -= count;
     if (waiting() == 0) {
         bytes_.clear();
         start_ = 0;
@@ -94,7 +104,8 @@ std::string ArrivalCutter::give(std::size_t count, std::int64_t nowMs) {
 
 std::optional<std::int64_t> ArrivalCutter::dueInMs(std::int64_t nowMs) const {
     if (waiting() == 0) return std::nullopt;
-    const auto goesAheadMs = waitingSinceMs_ + PatienceMs;
-    const auto allMs = lastByteMs_ + PatienceMs;
-    return std::max<std::int64_t>(0, (goesAheadMs > nowMs ? std::min(goesAheadMs, allMs) : allMs) - nowMs);
+    for (const Came& came : came_) {
+        if (came.ms + PatienceMs > nowMs) return came.ms + PatienceMs - nowMs;
+    }
+    return 0;
 }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,12 +37,18 @@ public:
     std::size_t waiting() const { return bytes_.size() - start_; }
 
 private:
+    // Bytes that came at the same moment.
+    struct Came {
+        std::size_t bytes;
+        std::int64_t ms;
+    };
+
     std::size_t nextCut(std::string_view prompt, std::int64_t nowMs) const;
-    std::string give(std::size_t count, std::int64_t nowMs);
+    std::size_t haveWaited(std::int64_t nowMs) const;
+    std::string give(std::size_t count);
 
     std::string bytes_; // bytes_[0, start_) are taken already
     std::size_t start_ = 0;
-    std::int64_t waitingSinceMs_ = 0; // since when what waits has been without an arrival
-    std::int64_t lastByteMs_ = 0;
+    std::deque<Came> came_; // of what waits
     bool finished_ = false;
 };

@@ -138,17 +138,22 @@ TEST_F(ArrivalCutterTest, WhileBytesKeepComingWholeLinesGoAheadAfter30Ms) {
     EXPECT_EQ(arrivalsOf("one\n\r"), "");
     EXPECT_EQ(arrivalsAfter(15, "two\n\rth"), "");
     EXPECT_EQ(arrivalsAfter(14, "r"), "");
-    EXPECT_EQ(arrivalsAfter(1), "one\n\rtwo\n\r|");
-    EXPECT_EQ(arrivalsAfter(28, "ee\n\rfour\n\rfi"), "");
-    EXPECT_EQ(arrivalsAfter(2), "three\n\rfour\n\r|");
+    EXPECT_EQ(arrivalsAfter(1), "one\n\r|") << "the other line has not waited so long";
+    EXPECT_EQ(arrivalsAfter(14, "ee\n\rfour\n\rfi"), "");
+    EXPECT_EQ(arrivalsAfter(1), "two\n\r|");
+    EXPECT_EQ(arrivalsAfter(28), "");
+    EXPECT_EQ(arrivalsAfter(0, "ve"), "");
+    EXPECT_EQ(arrivalsAfter(1), "three\n\rfour\n\r|");
 }
 
 TEST_F(ArrivalCutterTest, WhileBytesKeepComingTheCutIsBehindTheLastPromptAtALinesFront) {
-    append("fics% one\n\rfics% two\n\r");
-    EXPECT_EQ(arrivalsAfter(20, "my fics% 3\n\r"), "");
-    EXPECT_EQ(arrivalsAfter(10), "fics% one\n\rfics% |") << "the prompt in the line does not count";
-    EXPECT_EQ(arrivalsAfter(9), "");
-    EXPECT_EQ(arrivalsAfter(11), "two\n\rmy fics% 3\n\r|") << "30 ms after the last byte";
+    append("fics% one\n\rfics% two\n\rmy fics% 3");
+    EXPECT_EQ(arrivalsAfter(20, "\n\r"), "");
+    now += 10;
+    EXPECT_EQ(take(), "fics% one\n\rfics% ") << "the prompt in the line does not count";
+    EXPECT_EQ(take(), "two\n\r") << "without one, up to the last whole line";
+    EXPECT_EQ(take(), "");
+    EXPECT_EQ(arrivalsAfter(20), "my fics% 3\n\r|") << "30 ms after the last byte";
 }
 
 TEST_F(ArrivalCutterTest, APromptAtTheFrontOfWhatWaitsCounts) {
@@ -159,24 +164,25 @@ TEST_F(ArrivalCutterTest, APromptAtTheFrontOfWhatWaitsCounts) {
 
 TEST_F(ArrivalCutterTest, AnUnfinishedLineAloneWaitsAsLongAsItGrows) {
     for (int i = 0; i < 100; ++i) EXPECT_EQ(arrivalsAfter(10, "x"), "");
-    EXPECT_EQ(arrivalsAfter(10, "\n\r"), std::string(100, 'x') + "\n\r|") << "it has waited long enough";
+    EXPECT_EQ(arrivalsAfter(10, "\n\r"), "");
+    EXPECT_EQ(arrivalsAfter(29, "y"), "");
+    EXPECT_EQ(arrivalsAfter(1), std::string(100, 'x') + "\n\r|");
 }
 
 TEST_F(ArrivalCutterTest, APairIsNotCutWhileBytesKeepComing) {
-    append("one\n\rtwo");
-    EXPECT_EQ(arrivalsAfter(20, "\n"), "");
-    EXPECT_EQ(arrivalsAfter(10), "one\n\r|") << "whether the LF is half of a pair is not known yet";
-    EXPECT_EQ(arrivalsAfter(10, "\rthree"), "");
-    EXPECT_EQ(arrivalsAfter(20), "two\n\r|");
+    append("one\n\rtwo\n");
+    EXPECT_EQ(arrivalsAfter(20, "\rthree"), "");
+    EXPECT_EQ(arrivalsAfter(10), "one\n\r|") << "the CR has not waited so long";
+    EXPECT_EQ(arrivalsAfter(19, "x"), "");
+    EXPECT_EQ(arrivalsAfter(1), "two\n\r|");
 }
 
-TEST_F(ArrivalCutterTest, OnceAnotherByteFollowsASingleLineEndIsAWholeLine) {
-    append("one\ntwo\nt");
-    EXPECT_EQ(arrivalsAfter(20, "h"), "");
+TEST_F(ArrivalCutterTest, SingleLineEndsAreLineEnds) {
+    append("one\ntwo\n");
+    EXPECT_EQ(arrivalsAfter(20, "three\r\r"), "");
     EXPECT_EQ(arrivalsAfter(10), "one\ntwo\n|");
-    append("\rr\r\r");
-    EXPECT_EQ(arrivalsAfter(20, "\r"), "");
-    EXPECT_EQ(arrivalsAfter(10), "th\rr\r\r|");
+    EXPECT_EQ(arrivalsAfter(19, "\r"), "");
+    EXPECT_EQ(arrivalsAfter(1), "three\r\r|");
 }
 
 TEST_F(ArrivalCutterTest, EmptyLinesAreLines) {
@@ -277,7 +283,6 @@ struct Model {
         std::int64_t cameMs;
     };
     std::vector<Byte> waits;
-    std::int64_t sinceMs = 0; // since when what waits has been waiting
     bool finished = false;
 
     std::string text() const {
@@ -329,12 +334,15 @@ struct Model {
             return pair ? 8191 : 8192; // the first line is too long; its end is not cut in two
         }
         if (finished || rests(prompt) || nowMs - waits.back().cameMs >= 30) return waits.size();
-        return nowMs - sinceMs >= 30 ? cutWithin(waits.size(), prompt) : 0;
+        return cutWithin(waitedLong(nowMs), prompt);
+    }
+    std::size_t waitedLong(std::int64_t nowMs) const {
+        return static_cast<std::size_t>(
+            std::ranges::count_if(waits, [&](const Byte& byte) { return nowMs - byte.cameMs >= 30; }));
     }
     bool isBreak(std::size_t at) const { return waits[at].c == '\r' || waits[at].c == '\n'; }
 
     void append(std::string_view bytes, std::int64_t nowMs) {
-        if (waits.empty()) sinceMs = nowMs;
         for (const char c : bytes) waits.push_back({c, nowMs});
     }
     std::string take(const std::string& prompt, std::int64_t nowMs) {
@@ -342,7 +350,6 @@ struct Model {
         if (count == 0) return {};
         const std::string given = text().substr(0, count);
         waits.erase(waits.begin(), waits.begin() + static_cast<std::ptrdiff_t>(count));
-        sinceMs = nowMs;
         return given;
     }
 };

@@ -7,6 +7,7 @@
 #include "platform/Clock.h"
 #include "platform/OpenWindows.h"
 #include "platform/WaitUntil.h"
+#include "session/Messages.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -101,7 +102,10 @@ void ProgramRig::noteTraffic() {
 }
 
 void ProgramRig::holdTime() {
-    wallClock.steadyMs = [this] { return steady_; };
+    wallClock.steadyMs = [this] {
+        ++looks_;
+        return steady_;
+    };
 }
 
 void ProgramRig::connectNow() {
@@ -123,8 +127,6 @@ void ProgramRig::send(std::string_view bytes) {
     sent_ += wire_.filter(bytes).size();
 }
 
-void ProgramRig::pumpOnce() { QCoreApplication::processEvents(QEventLoop::AllEvents); }
-
 // A server of the real kind waits for the answer at this place.
 void ProgramRig::answerLogOn() {
     if (client->session.pipeline.login == 0) return;
@@ -132,15 +134,42 @@ void ProgramRig::answerLogOn() {
     EXPECT_TRUE(waitUntil([&] { return server.received.size() > before; })) << "no answer to the log-on question";
 }
 
-void ProgramRig::replay(std::string_view script, Packets packets) {
-    for (const std::string_view packet : packetsOf(script, packets)) {
-        send(packet);
-        pumpOnce();
-        pumpOnce();
-        if (packets == Packets::UpToAPause) fetchAll();
-        answerLogOn();
-        if (fault) return;
+// Gives the number of messages up to the one from which packets change nothing.
+std::size_t ProgramRig::replayLogOn(const std::vector<std::string_view>& script) {
+    std::size_t count = 0;
+    bool loggedOn = false;
+    while (count < script.size() && (!loggedOn || client->session.pipeline.PassThroughCount > 0)) {
+        for (const std::string_view part : packetsOf(script[count], Packets::UpToAPause)) {
+            send(part);
+            fetchAll();
+            answerLogOn();
+        }
+        loggedOn = script[count++].ends_with(FicsPrompt);
     }
+    return count;
+}
+
+void ProgramRig::sendPackets(std::string_view text, const Pace& pace) {
+    for (const std::string_view packet : inPackets(text, pace.packet)) {
+        const int before = looks_;
+        send(packet);
+        EXPECT_TRUE(waitUntil([&] { return looks_ >= before + 2 || fault; }));
+        steady_ += pace.pauseMs;
+    }
+}
+
+void ProgramRig::replayMessages(std::string_view script, const Pace& pace) {
+    const auto all = messagesOf(script, FicsPrompt);
+    const std::size_t first = replayLogOn(all);
+    std::string rest;
+    for (std::size_t place = first; place < all.size() && !fault; ++place) {
+        rest += all[place];
+        if (pace.betweenMs == 0) continue;
+        sendPackets(std::exchange(rest, {}), pace);
+        if (all[place].ends_with(FicsPrompt)) fetchAll();
+        steady_ += pace.betweenMs;
+    }
+    sendPackets(rest, pace);
     settle();
 }
 

@@ -36,8 +36,16 @@ public:
     void connectNow();
     // The server sends its prompt and stays silent for the prescribed second, whose timer is fired by hand.
     void learnPrompt();
-    // The server sends the script and waits for the answer wherever the client is asked to log on; ends with `settle`.
-    void replay(std::string_view script, Packets packets);
+    // The server sends the messages of a script, each up to its prompt: the log-on with what passes at once behind it
+    // in whole messages, then each in packets of `packet` bytes with `pauseMs` between them and `betweenMs` behind it;
+    // with no pause between messages their packets end anywhere. `packet` 0 is a line. The time must be held; it passes
+    // by hand.
+    struct Pace {
+        std::size_t packet;
+        std::int64_t pauseMs;
+        std::int64_t betweenMs;
+    };
+    void replayMessages(std::string_view script, const Pace& pace);
     // Everything sent has been classified, also what was held for the prompt.
     void settle();
     // The client has fetched all bytes that `send` got; they may still be held for the prompt.
@@ -76,9 +84,11 @@ private:
     void fillStore();
     void noteTraffic();
     void answerLogOn();
-    void pumpOnce();
+    std::size_t replayLogOn(const std::vector<std::string_view>& script);
+    void sendPackets(std::string_view text, const Pace& pace);
 
     std::int64_t steady_ = 0;
+    int looks_ = 0;     // at the time: one as a packet is read, one as an arrival is looked for in it
     TelnetFilter wire_; // what is sent counts as text
     std::size_t sent_ = 0;
     std::size_t fetched_ = 0;
