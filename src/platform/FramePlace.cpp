@@ -12,9 +12,7 @@ namespace {
 // with the corner of what the frame holds, and the title bar would stand above it. So its size is settled first.
 class FrameSettler : public QObject {
 public:
-    FrameSettler(QWidget& window, QPoint corner) : QObject(&window), window_(window), corner_(corner) {
-        window.installEventFilter(this);
-    }
+    explicit FrameSettler(QWidget& window) : QObject(&window), window_(window) { window.installEventFilter(this); }
 
 protected:
     bool eventFilter(QObject*, QEvent* event) override {
@@ -22,7 +20,7 @@ protected:
         if (QLayout* layout = window_.layout()) layout->activate();
         if (QWindow* handle = window_.windowHandle()) {
             handle->resize(window_.size());
-            handle->setFramePosition(corner_);
+            handle->setFramePosition(window_.pos());
         }
         window_.removeEventFilter(this);
         deleteLater();
@@ -31,14 +29,11 @@ protected:
 
 private:
     QWidget& window_;
-    QPoint corner_;
 };
 
 } // namespace
 
 void placeFrame(QWidget& window, QPoint corner) {
     window.move(corner);
-    for (QObject* child : QObjectList(window.children()))
-        delete dynamic_cast<FrameSettler*>(child); // of a place before
-    if (!window.isVisible()) new FrameSettler(window, corner);
+    if (!window.isVisible()) new FrameSettler(window); // goes as the window shows
 }

@@ -104,9 +104,21 @@ TEST_F(ClockFaceTest, EveryDigitShowsAtEveryDesktopFont) {
     }
 }
 
+TEST_F(ClockFaceTest, ATimeThatGrowsIsFittedAnew) {
+    ClockFace clock(0, nullptr);
+    clock.resize(OnABoard);
+    clock.setBackground(ClockColor::Running);
+    clock.show(); // what does not show is laid out anew for each picture
+    for (const char* time : {" 0:05", " -546:08", " 12:34"}) {
+        clock.setText(time);
+        EXPECT_EQ(clock.grab().toImage(), painted(time)) << time;
+    }
+}
+
 TEST_F(ClockFaceTest, AClockThatRunsKeepsTheSizeOfItsDigits) {
     ClockFace clock(0, nullptr);
     clock.resize(OnABoard);
+    clock.show();
     clock.setText(" 111:11");
     const QImage ones = clock.grab().toImage();
     clock.setText(" 100:00");

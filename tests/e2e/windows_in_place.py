@@ -5,7 +5,7 @@ import socket
 import subprocess
 import unittest
 
-from rig import Client, Display, waitFor
+from rig import Client, Display
 
 
 class Places(unittest.TestCase):
@@ -22,7 +22,7 @@ class Places(unittest.TestCase):
     def begin(self, **settings):
         self.client = Client(self.display, self.server.getsockname()[1], **settings)
         self.addCleanup(self.client.end)
-        waitFor(lambda: "location" in self.hints("Brightrank - Board"), "the board")
+        self.display.awaitWindow("Brightrank - Board")  # the hints that count are those of a window that shows
 
     # With the gravity NorthWest the place is that of the frame, with Static that of what it holds, and the title bar
     # goes above it.
