@@ -35,7 +35,7 @@ void StreamRig::parseBatch(const std::string& batch, const std::function<void()>
     checkSize(batch);
     batch_ = {parsed_, letThrough_ == parsed_, {}, {}};
     parsed_ += batch.size();
-    const std::size_t before = shown().size();
+    const std::size_t before = console_.size() + modChess.BlockedText.size();
     const bool promptShown = session_.classifier.PromptShown;
     const bool passes = session_.pipeline.PassThroughCount != 0;
     draining_ = true;
@@ -45,7 +45,8 @@ void StreamRig::parseBatch(const std::string& batch, const std::function<void()>
     checkPasswordKept();
     const std::string added = shown().substr(before);
     checkConsole(batch, added, promptShown);
-    if (session_.serverLines.verbose) return;
+    const bool anyTaken = !batch_.toBoards.empty() || !batch_.toChats.empty();
+    if (session_.serverLines.verbose || !anyTaken) return;
     checkBlanked(batch, added);
     checkFront();
 }
