@@ -90,6 +90,8 @@ void StreamRig::fire(SessionTimer timer) {
         return;
     case SessionTimer::AutoLogon:
         return require(pipeline.login == 0, "a prompt that is answered is none any longer");
+    case SessionTimer::Messages:
+        return;
     }
 }
 

@@ -46,7 +46,6 @@ class Client:
         self.store.write_text(section("Client", client) + section("Board", board))
         self.log = open(pathlib.Path(self.folder, "log"), "w+b")
         surroundings = display.environment() | {"XDG_CONFIG_HOME": self.folder + "/config"}
-        self.store = store
         self.process = subprocess.Popen([str(program)], cwd=self.folder, stdout=self.log, stderr=self.log,
                                         env=surroundings | self.desktop(points))
 

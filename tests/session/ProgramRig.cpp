@@ -149,11 +149,16 @@ std::size_t ProgramRig::replayLogOn(const std::vector<std::string_view>& script)
     return count;
 }
 
+// Each packet is read, and what is due with it given, before the next one comes.
 void ProgramRig::sendPackets(std::string_view text, const Pace& pace) {
     for (const std::string_view packet : inPackets(text, pace.packet)) {
         const int before = looks_;
         send(packet);
         EXPECT_TRUE(waitUntil([&] { return looks_ >= before + 2 || fault; }));
+        for (int looks = before; looks != looks_;) {
+            looks = looks_;
+            QCoreApplication::processEvents();
+        }
         steady_ += pace.pauseMs;
     }
 }

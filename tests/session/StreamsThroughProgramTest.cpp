@@ -210,30 +210,3 @@ TEST(StreamsThroughProgram, TellsAndShoutsOfARecordedSessionHaveTheirColours) {
     EXPECT_EQ(holds(rig.consoleLines(colorOf(modChess.ColorShout)), " shouts: "), 1);
     EXPECT_NE(modChess.ColorShout, modChess.ColorMain);
 }
-TEST_P(StreamsThroughProgram, Explore) {
-    const std::string stream = streamText(GetParam().file);
-    const Outcome whole = outcomeOf(stream, Whole);
-    for (const std::size_t size : std::vector<std::size_t>{1, 7, 100, 0, 13, 33, 1460})
-        for (int pause : {0, 2, 10}) {
-            if (size == 1 && stream.size() > 16000) continue;
-            const Outcome cut = outcomeOf(stream, {size, pause, 0});
-            std::cout << "XX " << GetParam().file << " " << size << "/" << pause
-                      << (cut.fault == "none" ? "" : " FAULT") << (cut.games == whole.games ? "" : " games")
-                      << (cut.boards == whole.boards ? "" : " boards")
-                      << (cut.updates == whole.updates ? "" : " updates")
-                      << (cut.console.find("<12> ") == std::string::npos ? "" : " RAW")
-                      << (cut.console == whole.console ? "" : " console") << (cut.text == whole.text ? "" : " TEXT")
-                      << "\n";
-        }
-}
-TEST(StreamsDebug, One) {
-    const std::string stream = streamText("server-b/02_berta_registered.raw");
-    ProgramRig rig;
-    rig.holdTime();
-    rig.connectNow();
-    rig.learnPrompt();
-    rig.replayMessages(stream, {100, 2, 0});
-    std::cout << "FAULT " << rig.fault.value_or("none") << " last batches\n";
-    for (std::size_t i = rig.batches.size() - std::min<std::size_t>(rig.batches.size(), 8); i < rig.batches.size(); ++i)
-        std::cout << "=====BATCH\n" << rig.batches[i] << "\n";
-}
