@@ -100,7 +100,7 @@ private:
     const ClientRoads& roads_;
     ChatRoads chatRoads_;
     WindowPlacer placer_{this};
-    tcpClient tcpClient_;
+    tcpClient tcpClient_{this};
     TimesealBridge bridge_;
     Console* txtOutput = nullptr;
     CommandRow* row_ = nullptr;

@@ -86,9 +86,10 @@ private:
     void answerLogOn();
     std::size_t replayLogOn(const std::vector<std::string_view>& script);
     void sendPackets(std::string_view text, const Pace& pace);
+    bool hasRead() const;
 
     std::int64_t steady_ = 0;
-    int looks_ = 0;     // at the time: one as a packet is read, one as an arrival is looked for in it
+    int looks_ = 0;     // at the time
     TelnetFilter wire_; // what is sent counts as text
     std::size_t sent_ = 0;
     std::size_t fetched_ = 0;
