@@ -39,8 +39,7 @@ class PlayedByHand(unittest.TestCase):
         waitFor(self.screen.find, "the board")
         self.awaitPosition()
         self.display.awaitFocus(self.board())
-        self.display.keys("alt+b", "l")  # Board, Clean: else no piece can be lifted in the first four seconds
-        time.sleep(QUIET)
+        self.fromBoardMenu("l")  # Clean: else no piece can be lifted in the first four seconds
 
     def logOn(self, **settings):
         """Program and partner are there, and no game is."""
@@ -127,12 +126,16 @@ class PlayedByHand(unittest.TestCase):
         self.display.click(*self.screen.centre(end))
 
     def flip(self):
-        """Board, Flip."""
-        self.display.keys("alt+b")
-        self.display.awaitMenu()
-        self.display.keys("f")
+        self.fromBoardMenu("f")  # Flip
         time.sleep(QUIET)
         self.screen.flipped = not self.screen.flipped
+
+    def fromBoardMenu(self, key):
+        """An entry of the menu Board by its letter; what it does is done when the menu has gone."""
+        self.display.keys("alt+b")
+        self.display.awaitMenu()
+        self.display.keys(key)
+        self.display.awaitNoMenu()
 
     def awaitAnother(self, action, what):
         """Does something, and waits until the server has sent another position."""

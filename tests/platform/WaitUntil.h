@@ -5,9 +5,9 @@
 #include <QDeadlineTimer>
 #include <QTimer>
 
-// True as soon as `condition` holds; false after `milliseconds`.
+// True as soon as `condition` holds; false after `milliseconds`, which only a hang reaches.
 template <typename Condition>
-bool waitUntil(Condition condition, int milliseconds = 5000) {
+bool waitUntil(Condition condition, int milliseconds = 30000) {
     const QDeadlineTimer deadline(milliseconds);
     QTimer wake; // looks at the condition from time to time even when nothing else happens
     wake.start(2);
