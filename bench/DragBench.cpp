@@ -62,7 +62,7 @@ void pointerMove(benchmark::State& state, bool dragging) {
     auto& view = *board->findChild<BoardView*>();
     const QPointF e2(4.5 * side, 6.5 * side);
     if (dragging) send(view, QEvent::MouseButtonPress, e2, Qt::LeftButton, Qt::LeftButton);
-    if (board->game.Dragging != dragging || view.geometry().SquarePixels != side) {
+    if (board->game.hand.Dragging != dragging || view.geometry().SquarePixels != side) {
         state.SkipWithError("the board is not as it should be");
     }
     Paints paints;

@@ -22,7 +22,10 @@ void StreamRig::fillSurface(RigBoard& board) {
     surface.paintBoard = [&board] { board.paint(); };
     surface.startClock = [&board] { board.clockRuns = true; };
     surface.stopClock = [&board] { board.clockRuns = false; };
-    surface.startNoPlay = [&board] { board.noPlayRuns = true; };
+    surface.startNoPlay = [&board] {
+        board.noPlayRuns = true;
+        if (board.promotion) board.promotion->givenUp = true;
+    };
     surface.stopNoPlay = [&board] { board.noPlayRuns = false; };
     surface.secondsOfDay = [this] { return static_cast<double>(clock_.millisecondsOfDay()) / 1000; };
     surface.zSendMsg = [this, &board](const std::string& text) { sendFromBoard(board, text); };

@@ -70,7 +70,7 @@ void StreamRig::press(RigBoard& board, int button, int position) {
 void StreamRig::pressUnder(RigBoard& board, int button, int position) {
     board.pointer = position;
     board.held |= button;
-    const bool dragging = board.game.Dragging;
+    const bool dragging = board.game.hand.Dragging;
     const int square = board.squareAt(position);
     const bool lifts =
         !dragging && button == Left && modChess.SelfCheckOK && square != -1 && modelMayTake(board.game, square) != 0;
@@ -80,15 +80,15 @@ void StreamRig::pressUnder(RigBoard& board, int button, int position) {
         board.input.mouseDown(button, point.x, point.y);
     });
     if (dragging) return;
-    require(board.game.Dragging == lifts, "a piece is taken up when the rules let its owner move it");
+    require(board.game.hand.Dragging == lifts, "a piece is taken up when the rules let its owner move it");
     if (!lifts) return;
-    require(board.game.DragFrom == square && board.game.FromSq == square && board.game.FromSet == 1,
+    require(board.game.hand.DragFrom == square && board.game.FromSq == square && board.game.hand.FromSet == 1,
             "the move in hand begins on the square under the pointer");
     board.taken.push_back(square);
 }
 
 void StreamRig::release(RigBoard& board, int button, int position) {
-    const bool inDelay = board.slip != 0 && board.game.Dragging;
+    const bool inDelay = board.slip != 0 && board.game.hand.Dragging;
     if (dragStyle() && button == Left && !inDelay) board.heldPointer = position;
     board.pointer = position;
     board.held &= ~button;
@@ -102,10 +102,10 @@ void StreamRig::movePointer(RigBoard& board, int position) {
     const Game& game = board.game;
     board.pointer = position;
     const int square = board.squareAt(position);
-    const bool hovers = !game.noPlay && board.held == 0 && !game.Dragging && game.FromSet == 0 && modChess.SelfCheckOK;
+    const bool hovers = !game.noPlay && board.held == 0 && !game.hand.Dragging && game.hand.FromSet == 0 && modChess.SelfCheckOK;
     const BoardPoint point = pointOn(board.geometry, position);
     board.input.mouseMoved(board.held, point.x, point.y);
-    require(!hovers || game.MoveMode == (square == -1 ? 0 : modelMayTake(game, square)),
+    require(!hovers || game.hand.MoveMode == (square == -1 ? 0 : modelMayTake(game, square)),
             "a pointer shows what may be taken up");
 }
 
@@ -124,9 +124,9 @@ void StreamRig::land(RigBoard& board, int position) {
 void StreamRig::fireSlip(RigBoard& board) {
     if (board.slip == 0) return;
     const bool endless = board.slip == EndlessSlip;
-    const bool dragging = board.game.Dragging;
+    const bool dragging = board.game.hand.Dragging;
     landing(board, board.heldPointer, [&board] { board.input.tmrSlip(); });
-    require(!endless || (board.slip == EndlessSlip && board.game.Dragging == dragging),
+    require(!endless || (board.slip == EndlessSlip && board.game.hand.Dragging == dragging),
             "the endless delay does not end by itself");
 }
 

@@ -40,18 +40,18 @@ void StreamRig::landing(RigBoard& board, int position, const std::function<void(
     const BeforeLanding before{game.Board,
                                game.Turn,
                                game.MoveRow,
-                               game.MoveMode,
-                               game.Dragging ? game.DragFrom : -1,
+                               game.hand.MoveMode,
+                               game.hand.Dragging ? game.hand.DragFrom : -1,
                                game.PreMoveSet,
                                board.promotion.has_value(),
                                board.movesSent};
     const int to = position == OffBoard ? before.from : board.squareAt(position);
-    const bool inHand = game.Dragging && game.FromSet == 1;
+    const bool inHand = game.hand.Dragging && game.hand.FromSet == 1;
     const bool legal = inHand && to != before.from && modelMayMove(game, before.from, to);
     const bool asks = legal && modelAsks(game, before.from, to);
     act();
     if (before.from == -1) return;
-    if (game.Dragging) {
+    if (game.hand.Dragging) {
         require(game.Board == before.squares && board.movesSent == before.movesSent,
                 "no move is made while it is held");
         require(game.PreMoveSet == before.preMoveSet, "no move is queued while it is held");
@@ -108,14 +108,13 @@ void StreamRig::promote(RigBoard& board, int piece) {
     const BoardSquares squares = game.Board;
     const int turn = game.Turn;
     const long sent = board.movesSent;
-    const bool stands = squares[asked.from] == asked.pawn && turn == asked.turn;
+    const bool stands = !asked.givenUp && squares[asked.from] == asked.pawn && turn == asked.turn;
     board.input.promote(piece);
-    const bool queen = piece == 0 && modChess.AutoQueen != 0; // since the menu came up
     require(board.movesSent == sent + (stands && game.icsMode ? 1 : 0), "an answered promotion is sent once");
     if (stands) {
-        checkPromoted(board, asked, queen ? static_cast<int>(Piece::Queen) : piece);
+        checkPromoted(board, asked, piece);
     } else {
-        require(game.Board == squares && game.Turn == turn, "a pawn or a turn that went takes the promotion along");
+        require(game.Board == squares && game.Turn == turn, "a game, a pawn or a turn that went takes the promotion along");
     }
 }
 
@@ -134,7 +133,7 @@ void StreamRig::checkPromoted(const RigBoard& board, const RigBoard::Promotion& 
 void StreamRig::receivePosition(RigBoard& board, const std::function<void()>& act) {
     const Game& game = board.game;
     const bool queued = game.PreMoveSet;
-    const bool again = game.MoveMode == 1;
+    const bool again = game.hand.MoveMode == 1;
     const int from = game.PreFrom;
     const int to = game.PreTo;
     const long sent = board.movesSent;
@@ -180,11 +179,11 @@ void StreamRig::sendFromBoard(RigBoard& board, const std::string& text) {
 // square where a piece was taken up.
 void StreamRig::checkHand(RigBoard& board) const noexcept {
     const Game& game = board.game;
-    require(game.Dragging || game.FromSet == 0, "a move is in hand only while its piece hangs on the pointer");
+    require(game.hand.Dragging || game.hand.FromSet == 0, "a move is in hand only while its piece hangs on the pointer");
     require(game.PromotePiece == 0 && game.EPGranted == 0, "nothing is left of the move that was made last");
-    require(game.MoveMode >= -1 && game.MoveMode <= 1, "a square may be moved from now, in advance, or not");
+    require(game.hand.MoveMode >= -1 && game.hand.MoveMode <= 1, "a square may be moved from now, in advance, or not");
     std::vector<int> rest;
-    if (game.Dragging) rest.push_back(game.DragFrom);
+    if (game.hand.Dragging) rest.push_back(game.hand.DragFrom);
     if (game.PreMoveSet) rest.push_back(game.PreFrom);
     if (board.promotion) rest.push_back(board.promotion->from);
     for (const int square : rest) {
@@ -204,7 +203,7 @@ void StreamRig::checkMarks(RigBoard& board) const noexcept {
         const bool queued = game.PreMoveSet && (square == game.PreFrom || square == game.PreTo);
         const bool asked = board.promotion && (square == board.promotion->from || square == board.promotion->to);
         const bool marked = board.marks[static_cast<std::size_t>(square)] == 1;
-        require(!marked || queued || asked || (game.Dragging && square == game.DragFrom),
+        require(!marked || queued || asked || (game.hand.Dragging && square == game.hand.DragFrom),
                 "no square is marked but those of a queued move, of a promotion and of the piece in hand");
     }
 }

@@ -17,7 +17,7 @@ inline int modelMayTake(const Game& game, int square) {
     const int owner = signOf(game.Board[square]);
     if (!game.icsMode) return owner == game.Turn ? -1 : 0;
     const bool newest = game.ShownPly + 2 == game.NextPly;
-    if (!newest || game.FromSet != 0) return 0;
+    if (!newest || game.hand.FromSet != 0) return 0;
     switch (game.Style12Record.Relation) {
     case 1:
     case 2:

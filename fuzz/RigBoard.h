@@ -29,6 +29,7 @@ struct RigBoard {
         int turn;
         int row;
         bool up = true;
+        bool givenUp = false; // a new game has begun on the board
     };
     std::optional<Promotion> promotion; // not answered yet
     std::optional<DropEntries> drops;   // the drop menu while it is up

@@ -116,7 +116,7 @@ void RulesRun::move(int from, int to) {
     require(from == to || game.zMoveLegal(from, to) == legal, "the rules allow what they should");
     const std::string text = make(from, to, legal);
     require(text.empty() != legal, "a move is made if the rules allow it");
-    require(game.FromSet == 0, "no move is in hand behind one");
+    require(game.hand.FromSet == 0, "no move is in hand behind one");
     if (legal) return checkMade(before, from, to, text);
     require(game.Board == before.squares && game.Turn == before.turn && game.MoveRow == before.row,
             "a refused move changes nothing");

@@ -22,8 +22,7 @@ void Game::mnuClean() {
 void Game::zExitMove() {
     noPlay = true;
     surface.startNoPlay();
-    Dragging = false;
-    FromSet = 0;
+    hand.giveUp();
     zBoardSetup(false);
 }
 

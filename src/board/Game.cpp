@@ -26,7 +26,7 @@ bool readInto(Style12Record& record, std::string_view line, Style12Fields fields
 void Game::beginLoad() {
     modChess.SelfCheckOK = true;
     Style12Record.Relation = -100;
-    DragAlpha = 128;
+    hand.DragAlpha = 128;
     id = nextBoardId();
 }
 
@@ -43,7 +43,7 @@ void Game::zEndParms() {
     Style12Record.Relation = -100;
     surface.showUn(false);
     surface.stopClock();
-    MoveMode = 0;
+    hand.MoveMode = 0;
     PreMoveSet = false;
     gameIndex = 0;
     icsMode = false;

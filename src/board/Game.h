@@ -5,6 +5,7 @@
 #include "board/GameSurface.h"
 #include "board/Holdings.h"
 #include "board/MoveGridState.h"
+#include "board/MoveInHand.h"
 #include "board/PositionStore.h"
 #include "common/Style12Record.h"
 
@@ -58,18 +59,12 @@ struct Game {
     bool Flipped = false;
 
     // The move in hand
+    MoveInHand hand;
     std::int16_t FromSq = 0;
     std::int16_t ToSq = 0;
-    std::int16_t FromSet = 0;  // 1 while a from-square has been chosen
-    std::int16_t MoveMode = 0; // -1 may move now, 1 may pre-move, 0 neither
     bool PreMoveSet = false;
     std::int16_t PreFrom = 0;
     std::int16_t PreTo = 0;
-    std::int16_t DragFrom = 0;
-    bool Dragging = false;
-    std::uint8_t DragAlpha = 0; // 128 while dragging, 255 at the drop, 0 erases
-    float MouseX = 0;           // pixels of picChess
-    float MouseY = 0;
     std::int16_t HiFrom = 0; // squares painted as the last move; outside 0..63 for none
     std::int16_t HiTo = 0;
     bool noPlay = false; // no piece can be lifted

@@ -1,10 +1,12 @@
 // The end of a move by mouse: queued as the pre-move, or played and written down.
 #include "board/MoveInput.h"
 
+#include "common/RaisedFlag.h"
+
 #include <utility>
 
 void MoveInput::zSqFinish(int square) {
-    if (game.MoveMode != 1) {
+    if (game.hand.MoveMode != 1) {
         playMove(square);
         return;
     }
@@ -19,7 +21,7 @@ void MoveInput::showFinished() {
 
 // No rule is tested here: the position in which the pre-move will be played is not known yet.
 void MoveInput::queuePreMove(int square) {
-    game.FromSet = 0;
+    game.hand.FromSet = 0;
     if (game.PreMoveSet) unmarkPreMove();
     game.PreMoveSet = square != game.FromSq;
     if (!game.PreMoveSet) {
@@ -40,7 +42,7 @@ void MoveInput::unmarkPreMove() {
 
 void MoveInput::playMove(int square) {
     // A pre-move that a position played with this piece in hand has taken the from-square: both squares go back.
-    if (game.FromSet != 1) game.ToSq = static_cast<std::int16_t>(square);
+    if (game.hand.FromSet != 1) game.ToSq = static_cast<std::int16_t>(square);
     if (game.asksPromotion(square)) {
         askPromotion(square);
         return;
@@ -60,31 +62,32 @@ void MoveInput::playMove(int square) {
 // Positions may arrive while the menu is up, and one that plays a pre-move may ask again: the move that waits goes
 // back.
 void MoveInput::askPromotion(int square) {
-    if (promotion_) putBack(*promotion_);
-    game.FromSet = 0;
+    if (game.hand.promotion) putBack(*game.hand.promotion);
+    game.hand.FromSet = 0;
     game.ToSq = static_cast<std::int16_t>(square);
-    promotion_ = Promotion{game.FromSq, square, game.Board[game.FromSq], game.Turn, game.MoveRow};
+    game.hand.promotion = AskedPromotion{game.FromSq, square, game.Board[game.FromSq], game.Turn, game.MoveRow};
     surface.popupPromote();
 }
 
 void MoveInput::promote(int piece) {
-    const auto asked = std::exchange(promotion_, std::nullopt);
+    const auto asked = std::exchange(game.hand.promotion, std::nullopt);
     if (!asked) return;
     game.FromSq = static_cast<std::int16_t>(asked->from);
     game.ToSq = static_cast<std::int16_t>(asked->to);
     if (game.Board[asked->from] != asked->pawn || game.Turn != asked->turn) { // another game or a takeback came
         putBack(*asked);
     } else {
-        const auto inHand = std::exchange(game.FromSet, std::int16_t{1}); // a piece lifted since stays in hand
+        const auto inHand = std::exchange(game.hand.FromSet, std::int16_t{1}); // a piece lifted since stays in hand
+        const RaisedFlag answered(game.hand.promotionAnswered);
         game.PromotePiece = static_cast<std::int16_t>(piece);
         const std::string text = game.zMakeMove(asked->to, false, true);
-        game.FromSet = inHand;
+        game.hand.FromSet = inHand;
         keepMove(asked->row, (1 - asked->turn) / 2, text);
     }
     showFinished();
 }
 
-void MoveInput::putBack(const Promotion& asked) const {
+void MoveInput::putBack(const AskedPromotion& asked) const {
     game.drawSquare(asked.from, 0);
     game.drawSquare(asked.to, 0);
 }

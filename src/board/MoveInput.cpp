@@ -22,7 +22,7 @@ int pointerPicture(int moveMode) { return moveMode == -1 ? 3 : moveMode == 1 ? 4
 void MoveInput::mouseDown(int button, float x, float y) {
     if (!modChess.SelfCheckOK) return;
     pointTo(x, y);
-    if (game.Dragging) {
+    if (game.hand.Dragging) {
         pressWhileDragging(button, x, y);
         return;
     }
@@ -33,8 +33,8 @@ void MoveInput::mouseDown(int button, float x, float y) {
         openDropMenu(square);
         return;
     }
-    game.MoveMode = game.zMoveOK(square);
-    if (button == Left && game.MoveMode != 0) lift(square, x, y);
+    game.hand.MoveMode = game.zMoveOK(square);
+    if (button == Left && game.hand.MoveMode != 0) lift(square, x, y);
 }
 
 // In click style the second click drops the piece. In drag style the right button ends the delay, an endless one too.
@@ -45,29 +45,29 @@ void MoveInput::pressWhileDragging(int button, float x, float y) {
         zMouseUp(x, y);
     } else if (button == Right && slipping_) {
         stopSlip();
-        zMouseUp(SlipX, SlipY);
+        zMouseUp(game.hand.SlipX, game.hand.SlipY);
     }
 }
 
 void MoveInput::lift(int square, float x, float y) {
     stopSlip(); // one that runs from a click without a piece would drop this one
-    game.Dragging = true;
+    game.hand.Dragging = true;
     liftedCode_ = game.Board[square];
-    liftedMode_ = game.MoveMode;
-    game.drawSquare(square, game.MoveMode);
+    liftedMode_ = game.hand.MoveMode;
+    game.drawSquare(square, game.hand.MoveMode);
     game.surface.keepPicture();
     surface.zYankPiece(square);
-    game.surface.zMovePiece(x, y, game.DragAlpha);
-    game.DragFrom = static_cast<std::int16_t>(square);
+    game.surface.zMovePiece(x, y, game.hand.DragAlpha);
+    game.hand.DragFrom = static_cast<std::int16_t>(square);
     game.zSetFrom(square);
 }
 
 void MoveInput::mouseMoved(int button, float x, float y) {
     if (game.noPlay) return;
     pointTo(x, y);
-    if (button != 0 || game.Dragging) {
-        if (follows(button)) game.surface.zMovePiece(x, y, game.DragAlpha);
-    } else if (game.FromSet > 0) {
+    if (button != 0 || game.hand.Dragging) {
+        if (follows(button)) game.surface.zMovePiece(x, y, game.hand.DragAlpha);
+    } else if (game.hand.FromSet > 0) {
         zSqFinish(HandSquare);
     } else if (modChess.SelfCheckOK) {
         hover(surface.zGetSqr(x, y));
@@ -75,27 +75,27 @@ void MoveInput::mouseMoved(int button, float x, float y) {
 }
 
 void MoveInput::pointTo(float x, float y) {
-    game.MouseX = x;
-    game.MouseY = y;
+    game.hand.MouseX = x;
+    game.hand.MouseY = y;
 }
 
 bool MoveInput::follows(int button) const {
-    if (!game.Dragging) return false;
+    if (!game.hand.Dragging) return false;
     if (!dragStyle()) return button == 0 || button == Left;
     return (button & Left) != 0 && !inDelay();
 }
 
 void MoveInput::hover(int position) {
-    game.MoveMode = position == OffBoard ? std::int16_t{0} : game.zMoveOK(surface.DisplaySquare(position));
-    game.surface.setPointerPicture(pointerPicture(game.MoveMode));
+    game.hand.MoveMode = position == OffBoard ? std::int16_t{0} : game.zMoveOK(surface.DisplaySquare(position));
+    game.surface.setPointerPicture(pointerPicture(game.hand.MoveMode));
 }
 
 // Only the button that drags lets go, and only once: a click in the delay leaves the held point alone.
 void MoveInput::mouseUp(int button, float x, float y) {
     if (!dragStyle() || button != Left || inDelay()) return;
     pointTo(x, y);
-    SlipX = x;
-    SlipY = y;
+    game.hand.SlipX = x;
+    game.hand.SlipY = y;
     const int delay = slipDelay(modChess.MouseSlip);
     if (delay > 0) {
         startSlip(delay);
@@ -107,7 +107,7 @@ void MoveInput::mouseUp(int button, float x, float y) {
 void MoveInput::tmrSlip() {
     if (slipInterval_ >= EndlessSlip) return;
     stopSlip();
-    zMouseUp(SlipX, SlipY);
+    zMouseUp(game.hand.SlipX, game.hand.SlipY);
 }
 
 void MoveInput::startSlip(int milliseconds) {
@@ -122,12 +122,12 @@ void MoveInput::stopSlip() {
 }
 
 void MoveInput::zMouseUp(float x, float y) {
-    if (!game.Dragging) return;
-    game.Dragging = false;
-    game.FromSq = game.DragFrom;
+    if (!game.hand.Dragging) return;
+    game.hand.Dragging = false;
+    game.FromSq = game.hand.DragFrom;
     int position = surface.zGetSqr(x, y);
     const bool beside = position == OffBoard;
-    if (beside) position = surface.DisplaySquare(game.DragFrom);
+    if (beside) position = surface.DisplaySquare(game.hand.DragFrom);
     const BoardPoint centre = surface.centreOf(position);
     game.surface.zMovePiece(centre.x, centre.y, 255);
     zSqFinish(surface.DisplaySquare(position));
@@ -141,23 +141,21 @@ void MoveInput::zMouseUp(float x, float y) {
 // a queued pre-move would then be queued again by the position that is to play it.
 void MoveInput::rest(bool beside) {
     if (game.noPlay || !modChess.SelfCheckOK) return;
-    hover(beside ? OffBoard : surface.zGetSqr(game.MouseX, game.MouseY));
+    hover(beside ? OffBoard : surface.zGetSqr(game.hand.MouseX, game.hand.MouseY));
 }
 
 void MoveInput::boardPainted() {
-    if (!game.Dragging) return;
-    if (game.Board[game.DragFrom] == liftedCode_) {
-        game.drawSquare(game.DragFrom, liftedMode_);
-        surface.zYankPiece(game.DragFrom);
+    if (!game.hand.Dragging) return;
+    if (game.Board[game.hand.DragFrom] == liftedCode_) {
+        game.drawSquare(game.hand.DragFrom, liftedMode_);
+        surface.zYankPiece(game.hand.DragFrom);
     }
-    game.surface.zMovePiece(game.MouseX, game.MouseY, game.DragAlpha);
+    game.surface.zMovePiece(game.hand.MouseX, game.hand.MouseY, game.hand.DragAlpha);
 }
 
 void MoveInput::stop() {
     stopSlip();
-    game.Dragging = false;
-    game.FromSet = 0;
-    promotion_.reset();
+    game.hand.giveUp();
     DropSquare.clear();
 }
 

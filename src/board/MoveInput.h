@@ -6,7 +6,6 @@
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 
 // One entry of the drop menu.
@@ -50,8 +49,6 @@ struct MoveInput {
 
     Game& game;
     MoveInputSurface surface;
-    float SlipX = 0; // the point at the mouse-up that tmrSlip holds
-    float SlipY = 0;
     std::string DropSquare; // name of the square on which the drop menu was opened
 
     // The mouse over picChess
@@ -65,7 +62,7 @@ struct MoveInput {
     // Lands the piece that hangs on the pointer in the square at a point; one let go beside the board goes back to
     // where it was lifted.
     void zMouseUp(float x, float y);
-    // Finishes the move in hand on `square`: queued as the pre-move while Game::MoveMode is 1, else played. A pawn that
+    // Finishes the move in hand on `square`: queued as the pre-move while MoveMode is 1, else played. A pawn that
     // needs its promotion named goes when promote() is called. Faults (subscript) past row 200.
     void zSqFinish(int square);
     // The answer of mnuPromote: 2 queen, 3 rook, 4 bishop, 5 knight, 0 for a menu that was dismissed. No move is made
@@ -80,16 +77,7 @@ struct MoveInput {
     void stop();
 
 private:
-    // The move that waits for its promotion, and where it stood when it was made.
-    struct Promotion {
-        int from;
-        int to;
-        int pawn; // its code
-        int turn;
-        int row;
-    };
-
-    bool inDelay() const { return slipping_ && game.Dragging; }
+    bool inDelay() const { return slipping_ && game.hand.Dragging; }
     bool follows(int button) const;
     void pressWhileDragging(int button, float x, float y);
     void lift(int square, float x, float y);
@@ -103,13 +91,12 @@ private:
     void unmarkPreMove();
     void playMove(int square);
     void askPromotion(int square);
-    void putBack(const Promotion& asked) const;
+    void putBack(const AskedPromotion& asked) const;
     void showFinished();
     void keepMove(int row, int col, const std::string& text);
 
     bool slipping_ = false;  // tmrSlip runs
     int slipInterval_ = 165; // of tmrSlip, milliseconds
-    std::optional<Promotion> promotion_;
-    int liftedCode_ = 0; // the piece on the pointer
-    int liftedMode_ = 0; // how its square was marked
+    int liftedCode_ = 0;     // the piece on the pointer
+    int liftedMode_ = 0;     // how its square was marked
 };

@@ -24,8 +24,8 @@ RookStep rookStep(int from, int to) {
 } // namespace
 
 std::string Game::zMakeMove(int to, bool check, bool display) {
-    if (FromSet != 1) return "";
-    FromSet = 0;
+    if (hand.FromSet != 1) return "";
+    hand.FromSet = 0;
     const int from = FromSq;
     if (to == from) return "";
     ToSq = static_cast<std::int16_t>(to);
@@ -50,7 +50,7 @@ std::string Game::zMakeMove(int to, bool check, bool display) {
 
 bool Game::asksPromotion(int to) {
     const int from = FromSq;
-    if (FromSet != 1 || to < 0 || !promotes(Board[from], to)) return false;
+    if (hand.FromSet != 1 || to < 0 || !promotes(Board[from], to)) return false;
     if (PromotePiece != 0 || modChess.AutoQueen != 0) return false;
     return from == HandSquare || zMoveLegal(from, to);
 }

@@ -144,7 +144,7 @@ std::int16_t Game::zMoveOK(int square) const {
     const int sign = signOf(Board[square]);
     if (noPlay) return 0;
     if (!icsMode) return answer(sign == Turn);
-    if (ShownPly != NextPly - 2 || FromSet != 0) return 0;
+    if (ShownPly != NextPly - 2 || hand.FromSet != 0) return 0;
     const int relation = Style12Record.Relation;
     if (relation == 1 || relation == 2) return answer(sign == Turn);
     return relation == -1 && modChess.PreMoveOK != 0 && sign == -Turn ? 1 : 0;
@@ -152,7 +152,7 @@ std::int16_t Game::zMoveOK(int square) const {
 
 void Game::zSetFrom(int square) {
     FromSq = static_cast<std::int16_t>(square);
-    FromSet = 1;
+    hand.FromSet = 1;
 }
 
 bool Game::zMoveLegal(int from, int to) {

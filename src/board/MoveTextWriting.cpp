@@ -44,7 +44,7 @@ std::string Game::zMoveText(int from, int to) {
     const bool captures = Board[to] != 0 || EPCapture != 0;
     std::string promotion;
     if (promotes(piece, to)) {
-        if (PromotePiece == 0 && modChess.AutoQueen != 0) PromotePiece = Piece::Queen;
+        if (PromotePiece == 0 && !hand.promotionAnswered && modChess.AutoQueen != 0) PromotePiece = Piece::Queen;
         Board[from] = static_cast<std::int16_t>(Turn * PromotePiece);
         promotion = promotionPart(PromotePiece);
     }

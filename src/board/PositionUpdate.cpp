@@ -8,8 +8,8 @@
 #include <cstdlib>
 
 void Game::zSetPosition(bool init, bool noShow) {
-    DragAlpha = 0;
-    if (Dragging) surface.zMovePiece(0, 0, 0); // squares paint on a clean surface
+    hand.DragAlpha = 0;
+    if (hand.Dragging) surface.zMovePiece(0, 0, 0); // squares paint on a clean surface
     putPosition(init, noShow);
     zUpdate();
     if (init) {
@@ -126,15 +126,15 @@ void Game::finishMoveInHand() {
     if (PreMoveSet) {
         PreMoveSet = false;
         FromSq = PreFrom;
-        FromSet = 1;
+        hand.FromSet = 1;
         surface.zSqFinish(PreTo);
     } else {
-        FromSq = DragFrom;
+        FromSq = hand.DragFrom;
     }
-    MoveMode = 0;
-    DragAlpha = 128;
-    if (Dragging) {
+    hand.MoveMode = 0;
+    hand.DragAlpha = 128;
+    if (hand.Dragging) {
         surface.keepPicture();
-        surface.zMovePiece(MouseX, MouseY, DragAlpha);
+        surface.zMovePiece(hand.MouseX, hand.MouseY, hand.DragAlpha);
     }
 }

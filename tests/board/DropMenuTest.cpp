@@ -73,10 +73,10 @@ TEST(DropMenu, AtOtherRelationsARightClickDoesNothingAtAll) {
     for (const int relation : {0, -1, -2, -3, -100}) {
         Bughouse rig;
         rig.game.Style12Record.Relation = static_cast<std::int16_t>(relation);
-        rig.game.MoveMode = -1;
+        rig.game.hand.MoveMode = -1;
         rig.press("e4", Bughouse::Right);
         EXPECT_TRUE(rig.effects.empty()) << relation;
-        EXPECT_EQ(rig.game.MoveMode, -1) << relation;
+        EXPECT_EQ(rig.game.hand.MoveMode, -1) << relation;
     }
 }
 
@@ -85,7 +85,7 @@ TEST(DropMenu, AnOccupiedSquareOpensNone) {
     rig.press("e2", Bughouse::Right);
     rig.press("e7", Bughouse::Right);
     EXPECT_TRUE(rig.effects.empty());
-    EXPECT_EQ(rig.game.MoveMode, 0) << "of the square pressed last";
+    EXPECT_EQ(rig.game.hand.MoveMode, 0) << "of the square pressed last";
 }
 
 TEST(DropMenu, WithoutHoldingsShownThereIsNone) {

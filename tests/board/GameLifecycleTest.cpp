@@ -16,7 +16,7 @@ TEST(GameLifecycle, ALoadedBoardIsIdleOnTheStartPosition) {
     EXPECT_EQ(game.Board[4], 1);
     EXPECT_EQ(game.Board[60], -1);
     EXPECT_EQ(game.Turn, 1);
-    EXPECT_EQ(game.DragAlpha, 128);
+    EXPECT_EQ(game.hand.DragAlpha, 128);
     EXPECT_EQ(game.InitialLine, FixedStartLine);
     EXPECT_EQ(game.grdMoves.row, 1);
     EXPECT_EQ(game.grdMoves.col, 1);
@@ -92,14 +92,14 @@ TEST(GameLifecycle, CmdUnLeavesAnExaminedOrObservedGame) {
 TEST(GameLifecycle, ZEndParmsMakesTheBoardIdle) {
     BoardRig rig;
     rig.open();
-    rig.game.MoveMode = 1;
+    rig.game.hand.MoveMode = 1;
     rig.game.PreMoveSet = true;
     rig.game.Deviated = 7;
     rig.game.zEndParms();
     EXPECT_EQ(rig.game.xMyRel(), "-100");
     EXPECT_EQ(rig.game.gameIndex, 0);
     EXPECT_FALSE(rig.game.icsMode);
-    EXPECT_EQ(rig.game.MoveMode, 0);
+    EXPECT_EQ(rig.game.hand.MoveMode, 0);
     EXPECT_FALSE(rig.game.PreMoveSet);
     EXPECT_TRUE(rig.game.GridLightOn);
     EXPECT_TRUE(rig.game.CanForward);
@@ -206,12 +206,12 @@ TEST(GameLifecycle, MnuNewClearsTheBoard) {
 
 TEST(GameLifecycle, ZExitMoveGivesUpTheMoveInHandForFourSeconds) {
     BoardRig rig;
-    rig.game.Dragging = true;
-    rig.game.FromSet = 1;
+    rig.game.hand.Dragging = true;
+    rig.game.hand.FromSet = 1;
     rig.game.zExitMove();
     EXPECT_TRUE(rig.game.noPlay);
-    EXPECT_FALSE(rig.game.Dragging);
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_FALSE(rig.game.hand.Dragging);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_EQ(rig.effects, (std::vector<std::string>{"startNoPlay", "paint", "picture"}));
 
     rig.effects.clear();

@@ -30,8 +30,8 @@ struct InDelay : Lifted {
         release("e4");
         effects.clear();
     }
-    bool pending() const { return game.Dragging && all("send").empty(); }
-    bool played() const { return !game.Dragging && all("send") == Effects{"send e2-e4"}; }
+    bool pending() const { return game.hand.Dragging && all("send").empty(); }
+    bool played() const { return !game.hand.Dragging && all("send") == Effects{"send e2-e4"}; }
 };
 
 } // namespace
@@ -42,7 +42,7 @@ TEST(MouseDown, NothingHappensWhileTheSelfCheckIsUnfinished) {
     MyGame rig;
     modChess.SelfCheckOK = false;
     rig.press("e2");
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
     EXPECT_TRUE(rig.effects.empty());
 }
 
@@ -51,7 +51,7 @@ TEST(MouseDown, WhileTheSelfCheckIsUnfinishedAPieceInHandStaysThereToo) {
     modChess.DragMode = 0;
     modChess.SelfCheckOK = false;
     clicked.press("e4");
-    EXPECT_TRUE(clicked.game.Dragging);
+    EXPECT_TRUE(clicked.game.hand.Dragging);
     EXPECT_TRUE(clicked.effects.empty());
     InDelay rig;
     modChess.SelfCheckOK = false;
@@ -66,7 +66,7 @@ TEST(MouseDown, DragModeIsOnByEveryNumberButZero) {
         modChess.DragMode = mode;
         rig.press("e2");
         rig.press("e4");
-        EXPECT_TRUE(rig.game.Dragging) << mode << ": no second click";
+        EXPECT_TRUE(rig.game.hand.Dragging) << mode << ": no second click";
         rig.release("e4");
         EXPECT_EQ(rig.all("send"), Effects{"send e2-e4"}) << mode;
     }
@@ -76,11 +76,11 @@ TEST(MouseDown, TheLeftButtonLiftsAPieceThatMayMoveStepByStep) {
     MyGame rig;
     rig.press("e2");
     EXPECT_EQ(rig.effects, (Effects{"draw 12 -1", "picture", "yank 12", rig.pieceAt("e2", 128)}));
-    EXPECT_TRUE(rig.game.Dragging);
-    EXPECT_EQ(rig.game.DragFrom, 12);
+    EXPECT_TRUE(rig.game.hand.Dragging);
+    EXPECT_EQ(rig.game.hand.DragFrom, 12);
     EXPECT_EQ(rig.game.FromSq, 12);
-    EXPECT_EQ(rig.game.FromSet, 1);
-    EXPECT_EQ(rig.game.MoveMode, -1);
+    EXPECT_EQ(rig.game.hand.FromSet, 1);
+    EXPECT_EQ(rig.game.hand.MoveMode, -1);
 }
 
 TEST(MouseDown, APieceThatMayPreMoveLeavesItsSquareInThePreMoveColour) {
@@ -88,17 +88,17 @@ TEST(MouseDown, APieceThatMayPreMoveLeavesItsSquareInThePreMoveColour) {
     rig.openWaiting();
     rig.press("g1");
     EXPECT_EQ(rig.effects.front(), "draw 6 1");
-    EXPECT_EQ(rig.game.MoveMode, 1);
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_EQ(rig.game.hand.MoveMode, 1);
+    EXPECT_TRUE(rig.game.hand.Dragging);
 }
 
 TEST(MouseDown, APieceThatMayNotMoveStays) {
     MyGame rig;
-    rig.game.MoveMode = -1;
+    rig.game.hand.MoveMode = -1;
     for (const char* square : {"e7", "e4"}) {
         rig.press(square);
-        EXPECT_FALSE(rig.game.Dragging) << square;
-        EXPECT_EQ(rig.game.MoveMode, 0) << square;
+        EXPECT_FALSE(rig.game.hand.Dragging) << square;
+        EXPECT_EQ(rig.game.hand.MoveMode, 0) << square;
     }
     EXPECT_TRUE(rig.effects.empty());
 }
@@ -106,8 +106,8 @@ TEST(MouseDown, APieceThatMayNotMoveStays) {
 TEST(MouseDown, TheRightButtonLiftsNothingButSetsMoveMode) {
     MyGame rig;
     rig.press("e2", MyGame::Right);
-    EXPECT_FALSE(rig.game.Dragging);
-    EXPECT_EQ(rig.game.MoveMode, -1);
+    EXPECT_FALSE(rig.game.hand.Dragging);
+    EXPECT_EQ(rig.game.hand.MoveMode, -1);
     EXPECT_TRUE(rig.effects.empty());
 }
 
@@ -115,14 +115,14 @@ TEST(MouseDown, OnATurnedBoardTheSquareUnderThePointerIsLifted) {
     MyGame rig;
     rig.turnBoard();
     rig.input.mouseDown(1, 3 * 54 + 5, 54 + 5); // e2 is the fourth from the left, the second from above
-    EXPECT_EQ(rig.game.DragFrom, 12);
+    EXPECT_EQ(rig.game.hand.DragFrom, 12);
 }
 
 TEST(MouseDown, BesideTheBoardNothingIsLifted) {
     MyGame rig;
     rig.input.mouseDown(1, -1, 400);
     rig.input.mouseDown(2, 400, 432);
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
     EXPECT_TRUE(rig.effects.empty());
 }
 
@@ -130,10 +130,10 @@ TEST(MouseDown, ForFourSecondsAfterAGameOpenedNothingIsLifted) {
     MyGame rig;
     rig.game.zExitMove();
     rig.press("e2");
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
     rig.game.tmrNoPlay();
     rig.press("e2");
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
 }
 
 // Mouse down with a piece in hand
@@ -146,14 +146,14 @@ TEST(MouseDown, InClickStyleTheSecondLeftClickMovesAtOnce) {
     rig.release("e2");
     rig.press("e4");
     EXPECT_EQ(rig.all("send"), Effects{"send e2-e4"});
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
 }
 
 TEST(MouseDown, InClickStyleOtherButtonsDoNothingWithAPieceInHand) {
     Lifted rig;
     modChess.DragMode = 0;
     for (const int button : {2, 4}) rig.press("e4", button);
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
     EXPECT_TRUE(rig.effects.empty());
 }
 
@@ -168,7 +168,7 @@ TEST(MouseDown, InClickStyleASecondClickStopsADelayThatRuns) {
 TEST(MouseDown, InDragStyleNoButtonDoesAnythingWithoutADelay) {
     Lifted rig;
     for (const int button : {1, 2, 4}) rig.press("e4", button);
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
     EXPECT_TRUE(rig.effects.empty());
 }
 
@@ -178,7 +178,7 @@ TEST(MouseDown, ARightClickWithNoDelayRunningDoesNothingToADrag) {
         modChess.MouseSlip = mouseSlip;
         rig.press("e4", Lifted::Right);
         rig.release("e4", Lifted::Right);
-        EXPECT_TRUE(rig.game.Dragging);
+        EXPECT_TRUE(rig.game.hand.Dragging);
         EXPECT_EQ(rig.slip, 0);
         EXPECT_TRUE(rig.effects.empty());
     }
@@ -195,18 +195,18 @@ TEST(MouseDown, TheRightButtonEndsTheDelayAtTheHeldPoint) {
 
 TEST(MouseMove, NothingHappensInTheFirstFourSeconds) {
     Lifted rig;
-    rig.game.MouseX = 7;
+    rig.game.hand.MouseX = 7;
     rig.game.noPlay = true;
     rig.move("e4", 1);
-    EXPECT_EQ(rig.game.MouseX, 7);
+    EXPECT_EQ(rig.game.hand.MouseX, 7);
     EXPECT_TRUE(rig.effects.empty());
 }
 
 TEST(MouseMove, ThePointIsKept) {
     MyGame rig;
     rig.input.mouseMoved(0, 100.5F, 33);
-    EXPECT_EQ(rig.game.MouseX, 100.5F);
-    EXPECT_EQ(rig.game.MouseY, 33);
+    EXPECT_EQ(rig.game.hand.MouseX, 100.5F);
+    EXPECT_EQ(rig.game.hand.MouseY, 33);
 }
 
 TEST(MouseMove, InDragStyleThePieceFollowsTheLeftButtonAlone) {
@@ -231,12 +231,12 @@ TEST(MouseMove, AButtonWithoutAPieceInHandDoesNothing) {
     MyGame rig;
     for (const int button : {1, 2}) rig.move("e2", button);
     EXPECT_TRUE(rig.effects.empty());
-    EXPECT_EQ(rig.game.MoveMode, 0);
+    EXPECT_EQ(rig.game.hand.MoveMode, 0);
 }
 
 TEST(MouseMove, ThePieceFollowsWithTheStrengthOfTheMoment) {
     Lifted rig;
-    rig.game.DragAlpha = 0; // a position is arriving
+    rig.game.hand.DragAlpha = 0; // a position is arriving
     rig.move("e4", 1);
     EXPECT_EQ(rig.effects, Effects{rig.pieceAt("e4", 0)});
 }
@@ -253,21 +253,21 @@ TEST(MouseMove, AFromSquareThatWasLeftOpenIsClosed) {
     rig.game.zSetFrom(12);
     rig.game.ToSq = 33;
     rig.move("a6");
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_EQ(rig.effects, (Effects{"draw 12 0", "picture"})) << "the mark of the last move stays";
 }
 
 TEST(MouseMove, HoveringSetsMoveModeAndThePointerAllTheTime) {
     MyGame rig;
     rig.move("e2");
-    EXPECT_EQ(rig.game.MoveMode, -1);
+    EXPECT_EQ(rig.game.hand.MoveMode, -1);
     rig.move("e5");
-    EXPECT_EQ(rig.game.MoveMode, 0);
+    EXPECT_EQ(rig.game.hand.MoveMode, 0);
     rig.openWaiting();
     rig.move("g1");
-    EXPECT_EQ(rig.game.MoveMode, 1);
+    EXPECT_EQ(rig.game.hand.MoveMode, 1);
     rig.move("g8");
-    EXPECT_EQ(rig.game.MoveMode, 0);
+    EXPECT_EQ(rig.game.hand.MoveMode, 0);
     EXPECT_EQ(rig.effects, (Effects{"pointer 4", "pointer 0"}));
     rig.effects.clear();
     rig.receive(Answered);
@@ -278,9 +278,9 @@ TEST(MouseMove, HoveringSetsMoveModeAndThePointerAllTheTime) {
 
 TEST(MouseMove, HoveringBesideTheBoardMeansNoPiece) {
     MyGame rig;
-    rig.game.MoveMode = -1;
+    rig.game.hand.MoveMode = -1;
     rig.input.mouseMoved(0, 500, 10);
-    EXPECT_EQ(rig.game.MoveMode, 0);
+    EXPECT_EQ(rig.game.hand.MoveMode, 0);
     EXPECT_EQ(rig.effects, Effects{"pointer 0"});
 }
 
@@ -288,14 +288,14 @@ TEST(MouseMove, ThereIsNoHoverWhileTheSelfCheckIsUnfinished) {
     MyGame rig;
     modChess.SelfCheckOK = false;
     rig.move("e2");
-    EXPECT_EQ(rig.game.MoveMode, 0);
+    EXPECT_EQ(rig.game.hand.MoveMode, 0);
     EXPECT_TRUE(rig.effects.empty());
 }
 
 TEST(MouseMove, ThereIsNoHoverWithAPieceInHand) {
     Lifted rig;
     rig.move("e7", 1);
-    EXPECT_EQ(rig.game.MoveMode, -1);
+    EXPECT_EQ(rig.game.hand.MoveMode, -1);
 }
 
 // Mouse up and the delay
@@ -305,7 +305,7 @@ TEST(MouseUp, InClickStyleItDoesNothing) {
     modChess.DragMode = 0;
     modChess.MouseSlip = 3;
     rig.release("e4");
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
     EXPECT_EQ(rig.slip, 0);
     EXPECT_TRUE(rig.effects.empty());
 }
@@ -327,7 +327,7 @@ TEST(MouseUp, EachIndexOfTheSettingHasItsTextAndItsDelay) {
         EXPECT_EQ(mouseSlips[index].text, table[index].first);
         const InDelay rig(static_cast<std::int16_t>(index));
         EXPECT_EQ(rig.slip, table[index].second) << index;
-        EXPECT_EQ(rig.game.Dragging, index > 0) << index;
+        EXPECT_EQ(rig.game.hand.Dragging, index > 0) << index;
     }
 }
 
@@ -335,7 +335,7 @@ TEST(MouseUp, AnIndexOutsideTheTableMeansNoDelay) {
     for (const int index : {-32768, -1, 12, 32767}) {
         const InDelay rig(static_cast<std::int16_t>(index));
         EXPECT_EQ(rig.slip, 0) << index;
-        EXPECT_FALSE(rig.game.Dragging) << index;
+        EXPECT_FALSE(rig.game.hand.Dragging) << index;
     }
 }
 
@@ -356,12 +356,12 @@ TEST(MouseUp, ADelayLeftOverFromAClickDoesNotDropThePieceLiftedAfterIt) {
     rig.release("e5");
     rig.press("e2");
     EXPECT_EQ(rig.slip, 0);
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
 }
 
 TEST(SlipTimer, ItStopsAndTheMoveIsTakenAtTheHeldPoint) {
     InDelay rig;
-    rig.game.MouseX = 5;
+    rig.game.hand.MouseX = 5;
     rig.input.tmrSlip();
     EXPECT_EQ(rig.slip, 0);
     EXPECT_TRUE(rig.played());
@@ -405,7 +405,7 @@ TEST(ZMouseUp, ThePieceLandsSolidInTheMiddleOfItsSquareThenTheMoveIsFinished) {
     rig.input.zMouseUp(4 * 54 + 1, 4 * 54 + 52);
     EXPECT_EQ(rig.effects, (Effects{rig.pieceAt("e4", 255), "draw 12 0", "draw 28 0", "send e2-e4", "picture", "focus",
                                     "pointer 0", "made", "pointer 0"}));
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
     EXPECT_EQ(rig.game.Board[28], 6);
 }
 
@@ -431,7 +431,7 @@ TEST(ZMouseUp, APieceLetGoBesideTheBoardGoesBack) {
     EXPECT_EQ(rig.effects.front(), rig.pieceAt("e2", 255));
     EXPECT_TRUE(rig.saw("draw 12 0"));
     EXPECT_TRUE(rig.all("send").empty());
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
     EXPECT_EQ(rig.game.Board[12], 6);
 }
 

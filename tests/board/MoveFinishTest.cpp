@@ -39,7 +39,7 @@ TEST(PreMove, TheFirstOneIsQueuedAndBothSquaresTakeItsColour) {
     EXPECT_EQ(rig.all("draw"), (Effects{"draw 6 1", "draw 21 1"}));
     EXPECT_TRUE(rig.queued("g1", "f3"));
     EXPECT_EQ(rig.game.ToSq, 21);
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_TRUE(rig.all("send").empty());
 }
 
@@ -47,7 +47,7 @@ TEST(PreMove, PutBackOnItsSquareNothingIsQueued) {
     Waiting rig;
     rig.drag("g1", "g1");
     EXPECT_FALSE(rig.game.PreMoveSet);
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_EQ(rig.all("draw").back(), "draw 6 0") << "and the square is plain again";
 }
 
@@ -59,7 +59,7 @@ TEST(PreMove, ASecondOneReplacesItAndTheFirstPairLosesItsColour) {
     rig.release("d4");
     EXPECT_EQ(rig.all("draw"), (Effects{"draw 6 0", "draw 21 0", "draw 11 1", "draw 27 1"}));
     EXPECT_TRUE(rig.queued("d2", "d4"));
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
 }
 
 TEST(PreMove, DroppingOnItsOwnOriginWhileAnotherIsQueuedTakesThatBack) {
@@ -70,7 +70,7 @@ TEST(PreMove, DroppingOnItsOwnOriginWhileAnotherIsQueuedTakesThatBack) {
     rig.release("d2");
     EXPECT_EQ(rig.all("draw"), (Effects{"draw 6 0", "draw 21 0", "draw 11 0"}));
     EXPECT_FALSE(rig.game.PreMoveSet);
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
 }
 
 TEST(PreMove, NoRuleIsTestedWhenItIsQueued) {
@@ -85,7 +85,7 @@ TEST(PreMove, WithTheSettingOffNothingIsLifted) {
     Waiting rig;
     modChess.PreMoveOK = 0;
     rig.press("g1");
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
 }
 
 TEST(PreMove, LetGoBesideTheBoardItIsTakenBack) {
@@ -94,7 +94,7 @@ TEST(PreMove, LetGoBesideTheBoardItIsTakenBack) {
     rig.press("d2");
     rig.input.zMouseUp(5000, -5000);
     EXPECT_FALSE(rig.game.PreMoveSet);
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
 }
 
 TEST(PreMove, ItIsPlayedByTheNextPosition) {
@@ -128,7 +128,7 @@ TEST(PreMove, WithThePointerOnAnOwnPieceItIsQueuedAgainInsteadOfSent) {
     rig.receive(Answered);
     EXPECT_TRUE(rig.all("send").empty());
     EXPECT_TRUE(rig.queued("g1", "f3"));
-    EXPECT_EQ(rig.game.MoveMode, 0) << "cleared after the call only";
+    EXPECT_EQ(rig.game.hand.MoveMode, 0) << "cleared after the call only";
 }
 
 TEST(PreMove, ThatOneGoesOutWithThePositionAfterIt) {
@@ -176,7 +176,7 @@ TEST(PreMove, TheEndOfTheGameForgetsIt) {
     rig.queue("g1", "f3");
     rig.game.zEndParms();
     EXPECT_FALSE(rig.game.PreMoveSet);
-    EXPECT_EQ(rig.game.MoveMode, 0);
+    EXPECT_EQ(rig.game.hand.MoveMode, 0);
 }
 
 // Moves
@@ -185,7 +185,7 @@ TEST(Finish, ALegalMoveOfALiveGameGoesToTheServer) {
     MyGame rig;
     rig.drag("g1", "f3");
     EXPECT_EQ(rig.all("send"), Effects{"send g1-f3"});
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
 }
 
 TEST(Finish, AnIllegalMoveGoesBackWithoutAWord) {
@@ -204,7 +204,7 @@ TEST(Finish, DroppedOnItsOriginItGivesAPlainRepaint) {
     rig.drag("g1", "g1");
     EXPECT_TRUE(rig.saw("draw 6 0"));
     EXPECT_TRUE(rig.all("send").empty());
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     rig.drag("g1", "f3");
     EXPECT_EQ(rig.all("send"), Effects{"send g1-f3"}) << "and it can be lifted again";
 }
@@ -223,7 +223,7 @@ TEST(Finish, AnyMoveModeButOneIsTheNormalPath) {
     for (const int mode : {-1, 0}) {
         MyGame rig;
         rig.press("e2");
-        rig.game.MoveMode = static_cast<std::int16_t>(mode);
+        rig.game.hand.MoveMode = static_cast<std::int16_t>(mode);
         rig.release("e4");
         EXPECT_EQ(rig.all("send"), Effects{"send e2-e4"}) << mode;
     }

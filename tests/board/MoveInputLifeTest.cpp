@@ -23,9 +23,9 @@ TEST(ArrivingPosition, APieceInHandStaysOnThePointerAndKeepsItsOrigin) {
     rig.receive(Answered);
     EXPECT_EQ(rig.effects.at(1), "piece 0 0 0");
     EXPECT_EQ(rig.effects.back(), rig.pieceAt("f4", 128));
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
     EXPECT_EQ(rig.game.FromSq, 6);
-    EXPECT_EQ(rig.game.FromSet, 1);
+    EXPECT_EQ(rig.game.hand.FromSet, 1);
 }
 
 TEST(ArrivingPosition, APreMoveInHandIsThenPlayedAsAMove) {
@@ -61,10 +61,10 @@ TEST(GameEnds, InTheMiddleOfADragNothingIsSentAndTheBoardIsTheUsersOwn) {
     rig.openWith(MyMove);
     rig.press("e2");
     rig.game.zEndParms();
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
     rig.release("e4");
     EXPECT_TRUE(rig.all("send").empty());
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
     EXPECT_EQ(rig.game.Board[28], 6);
     EXPECT_EQ(rig.game.grdMoves.text(1, 1), "e4");
 }
@@ -86,7 +86,7 @@ TEST(GameEnds, TheDelayThatRunsSendsNothing) {
     rig.game.zEndParms();
     rig.input.tmrSlip();
     EXPECT_TRUE(rig.all("send").empty());
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
 }
 
 // A new game, a repaint
@@ -95,8 +95,8 @@ TEST(MoveInHand, ANewGameOnTheBoardGivesItUp) {
     Waiting rig;
     rig.press("g1");
     rig.game.zExitMove();
-    EXPECT_FALSE(rig.game.Dragging);
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_FALSE(rig.game.hand.Dragging);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     rig.effects.clear();
     rig.release("f3");
     EXPECT_TRUE(rig.effects.empty());
@@ -141,7 +141,7 @@ TEST(MoveInHand, SettingsMayChangeInTheMiddleOfIt) {
     rig.press("e2");
     modChess.DragMode = 0;
     rig.release("e4");
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
     rig.press("e3");
     EXPECT_EQ(rig.all("send"), Effects{"send e2-e3"});
 }

@@ -28,9 +28,9 @@ TEST(MakeMove, WithoutAFromSquareNoMoveIsMade) {
     for (const auto set : std::initializer_list<std::int16_t>{0, 2, -1}) {
         MoveRig rig("Pe2");
         rig.game.FromSq = 12;
-        rig.game.FromSet = set;
+        rig.game.hand.FromSet = set;
         EXPECT_EQ(rig.game.zMakeMove(28, true, true), "");
-        EXPECT_EQ(rig.game.FromSet, set);
+        EXPECT_EQ(rig.game.hand.FromSet, set);
         EXPECT_EQ(rig.at("e2"), 6);
         EXPECT_TRUE(rig.effects.empty());
     }
@@ -41,7 +41,7 @@ TEST(MakeMove, ToTheFromSquareOnlyFreesTheHand) {
     rig.game.ToSq = 5;
     stain(rig);
     EXPECT_EQ(rig.make("e2e2"), "");
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_EQ(rig.game.FromSq, 12);
     EXPECT_EQ(rig.game.ToSq, 5);
     EXPECT_EQ(rig.at("e2"), 6);
@@ -54,7 +54,7 @@ TEST(MakeMove, AnIllegalMoveIsNotMade) {
     MoveRig rig("Pe2");
     stain(rig);
     EXPECT_EQ(rig.make("e2e5"), "");
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_EQ(rig.game.ToSq, 36) << "for the repaint of both squares";
     EXPECT_EQ(rig.at("e2"), 6);
     EXPECT_EQ(rig.game.Turn, 1);
@@ -73,7 +73,7 @@ TEST(MakeMove, APieceLetGoBesideTheBoardMakesNoMove) {
     for (const int to : {64, 65, -1}) {
         rig.game.zSetFrom(0);
         EXPECT_EQ(rig.game.zMakeMove(to, true, true), "") << to;
-        EXPECT_EQ(rig.game.FromSet, 0);
+        EXPECT_EQ(rig.game.hand.FromSet, 0);
         EXPECT_EQ(rig.game.ToSq, to) << "so that no square but the first is repainted";
         EXPECT_EQ(rig.at("a1"), 3) << "although the open file leads to square 64";
     }

@@ -37,7 +37,7 @@ TEST(MoveOK, ALocalBoardAsksNeitherForTheNewestPositionNorForAFreeHand) {
     TwoPawns rig;
     rig.game.NextPly = 10;
     rig.game.ShownPly = 3;
-    rig.game.FromSet = 1;
+    rig.game.hand.FromSet = 1;
     EXPECT_EQ(rig.game.zMoveOK(E2), -1);
 }
 
@@ -76,7 +76,7 @@ TEST(MoveOK, AChosenFromSquareForbidsAnotherInALiveGame) {
         TwoPawns rig;
         modChess.PreMoveOK = 1;
         rig.live(relation);
-        rig.game.FromSet = 1;
+        rig.game.hand.FromSet = 1;
         EXPECT_EQ(rig.game.zMoveOK(relation == -1 ? E7 : E2), 0) << relation;
     }
 }
@@ -112,7 +112,7 @@ TEST(MoveOK, SetFromOpensTheMove) {
     TwoPawns rig;
     rig.game.zSetFrom(E2);
     EXPECT_EQ(rig.game.FromSq, E2);
-    EXPECT_EQ(rig.game.FromSet, 1);
+    EXPECT_EQ(rig.game.hand.FromSet, 1);
 }
 
 TEST(MoveOK, TheSettingOfPreMovesIsOnByEveryNumberButZero) {

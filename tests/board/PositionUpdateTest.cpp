@@ -392,49 +392,49 @@ TEST(SetPosition, AQueuedPreMoveGoesOutAfterStorageSoundAndClocks) {
     rig.game.PreMoveSet = true;
     rig.game.PreFrom = 6;
     rig.game.PreTo = 21;
-    rig.game.MoveMode = 1;
+    rig.game.hand.MoveMode = 1;
     rig.game.surface.zSqFinish = [&rig](int square) {
-        rig.note("finish", square, "from", rig.game.FromSq, rig.game.FromSet, "mode", rig.game.MoveMode, "queued",
+        rig.note("finish", square, "from", rig.game.FromSq, rig.game.hand.FromSet, "mode", rig.game.hand.MoveMode, "queued",
                  rig.game.PreMoveSet, "stored", rig.game.PositionStore.plies[2][36]);
     };
     rig.receive(BlackPlaysE5);
     EXPECT_EQ(rig.effects.back(), "finish 21 from 6 1 mode 1 queued 0 stored -6");
     EXPECT_GE(rig.place("sound move.wav 3"), 0);
     EXPECT_GE(rig.place("clock 0  5:00"), 0);
-    EXPECT_EQ(rig.game.MoveMode, 0) << "cleared only after the call";
+    EXPECT_EQ(rig.game.hand.MoveMode, 0) << "cleared only after the call";
 }
 
 TEST(SetPosition, WithoutAPreMoveTheLiftedPieceKeepsItsOrigin) {
     GameAfterE4 rig;
-    rig.game.DragFrom = 6;
+    rig.game.hand.DragFrom = 6;
     rig.receive(BlackPlaysE5);
     EXPECT_EQ(rig.game.FromSq, 6);
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_TRUE(rig.all("finish").empty());
 }
 
 TEST(SetPosition, ADragSurvivesAnArrivingPosition) {
     GameAfterE4 rig;
-    rig.game.Dragging = true;
-    rig.game.MouseX = 100;
-    rig.game.MouseY = 50;
+    rig.game.hand.Dragging = true;
+    rig.game.hand.MouseX = 100;
+    rig.game.hand.MouseY = 50;
     rig.receive(BlackPlaysE5);
     EXPECT_EQ(rig.effects.at(1), "piece 0 0 0");
     EXPECT_EQ(rig.effects.at(rig.effects.size() - 2), "picture");
     EXPECT_EQ(rig.effects.back(), "piece 100 50 128");
-    EXPECT_TRUE(rig.game.Dragging);
-    EXPECT_EQ(rig.game.DragAlpha, 128);
+    EXPECT_TRUE(rig.game.hand.Dragging);
+    EXPECT_EQ(rig.game.hand.DragAlpha, 128);
 }
 
 TEST(SetPosition, TheBlendStrengthIsZeroUntilThePreMoveWasPlayed) {
     GameAfterE4 rig;
     rig.game.PreMoveSet = true;
     std::vector<int> seen;
-    rig.game.surface.keepPicture = [&] { seen.push_back(rig.game.DragAlpha); };
-    rig.game.surface.zSqFinish = [&](int) { seen.push_back(rig.game.DragAlpha); };
+    rig.game.surface.keepPicture = [&] { seen.push_back(rig.game.hand.DragAlpha); };
+    rig.game.surface.zSqFinish = [&](int) { seen.push_back(rig.game.hand.DragAlpha); };
     rig.receive(BlackPlaysE5);
     EXPECT_EQ(seen, (std::vector<int>{0, 0}));
-    EXPECT_EQ(rig.game.DragAlpha, 128);
+    EXPECT_EQ(rig.game.hand.DragAlpha, 128);
 }
 
 TEST(SetPosition, MoveRow200IsHeldAndRow201FaultsAfterTheSquaresWerePainted) {

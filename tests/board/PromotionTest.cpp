@@ -84,7 +84,7 @@ TEST(AsksPromotion, NotWithoutAMoveInHand) {
     MoveRig rig("Pa7");
     rig.game.FromSq = 48;
     for (const auto set : std::initializer_list<std::int16_t>{0, 2, -1}) {
-        rig.game.FromSet = set;
+        rig.game.hand.FromSet = set;
         EXPECT_FALSE(rig.game.asksPromotion(56)) << set;
     }
 }
@@ -131,8 +131,8 @@ TEST(Promotion, InBothStylesTheMenuIsAskedForOnceAndTheMoveWaitsForTheAnswer) {
 TEST(Promotion, TheHandIsFreeWhileTheMenuIsUp) {
     Promoting rig;
     rig.drag("a7", "a8");
-    EXPECT_FALSE(rig.game.Dragging);
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_FALSE(rig.game.hand.Dragging);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_EQ(rig.game.ToSq, 56);
     EXPECT_TRUE(rig.saw("focus"));
     EXPECT_TRUE(rig.saw("made"));
@@ -161,6 +161,18 @@ TEST(Promotion, ADismissedMenuSendsTheMoveWithoutAPieceAndLosesThePawn) {
     EXPECT_EQ(rig.game.Board[48], 0);
     EXPECT_EQ(rig.game.Board[56], 0);
     EXPECT_EQ(rig.game.Turn, -1) << "it counts as a move";
+}
+
+TEST(Promotion, ADismissedMenuNamesNoPieceThoughQueensHaveBeenSwitchedOnMeanwhile) {
+    Promoting rig;
+    rig.drag("a7", "a8");
+    modChess.AutoQueen = 1;
+    rig.input.promote(0);
+    EXPECT_EQ(rig.all("send"), Effects{"send a7-a8"});
+    EXPECT_EQ(rig.game.Board[56], 0);
+    rig.refresh();
+    rig.drag("b7", "b8");
+    EXPECT_EQ(rig.all("send").back(), "send b7-b8=Q+") << "the next one does";
 }
 
 TEST(Promotion, WithAutoQueenNobodyIsAsked) {
@@ -240,7 +252,7 @@ TEST(UnderThePromotionMenu, ThePositionOnceMoreChangesNothing) {
     rig.input.promote(2);
     EXPECT_EQ(rig.all("send"), Effects{"send a7-a8=Q+"});
     EXPECT_EQ(rig.game.ToSq, 56);
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
 }
 
 TEST(UnderThePromotionMenu, TheMoveIsWrittenDownWhereItStoodWhenItWasMade) {
@@ -259,22 +271,35 @@ TEST(UnderThePromotionMenu, TheEndOfTheGameLeavesTheMoveToTheUsersOwnBoard) {
     rig.input.promote(2);
     EXPECT_TRUE(rig.all("send").empty()) << "there is no game to move in any more";
     EXPECT_EQ(rig.game.Board[56], 2);
-    EXPECT_FALSE(rig.game.Dragging);
+    EXPECT_FALSE(rig.game.hand.Dragging);
 }
 
-TEST(UnderThePromotionMenu, ANewGameGetsNoMoveOfTheOldOneAndBothSquaresAreRepainted) {
+TEST(UnderThePromotionMenu, ANewGameGetsNoMoveOfTheOldOneEvenWhereItsPawnStandsToo) {
     Promoting rig;
     rig.drag("a7", "a8");
     rig.game.zEndParms();
-    rig.open({.game = 13});
+    rig.open({.ranks = Ranks, .game = 13});
     rig.game.zExitMove();
+    rig.effects.clear();
+    rig.input.promote(2);
+    EXPECT_TRUE(rig.effects.empty());
+    EXPECT_EQ(rig.game.Board[48], 6);
+    EXPECT_EQ(rig.game.Board[56], 0);
+    EXPECT_EQ(rig.game.MoveText[1][0], "");
+    EXPECT_EQ(rig.game.Turn, 1);
+}
+
+TEST(UnderThePromotionMenu, APositionWithAnotherPieceOnThePawnsSquareEndsItAndBothSquaresAreRepainted) {
+    Promoting rig;
+    rig.drag("a7", "a8");
+    rig.receive({.ranks = "----k--- nP------ -------- -------- -------- -------- -------- ----K---"});
     rig.effects.clear();
     rig.input.promote(2);
     EXPECT_EQ(rig.effects, (Effects{"draw 48 0", "draw 56 0", "picture"}));
     EXPECT_EQ(rig.game.FromSq, 48);
     EXPECT_EQ(rig.game.ToSq, 56);
-    EXPECT_EQ(rig.game.Board[48], -6);
-    EXPECT_EQ(rig.game.Board[56], -3);
+    EXPECT_EQ(rig.game.Board[48], -5);
+    EXPECT_EQ(rig.game.Board[56], 0);
     EXPECT_EQ(rig.game.MoveText[1][0], "");
     EXPECT_EQ(rig.game.Turn, 1);
 }
@@ -311,7 +336,7 @@ TEST(UnderThePromotionMenu, APieceThatIsLiftedStaysInHand) {
     rig.press("e1");
     rig.input.promote(2);
     EXPECT_EQ(rig.all("send"), Effects{"send a7-a8=Q+"});
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
     rig.release("e2");
     EXPECT_EQ(rig.all("send").back(), "send e1-e2") << "and is put down where the user lets it go";
 }
@@ -356,8 +381,8 @@ TEST(PreMovePromotion, IsAskedForByThePositionWhichEndsBeforeTheAnswer) {
     EXPECT_EQ(rig.asked(), 1U);
     EXPECT_FALSE(rig.game.PreMoveSet);
     EXPECT_TRUE(rig.all("send").empty());
-    EXPECT_EQ(rig.game.DragAlpha, 128) << "the position has been read to its end";
-    EXPECT_EQ(rig.game.FromSet, 0);
+    EXPECT_EQ(rig.game.hand.DragAlpha, 128) << "the position has been read to its end";
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
     rig.effects.clear();
     rig.input.promote(3);
     EXPECT_EQ(rig.effects, (Effects{"draw 48 0", "draw 56 0", "send a7-a8=R+", "picture"}));
@@ -397,8 +422,8 @@ TEST(PreMovePromotion, WithAPieceInHandLeavesItThereAndTheAnswerStillCounts) {
     EXPECT_TRUE(rig.game.PreMoveSet) << "the lift made this the pointer's piece";
     rig.opponentMoves();
     EXPECT_EQ(rig.asked(), 1U);
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
     rig.input.promote(2);
     EXPECT_EQ(rig.all("send"), Effects{"send a7-a8=Q+"});
-    EXPECT_TRUE(rig.game.Dragging);
+    EXPECT_TRUE(rig.game.hand.Dragging);
 }

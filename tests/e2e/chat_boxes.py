@@ -165,9 +165,12 @@ class LinesOfTheServer(Windows, unittest.TestCase):
 
     def beginWithABox(self, tell, title):
         """That tell has opened a box, and the keys are with the console again."""
-        self.server.say(f"\n\r{tell}{PROMPT}")
-        self.box = self.openBox(title)
         self.console = self.focusConsole()
+        before = self.text(self.console)
+        self.server.say(f"\n\r{tell}{PROMPT}")
+        waitFor(lambda: self.text(self.console) != before, f"{tell!r} in the console")
+        self.box = self.openBox(title)
+        self.focusConsole()
         time.sleep(QUIET)
 
     def awaitIn(self, changing, still, *lines):

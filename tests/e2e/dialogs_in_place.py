@@ -3,7 +3,7 @@
 import socket
 import unittest
 
-from framed import ManagedDisplay
+from managed import ManagedDisplay
 from rig import SCALE, TWIPS, Client, waitFor
 
 CONSOLE, BOARD = "Brightrank - Client", "Brightrank - Board"
@@ -27,7 +27,7 @@ class DialogsInPlace(unittest.TestCase):
         return self.client.end()
 
     def choose(self, title, menu, key):
-        self.display.focus(title)
+        self.display.activate(title)
         self.display.keys(menu)
         self.display.keys(key)
 
@@ -54,7 +54,7 @@ class DialogsInPlace(unittest.TestCase):
     def testTheColoursStandAtTheCornerOfABoardThatWasMoved(self):
         self.begin()
         self.display.settled(BOARD)
-        self.display.ask("xdotool", "windowmove", "--sync", self.display.named(BOARD), str(300 * SCALE), str(200 * SCALE))
+        self.display.move(BOARD, 300 * SCALE, 200 * SCALE)
         self.choose(BOARD, "alt+b", "c")
         self.expectCorner("Board Colors", *self.corner(BOARD))
 
@@ -68,12 +68,11 @@ class DialogsInPlace(unittest.TestCase):
         self.begin(boardWidth=9000)
         self.choose(BOARD, "alt+a", "m")
         self.display.settled("Match")
-        self.display.ask("xdotool", "windowmove", "--sync", self.display.named("Match"), str(200 * SCALE),
-                         str(150 * SCALE))
+        self.display.move("Match", 200 * SCALE, 150 * SCALE)
         moved = self.corner("Match")
-        self.display.focus("Match")
+        self.display.activate("Match")
         self.display.keys("Escape")
-        waitFor(lambda: self.display.named("Match") is None, "the dialog to close")
+        waitFor(lambda: self.display.numberNow("Match") is None, "the dialog to close")
         self.choose(BOARD, "alt+a", "m")
         self.expectCorner("Match", *moved)
 

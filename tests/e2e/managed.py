@@ -2,8 +2,24 @@
 import re
 import subprocess
 import tempfile
+import typing
 
 from rig import Display, endProcess, waitFor
+
+
+class Frame(typing.NamedTuple):
+    """The outer edges of a window, in pixels of the screen."""
+    left: int
+    top: int
+    right: int
+    bottom: int
+
+    @property
+    def corner(self):
+        return self.left, self.top
+
+    def meets(self, other):
+        return self.left < other.right and other.left < self.right and self.top < other.bottom and other.top < self.bottom
 
 
 class ManagedDisplay(Display):
@@ -21,11 +37,17 @@ class ManagedDisplay(Display):
     def asked(self, *command):
         return subprocess.run(command, env=self.environment(), capture_output=True, text=True).stdout
 
+    def numberNow(self, title):
+        """That of the window, if it shows; None otherwise. One of just that title comes before those that only begin
+        with it."""
+        for pattern in f"^{re.escape(title)}$", f"^{re.escape(title)}":
+            if numbers := self.asked("xdotool", "search", "--onlyvisible", "--name", pattern).split():
+                return numbers[-1]
+        return None
+
     def number(self, title):
-        """That of the window, as soon as it shows."""
-        found = waitFor(lambda: self.asked("xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(title)}"),
-                        f"a window {title!r}")
-        return found.split()[-1]
+        """The same, as soon as it shows."""
+        return waitFor(lambda: self.numberNow(title), f"a window {title!r}")
 
     def activeTitle(self):
         """Of the window that has the keyboard."""
@@ -45,9 +67,41 @@ class ManagedDisplay(Display):
 
     def areaOf(self, title):
         """Of what the frame holds: left, top, width, height."""
-        facts = self.asked("xwininfo", "-id", self.number(title))
+        return waitFor(lambda: self.areaNow(self.number(title)), f"the place of {title!r}")
+
+    def areaNow(self, number):
+        """None of a window that is going."""
+        facts = self.asked("xwininfo", "-id", number)
         return tuple(int(re.search(rf"{key}: +(-?\d+)", facts)[1])
-                     for key in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+                     for key in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")) if facts else None
+
+    def frame(self, title):
+        """As soon as the window has one."""
+        return waitFor(lambda: self.frameNow(title), f"the frame of {title!r}")
+
+    def frameNow(self, title):
+        number = self.numberNow(title)
+        area = number and self.areaNow(number)
+        extents = area and re.search(r"= (\d+), (\d+), (\d+), (\d+)", self.asked("xprop", "-id", number,
+                                                                                "_NET_FRAME_EXTENTS"))
+        if not extents:
+            return None
+        left, right, top, bottom = (int(edge) for edge in extents.groups())
+        x, y, width, height = area
+        return Frame(x - left, y - top, x + width + right, y + height + bottom)
+
+    def settled(self, title):
+        """The frame, once it stands still."""
+        last = []
+
+        def still():
+            last.append(self.frame(title))
+            return len(last) > 3 and len(set(last[-3:])) == 1 and last[-1]
+
+        return waitFor(still, f"{title!r} to stand still")
+
+    def move(self, title, x, y):
+        self.asked("xdotool", "windowmove", "--sync", self.number(title), str(x), str(y))
 
     def resize(self, title, width, height):
         self.asked("xdotool", "windowsize", self.number(title), str(width), str(height))

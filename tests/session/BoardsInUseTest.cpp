@@ -103,7 +103,7 @@ protected:
         expectFaces();
         ASSERT_TRUE(board);
         const auto use = std::get<Use>(GetParam());
-        EXPECT_EQ(board->game.Dragging, use == Use::PieceInHand || use == Use::SlipDelay) << "in use up to now";
+        EXPECT_EQ(board->game.hand.Dragging, use == Use::PieceInHand || use == Use::SlipDelay) << "in use up to now";
         closeVictim();
         if (std::get<Victim>(GetParam()) == Victim::Another) answer();
     }
