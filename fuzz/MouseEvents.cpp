@@ -102,7 +102,8 @@ void StreamRig::movePointer(RigBoard& board, int position) {
     const Game& game = board.game;
     board.pointer = position;
     const int square = board.squareAt(position);
-    const bool hovers = !game.noPlay && board.held == 0 && !game.hand.Dragging && game.hand.FromSet == 0 && modChess.SelfCheckOK;
+    const bool hovers =
+        !game.noPlay && board.held == 0 && !game.hand.Dragging && game.hand.FromSet == 0 && modChess.SelfCheckOK;
     const BoardPoint point = pointOn(board.geometry, position);
     board.input.mouseMoved(board.held, point.x, point.y);
     require(!hovers || game.hand.MoveMode == (square == -1 ? 0 : modelMayTake(game, square)),
