@@ -213,6 +213,7 @@ def replay(options, display):
     if options.picture:
         display.save(options.picture + "-games.png")
     measure("200 lines of the console, 50 a second", channelTells(200), "us", 1e6, 0.02)
+    measure("5000 lines of the console, 1000 a second", channelTells(5000), "us", 1e6, 0.001)
     tells = channelTells(options.long)[0]
     part = min(10000, options.long // 2)
     measure(f"first {part} lines of the console", [tells[:part]], "us", 1e6)

@@ -8,6 +8,7 @@
 #include "view/BoardGeometry.h"
 
 #include <QAbstractTableModel>
+#include <QEvent>
 #include <QHeaderView>
 #include <QPainter>
 #include <QStyledItemDelegate>

@@ -2,6 +2,7 @@
 #include "platform/Described.h"
 
 #include <QAccessibleWidget>
+#include <QWidget>
 
 #include <utility>
 

@@ -9,6 +9,13 @@
 
 LightScrollBar::LightScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {}
 
+// What lies below need not be painted, whatever a style says of the bar that it would paint.
+bool LightScrollBar::event(QEvent* event) {
+    const bool taken = QScrollBar::event(event);
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange) setAttribute(Qt::WA_OpaquePaintEvent);
+    return taken;
+}
+
 QRect LightScrollBar::part(QStyle::SubControl which) const {
     QStyleOptionSlider option;
     initStyleOption(&option);

@@ -15,6 +15,7 @@ public:
     explicit LightScrollBar(QWidget* parent = nullptr);
 
 protected:
+    bool event(QEvent* event) override;
     void sliderChange(SliderChange change) override;
     void paintEvent(QPaintEvent* event) override;
 

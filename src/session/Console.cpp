@@ -11,9 +11,11 @@
 #include <QTextBlock>
 
 #include <optional>
+#include <tuple>
 
 namespace {
 constexpr int FrameMilliseconds = 16;
+constexpr int CrowdedMilliseconds = 50; // between frames that bring most of a page each, of which nobody reads one
 constexpr qsizetype LongestLine = 4096; // characters
 constexpr int MostTries = 4;            // to find the end; the second one does
 
@@ -34,6 +36,12 @@ QString brokenLines(const QString& text, qsizetype column) {
     return broken;
 }
 
+bool hasOneWidth(const QFont& font) {
+    const QFontMetricsF letters(font);
+    const qreal width = letters.horizontalAdvance(u'i');
+    return width == letters.horizontalAdvance(u'W') && width == letters.horizontalAdvance(u'.');
+}
+
 } // namespace
 
 Console::Console(QWidget* parent) : QPlainTextEdit(parent) {
@@ -47,10 +55,7 @@ Console::Console(QWidget* parent) : QPlainTextEdit(parent) {
     followBar(bar);
     setVerticalScrollBar(bar);
     frame_.setSingleShot(true);
-    frame_.setInterval(FrameMilliseconds);
-    connect(&frame_, &QTimer::timeout, this, [this] {
-        if (!waiting_.empty()) flush();
-    });
+    connect(&frame_, &QTimer::timeout, this, &Console::flush);
 }
 
 // Told of a change before the view is, which finds more lines while it scrolls and so may change the range once more.
@@ -109,6 +114,9 @@ void Console::resizeEvent(QResizeEvent* event) {
 void Console::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
     if (event->type() != QEvent::FontChange) return;
+    QFont letters = font();
+    if (hasOneWidth(letters)) letters.setStyleStrategy(QFont::PreferNoShaping);
+    document()->setDefaultFont(letters);
     countLines();
     showEnd();
 }
@@ -130,21 +138,48 @@ void Console::insert(const std::string& text) {
     } else {
         waiting_.push_back({format_, piece});
     }
-    if (!frame_.isActive()) frame_.start();
+    if (frame_.isActive()) return;
+    const int pause = crowded_ ? CrowdedMilliseconds : FrameMilliseconds;
+    const qint64 passed = shown_.isValid() ? shown_.elapsed() : pause;
+    frame_.start(static_cast<int>(std::max<qint64>(0, pause - passed)));
 }
 
 void Console::flush() {
     if (waiting_.empty()) return;
-    keepView([this] {
-        const QTextCursor shown = textCursor();
-        const int anchor = shown.anchor();
-        const int position = shown.position();
-        if (!shown.hasSelection() || shown != kept_) point_ = shown;
-        insertWaiting();
-        if (anchor < position) keepSelection(anchor, position);
-        kept_ = textCursor();
+    const QTextCursor before = textCursor();
+    const bool grows = before.atEnd() && !before.hasSelection();
+    const int last = document()->blockCount() - 1;
+    bool moved = false;
+    keepView([&] {
+        const std::tuple page(viewport()->size(), verticalScrollBar()->value(), firstVisibleBlock());
+        viewport()->setAttribute(Qt::WA_UpdatesDisabled, grows);
+        insertAtCursor();
+        viewport()->setAttribute(Qt::WA_UpdatesDisabled, false);
+        moved = page != std::tuple(viewport()->size(), verticalScrollBar()->value(), firstVisibleBlock());
     });
-    frame_.start();
+    if (grows) paintFrom(moved ? 0 : last);
+    crowded_ = 2 * (document()->blockCount() - last) > verticalScrollBar()->pageStep();
+    frame_.stop();
+    shown_.start();
+}
+
+// The toolkit paints the whole page when a line is added. Where text comes in at the end, all above has been moved by
+// scrolling and is as it was.
+void Console::paintFrom(int line) {
+    const QTextBlock block = document()->findBlockByNumber(line);
+    const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
+    const int top = std::max(0, static_cast<int>(place.top()));
+    viewport()->update(0, top, viewport()->width(), viewport()->height() - top);
+}
+
+void Console::insertAtCursor() {
+    const QTextCursor shown = textCursor();
+    const int anchor = shown.anchor();
+    const int position = shown.position();
+    if (!shown.hasSelection() || shown != kept_) point_ = shown;
+    insertWaiting();
+    if (anchor < position) keepSelection(anchor, position);
+    kept_ = textCursor();
 }
 
 // A cursor of the window that stands at the insertion point moves along with the text by itself.

@@ -1,6 +1,7 @@
 // The text surface of the console and of the chat boxes: coloured text that goes in at the insertion point.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QPlainTextEdit>
 #include <QTimer>
 
@@ -70,7 +71,9 @@ private:
     void showEnd();
     template <typename Act>
     void keepView(Act act);
+    void insertAtCursor();
     void insertWaiting();
+    void paintFrom(int line);
     bool staysAtEnd(std::size_t position) const;
     void keepSelection(int anchor, int position);
 
@@ -79,6 +82,8 @@ private:
     QTextCursor kept_;  // the selection as the last insertion left it; while it stands, text goes on behind point_
     QTextCursor point_; // behind the text that went in last
     QTimer frame_;
+    QElapsedTimer shown_;   // since text went in
+    bool crowded_ = false;  // that was more than half a page
     bool following_ = true; // the user has not scrolled up from the end
     bool keeping_ = false;  // what scrolls now is not the user
 };
