@@ -10,12 +10,14 @@
 #include <QKeyEvent>
 #include <QTextBlock>
 
+#include <cmath>
 #include <optional>
 #include <tuple>
 
 namespace {
 constexpr int FrameMilliseconds = 16;
-constexpr int CrowdedMilliseconds = 50; // between frames that bring most of a page each, of which nobody reads one
+constexpr int CrowdedMilliseconds = 50; // once frames bring most of a page each, of which nobody reads one
+constexpr int CrowdedFrames = 10;       // in a row, until then
 constexpr qsizetype LongestLine = 4096; // characters
 constexpr int MostTries = 4;            // to find the end; the second one does
 
@@ -105,6 +107,12 @@ void Console::keepView(Act act) {
     showEnd();
 }
 
+// The toolkit moves letters into the margin above the page.
+void Console::scrollContentsBy(int dx, int dy) {
+    QPlainTextEdit::scrollContentsBy(dx, dy);
+    viewport()->update(0, 0, viewport()->width(), static_cast<int>(std::ceil(document()->documentMargin())));
+}
+
 void Console::resizeEvent(QResizeEvent* event) {
     QPlainTextEdit::resizeEvent(event);
     showEnd();
@@ -139,7 +147,7 @@ void Console::insert(const std::string& text) {
         waiting_.push_back({format_, piece});
     }
     if (frame_.isActive()) return;
-    const int pause = crowded_ ? CrowdedMilliseconds : FrameMilliseconds;
+    const int pause = crowded_ < CrowdedFrames ? FrameMilliseconds : CrowdedMilliseconds;
     const qint64 passed = shown_.isValid() ? shown_.elapsed() : pause;
     frame_.start(static_cast<int>(std::max<qint64>(0, pause - passed)));
 }
@@ -158,7 +166,8 @@ void Console::flush() {
         moved = page != std::tuple(viewport()->size(), verticalScrollBar()->value(), firstVisibleBlock());
     });
     if (grows) paintFrom(moved ? 0 : last);
-    crowded_ = 2 * (document()->blockCount() - last) > verticalScrollBar()->pageStep();
+    const bool crowded = 2 * (document()->blockCount() - last) > verticalScrollBar()->pageStep();
+    crowded_ = crowded ? crowded_ + 1 : 0;
     frame_.stop();
     shown_.start();
 }
@@ -166,10 +175,13 @@ void Console::flush() {
 // The toolkit paints the whole page when a line is added. Where text comes in at the end, all above has been moved by
 // scrolling and is as it was.
 void Console::paintFrom(int line) {
-    const QTextBlock block = document()->findBlockByNumber(line);
-    const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
-    const int top = std::max(0, static_cast<int>(place.top()));
+    const int top = std::max(0, static_cast<int>(topOf(document()->findBlockByNumber(line))));
     viewport()->update(0, top, viewport()->width(), viewport()->height() - top);
+}
+
+// In the viewport, pixels.
+qreal Console::topOf(const QTextBlock& line) const {
+    return blockBoundingGeometry(line).translated(contentOffset()).top();
 }
 
 void Console::insertAtCursor() {

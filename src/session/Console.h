@@ -57,6 +57,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -74,6 +75,7 @@ private:
     void insertAtCursor();
     void insertWaiting();
     void paintFrom(int line);
+    qreal topOf(const QTextBlock& line) const;
     bool staysAtEnd(std::size_t position) const;
     void keepSelection(int anchor, int position);
 
@@ -83,7 +85,7 @@ private:
     QTextCursor point_; // behind the text that went in last
     QTimer frame_;
     QElapsedTimer shown_;   // since text went in
-    bool crowded_ = false;  // that was more than half a page
+    int crowded_ = 0;       // frames in a row that brought more than half a page
     bool following_ = true; // the user has not scrolled up from the end
     bool keeping_ = false;  // what scrolls now is not the user
 };
