@@ -1,23 +1,28 @@
 #!/usr/bin/env python3
 """Measures what a hand on the board feels, with a real pointer on a virtual display and a server of its own.
 
-    bench/hands.py [--program build/release/brightrank] [--moves 100]
+    bench/hands.py [--program build/release/brightrank] [--moves 100] [--watched 12]
 
 - CPU of the program for one movement of the pointer with a piece in hand, squares of 76 pixels.
 - From letting go of the button to the move's bytes at the server, no delay against slips.
 - From handing the opponent's move to the socket to the bytes of the queued pre-move at the server.
+- From pressing Enter behind a typed letter to its bytes while the server sends the moves of watched games, each on a board
+  of its own, as fast as the socket takes them and without end; under a window manager.
 
 CPU is the run time of all threads as the kernel counts it. The times hold the display's and the loopback's share."""
 import argparse
 import os
 import pathlib
+import socket
 import statistics
 import sys
+import threading
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests/e2e")]
 from desktop import Display, waitFor  # noqa: E402
+from managed import ManagedDisplay  # noqa: E402
 from rig import Client, awaitLifting  # noqa: E402
 from screen import MOVED, PRE_MOVED, Screen  # noqa: E402
 from scripted import ScriptedServer  # noqa: E402
@@ -34,10 +39,62 @@ class Opponent(ScriptedServer):
 
     number = 1
 
+    def __init__(self):
+        super().__init__()
+        self.listener.setsockopt(socket.SOL_SOCKET, socket.SO_SNDBUF, 65536)  # what is said waits behind little
+        self.turn = threading.Lock()  # to speak
+        self.flooding = False
+
+    def say(self, text):
+        with self.turn:
+            super().say(text)
+
+    def flood(self, games):
+        """Moves of watched games, without end."""
+        text = "".join(style12(rows, white=f"White{game}", black=f"Black{game}", mover="B", relation=0, number=2,
+                               move="N/g1-f3", pretty="Nf3", game=game)
+                       for rows in (OUT, HOME) for game in range(101, 101 + games))
+        self.flooding = True
+
+        def go():
+            while self.flooding:
+                self.say(text)
+
+        flood = threading.Thread(target=go)
+        flood.start()
+        return flood
+
     def position(self, rows, relation, move, pretty):
         """Shows a position with its prompt."""
         self.say(style12(rows, white="Bench", black="Other", mover="W" if relation == USERS else "B",
                          relation=relation, number=self.number, move=move, pretty=pretty))
+
+
+class FloodedKeys:
+    def __init__(self, display, options):
+        self.display = display
+        self.server = Opponent()
+        self.client = Client(display, self.server.port, handle="Bench", password="bench", program=options.program)
+        self.server.logOn("Bench", "bench")
+        self.flood = self.server.flood(options.watched)
+        waitFor(lambda: len(display.windows()) > options.watched, "a board for each and the console")
+
+    def enters(self, count):
+        """Milliseconds from each Enter to the line's bytes."""
+        self.display.activate("Brightrank - Client")
+        times = []
+        for _ in range(count):
+            self.display.keys("x")
+            time.sleep(0.2)
+            pressed = time.perf_counter()
+            self.display.keys("Return")
+            times.append(self.server.awaitLine("x") - pressed)
+        return [1000 * each for each in times]
+
+    def end(self):
+        self.server.flooding = False
+        self.flood.join()
+        self.client.end()
 
 
 class Hands:
@@ -140,6 +197,7 @@ def main():
     parser = argparse.ArgumentParser(description="Measures what a hand on the board feels.")
     parser.add_argument("--program", default=str(ROOT / "build/release/brightrank"))
     parser.add_argument("--moves", type=int, default=100)
+    parser.add_argument("--watched", type=int, default=12)
     options = parser.parse_args()
     options.program = str(pathlib.Path(options.program).resolve())
     with Display() as display:
@@ -154,6 +212,12 @@ def main():
             show("opponent's move to the pre-move's bytes, ms", hands.preMoves(options.moves))
         finally:
             hands.end()
+    with ManagedDisplay() as display:
+        keys = FloodedKeys(display, options)
+        try:
+            show(f"Enter to the line's bytes under a flood for {options.watched} boards, ms", keys.enters(options.moves))
+        finally:
+            keys.end()
 
 
 if __name__ == "__main__":
