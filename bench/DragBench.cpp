@@ -55,8 +55,19 @@ QPointF pointAt(std::int64_t step, int side) {
 }
 
 void pointerMove(benchmark::State& state, bool dragging) {
-    BoardRoads roads;
-    roads.store = memoryStore(std::make_shared<MemoryValues>());
+    CommandHistory history;
+    const BoardRoads roads{
+        .store = memoryStore(std::make_shared<MemoryValues>()),
+        .history = history,
+        .zSendMsg = [](const std::string&) {},
+        .zSend = [](const std::string&) { return false; },
+        .playSound = [](std::string_view, std::int16_t) {},
+        .tellText = [](int) { return std::string(); },
+        .showMatch = [] {},
+        .consoleFrame = [] { return QRect(); },
+        .typingFont = [] { return QFont(); },
+        .enableBoardMenu = [] {},
+    };
     const auto side = static_cast<int>(state.range(0));
     const auto board = openBoard(roads, side);
     auto& view = *board->findChild<BoardView*>();

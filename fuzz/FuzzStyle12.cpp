@@ -1,6 +1,6 @@
 // Fuzzes the readers of board lines: the cut of a Style 12 line, its fields, the move's marks and the holdings.
 #include "Require.h"
-#include "board/Game.h"
+#include "board/QuietGame.h"
 #include "board/Style12Line.h"
 #include "common/Fault.h"
 
@@ -46,7 +46,7 @@ void checkHoldings(std::string_view line) {
 }
 
 void checkBoard(std::string_view line) {
-    const auto game = std::make_unique<Game>();
+    const auto game = quietGame();
     game->surface.zDrawSquare = [](int square, int) { require(square >= 0 && square < 64, "a mark is on the board"); };
     game->zHighlightMove(line);
     game->zHighlightMove(line.substr(line.size() / 2));

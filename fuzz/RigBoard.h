@@ -8,9 +8,14 @@
 #include <optional>
 #include <vector>
 
+class StreamRig;
+
 struct RigBoard {
+    // `rig` must outlive the board.
+    explicit RigBoard(StreamRig& rig);
+
     Game game;
-    MoveInput input{game};
+    MoveInput input;
     BoardGeometry geometry;
     bool clockRuns = false;
     bool noPlayRuns = false;

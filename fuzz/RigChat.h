@@ -17,16 +17,24 @@ struct RigChat {
     bool asked = false;                  // the question for the buddy has been asked, as it is once
     std::optional<std::string> proposal; // of the question while it is up
 
-    explicit RigChat(ServerRoad& road) : box(road) {
-        ChatHooks& hooks = box.hooks;
-        hooks.setCaption = [this](const std::string& text) { caption = text; };
-        hooks.insert = [this](const std::string& text) {
-            talk.insert(caret, text);
-            caret += text.size();
+    explicit RigChat(ServerRoad& road) : box(road, hooks()) {}
+
+private:
+    ChatHooks hooks() {
+        return {
+            .setCaption = [this](const std::string& text) { caption = text; },
+            .bringToFront = [] {},
+            .setColor = [](std::int32_t) {},
+            .insert =
+                [this](const std::string& text) {
+                    talk.insert(caret, text);
+                    caret += text.size();
+                },
+            .moveTo = [this](std::size_t position) { caret = std::min(position, talk.size()); },
+            .moveToEnd = [this] { caret = talk.size(); },
+            .text = [this] { return typed; },
+            .setText = [this](const std::string& text) { typed = text; },
+            .focus = [] {},
         };
-        hooks.moveTo = [this](std::size_t position) { caret = std::min(position, talk.size()); };
-        hooks.moveToEnd = [this] { caret = talk.size(); };
-        hooks.text = [this] { return typed; };
-        hooks.setText = [this](const std::string& text) { typed = text; };
     }
 };

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "MoveModel.h"
-#include "board/Game.h"
+#include "board/QuietGame.h"
 
 #include <cstdint>
 #include <memory>
@@ -58,5 +58,5 @@ private:
     std::vector<Before> past_; // of a local game
     ModelGrants grants_;
     FixedArray<bool, 2> kingMoved_; // as the game has it from the start
-    std::unique_ptr<Game> game_ = std::make_unique<Game>();
+    std::unique_ptr<Game> game_ = quietGame();
 };

@@ -56,13 +56,12 @@ std::string StreamRig::shown() const { return console_ + modChess.BlockedText; }
 
 void StreamRig::openBoard() {
     require(!modChess.AppClosing, "no board opens while the program closes");
-    RigBoard& board = *boards_.emplace_back(std::make_unique<RigBoard>());
+    RigBoard& board = *boards_.emplace_back(std::make_unique<RigBoard>(*this));
     openWindows.add({.className = "frmChessBoard",
                      .window = &board,
                      .unload = [] {},
                      .content = &board.game,
                      .zBoardSetup = [&board] { board.game.zBoardSetup(false); }});
-    fillSurface(board);
     board.game.beginLoad();
     board.paint();
     board.game.finishLoad();

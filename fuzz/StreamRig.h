@@ -65,10 +65,10 @@ private:
     void mayWait() const;
 
     // What the boards need, BoardWiring.cpp
-    void fillSurface(RigBoard& board);
-    void fillLabels(RigBoard& board);
-    void fillMouse(RigBoard& board);
-    void fillGrid(RigBoard& board);
+    friend struct RigBoard;
+    GameSurface boardSurface(RigBoard& board);
+    static MoveGridSurface gridSurface(RigBoard& board);
+    MoveInputSurface mouseSurface(RigBoard& board);
 
     // The outside world, StreamEvents.cpp
     void happen(const Tape::Segment& segment);

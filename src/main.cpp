@@ -15,25 +15,42 @@
 
 namespace {
 
-void openBoard(const BoardRoads& roads, frmChessClient& client) {
-    auto* board = new frmChessBoard(roads); // deletes itself after closing
-    QObject::connect(board, &frmChessBoard::chatWanted, &client, [&client] { client.session.showChat(); });
-    board->load();
-}
-
 // What the dump of the settings asks of the windows.
 RunningWindows runningWindows() {
-    RunningWindows windows;
-    windows.place = [](const WindowSection& section) {
-        const auto* match = loadedWindow<frmMatch>();
-        return match && std::string_view(section.name) == MatchSection.name ? match->place() : WindowPlace{};
+    return {
+        .place =
+            [](const WindowSection& section) {
+                const auto* match = loadedWindow<frmMatch>();
+                return match && std::string_view(section.name) == MatchSection.name ? match->place() : WindowPlace{};
+            },
+        .match =
+            [] {
+                const auto* match = loadedWindow<frmMatch>();
+                return match ? match->fields() : MatchSettings{};
+            },
     };
-    windows.match = [] {
-        const auto* match = loadedWindow<frmMatch>();
-        return match ? match->fields() : MatchSettings{};
-    };
-    return windows;
 }
+
+// The console, and what it, the boards and the match dialog need of each other.
+struct Program {
+    Sounds sounds;
+    ClientRoads roads{
+        .store = openIniStore(),
+        .runningWindows = runningWindows(),
+        .playSound = [this](std::string_view name, std::int16_t mode) { sounds.zPlaySound(name, mode); },
+        .openBoard = [this] { openBoard(); },
+        .showMatch = [this] { frmMatch::showIt(match); },
+    };
+    frmChessClient client{roads};
+    BoardRoads boards = client.boardRoads();
+    MatchRoads match{.store = roads.store, .zSendMsg = boards.zSendMsg};
+
+    void openBoard() {
+        auto* board = new frmChessBoard(boards); // deletes itself after closing
+        QObject::connect(board, &frmChessBoard::chatWanted, &client, [this] { client.session.showChat(); });
+        board->load();
+    }
+};
 
 } // namespace
 
@@ -45,20 +62,8 @@ int main(int argc, char** argv) {
     Application::setWindowIcon(QIcon(QStringLiteral(":/icon/brightrank.svg")));
     Application::setQuitOnLastWindowClosed(false);
 
-    Sounds sounds;
-    BoardRoads boards;
-    MatchRoads match;
-    ClientRoads roads;
-    roads.store = openIniStore();
-    roads.playSound = [&sounds](std::string_view name, std::int16_t mode) { sounds.zPlaySound(name, mode); };
-    roads.showMatch = [&match] { frmMatch::showIt(match); };
-    roads.runningWindows = runningWindows();
-
-    frmChessClient client(roads);
-    roads.openBoard = [&boards, &client] { openBoard(boards, client); };
-    boards = client.boardRoads();
-    boards.consoleFrame = [&client] { return client.frameGeometry(); };
-    match = {roads.store, boards.zSendMsg};
+    Program program;
+    frmChessClient& client = program.client;
     EndRequests endRequests([&client] { client.close(); });
     application.stopEverything = [&client, &endRequests] {
         endRequests.endAtOnce();

@@ -163,8 +163,15 @@ def checkIncludes(root, tree, files, listed, findings):
     return arrows
 
 
+def quietHeaders(root):
+    """The tests' quiet surfaces, by their names below tests/: what fuzz/ shares with the tests."""
+    return {file for file in sourceFiles(os.path.join(root, "tests")) if re.search(r"(?:^|/)Quiet\w+\.h$", file)}
+
+
 def checkFuzzIncludes(root, files, core, findings):
-    """fuzz/ is one flat folder: it includes its own files by their names, and headers of the core; gives the arrows."""
+    """fuzz/ is one flat folder: it includes its own files by their names, headers of the core and the tests' quiet
+    surfaces; gives the arrows."""
+    core = core | quietHeaders(root)
     arrows = {file: [] for file in files}
     for file in files:
         for number, name, quoted in includesOf(os.path.join(root, "fuzz", file)):

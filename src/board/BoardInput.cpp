@@ -16,12 +16,6 @@ namespace {
 constexpr int MovePicture = 3; // of the pointers
 constexpr int PreMovePicture = 4;
 
-void showPointer(BoardView& view, int picture) {
-    view.showPointer(picture == MovePicture      ? std::int16_t{-1}
-                     : picture == PreMovePicture ? std::int16_t{1}
-                                                 : std::int16_t{0});
-}
-
 BoardPoint centreOf(const BoardGeometry& geometry, int position) {
     BoardPoint point;
     geometry.zGetXY(static_cast<std::int16_t>(position), point.x, point.y);
@@ -31,19 +25,18 @@ BoardPoint centreOf(const BoardGeometry& geometry, int position) {
 
 } // namespace
 
-void BoardInput::build(QWidget* window, const BoardParts& parts) {
+void BoardInput::build(QWidget* window) {
     tmrSlip_ = new QTimer(window);
     tmrSlip_->setObjectName(QStringLiteral("tmrSlip"));
     tmrSlip_->setTimerType(Qt::PreciseTimer);
     tmrSlip_->setInterval(slipDelay(1));
     QObject::connect(tmrSlip_, &QTimer::timeout, window, [this] { moves.tmrSlip(); });
     makeMenus(window);
-    fillSurfaces(parts);
-    connectMouse(window, parts);
+    connectMouse(window);
 }
 
-void BoardInput::connectMouse(QWidget* window, const BoardParts& parts) {
-    const BoardView* view = parts.picChess;
+void BoardInput::connectMouse(QWidget* window) {
+    const BoardView* view = parts_.picChess;
     QObject::connect(view, &BoardView::mouseDown, window,
                      [this](int button, float x, float y) { moves.mouseDown(button, x, y); });
     QObject::connect(view, &BoardView::mouseMoved, window,
@@ -52,22 +45,25 @@ void BoardInput::connectMouse(QWidget* window, const BoardParts& parts) {
                      [this](int button, float x, float y) { moves.mouseUp(button, x, y); });
 }
 
-void BoardInput::fillSurfaces(const BoardParts& parts) {
-    BoardView* view = parts.picChess;
-    TypingLine* txtSend = parts.txtSend;
-    moves.surface.zGetSqr = [view](float x, float y) { return view->zGetSqr(x, y); };
-    moves.surface.DisplaySquare = [view](int square) { return view->geometry().DisplaySquare[square]; };
-    moves.surface.centreOf = [view](int position) { return centreOf(view->geometry(), position); };
-    moves.surface.zYankPiece = [view](int square) { view->zYankPiece(static_cast<std::int16_t>(square)); };
-    moves.surface.startSlip = [this](int milliseconds) { tmrSlip_->start(milliseconds); };
-    moves.surface.stopSlip = [this] { tmrSlip_->stop(); };
-    moves.surface.popupDrop = [this](const DropEntries& entries) { popupDrop(entries); };
-    moves.surface.popupPromote = [this] { popupPromote(); };
-    moves.surface.focusTyping = [txtSend] { txtSend->setFocus(); };
+void BoardInput::showPointer(int picture) const {
+    parts_.picChess->showPointer(picture == MovePicture      ? std::int16_t{-1}
+                                 : picture == PreMovePicture ? std::int16_t{1}
+                                                             : std::int16_t{0});
+}
 
-    GameSurface& surface = moves.game.surface;
-    surface.zSqFinish = [this](int square) { moves.zSqFinish(square); };
-    surface.setPointerPicture = [view](int picture) { showPointer(*view, picture); };
+MoveInputSurface BoardInput::surface() {
+    return {
+        .zGetSqr = [this](float x, float y) { return parts_.picChess->zGetSqr(x, y); },
+        .DisplaySquare = [this](int square) { return parts_.picChess->geometry().DisplaySquare[square]; },
+        .centreOf = [this](int position) { return centreOf(parts_.picChess->geometry(), position); },
+        .zYankPiece = [this](int square) { parts_.picChess->zYankPiece(static_cast<std::int16_t>(square)); },
+        .startSlip = [this](int milliseconds) { tmrSlip_->start(milliseconds); },
+        .stopSlip = [this] { tmrSlip_->stop(); },
+        .popupDrop = [this](const DropEntries& entries) { popupDrop(entries); },
+        .popupPromote = [this] { popupPromote(); },
+        .focusTyping = [this] { parts_.txtSend->setFocus(); },
+        .moveMade = [] {}, // there is no self-check panel yet
+    };
 }
 
 void BoardInput::makeMenus(QWidget* window) {

@@ -10,12 +10,15 @@ class QWidget;
 
 // Part of a board window, which owns the menus and the timer; everything is decided in `moves`.
 struct BoardInput {
-    explicit BoardInput(Game& game) : moves(game) {}
+    // `parts` may be built later, but before the first event.
+    BoardInput(Game& game, const BoardParts& parts) : moves(game, surface()), parts_(parts) {}
 
     MoveInput moves;
 
-    // Makes menus and timer as children of `window`, and fills in what the game and `moves` reach out with.
-    void build(QWidget* window, const BoardParts& parts);
+    // Makes menus and timer as children of `window`, and takes up the mouse; the parts are built by then.
+    void build(QWidget* window);
+    // Shows the pointer of GameSurface::setPointerPicture.
+    void showPointer(int picture) const;
     // The window asks whether it may close, which takes a menu down: a promotion dismissed so waits until goOn.
     void hold() { held_ = true; }
     // The window stays.
@@ -24,13 +27,14 @@ struct BoardInput {
     void stop();
 
 private:
-    void connectMouse(QWidget* window, const BoardParts& parts);
-    void fillSurfaces(const BoardParts& parts);
+    MoveInputSurface surface();
+    void connectMouse(QWidget* window);
     void makeMenus(QWidget* window);
     void popupDrop(const DropEntries& entries);
     void popupPromote();
     void dismissPromotion();
 
+    const BoardParts& parts_;
     bool held_ = false;
     bool dismissed_ = false; // while held
     QTimer* tmrSlip_ = nullptr;

@@ -1,6 +1,7 @@
 // The parts of a board window and where they stand.
 #include "board/BoardParts.h"
 
+#include "board/Game.h"
 #include "platform/Described.h"
 #include "platform/ElidedLabel.h"
 #include "platform/FittingFont.h"
@@ -57,9 +58,9 @@ constexpr std::array PanelShares{2, 6, 2}; // of stbGame's width
 
 } // namespace
 
-void BoardParts::build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves) {
-    picChess = new BoardView(inner);
-    grdMoves = new MoveGrid(moves, inner);
+void BoardParts::build(QWidget* inner, QStatusBar* stbGame, Game& game) {
+    picChess = new BoardView([&game](int square) { return game.Board[square]; }, inner);
+    grdMoves = new MoveGrid(game.grdMoves, inner);
     for (int side = 0; side < 2; ++side) lblTime[side] = new ClockFace(side, inner);
     buildLabels(inner);
     buildButtons(inner);

@@ -14,6 +14,7 @@
 #include <array>
 
 class QStatusBar;
+struct Game;
 
 // Everything between the menus and the window's edge, except the status bar. The window's height decides the size of a
 // square; all else follows from it.
@@ -33,8 +34,8 @@ struct BoardParts {
     TypingLine* txtSend = nullptr;
     FixedArray<QLabel*, 2> panels; // of stbGame: own handle, players, game
 
-    // Makes all parts as children of `inner`, the panels as parts of `stbGame`. `moves` must outlive them.
-    void build(QWidget* inner, QStatusBar* stbGame, MoveGridState& moves);
+    // Makes all parts as children of `inner`, the panels as parts of `stbGame`. `game` must outlive them.
+    void build(QWidget* inner, QStatusBar* stbGame, Game& game);
     // Places them for a square of `square` pixels in an inner window of this size, status bar included.
     void place(QSize inner, int square, bool flipped);
     // Shows `control` only if it clears the command line.

@@ -14,54 +14,70 @@
 #include <QApplication>
 #include <QStatusBar>
 
-void frmChessBoard::fillSurface() {
-    GameSurface& surface = game.surface;
-    surface.zDrawSquare = [this](int square, int mode) {
-        parts_.picChess->zDrawSquare(static_cast<std::int16_t>(square), static_cast<std::int16_t>(mode));
+GameSurface frmChessBoard::surface() {
+    return {
+        .zDrawSquare =
+            [this](int square, int mode) {
+                parts_.picChess->zDrawSquare(static_cast<std::int16_t>(square), static_cast<std::int16_t>(mode));
+            },
+        .zMovePiece = [this](float x, float y,
+                             int alpha) { parts_.picChess->zMovePiece(x, y, static_cast<std::uint8_t>(alpha)); },
+        .paintBoard = [this] { paintBoard(); },
+        .keepPicture = [this] { parts_.picChess->persist(); },
+        .setPointerPicture = [this](int picture) { input_.showPointer(picture); },
+        .setLastMove = [this](const std::string& text) { showLastMove(text); },
+        .setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); },
+        .setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); },
+        .showHoldings = [this](const std::string& white, const std::string& black) { showHoldings(white, black); },
+        .hideHoldings = [this] { hideHoldings(); },
+        .setPanel = [this](int panel, const std::string& text) { parts_.panels[panel - 1]->setText(shownText(text)); },
+        .setTitle = [this](const std::string& text) { setWindowTitle(shownText(text)); },
+        .showUn = [this](bool shown) { showUn(shown); },
+        .enableSavePGN = [](bool) {}, // there are no PGN files yet
+        .bringToFront = [this] { bringToFront(); },
+        .startClock = [this] { tmrClock_.start(); },
+        .stopClock = [this] { tmrClock_.stop(); },
+        .startNoPlay = [this] { tmrNoPlay_.start(); },
+        .stopNoPlay = [this] { tmrNoPlay_.stop(); },
+        .secondsOfDay = [] { return wallClock.secondsOfDay(); },
+        .playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); },
+        .zSendMsg = [this](const std::string& text) { zSendMsg(text); },
+        .zSqFinish = [this](int square) { input_.moves.zSqFinish(square); },
     };
-    surface.zMovePiece = [this](float x, float y, int alpha) {
-        parts_.picChess->zMovePiece(x, y, static_cast<std::uint8_t>(alpha));
-    };
-    surface.keepPicture = [this] { parts_.picChess->persist(); };
-    surface.paintBoard = [this] { paintBoard(); };
-    surface.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
-    surface.zSendMsg = [this](const std::string& text) { zSendMsg(text); };
-    fillLabels();
-    fillTimers();
 }
 
-void frmChessBoard::fillLabels() {
-    GameSurface& surface = game.surface;
-    surface.setLastMove = [this](const std::string& text) { showLastMove(text); };
-    parts_.picChess->movesInWords = [this] { return movesInWords(); };
-    surface.setClock = [this](int side, const std::string& text) { parts_.lblTime[side]->setText(text); };
-    surface.setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); };
-    surface.showHoldings = [this](const std::string& white, const std::string& black) {
-        parts_.lblBug[0]->setText(shownText(white));
-        parts_.lblBug[1]->setText(shownText(black));
-        for (QLabel* label : parts_.lblBug) label->show();
+MoveGridSurface frmChessBoard::gridSurface() {
+    return {
+        .showCell = [this](int row, int col) { parts_.grdMoves->showCell(row, col); },
+        .scrollTo = [this](int row) { parts_.grdMoves->scrollToRow(row); },
+        .setUp = [this] { parts_.grdMoves->setUp(); },
     };
-    surface.hideHoldings = [this] {
-        for (QLabel* label : parts_.lblBug) label->hide();
-    };
-    surface.setPanel = [this](int panel, const std::string& text) {
-        parts_.panels[panel - 1]->setText(shownText(text));
-    };
-    surface.setTitle = [this](const std::string& text) { setWindowTitle(shownText(text)); };
-    surface.showUn = [this](bool shown) {
-        unShown_ = shown;
-        if (shown) {
-            zSolveConflict(parts_.cmdUn);
-        } else {
-            parts_.cmdUn->hide();
-        }
-    };
-    surface.bringToFront = [this] {
-        setWindowState(windowState() & ~Qt::WindowMinimized);
-        show();
-        raise();
-        activateWindow();
-    };
+}
+
+void frmChessBoard::showHoldings(const std::string& white, const std::string& black) {
+    parts_.lblBug[0]->setText(shownText(white));
+    parts_.lblBug[1]->setText(shownText(black));
+    for (QLabel* label : parts_.lblBug) label->show();
+}
+
+void frmChessBoard::hideHoldings() {
+    for (QLabel* label : parts_.lblBug) label->hide();
+}
+
+void frmChessBoard::showUn(bool shown) {
+    unShown_ = shown;
+    if (shown) {
+        zSolveConflict(parts_.cmdUn);
+    } else {
+        parts_.cmdUn->hide();
+    }
+}
+
+void frmChessBoard::bringToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
 }
 
 void frmChessBoard::showLastMove(const std::string& text) {
@@ -78,8 +94,7 @@ std::string frmChessBoard::movesInWords() const {
     return words + describePreMove(game.PreFrom, game.PreTo);
 }
 
-void frmChessBoard::fillTimers() {
-    GameSurface& surface = game.surface;
+void frmChessBoard::connectTimers() {
     const auto prepare = [this](QTimer& timer, const char* name, int milliseconds) {
         timer.setParent(this); // where it is found by its name
         timer.setObjectName(QString::fromLatin1(name));
@@ -88,11 +103,6 @@ void frmChessBoard::fillTimers() {
     prepare(tmrClock_, "tmrClock", 100);
     prepare(tmrNoPlay_, "tmrNoPlay", 4000);
     tmrResize_.setInterval(ResizeWatch::IntervalMs);
-    surface.startClock = [this] { tmrClock_.start(); };
-    surface.stopClock = [this] { tmrClock_.stop(); };
-    surface.startNoPlay = [this] { tmrNoPlay_.start(); };
-    surface.stopNoPlay = [this] { tmrNoPlay_.stop(); };
-    surface.secondsOfDay = [] { return wallClock.secondsOfDay(); };
     connect(&tmrClock_, &QTimer::timeout, this, [this] { game.tmrClock(); });
     connect(&tmrNoPlay_, &QTimer::timeout, this, [this] { game.tmrNoPlay(); });
     connect(&tmrResize_, &QTimer::timeout, this, [this] {
@@ -147,7 +157,7 @@ bool frmChessBoard::answerTypingKey(int code, bool shift) {
         parts_.txtSend->end(false);
         return true;
     }
-    const TypingAnswer answer = typingAnswer(code, *roads_.history, parts_.txtSend->line(), game.gameIndex);
+    const TypingAnswer answer = typingAnswer(code, roads_.history, parts_.txtSend->line(), game.gameIndex);
     if (answer.text) parts_.txtSend->setLine(*answer.text);
     if (answer.taken) parts_.txtSend->end(false);
     return answer.taken;

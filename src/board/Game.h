@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 // One game, owned by its frmChessBoard. Invariants:
 // 1. idle: gameIndex 0, Relation -100, icsMode false; running: gameIndex and Relation as the server sent them.
@@ -19,7 +20,7 @@
 // 3. nothing here runs the message loop, so no window closes within a call.
 // Nothing grows: arrays are fixed, and a subscript past 200 moves or 400 plies faults.
 struct Game {
-    Game() = default;
+    Game(GameSurface shownBy, MoveGridSurface grid) : surface(std::move(shownBy)), grdMoves(std::move(grid)) {}
     Game(const Game&) = delete;
     Game& operator=(const Game&) = delete;
 

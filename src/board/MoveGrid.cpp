@@ -134,18 +134,20 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
         (BoardDesign::PanelWidth - 2 * frameWidth() - verticalScrollBar()->sizeHint().width() - NumberColumn) / 2;
     setFont(fittingFont(font(), QStringLiteral("Nbxd7+"), {move - 2 * CellMargin, BoardDesign::PanelHeight}));
     fitRows();
-
-    state_.surface.showCell = [this](int row, int col) { model_->cellChanged(row, col); };
-    state_.surface.scrollTo = [this](int row) {
-        QScrollBar* const bar = verticalScrollBar();
-        if (bar->maximum() == 0) updateGeometries(); // before the first layout the bar has no range
-        bar->setValue(row - 1);
-    };
-    state_.surface.setUp = [this] {
-        model_->allChanged();
-        fitColumns();
-    };
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) { state_.topRow = value + 1; });
+}
+
+void MoveGrid::showCell(int row, int col) { model_->cellChanged(row, col); }
+
+void MoveGrid::scrollToRow(int row) {
+    QScrollBar* const bar = verticalScrollBar();
+    if (bar->maximum() == 0) updateGeometries(); // before the first layout the bar has no range
+    bar->setValue(row - 1);
+}
+
+void MoveGrid::setUp() {
+    model_->allChanged();
+    fitColumns();
 }
 
 // The least height counts first: the header holds the height of a row to it.

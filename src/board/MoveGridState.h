@@ -2,17 +2,18 @@
 #pragma once
 
 #include "common/FixedArray.h"
+#include "common/Needed.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
-// Where the grid shows itself. Every member may stay as it is: it then does nothing.
+// Where the grid shows itself. Every member must be given.
 struct MoveGridSurface {
-    std::function<void(int row, int col)> showCell = [](int, int) {}; // its text or tint has changed
-    std::function<void(int row)> scrollTo = [](int) {};               // the top row below the heading
-    std::function<void()> setUp = [] {};                              // all cells have changed; set the widths anew
+    Needed<void(int row, int col)> showCell; // its text or tint has changed
+    Needed<void(int row)> scrollTo;          // the top row below the heading
+    Needed<void()> setUp;                    // all cells have changed; set the widths anew
 };
 
 // 0xBBGGRR.
@@ -37,6 +38,8 @@ struct MoveGridState {
     // Widths of the columns in pixels.
     static constexpr int NumberWidth = 20;
     static constexpr int MoveWidth = 47;
+
+    explicit MoveGridState(MoveGridSurface shownBy) : surface(std::move(shownBy)) {}
 
     MoveGridSurface surface;
     FixedArray<FixedArray<GridCell, LastCol>, LastRow, "rows of the move list"> cells;

@@ -2,11 +2,12 @@
 #pragma once
 
 #include "board/Game.h"
+#include "common/Needed.h"
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <string>
+#include <utility>
 
 // One entry of the drop menu.
 struct DropEntry {
@@ -23,19 +24,18 @@ struct BoardPoint {
     float y = 0;
 };
 
-// What move input needs beside the game's own surface; every member does nothing until it is filled in. None of these
-// runs the message loop.
+// What move input needs beside the game's own surface. Every member must be given, and none runs the message loop.
 struct MoveInputSurface {
-    std::function<int(float x, float y)> zGetSqr = [](float, float) { return 64; }; // position in the view; 64 beside
-    std::function<int(int position)> DisplaySquare = [](int position) { return position; }; // to a square and back
-    std::function<BoardPoint(int position)> centreOf = [](int) { return BoardPoint(); };    // of a view position
-    std::function<void(int square)> zYankPiece = [](int) {};                                // onto the pointer
-    std::function<void(int milliseconds)> startSlip = [](int) {};                           // tmrSlip from now on
-    std::function<void()> stopSlip = [] {};                                                 // tmrSlip ends nothing
-    std::function<void(const DropEntries& entries)> popupDrop = [](const DropEntries&) {};  // mnuDrop; drop() answers
-    std::function<void()> popupPromote = [] {}; // mnuPromote; promote() answers, from the message loop
-    std::function<void()> focusTyping = [] {};  // txtSend
-    std::function<void()> moveMade = [] {};     // a piece was dropped; the self-check panel counts from here
+    Needed<int(float x, float y)> zGetSqr;              // position in the view; 64 beside
+    Needed<int(int position)> DisplaySquare;            // to a square and back
+    Needed<BoardPoint(int position)> centreOf;          // of a view position
+    Needed<void(int square)> zYankPiece;                // onto the pointer
+    Needed<void(int milliseconds)> startSlip;           // tmrSlip from now on
+    Needed<void()> stopSlip;                            // tmrSlip ends nothing
+    Needed<void(const DropEntries& entries)> popupDrop; // mnuDrop; drop() answers
+    Needed<void()> popupPromote;                        // mnuPromote; promote() answers, from the message loop
+    Needed<void()> focusTyping;                         // txtSend
+    Needed<void()> moveMade;                            // a piece was dropped; the self-check panel counts from here
 };
 
 // The move in hand of one board, whose state is in its game: no move (FromSet 0, Dragging false); lifted (FromSet 1,
@@ -43,7 +43,7 @@ struct MoveInputSurface {
 // modChess.DragMode: drag and drop, or click and click. Lives and dies with its game. Buttons are 1 left, 2 right, in a
 // move their sum, 0 none.
 struct MoveInput {
-    explicit MoveInput(Game& ofGame) : game(ofGame) {}
+    MoveInput(Game& ofGame, MoveInputSurface needs) : game(ofGame), surface(std::move(needs)) {}
     MoveInput(const MoveInput&) = delete;
     MoveInput& operator=(const MoveInput&) = delete;
 

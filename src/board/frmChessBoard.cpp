@@ -29,9 +29,9 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     setWindowTitle(QStringLiteral("Brightrank - Board"));
     menus_.build(*menuBar());
     zObjectSetup();
-    parts_.picChess->pieceAt = [this](int square) { return game.Board[square]; };
-    fillSurface();
-    input_.build(this, parts_);
+    parts_.picChess->movesInWords = [this] { return movesInWords(); };
+    connectTimers();
+    input_.build(this);
     connectMenus();
     connectTyping();
     openWindows.add({.className = "frmChessBoard",
@@ -50,7 +50,7 @@ void frmChessBoard::zObjectSetup() {
     statusBar()->setContentsMargins(Margin - 2, 0, Margin, 0);
     setCentralWidget(new QWidget(this));
     inner_ = new QWidget(centralWidget());
-    parts_.build(inner_, statusBar(), game.grdMoves);
+    parts_.build(inner_, statusBar(), game);
 }
 
 void frmChessBoard::load() {

@@ -35,7 +35,7 @@ public:
     // consumed; while not connected it is not, and the line stays.
     bool zTxtSend(int key);
     // Makes `text` the newest line of the history that all boards share with the console.
-    void zShiftReg(const std::string& text) { roads_.history->zPushCommand(text); }
+    void zShiftReg(const std::string& text) { roads_.history.zPushCommand(text); }
     // Shows `control` only if it clears the command line.
     void zSolveConflict(QWidget* control) const { parts_.zSolveConflict(control); }
     // Takes the check marks off the piece sets.
@@ -44,7 +44,7 @@ public:
     // than `limit` pixels; the next zBoardSetup chooses a list anew.
     void zSetBookup(std::int16_t set, std::int16_t limit);
 
-    Game game;
+    Game game{surface(), gridSurface()};
 
 Q_SIGNALS:
     // Shift+F9: a chat box for modChess.TellTarget is to open, or to come up if there is one.
@@ -59,9 +59,9 @@ private:
     void zObjectSetup();
     void connectMenus();
     void connectTyping();
-    void fillSurface();
-    void fillLabels();
-    void fillTimers();
+    GameSurface surface();
+    MoveGridSurface gridSurface();
+    void connectTimers();
     QPoint designedCorner() const;
     void loadPlace();
     void paintBoard();
@@ -75,6 +75,10 @@ private:
     void resign();
     void sendConfirmed(const std::string& word, const Boxes::Question& question);
     void showLastMove(const std::string& text);
+    void showHoldings(const std::string& white, const std::string& black);
+    void hideHoldings();
+    void showUn(bool shown);
+    void bringToFront();
     std::string movesInWords() const;
     bool answerTypingKey(int code, bool shift);
     QSize frame() const;
@@ -85,7 +89,7 @@ private:
     QWidget* inner_ = nullptr; // the parts, inside the margins
     BoardMenus menus_;
     BoardParts parts_;
-    BoardInput input_{game};
+    BoardInput input_{game, parts_};
     WindowPlacer placer_{this};
     QTimer tmrClock_;
     QTimer tmrNoPlay_;

@@ -1,6 +1,7 @@
 // The dialog that composes a challenge or a seek.
 #pragma once
 
+#include "common/Needed.h"
 #include "seek/Challenge.h"
 #include "settings/SettingsStore.h"
 #include "settings/WindowPlacer.h"
@@ -13,15 +14,13 @@
 #include <QLineEdit>
 #include <QMargins>
 
-#include <functional>
-
 class QSpacerItem;
 
-// What the dialog needs of the rest of the program; outlives it.
+// What the dialog needs of the rest of the program; outlives it. Both members must be given.
 struct MatchRoads {
     SettingsStore store; // section "Match"
     // The console's zSendMsg; drops the line while not connected.
-    std::function<void(const std::string& text)> zSendMsg = [](const std::string&) {};
+    Needed<void(const std::string& text)> zSendMsg;
 };
 
 // A challenge while modChess.MatchMode is up, a seek while it is down, as it stands at OK. One at most; in openWindows

@@ -2,34 +2,35 @@
 #pragma once
 
 #include "common/CommandHistory.h"
+#include "common/Needed.h"
 #include "common/ServerRoad.h"
 #include "common/TypingKey.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
+#include <utility>
 
-// What a box reaches out to: its window. Unset members do nothing.
+// What a box reaches out to: its window. Every member must be given.
 struct ChatHooks {
-    std::function<void(const std::string& caption)> setCaption = [](const std::string&) {};
+    Needed<void(const std::string& caption)> setCaption;
     // Shows the box above all other windows.
-    std::function<void()> bringToFront = [] {};
+    Needed<void()> bringToFront;
 
     // The conversation, txtChat
     // Colour (0xBBGGRR) of what is inserted from now on.
-    std::function<void(std::int32_t color)> setColor = [](std::int32_t) {};
+    Needed<void(std::int32_t color)> setColor;
     // At the insertion point.
-    std::function<void(const std::string& text)> insert = [](const std::string&) {};
+    Needed<void(const std::string& text)> insert;
     // The insertion point goes behind that many characters, or to the end if there are fewer.
-    std::function<void(std::size_t position)> moveTo = [](std::size_t) {};
-    std::function<void()> moveToEnd = [] {};
+    Needed<void(std::size_t position)> moveTo;
+    Needed<void()> moveToEnd;
 
     // The typing line, txtTell; its text has no line ends
-    std::function<std::string()> text = [] { return std::string(); };
+    Needed<std::string()> text;
     // The insertion point goes to the end of the new text.
-    std::function<void(const std::string& text)> setText = [](const std::string&) {};
-    std::function<void()> focus = [] {};
+    Needed<void(const std::string& text)> setText;
+    Needed<void()> focus;
 };
 
 // One box of frmChat. Its window keeps it in openWindows, where ChatRouting finds it.
@@ -42,7 +43,7 @@ struct ChatBox {
     std::string xBuddy;
     CommandHistory ChatHistory; // ChatCursor is its CommandCursor
 
-    explicit ChatBox(ServerRoad& serverRoad) : road(serverRoad) {}
+    ChatBox(ServerRoad& serverRoad, ChatHooks window) : road(serverRoad), hooks(std::move(window)) {}
 
     // Binds the box to `buddy` and says so in the caption.
     void name(const std::string& buddy);

@@ -5,10 +5,15 @@
 #include "platform/MenuEntry.h"
 #include "session/frmChat.h"
 
+ChatRoads frmChessClient::chatRoads() {
+    return {
+        .store = roads_.store,
+        .typingFont = [this] { return txtSend->font(); },
+        .showHelp = [this] { showHelpFile(this); },
+    };
+}
+
 void frmChessClient::connectChat() {
-    chatRoads_.store = roads_.store;
-    chatRoads_.typingFont = [this] { return txtSend->font(); };
-    chatRoads_.showHelp = [this] { showHelpFile(this); };
     const auto chat = [this] {
         txtSend->setFocus();
         session.zNewChat();

@@ -135,19 +135,21 @@ void frmChessClient::connectTimers() {
 }
 
 BoardRoads frmChessClient::boardRoads() {
-    BoardRoads roads;
-    roads.store = roads_.store;
-    roads.history = &session.road.history;
-    roads.zSendMsg = [this](const std::string& text) { session.road.zSendMsg(text); };
-    roads.zSend = [this](const std::string& text) {
-        if (session.outside.socket.state() != ServerRoad::Connected) return false;
-        session.road.zSend(text);
-        return true;
+    return {
+        .store = roads_.store,
+        .history = session.road.history,
+        .zSendMsg = [this](const std::string& text) { session.road.zSendMsg(text); },
+        .zSend =
+            [this](const std::string& text) {
+                if (session.outside.socket.state() != ServerRoad::Connected) return false;
+                session.road.zSend(text);
+                return true;
+            },
+        .playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); },
+        .tellText = [this](int index) { return settings.Tell[index]; },
+        .showMatch = roads_.showMatch,
+        .consoleFrame = [this] { return frameGeometry(); },
+        .typingFont = [this] { return txtSend->font(); },
+        .enableBoardMenu = [this] { menus.mnuBoard->setEnabled(true); },
     };
-    roads.playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); };
-    roads.tellText = [this](int index) { return settings.Tell[index]; };
-    roads.showMatch = roads_.showMatch;
-    roads.typingFont = [this] { return txtSend->font(); };
-    roads.enableBoardMenu = [this] { menus.mnuBoard->setEnabled(true); };
-    return roads;
 }

@@ -13,9 +13,10 @@ struct ServerLines {
     static constexpr int Last = 1000;
 
     FixedArray<std::string, Last, "lines of one batch"> lines;
-    std::string PartialLine;                // the latest unterminated tail; kept while batches end cleanly
-    bool verbose = false;                   // the tick of mnuStupid: nothing is blanked
-    std::function<void()> tailSeen = [] {}; // called for each unterminated tail: starts tmrPrompt
+    std::string PartialLine; // the latest unterminated tail; kept while batches end cleanly
+    bool verbose = false;    // the tick of mnuStupid: nothing is blanked
+    // Called for each unterminated tail: starts tmrPrompt. The cut itself needs nobody who hears it.
+    std::function<void()> tailSeen = [] {};
 
     // The line at `index`; faults (subscript) outside 0..1000.
     std::string& operator[](long index) { return lines[index]; }

@@ -37,7 +37,7 @@ std::string withoutLineEnds(std::string name) {
 
 } // namespace
 
-frmChat::frmChat(ServerRoad& road, const ChatRoads& roads) : box(road), roads_(roads) {
+frmChat::frmChat(ServerRoad& road, const ChatRoads& roads) : box(road, hooks()), roads_(roads) {
     setObjectName(QStringLiteral("frmChat"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Chat"));
@@ -54,29 +54,30 @@ frmChat::frmChat(ServerRoad& road, const ChatRoads& roads) : box(road), roads_(r
     tmrStart_.setSingleShot(true);
     tmrStart_.setInterval(200);
     connect(&tmrStart_, &QTimer::timeout, this, &frmChat::askForBuddy);
-    fillHooks();
     connectKeys();
     openWindows.add({"frmChat", this, [this] { close(); }, &box});
 }
 
 frmChat::~frmChat() { openWindows.remove(this); }
 
-void frmChat::fillHooks() {
-    ChatHooks& hooks = box.hooks;
-    hooks.setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); };
-    hooks.bringToFront = [this] {
-        setWindowState(windowState() & ~Qt::WindowMinimized);
-        show();
-        raise();
-        activateWindow();
+ChatHooks frmChat::hooks() {
+    return {
+        .setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); },
+        .bringToFront =
+            [this] {
+                setWindowState(windowState() & ~Qt::WindowMinimized);
+                show();
+                raise();
+                activateWindow();
+            },
+        .setColor = [this](std::int32_t color) { txtChat->setColor(color); },
+        .insert = [this](const std::string& text) { txtChat->insert(text); },
+        .moveTo = [this](std::size_t position) { txtChat->moveTo(position); },
+        .moveToEnd = [this] { txtChat->moveToEnd(); },
+        .text = [this] { return txtTell->line(); },
+        .setText = [this](const std::string& text) { txtTell->setLine(text); },
+        .focus = [this] { txtTell->setFocus(); },
     };
-    hooks.setColor = [this](std::int32_t color) { txtChat->setColor(color); };
-    hooks.insert = [this](const std::string& text) { txtChat->insert(text); };
-    hooks.moveTo = [this](std::size_t position) { txtChat->moveTo(position); };
-    hooks.moveToEnd = [this] { txtChat->moveToEnd(); };
-    hooks.text = [this] { return txtTell->line(); };
-    hooks.setText = [this](const std::string& text) { txtTell->setLine(text); };
-    hooks.focus = [this] { txtTell->setFocus(); };
 }
 
 void frmChat::connectKeys() {

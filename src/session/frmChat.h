@@ -1,6 +1,7 @@
 // A chat box: a small window for the talk with one buddy or on one channel.
 #pragma once
 
+#include "common/Needed.h"
 #include "platform/TypingLine.h"
 #include "session/ChatBox.h"
 #include "session/Console.h"
@@ -10,15 +11,13 @@
 #include <QTimer>
 #include <QWidget>
 
-#include <functional>
-
-// What a box needs of the rest of the program; outlives it.
+// What a box needs of the rest of the program; outlives it. Every member must be given.
 struct ChatRoads {
     SettingsStore store; // section "Chat"
     // The font of the console's command line.
-    std::function<QFont()> typingFont = [] { return QFont(); };
+    Needed<QFont()> typingFont;
     // F1 was pressed.
-    std::function<void()> showHelp = [] {};
+    Needed<void()> showHelp;
 };
 
 // In openWindows from its construction until it closes; deletes itself after closing, which may happen whenever the
@@ -47,7 +46,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void fillHooks();
+    ChatHooks hooks();
     void connectKeys();
     void loadPlace();
     void askForBuddy();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "board/BoardRoads.h"
+#include "common/Needed.h"
 #include "platform/TypingLine.h"
 #include "platform/tcpClient.h"
 #include "session/ClientMenus.h"
@@ -18,20 +19,19 @@
 #include <QMainWindow>
 #include <QTimer>
 
-#include <functional>
 #include <string>
 #include <string_view>
 
-// What the console needs of the rest of the program; outlives the window. What is not filled in does nothing.
+// What the console needs of the rest of the program; outlives the window. Every member must be given.
 struct ClientRoads {
     SettingsStore store;
     // What the dump of the settings says of the other windows.
     RunningWindows runningWindows;
-    std::function<void(std::string_view name, std::int16_t mode)> playSound = [](std::string_view, std::int16_t) {};
+    Needed<void(std::string_view name, std::int16_t mode)> playSound;
     // Creates, shows and loads a board window.
-    std::function<void()> openBoard = [] {};
+    Needed<void()> openBoard;
     // Shows frmMatch as modChess.MatchMode says.
-    std::function<void()> showMatch = [] {};
+    Needed<void()> showMatch;
 };
 
 // Lives as long as the program. Everything is decided in `session`; the window carries events to it and its results to
@@ -92,13 +92,14 @@ private:
     void connectRow();
     void connectMenus();
     void connectConsoleMenu();
+    ChatRoads chatRoads();
     void connectChat();
     void openChat();
     void takeMenuTicks();
     void dumpRegistry();
 
     const ClientRoads& roads_;
-    ChatRoads chatRoads_;
+    ChatRoads chatRoads_{chatRoads()};
     WindowPlacer placer_{this};
     tcpClient tcpClient_{this};
     TimesealBridge bridge_;

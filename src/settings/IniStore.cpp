@@ -82,16 +82,18 @@ SettingsStore openIniStore(const QString& application) {
     const auto state = std::make_shared<IniState>();
     state->application = application;
     state->text = readIni(iniPath(application));
-    SettingsStore store;
-    store.read = [state](Text section, Text key, Text fallback) {
-        const std::string* found = state->text.find(section, key);
-        return found ? *found : fallback;
+    return {
+        .read =
+            [state](Text section, Text key, Text fallback) {
+                const std::string* found = state->text.find(section, key);
+                return found ? *found : fallback;
+            },
+        .write =
+            [state](Text section, Text key, Text text) {
+                state->text.set(section, key, text);
+                state->pending.push_back({section, key, text});
+            },
+        .remove = [state](Text name) { removeApplication(*state, QString::fromStdString(name)); },
+        .sync = [state] { sync(*state); },
     };
-    store.write = [state](Text section, Text key, Text text) {
-        state->text.set(section, key, text);
-        state->pending.push_back({section, key, text});
-    };
-    store.remove = [state](Text name) { removeApplication(*state, QString::fromStdString(name)); };
-    store.sync = [state] { sync(*state); };
-    return store;
 }

@@ -3,17 +3,19 @@
 
 SettingsStore memoryStore(const std::shared_ptr<MemoryValues>& values) {
     using Text = SettingsStore::Text;
-    SettingsStore store;
-    store.read = [values](Text section, Text key, Text fallback) {
-        values->keysRead.push_back(key);
-        const auto found = values->texts.find({section, key});
-        return found == values->texts.end() ? fallback : found->second;
+    return {
+        .read =
+            [values](Text section, Text key, Text fallback) {
+                values->keysRead.push_back(key);
+                const auto found = values->texts.find({section, key});
+                return found == values->texts.end() ? fallback : found->second;
+            },
+        .write =
+            [values](Text section, Text key, Text text) {
+                values->keysWritten.push_back(key);
+                values->texts[{section, key}] = text;
+            },
+        .remove = [values](Text application) { values->removed.push_back(application); },
+        .sync = [values] { ++values->syncs; },
     };
-    store.write = [values](Text section, Text key, Text text) {
-        values->keysWritten.push_back(key);
-        values->texts[{section, key}] = text;
-    };
-    store.remove = [values](Text application) { values->removed.push_back(application); };
-    store.sync = [values] { ++values->syncs; };
-    return store;
 }

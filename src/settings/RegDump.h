@@ -1,19 +1,19 @@
 // The diagnostic dump of the settings, regdump.txt.
 #pragma once
 
+#include "common/Needed.h"
 #include "settings/ClientSettings.h"
 #include "settings/WindowSettings.h"
 
-#include <functional>
 #include <string>
 
-// Where the dump gets the running values of the other windows. What is not filled in gives 0, as a window that is not
-// built yet has no designed size.
+// Where the dump gets the running values of the other windows. Both members must be given.
 struct RunningWindows {
-    // The window's current place; of one that is not loaded the start values (0, 0 and its designed size).
-    std::function<WindowPlace(const WindowSection&)> place = [](const WindowSection&) { return WindowPlace{}; };
+    // The window's current place; of one that is not loaded the start values (0, 0 and its designed size, or all 0 of
+    // one that is not built yet).
+    Needed<WindowPlace(const WindowSection&)> place;
     // The dialog values of frmMatch; of one that is not loaded all 0.
-    std::function<MatchSettings()> match = [] { return MatchSettings{}; };
+    Needed<MatchSettings()> match;
 };
 
 inline constexpr const char* RegDumpFile = "regdump.txt"; // in the current directory

@@ -1,22 +1,23 @@
 // The settings store as its users see it: texts addressed by section and key, one file an application.
 #pragma once
 
-#include <functional>
+#include "common/Needed.h"
+
 #include <string>
 
-// A per-user store of texts (bytes, any value). Whoever opens the store fills in all members; none of them throws.
+// A per-user store of texts (bytes, any value). Every member must be given; none of them throws.
 struct SettingsStore {
     using Text = const std::string&;
 
     // The text under (section, key); `fallback` when there is none. An empty text that was written is not absent.
-    std::function<std::string(Text section, Text key, Text fallback)> read;
+    Needed<std::string(Text section, Text key, Text fallback)> read;
 
     // Puts `text` under (section, key). What is written is read back at once but is durable only after `sync`.
-    std::function<void(Text section, Text key, Text text)> write;
+    Needed<void(Text section, Text key, Text text)> write;
 
     // Deletes everything under the application of that name, at once.
-    std::function<void(Text application)> remove;
+    Needed<void(Text application)> remove;
 
     // Makes all writes so far durable: all of them, or, when the disk refuses, none.
-    std::function<void()> sync;
+    Needed<void()> sync;
 };

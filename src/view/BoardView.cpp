@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -44,7 +45,8 @@ QPointF fromCorner(const QMouseEvent& event) {
 
 } // namespace
 
-BoardView::BoardView(QWidget* parent) : QWidget(parent), beep([] { QApplication::beep(); }) {
+BoardView::BoardView(Needed<std::int16_t(int square)> pieces, QWidget* parent)
+    : QWidget(parent), pieceAt(std::move(pieces)), beep([] { QApplication::beep(); }) {
     setObjectName(QStringLiteral("picChess"));
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);

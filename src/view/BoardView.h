@@ -1,6 +1,7 @@
 // The board on the screen, picChess: its persistent picture, and above it the piece that hangs on the pointer.
 #pragma once
 
+#include "common/Needed.h"
 #include "view/BoardGeometry.h"
 #include "view/PieceSets.h"
 
@@ -18,13 +19,13 @@ class BoardView : public QWidget {
 public:
     static constexpr int BorderPixels = 2; // the edge around the squares, on each side
 
-    explicit BoardView(QWidget* parent = nullptr);
+    explicit BoardView(Needed<std::int16_t(int square)> pieces, QWidget* parent = nullptr);
 
-    // The piece code (1 to 6 white, -1 to -6 black, anything else none) on square 0 to 63. To be filled in by the
-    // board; the squares are empty without it.
-    std::function<std::int16_t(int square)> pieceAt = [](int) { return std::int16_t{0}; };
+    // The piece code (1 to 6 white, -1 to -6 black, anything else none) on square 0 to 63.
+    Needed<std::int16_t(int square)> pieceAt;
 
-    // What was played last and what is to be played, told in front of the position; empty for nothing.
+    // What was played last and what is to be played, told in front of the position; empty for nothing, as on a board
+    // without moves.
     std::function<std::string()> movesInWords = [] { return std::string(); };
 
     // Sounds when zGetSqr is asked for a point beside the board; the system's beep unless replaced.

@@ -3,7 +3,10 @@
 
 #include <QPainter>
 
-ColorSample::ColorSample(QWidget* parent, const QString& name, QSize size) : QWidget(parent) {
+#include <utility>
+
+ColorSample::ColorSample(QWidget* parent, const QString& name, QSize size, Needed<void()> redraw)
+    : QWidget(parent), redraw_(std::move(redraw)) {
     setObjectName(name);
     setFixedSize(size);
 }
@@ -16,7 +19,7 @@ void ColorSample::begin() {
 }
 
 void ColorSample::paintEvent(QPaintEvent*) {
-    if (picture.devicePixelRatio() != devicePixelRatioF()) redraw(); // the window went to another screen
+    if (picture.devicePixelRatio() != devicePixelRatioF()) redraw_(); // the window went to another screen
     QPainter(this).drawImage(rect(), picture);
 }
 

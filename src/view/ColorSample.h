@@ -1,11 +1,11 @@
 // A picture of board squares in a fixed number of pixels, drawn as finely as the screen is.
 #pragma once
 
+#include "common/Needed.h"
+
 #include <QColor>
 #include <QImage>
 #include <QWidget>
-
-#include <functional>
 
 class QPainter;
 
@@ -14,11 +14,8 @@ inline constexpr int SampleSquare = 40;
 
 class ColorSample : public QWidget {
 public:
-    // `size` in pixels, fixed.
-    ColorSample(QWidget* parent, const QString& name, QSize size);
-
-    // Draws the picture anew, by what whoever made the sample fills in; `begin` comes first in it.
-    std::function<void()> redraw = [] {};
+    // `size` in pixels, fixed. `redraw` draws the picture anew; `begin` comes first in it.
+    ColorSample(QWidget* parent, const QString& name, QSize size, Needed<void()> redraw);
 
     // Makes the picture empty, at the scale of the screen on which it stands.
     void begin();
@@ -28,6 +25,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    Needed<void()> redraw_;
 };
 
 // A frame two pixels thick inside the square with its top left corner at (x,y).

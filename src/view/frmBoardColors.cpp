@@ -98,9 +98,8 @@ frmBoardColors::~frmBoardColors() { openWindows.remove(this); }
 QWidget* frmBoardColors::buildSample() {
     auto* frame = new QGroupBox(tr("All Pieces"), this);
     frame->setObjectName(QStringLiteral("Frame1"));
-    picSquares_ = new ColorSample(frame, QStringLiteral("picSquares"), SampleSize);
+    picSquares_ = new ColorSample(frame, QStringLiteral("picSquares"), SampleSize, [this] { zDraw(); });
     picSquares_->setAccessibleName(tr("All pieces in the colours chosen"));
-    picSquares_->redraw = [this] { zDraw(); };
     (new QVBoxLayout(frame))->addWidget(picSquares_);
     return frame;
 }
@@ -108,9 +107,8 @@ QWidget* frmBoardColors::buildSample() {
 QLayout* frmBoardColors::buildButtons() {
     auto* column = new QVBoxLayout;
     column->addLayout(buildColors());
-    picHL_ = new ColorSample(this, QStringLiteral("picHL"), {2 * SampleSquare, SampleSquare});
+    picHL_ = new ColorSample(this, QStringLiteral("picHL"), {2 * SampleSquare, SampleSquare}, [this] { zDraw(); });
     picHL_->setAccessibleName(tr("Both highlights"));
-    picHL_->redraw = [this] { zDraw(); };
     column->addSpacing(Gap);
     column->addWidget(picHL_, 0, Qt::AlignHCenter);
     column->addStretch();

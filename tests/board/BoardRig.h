@@ -49,14 +49,13 @@ inline Style12Record recordOf(const LineOf& line) {
 
 // A loaded board: idle, start position on show, nothing written down yet.
 struct BoardRig {
-    std::unique_ptr<Game> owned = std::make_unique<Game>();
+    std::unique_ptr<Game> owned = std::make_unique<Game>(surface(), gridSurface());
     Game& game = *owned;
     std::vector<std::string> effects;
     double second = 1000;
 
     BoardRig() {
         modChess = {};
-        record();
         game.beginLoad();
         game.finishLoad();
         effects.clear();
@@ -103,33 +102,39 @@ struct BoardRig {
     }
 
 private:
-    void record() {
-        GameSurface& s = game.surface;
-        s.zDrawSquare = [this](int square, int mode) { note("draw", square, mode); };
-        s.zMovePiece = [this](float x, float y, int alpha) { note("piece", x, y, alpha); };
-        s.paintBoard = [this] { note("paint"); };
-        s.keepPicture = [this] { note("picture"); };
-        s.setLastMove = [this](const std::string& text) { note("last", text); };
-        s.setClock = [this](int side, const std::string& text) { note("clock", side, text); };
-        s.setClockColor = [this](int side, std::uint32_t color) { note("color", side, color); };
-        s.showHoldings = [this](const std::string& white, const std::string& black) { note("hold", white, black); };
-        s.hideHoldings = [this] { note("hideHoldings"); };
-        s.setPanel = [this](int panel, const std::string& text) { note("panel", panel, text); };
-        s.setTitle = [this](const std::string& text) { note("title", text); };
-        s.showUn = [this](bool shown) { note("un", shown); };
-        s.enableSavePGN = [this](bool enabled) { note("save", enabled); };
-        s.startClock = [this] { note("startClock"); };
-        s.stopClock = [this] { note("stopClock"); };
-        s.startNoPlay = [this] { note("startNoPlay"); };
-        s.stopNoPlay = [this] { note("stopNoPlay"); };
-        s.secondsOfDay = [this] { return second; };
-        s.playSound = [this](std::string_view name, std::int16_t mode) { note("sound", name, mode); };
-        s.zSendMsg = [this](const std::string& text) { note("send", text); };
-        s.zSqFinish = [this](int square) { note("finish", square); };
-        game.grdMoves.surface.showCell = [this](int row, int col) {
-            note("cell", row, col, "[" + game.grdMoves.text(row, col) + "]");
+    GameSurface surface() {
+        return {
+            .zDrawSquare = [this](int square, int mode) { note("draw", square, mode); },
+            .zMovePiece = [this](float x, float y, int alpha) { note("piece", x, y, alpha); },
+            .paintBoard = [this] { note("paint"); },
+            .keepPicture = [this] { note("picture"); },
+            .setPointerPicture = [](int) {},
+            .setLastMove = [this](const std::string& text) { note("last", text); },
+            .setClock = [this](int side, const std::string& text) { note("clock", side, text); },
+            .setClockColor = [this](int side, std::uint32_t color) { note("color", side, color); },
+            .showHoldings = [this](const std::string& white, const std::string& black) { note("hold", white, black); },
+            .hideHoldings = [this] { note("hideHoldings"); },
+            .setPanel = [this](int panel, const std::string& text) { note("panel", panel, text); },
+            .setTitle = [this](const std::string& text) { note("title", text); },
+            .showUn = [this](bool shown) { note("un", shown); },
+            .enableSavePGN = [this](bool enabled) { note("save", enabled); },
+            .bringToFront = [] {},
+            .startClock = [this] { note("startClock"); },
+            .stopClock = [this] { note("stopClock"); },
+            .startNoPlay = [this] { note("startNoPlay"); },
+            .stopNoPlay = [this] { note("stopNoPlay"); },
+            .secondsOfDay = [this] { return second; },
+            .playSound = [this](std::string_view name, std::int16_t mode) { note("sound", name, mode); },
+            .zSendMsg = [this](const std::string& text) { note("send", text); },
+            .zSqFinish = [this](int square) { note("finish", square); },
         };
-        game.grdMoves.surface.setUp = [this] { note("gridSetup"); };
-        game.grdMoves.surface.scrollTo = [this](int row) { note("top", row); };
+    }
+
+    MoveGridSurface gridSurface() {
+        return {
+            .showCell = [this](int row, int col) { note("cell", row, col, "[" + game.grdMoves.text(row, col) + "]"); },
+            .scrollTo = [this](int row) { note("top", row); },
+            .setUp = [this] { note("gridSetup"); },
+        };
     }
 };

@@ -27,15 +27,6 @@ protected:
     BoardWindowRig() {
         modChess = {};
         openWindows.windows.clear();
-        roads.store = memoryStore(values);
-        roads.history = &history;
-        roads.zSendMsg = [this](const std::string& text) { sent.push_back(text); };
-        roads.zSend = [this](const std::string& text) {
-            if (connected) typed.push_back(text);
-            return connected;
-        };
-        roads.tellText = [this](int index) { return index == 0 ? tell : std::string(); };
-        roads.enableBoardMenu = [this] { ++menuEnabled; };
         boxes.okCancel = [this](QWidget*, const std::string& title, const std::string& text) {
             asked.push_back(title + "/" + text);
             return okay;
@@ -104,7 +95,22 @@ protected:
 
     std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
     CommandHistory history;
-    BoardRoads roads;
+    BoardRoads roads{
+        .store = memoryStore(values),
+        .history = history,
+        .zSendMsg = [this](const std::string& text) { sent.push_back(text); },
+        .zSend =
+            [this](const std::string& text) {
+                if (connected) typed.push_back(text);
+                return connected;
+            },
+        .playSound = [](std::string_view, std::int16_t) {},
+        .tellText = [this](int index) { return index == 0 ? tell : std::string(); },
+        .showMatch = [] {},
+        .consoleFrame = [] { return QRect(); },
+        .typingFont = [] { return QFont(); },
+        .enableBoardMenu = [this] { ++menuEnabled; },
+    };
     std::vector<QPointer<frmChessBoard>> made;
     std::vector<std::string> sent;
     std::vector<std::string> typed;

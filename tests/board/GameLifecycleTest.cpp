@@ -1,5 +1,6 @@
 // A board's life: load, taking over a record, end of game, cleared board, lines loaded.
 #include "board/BoardRig.h"
+#include "board/QuietGame.h"
 
 #include <gtest/gtest.h>
 
@@ -23,15 +24,12 @@ TEST(GameLifecycle, ALoadedBoardIsIdleOnTheStartPosition) {
     EXPECT_EQ(game.PositionStore.plies[0][60], -1);
 }
 
-TEST(GameLifecycle, ABoardHasNoRelationOfAnIdleOneBeforeItsLoad) {
-    Game game;
-    EXPECT_NE(game.xMyRel(), "-100");
-}
+TEST(GameLifecycle, ABoardHasNoRelationOfAnIdleOneBeforeItsLoad) { EXPECT_NE(quietGame()->xMyRel(), "-100"); }
 
 TEST(GameLifecycle, TheLoadRaisesSelfCheckOK) {
     BoardRig rig;
     modChess.SelfCheckOK = false;
-    Game().beginLoad();
+    quietGame()->beginLoad();
     EXPECT_TRUE(modChess.SelfCheckOK);
 }
 

@@ -1,6 +1,7 @@
 // The move list as text and tints.
 #include "board/MoveGridState.h"
 
+#include "board/QuietGame.h"
 #include "common/Fault.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +12,7 @@ namespace {
 
 // A grid with "e4" at (1, 1) as its current cell.
 struct GridWithMove {
-    MoveGridState grid;
+    MoveGridState grid{quietGrid()};
     GridWithMove() {
         grid.zGridSetup();
         grid.setCell(1, 1, "e4");
@@ -22,7 +23,7 @@ struct GridWithMove {
 };
 
 int topAfter(int top, std::int16_t visible, int moveRow) {
-    MoveGridState grid;
+    MoveGridState grid{quietGrid()};
     grid.topRow = top;
     grid.VisibleRows = visible;
     grid.zSetTop(moveRow);
@@ -46,7 +47,7 @@ TEST(MoveGrid, SetupClearsAllAndSetsTheHeading) {
 }
 
 TEST(MoveGrid, RowsPast200AndColumnsPast2Fault) {
-    MoveGridState grid;
+    MoveGridState grid{quietGrid()};
     grid.setCell(200, 2, "x");
     EXPECT_THROW(grid.setCell(201, 1, "x"), Fault);
     EXPECT_THROW(grid.setCell(1, 3, "x"), Fault);
@@ -95,7 +96,7 @@ TEST(MoveGrid, SetTopScrollsUpToOneRowAboveTheMove) {
 TEST(MoveGrid, SetTopDoesNotScrollDownWithNoVisibleRows) { EXPECT_EQ(topAfter(5, 0, 50), 5); }
 
 TEST(MoveGrid, SetTopTellsTheWindowOnlyOfAChange) {
-    MoveGridState grid;
+    MoveGridState grid{quietGrid()};
     std::vector<int> scrolls;
     grid.surface.scrollTo = [&](int row) { scrolls.push_back(row); };
     grid.VisibleRows = 10;

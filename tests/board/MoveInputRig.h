@@ -21,7 +21,7 @@ struct MoveInputRig : BoardRig {
     static constexpr int Left = 1;
     static constexpr int Right = 2;
 
-    MoveInput input{game};
+    MoveInput input{game, inputSurface()};
     BoardGeometry geometry;
     int slip = 0; // interval of tmrSlip while it runs
     std::string popped;
@@ -29,27 +29,33 @@ struct MoveInputRig : BoardRig {
     MoveInputRig() {
         modChess.DragMode = 1;
         geometry.zBoardSetup({(8 * 54 + 68) * 15, 0, 0}, 0);
-        MoveInputSurface& s = input.surface;
-        s.zGetSqr = [this](float x, float y) { return geometry.zGetSqr(x, y); };
-        s.DisplaySquare = [this](int square) { return geometry.DisplaySquare[square]; };
-        s.centreOf = [this](int position) {
-            BoardPoint point;
-            geometry.zGetXY(static_cast<std::int16_t>(position), point.x, point.y);
-            return BoardPoint{point.x + 27, point.y + 27};
-        };
-        s.zYankPiece = [this](int square) { note("yank", square); };
-        s.startSlip = [this](int milliseconds) { slip = milliseconds; };
-        s.stopSlip = [this] { slip = 0; };
-        s.popupDrop = [this](const DropEntries& entries) {
-            popped.clear();
-            for (const DropEntry& entry : entries) popped += entry.caption + (entry.enabled ? "+" : "-") + " ";
-            note("menu", input.DropSquare);
-        };
-        s.popupPromote = [this] { note("promote"); };
-        s.focusTyping = [this] { note("focus"); };
-        s.moveMade = [this] { note("made"); };
         game.surface.setPointerPicture = [this](int picture) { note("pointer", picture); };
         game.surface.zSqFinish = [this](int square) { input.zSqFinish(square); };
+    }
+
+    MoveInputSurface inputSurface() {
+        return {
+            .zGetSqr = [this](float x, float y) { return geometry.zGetSqr(x, y); },
+            .DisplaySquare = [this](int square) { return geometry.DisplaySquare[square]; },
+            .centreOf =
+                [this](int position) {
+                    BoardPoint point;
+                    geometry.zGetXY(static_cast<std::int16_t>(position), point.x, point.y);
+                    return BoardPoint{point.x + 27, point.y + 27};
+                },
+            .zYankPiece = [this](int square) { note("yank", square); },
+            .startSlip = [this](int milliseconds) { slip = milliseconds; },
+            .stopSlip = [this] { slip = 0; },
+            .popupDrop =
+                [this](const DropEntries& entries) {
+                    popped.clear();
+                    for (const DropEntry& entry : entries) popped += entry.caption + (entry.enabled ? "+" : "-") + " ";
+                    note("menu", input.DropSquare);
+                },
+            .popupPromote = [this] { note("promote"); },
+            .focusTyping = [this] { note("focus"); },
+            .moveMade = [this] { note("made"); },
+        };
     }
 
     void turnBoard() {

@@ -3,6 +3,7 @@
 
 #include "board/BoardRig.h"
 #include "board/GameRouting.h"
+#include "board/QuietGame.h"
 #include "platform/OpenWindows.h"
 #include "session/QuietSurface.h"
 #include "session/Session.h"
@@ -29,7 +30,7 @@ struct RoutingRig {
     ~RoutingRig() { openWindows = {}; }
 
     Game& addIdle() {
-        Game& game = *boards.emplace_back(std::make_unique<Game>());
+        Game& game = *boards.emplace_back(quietGame());
         openWindows.add({.className = "frmChessBoard", .window = &game, .unload = {}, .content = &game});
         game.beginLoad();
         game.finishLoad();

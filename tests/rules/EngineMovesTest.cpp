@@ -4,6 +4,7 @@
 #include "board/Game.h"
 #include "board/MoveRules.h"
 #include "board/PieceCodes.h"
+#include "board/QuietGame.h"
 #include "common/Squares.h"
 #include "common/Text.h"
 #include "practice/chess/MoveText.h"
@@ -45,7 +46,7 @@ struct Seen {
 struct Walk {
     EngineTalk& engine;
     Seen& seen;
-    std::unique_ptr<Game> owned = std::make_unique<Game>();
+    std::unique_ptr<Game> owned = quietGame();
     Game& game = *owned;
     std::string fen;
 

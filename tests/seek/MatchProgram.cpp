@@ -24,9 +24,10 @@ int main(int argc, char** argv) {
     Application application(argc, argv);
     if (argc < 4) return 2;
     const auto values = std::make_shared<MemoryValues>();
-    MatchRoads roads;
-    roads.store = memoryStore(values);
-    roads.zSendMsg = [](const std::string& line) { say("sent " + line); };
+    const MatchRoads roads{
+        .store = memoryStore(values),
+        .zSendMsg = [](const std::string& line) { say("sent " + line); },
+    };
     modChess.MatchMode = argv[1] == std::string("match");
     return application.run([&] {
         frmMatch& dialog = frmMatch::showIt(roads);

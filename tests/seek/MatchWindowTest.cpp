@@ -27,8 +27,6 @@ protected:
         modChess = {};
         openWindows.windows.clear();
         QDir::setCurrent(folder.path());
-        roads.store = memoryStore(values);
-        roads.zSendMsg = [this](const std::string& line) { sent.push_back(line); };
     }
     ~MatchWindow() override {
         delete dialog.data();
@@ -72,7 +70,10 @@ protected:
     int topOf(const char* name) const { return part(name).mapTo(dialog.data(), QPoint()).y(); }
 
     std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
-    MatchRoads roads;
+    MatchRoads roads{
+        .store = memoryStore(values),
+        .zSendMsg = [this](const std::string& line) { sent.push_back(line); },
+    };
     QPointer<frmMatch> dialog;
     std::vector<std::string> sent;
     QString startFolder = QDir::currentPath();

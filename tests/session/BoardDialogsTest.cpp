@@ -17,8 +17,6 @@ protected:
             return dialog && section.name == std::string("Match") ? dialog->place() : WindowPlace{};
         };
         roads.runningWindows.match = [this] { return dialog ? dialog->fields() : MatchSettings{}; };
-        matchRoads.store = roads.store;
-        matchRoads.zSendMsg = [this](const std::string& text) { client->session.road.zSendMsg(text); };
     }
     ~BoardDialogs() override { delete dialog.data(); }
 
@@ -27,7 +25,10 @@ protected:
     }
     void press(const char* name) const { dialog->findChild<QPushButton*>(QString::fromLatin1(name))->click(); }
 
-    MatchRoads matchRoads;
+    MatchRoads matchRoads{
+        .store = roads.store,
+        .zSendMsg = [this](const std::string& text) { client->session.road.zSendMsg(text); },
+    };
     QPointer<frmMatch> dialog;
 };
 

@@ -160,7 +160,7 @@ TEST_F(Burst, WithSoundsOnAsksForEachSoundOnceAndStartsNoProcess) {
     int waves = 0;
     sounds.wave = [&](const QString&) { ++waves; };
     sounds.beep = [] {};
-    rig.boardRoads.playSound = [&](std::string_view name, std::int16_t mode) {
+    rig.boardRoads->playSound = [&](std::string_view name, std::int16_t mode) {
         sounds.zPlaySound(std::string(name), mode);
     };
     modChess.SoundOn = 1;

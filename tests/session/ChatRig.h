@@ -21,24 +21,31 @@ struct RecordedChat {
     std::string typing;
     int focused = 0;
 
-    explicit RecordedChat(ServerRoad& road) : box(road) {
-        ChatHooks& hooks = box.hooks;
-        hooks.setCaption = [this](const std::string& text) { caption = text; };
-        hooks.setColor = [this](std::int32_t color) { steps.push_back("color " + std::to_string(color)); };
-        hooks.insert = [this](const std::string& text) {
-            conversation += text;
-            steps.push_back("insert " + text);
-        };
-        hooks.moveTo = [this](std::size_t position) { steps.push_back("move " + std::to_string(position)); };
-        hooks.moveToEnd = [this] { steps.emplace_back("end"); };
-        hooks.text = [this] { return typing; };
-        hooks.setText = [this](const std::string& text) { typing = text; };
-        hooks.focus = [this] { ++focused; };
+    explicit RecordedChat(ServerRoad& road) : box(road, hooks()) {
         openWindows.add({.className = "frmChat", .window = this, .unload = {}, .content = &box});
     }
     ~RecordedChat() { openWindows.remove(this); }
     RecordedChat(const RecordedChat&) = delete;
     RecordedChat& operator=(const RecordedChat&) = delete;
+
+private:
+    ChatHooks hooks() {
+        return {
+            .setCaption = [this](const std::string& text) { caption = text; },
+            .bringToFront = [] {},
+            .setColor = [this](std::int32_t color) { steps.push_back("color " + std::to_string(color)); },
+            .insert =
+                [this](const std::string& text) {
+                    conversation += text;
+                    steps.push_back("insert " + text);
+                },
+            .moveTo = [this](std::size_t position) { steps.push_back("move " + std::to_string(position)); },
+            .moveToEnd = [this] { steps.emplace_back("end"); },
+            .text = [this] { return typing; },
+            .setText = [this](const std::string& text) { typing = text; },
+            .focus = [this] { ++focused; },
+        };
+    }
 };
 
 // A road whose socket is connected until a test closes it, and any number of boxes.

@@ -19,6 +19,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,11 +28,6 @@ protected:
     ClientRig() {
         modChess = {};
         openWindows.windows.clear();
-        roads.store = memoryStore(values);
-        roads.openBoard = [this] {
-            auto* board = new frmChessBoard(boardRoads);
-            board->load();
-        };
         boxes.message = [this](QWidget*, const std::string&, const std::string& text) { messages.push_back(text); };
         boxes.input = [this](QWidget*, const std::string& prompt, const std::string& title, const std::string&) {
             messages.push_back(title + ": " + prompt);
@@ -68,7 +64,8 @@ protected:
     // Builds and loads the window; the first board with it.
     frmChessClient& start() {
         client = std::make_unique<frmChessClient>(roads);
-        boardRoads = client->boardRoads();
+        boardRoads.emplace(client->boardRoads());
+        boardRoads->consoleFrame = [] { return QRect(); }; // the first board stands at the corner of the screen
         client->load();
         return *client;
     }
@@ -115,8 +112,19 @@ protected:
     }
 
     std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
-    ClientRoads roads;
-    BoardRoads boardRoads;
+    ClientRoads roads{
+        .store = memoryStore(values),
+        .runningWindows = {.place = [](const WindowSection&) { return WindowPlace{}; },
+                           .match = [] { return MatchSettings{}; }},
+        .playSound = [](std::string_view, std::int16_t) {},
+        .openBoard =
+            [this] {
+                auto* board = new frmChessBoard(*boardRoads);
+                board->load();
+            },
+        .showMatch = [] {},
+    };
+    std::optional<BoardRoads> boardRoads; // of `client`
     ScriptedServer loopback;
     std::unique_ptr<frmChessClient> client;
     std::vector<std::string> messages;

@@ -34,15 +34,9 @@ ProgramRig::ProgramRig() {
     };
     boxes.confirm = boxes.yesNo;
     fillStore();
-    roads.store = memoryStore(values);
-    roads.playSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); };
-    roads.openBoard = [this] {
-        inDrain(0);
-        auto* board = new frmChessBoard(boardRoads);
-        board->load();
-    };
     client = std::make_unique<frmChessClient>(roads);
-    boardRoads = client->boardRoads();
+    boardRoads.emplace(client->boardRoads());
+    boardRoads->consoleFrame = [] { return QRect(); }; // the first board stands at the corner of the screen
     noteTraffic();
     client->load();
 }

@@ -65,8 +65,20 @@ public:
 
     ScriptedServer server;
     std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
-    ClientRoads roads;
-    BoardRoads boardRoads;
+    ClientRoads roads{
+        .store = memoryStore(values),
+        .runningWindows = {.place = [](const WindowSection&) { return WindowPlace{}; },
+                           .match = [] { return MatchSettings{}; }},
+        .playSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); },
+        .openBoard =
+            [this] {
+                inDrain(0);
+                auto* board = new frmChessBoard(*boardRoads);
+                board->load();
+            },
+        .showMatch = [] {},
+    };
+    std::optional<BoardRoads> boardRoads; // of `client`
     std::unique_ptr<frmChessClient> client;
 
     std::vector<std::string> sounds;   // names, in order, whatever their switch

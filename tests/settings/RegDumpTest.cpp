@@ -33,10 +33,13 @@ protected:
         }
     }
 
-    RunningWindows windows{[](const WindowSection&) {
-                               return WindowPlace{11, 12, 13, 14};
-                           },
-                           [] { return MatchSettings{1, 2, 3, 4, 5, 6, 7, 8}; }};
+    RunningWindows windows{
+        .place =
+            [](const WindowSection&) {
+                return WindowPlace{11, 12, 13, 14};
+            },
+        .match = [] { return MatchSettings{1, 2, 3, 4, 5, 6, 7, 8}; },
+    };
 };
 
 constexpr const char* SectionsAndKeys =

@@ -252,6 +252,15 @@ class LayerCheck(unittest.TestCase):
                 changes = {"fuzz/Tape.h": f"// Tape.\n#include {name}\n"}
                 self.expect(changes, "fuzz/Tape.h:2", "neither a file of fuzz/ nor of brightrank_core")
 
+    def test_fuzz_may_include_the_quiet_surfaces_of_the_tests_alone(self):
+        for header, sound in [("board/QuietGame.h", True), ("board/BoardRig.h", False)]:
+            with self.subTest(header):
+                changes = {f"tests/{header}": "// A game.\n", "fuzz/Tape.h": f'// Tape.\n#include "{header}"\n'}
+                if sound:
+                    self.assertEqual(self.run_on(changes), (0, ""))
+                else:
+                    self.expect(changes, "fuzz/Tape.h:2", "neither a file of fuzz/ nor of brightrank_core")
+
     def test_finds_angle_brackets_in_fuzz(self):
         for name in ["Tape.h", "board/Rules.h"]:
             with self.subTest(name):

@@ -25,7 +25,6 @@ protected:
         modChess.ColorBlack = 0x665544;
         modChess.ColorMove = 0x998877;
         modChess.ColorPreMove = 0xCCBBAA;
-        view.pieceAt = [this](int square) { return pieces.at(static_cast<std::size_t>(square)); };
         setUp();
     }
     ~BoardFixture() override { modChess = ModChess{}; }
@@ -74,5 +73,5 @@ protected:
     }
 
     std::array<std::int16_t, 64> pieces{};
-    BoardView view;
+    BoardView view{[this](int square) { return pieces.at(static_cast<std::size_t>(square)); }};
 };

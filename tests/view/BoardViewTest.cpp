@@ -203,7 +203,7 @@ TEST_F(BoardViewTest, ATargetIsPaintedInsteadOfTheBoard) {
 }
 
 TEST_F(BoardViewTest, ABoardThatWasNeverSetUpTakesAllCallsAndPaintsNothing) {
-    BoardView bare;
+    BoardView bare([](int) { return std::int16_t{0}; });
     bare.zDrawSquare(3, -1);
     bare.zYankPiece(3);
     bare.zMovePiece(10, 10, 255);

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
+
 namespace {
 
 bool hasEdgeOfPartAlpha(const QImage& image) {
@@ -107,8 +109,8 @@ using SharedPieceSets = BoardFixture;
 TEST_F(SharedPieceSets, FortyBoardsShareOneDrawing) {
     const int drawn = imlPieces.drawnLists();
     const QImage* king = &imlPieces.images(view.geometry().PieceList, ratio())[1];
-    std::array<BoardView, 40> boards;
-    for (BoardView& board : boards) board.zBoardSetup(view.geometry());
+    std::deque<BoardView> boards;
+    while (boards.size() < 40) boards.emplace_back(view.pieceAt).zBoardSetup(view.geometry());
     EXPECT_EQ(imlPieces.drawnLists(), drawn);
     EXPECT_EQ(&imlPieces.images(view.geometry().PieceList, ratio())[1], king);
 }
