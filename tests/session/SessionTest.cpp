@@ -290,6 +290,17 @@ TEST_F(SessionTest, WhatIsToldUnderABoxWaitsForItsEnd) {
     EXPECT_THAT(events, ElementsAre("box one", "end of one", "box two", "end of two"));
 }
 
+TEST_F(SessionTest, OnceTheProgramClosesNoFurtherBoxComesUp) {
+    inBox = [this] {
+        session.tell("two");
+        modChess.AppClosing = true;
+    };
+    session.tell("one");
+    session.timerFired(SessionTimer::Messages);
+    session.tell("three");
+    EXPECT_THAT(events, ElementsAre("box one", "end of one"));
+}
+
 // Faults
 
 TEST_F(SessionTest, AFaultNamesTheLimitAndTheLineThatMetIt) {
