@@ -197,6 +197,14 @@ TEST_F(ConsoleLinesTest, Row17TheGraphsOwnPollIsHidden) {
     EXPECT_EQ(console(), "after\r\n");
 }
 
+TEST_F(ConsoleLinesTest, Row17ALongLineOfThePollThatRatesNothingIsPrinted) {
+    modChess.gLastCmd = "sought";
+    modChess.gSeekOn = true;
+    const std::string line = std::string(67, 'x') + "-9999 f";
+    batch(line + "\n");
+    EXPECT_EQ(console(), line + "\r\n");
+}
+
 TEST_F(ConsoleLinesTest, Row17OtherLinesOfThePollAreNotTestedFurther) {
     modChess.gLastCmd = "sought";
     modChess.gSeekOn = true;
