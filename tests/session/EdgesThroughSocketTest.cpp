@@ -24,6 +24,10 @@ protected:
             batches.push_back(batch);
             real(batch);
         };
+        auto& startTimer = client->session.pipeline.hooks.startTimer;
+        startTimer = [real = startTimer](SessionTimer timer, int milliseconds) {
+            if (timer != SessionTimer::tmrArrival) real(timer, milliseconds); // silence releases nothing
+        };
         client->session.classifier.hooks.beep = [this] { ++beeps; };
     }
 
