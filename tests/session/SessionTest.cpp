@@ -228,9 +228,11 @@ TEST_F(SessionTest, AServerChosenWhileConnectedEndsTheGamesOfTheOldOne) {
 TEST_F(SessionTest, TheCloseQuestionEmptiesTheBoardsPanels) {
     arriveRecord({.game = 12, .relation = 1});
     session.connection.LastServer = 1;
+    boards.front()->effects.clear();
     for (int beep = 0; beep < 3; ++beep) session.timerFired(SessionTimer::tmrClose);
     EXPECT_EQ(game().currentGame, "");
     EXPECT_TRUE(boards.front()->saw("title Brightrank - Board"));
+    EXPECT_THAT(boards.front()->all("panel"), ElementsAre("panel 1 ", "panel 2 ", "panel 3 "));
     EXPECT_FALSE(running.contains(SessionTimer::tmrClose));
 }
 
