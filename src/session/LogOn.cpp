@@ -17,6 +17,7 @@ void LogOn::prompt(std::int16_t login) {
     if (login == 2) hooks.maskTyping();
     if (!hooks.mnuAutoLogon()) return;
     hooks.takeKeyboard();
+    keyWaits_ = true;
     hooks.startTimer(pause(login));
 }
 
@@ -26,7 +27,14 @@ int LogOn::pause(std::int16_t login) {
     return before == 0 ? 0 : FirstPause << std::min(before - 1, MostDoublings);
 }
 
-void LogOn::timer() { answer(); }
+void LogOn::timer() {
+    if (std::exchange(keyWaits_, false) && hooks.mnuAutoLogon()) answer();
+}
+
+void LogOn::connectionChanges() {
+    keys_ = {};
+    keyWaits_ = false;
+}
 
 bool LogOn::answer() {
     switch (std::exchange(pipeline.login, std::int16_t{0})) {

@@ -32,10 +32,11 @@ struct LogOn {
     // message loop, behind its own line: the first of each kind on a connection at once, each further one after a pause
     // that doubles from one second.
     void prompt(std::int16_t login);
-    // The automatic key: answers the prompt, if it is still pending.
+    // The automatic key: answers the prompt, if it is still pending and mnuAutoLogon still ticked.
     void timer();
-    // A new connection: its first prompts are answered at once.
-    void connecting() { keys_ = {}; }
+    // The connection ends or a new one is made: a key that still waits is not for it, and its first prompts are
+    // answered at once.
+    void connectionChanges();
 
     // The Up key: answers a pending prompt and clears `login`; false if there is none. The handle goes out as a typed
     // command, the password by the raw road, neither echoed nor kept, and only while connected.
@@ -45,4 +46,5 @@ private:
     int pause(std::int16_t login);
 
     std::array<int, 2> keys_{}; // automatic ones on this connection, by prompt
+    bool keyWaits_ = false;     // an automatic one
 };

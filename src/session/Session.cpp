@@ -138,10 +138,14 @@ ConnectionHooks Session::connectionHooks() {
     return {
         .connectTo =
             [this](const std::string& host, std::int32_t port) {
-                logOn.connecting();
+                logOn.connectionChanges();
                 outside.socket.connectTo(host, port);
             },
-        .closeSocket = outside.socket.close,
+        .closeSocket =
+            [this] {
+                logOn.connectionChanges();
+                outside.socket.close();
+            },
         .socketState = outside.socket.state,
         .setCaption = outside.client.setCaption,
         .checksChanged = outside.client.ticksChanged,
@@ -200,10 +204,11 @@ void Session::tell(const std::string& text) {
     }
 }
 
+// A program that closes asks for no more clicks.
 void Session::showMessages() {
     if (telling_) return;
     const RaisedFlag telling(telling_);
-    while (!messages_.empty()) {
+    while (!messages_.empty() && !modChess.AppClosing) {
         const std::string text = std::move(messages_.front());
         messages_.pop_front();
         outside.user.message(text);

@@ -44,7 +44,7 @@ struct Session {
     void timerFired(SessionTimer timer);
 
     // Tells the user something in a box. What is told while a batch is being read comes up behind it; what is told
-    // while a box is up, behind that one.
+    // while a box is up, behind that one; nothing once the program closes.
     void tell(const std::string& text);
     // Opens a chat box, which proposes the sender of the latest tell; none while the program closes.
     void zNewChat();

@@ -65,8 +65,11 @@ void TextPipeline::disarm() {
     modChess.Deadlines[0] = 0;
 }
 
-// What is held was searched when it came, so that a long answer costs no more than its length.
-std::string_view TextPipeline::unsearched(std::size_t held) const {
+// What is held was searched when it came, so that a long answer costs no more than its length. Another prompt than then
+// may stand anywhere in it.
+std::string_view TextPipeline::unsearched(std::size_t held) {
+    if (searchedFor_ != modChess.gPrompt) held = 0;
+    searchedFor_ = modChess.gPrompt;
     const std::size_t overlap = std::max(modChess.gPrompt.size(), LongestWord);
     return std::string_view(PendingText).substr(held - std::min(held, overlap));
 }

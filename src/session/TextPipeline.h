@@ -67,12 +67,13 @@ struct TextPipeline {
 
 private:
     void disarm();
-    std::string_view unsearched(std::size_t held) const;
+    std::string_view unsearched(std::size_t held);
     void takeArrival(std::size_t held);
     void letGoFullBatches(std::size_t held);
     void drain(std::size_t held);
     void learnHandle();
     void hold(std::size_t held);
 
-    LineCount heldLines_; // of what is held
+    LineCount heldLines_;     // of what is held
+    std::string searchedFor_; // the prompt that is not in what is held
 };

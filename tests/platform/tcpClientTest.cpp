@@ -208,6 +208,32 @@ TEST_F(TcpClientTest, ConnectClosesTheOldConnectionFirst) {
     EXPECT_TRUE(waitUntil([&] { return received == "new\n\r"; }));
 }
 
+TEST_F(TcpClientTest, AfterAFailureTheNextConnectionsEndIsACloseAgain) {
+    client->RemotePort = 65536;
+    client->Connect();
+    ASSERT_TRUE(waitUntil([&] { return !events.empty(); }));
+    client->RemotePort = server.serverPort();
+    events.clear();
+    connectClient();
+    peer->close();
+    ASSERT_TRUE(waitUntil([&] { return events.size() == 2; }));
+    EXPECT_EQ(events.back(), "Close");
+}
+
+TEST_F(TcpClientTest, AnEndThatWasStillToBeToldIsNotTheNextConnections) {
+    connectClient();
+    client->onDataArrival = {}; // what is not fetched holds the end back
+    say("bye\n\r");
+    peer->close();
+    ASSERT_TRUE(waitUntil([&] { return client->State() == 8; }));
+    runFor(20);
+    events.clear();
+    connectClient();
+    runFor(50);
+    EXPECT_EQ(events, (std::vector<std::string>{"Connect"}));
+    EXPECT_EQ(client->State(), 7);
+}
+
 TEST_F(TcpClientTest, ConnectWhileConnectingKeepsOnlyTheLatest) {
     client->Connect();
     client->Connect();

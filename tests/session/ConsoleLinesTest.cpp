@@ -197,6 +197,14 @@ TEST_F(ConsoleLinesTest, Row17TheGraphsOwnPollIsHidden) {
     EXPECT_EQ(console(), "after\r\n");
 }
 
+TEST_F(ConsoleLinesTest, Row17ALongLineOfThePollThatRatesNothingIsPrinted) {
+    modChess.gLastCmd = "sought";
+    modChess.gSeekOn = true;
+    const std::string line = std::string(67, 'x') + "-9999 f";
+    batch(line + "\n");
+    EXPECT_EQ(console(), line + "\r\n");
+}
+
 TEST_F(ConsoleLinesTest, Row17OtherLinesOfThePollAreNotTestedFurther) {
     modChess.gLastCmd = "sought";
     modChess.gSeekOn = true;
@@ -252,6 +260,30 @@ TEST_F(ConsoleLinesTest, Row18AWordTypedWithSoShowsThem) {
     EXPECT_FALSE(prints(Seek));
     modChess.gLastTyped = "who so";
     EXPECT_FALSE(prints(Seek));
+}
+
+TEST_F(ConsoleLinesTest, OfTwoRowsInOneLineTheEarlierCountsWhereverItStands) {
+    const std::vector<std::string> rows{
+        "(told Bob", "Challenge:", "login:",      "password:",    "**** Starting FICS session as",
+        "backs up",  "} 1-0",      "has arrived", "Style 12 set", "quillf"};
+    chatBuddies = {modChess.LastBuddy = "Bob"};
+    classifier.menu.mnuSeekGrf = true;
+    classifier.hooks.zEndGame = [this](const std::string&) { event("end"); };
+    const auto effect = [this](const std::string& line) {
+        events.clear();
+        classifier.SuppressCount = 0;
+        batch(line + "\n");
+        std::string all = std::to_string(classifier.SuppressCount);
+        for (const std::string& event : events) all += "; " + event;
+        return all;
+    };
+    for (std::size_t first = 0; first < rows.size(); ++first) {
+        const std::string alone = effect(rows[first]);
+        for (std::size_t second = first + 1; second < rows.size(); ++second) {
+            EXPECT_EQ(effect(rows[first] + " " + rows[second]), alone) << rows[first] << " before " << rows[second];
+            EXPECT_EQ(effect(rows[second] + " " + rows[first]), alone) << rows[second] << " before " << rows[first];
+        }
+    }
 }
 
 TEST_F(ConsoleLinesTest, CaseMatters) {

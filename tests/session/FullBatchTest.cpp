@@ -69,9 +69,18 @@ TEST(LineCountTest, AnUnfinishedLineCountsAsOne) {
     EXPECT_EQ(lines.lines(), 1002U);
 }
 
-TEST(LineCountTest, CountsLinesAndNotBytes) {
+TEST(LineCountTest, CountsLinesWhateverTheirLength) {
     EXPECT_EQ(linesIn(std::string(5'000'000, 'x')), 1U);
     EXPECT_EQ(linesIn(numbered(900, std::string(3000, 'x') + "\n\r")), 900U);
+}
+
+TEST(LineCountTest, AMegabyteIsHeldAndAByteMoreIsNot) {
+    LineCount count;
+    count.add(std::string(MostHeldBytes - 1, 'x'));
+    count.add("x");
+    EXPECT_FALSE(count.overfull());
+    count.add("x");
+    EXPECT_TRUE(count.overfull());
 }
 
 TEST(LineCountTest, CountsWhatServerLinesMakesInAnyPieces) {
@@ -108,6 +117,26 @@ TEST(FullBatchTest, AnUnfinishedLineIsNotCut) {
 TEST(FullBatchTest, AVeryLongLineIsNotCut) {
     const TwoBatches two(numbered(1000) + std::string(100'000, 'x') + "\n\rb\n\r");
     EXPECT_EQ(two.front, numbered(1000));
+}
+
+TEST(FullBatchTest, OfMoreThanAMegabyteTheWholeLinesWithinItGo) {
+    const std::string lines = numbered(20);
+    EXPECT_EQ(TwoBatches(lines + std::string(MostHeldBytes, 'x')).front, lines);
+    EXPECT_EQ(TwoBatches(lines + std::string(MostHeldBytes, 'x') + "\n\r").front, lines);
+    const std::string exact = std::string(MostHeldBytes - 2, 'x') + "\n\r";
+    EXPECT_EQ(TwoBatches(exact + "y").front, exact);
+}
+
+TEST(FullBatchTest, OfMoreThanAMegabyteTheRestDoesNotBeginWithARecordEither) {
+    const TwoBatches two(numbered(9) + "\n\r" + Record + std::string(MostHeldBytes, 'x'));
+    EXPECT_EQ(two.front, numbered(9));
+}
+
+TEST(FullBatchTest, OnlyALineOfMoreThanAMegabyteIsCutAndNotBetweenTheHalvesOfItsEnd) {
+    const std::string line(MostHeldBytes, 'x');
+    EXPECT_EQ(TwoBatches(line + "yz").rest, "yz");
+    EXPECT_EQ(TwoBatches(line + "\n\ry").rest, "\n\ry");
+    EXPECT_EQ(TwoBatches(line.substr(1) + "\n\ry").rest, "\n\ry");
 }
 
 TEST(FullBatchTest, TheRestDoesNotBeginWithARecord) {

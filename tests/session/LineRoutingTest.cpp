@@ -125,6 +125,41 @@ TEST_F(LineRoutingTest, HoldingsGoToTheBoardOfTheLatestRecord) {
     EXPECT_EQ(console(), LongLine + "\r\nfics% ");
 }
 
+TEST_F(LineRoutingTest, TheWalkBehindHoldingsGoesOnePastTheBatchAndStopsAtALongLine) {
+    modChess.Record.GameNumber = 12;
+    batch("1\n2\n3\n4\n");
+    batch("<b1> game 12 white [] black [Q]\nfics% \n");
+    EXPECT_EQ(lines[2], "") << "a line of an older batch";
+    EXPECT_EQ(lines[3], "4\r\n");
+}
+
+TEST_F(LineRoutingTest, ATitleInPlaceOfAChannelNumberIsATellOfChannel0) {
+    batch("Bob(C): hi\nfics% \nmore text\nfics% ");
+    EXPECT_EQ(modChess.TellTarget, "0");
+    EXPECT_EQ(console(), "Bob(C): hi\r\nmore text\r\nfics% ");
+}
+
+// A tell that ends a move list has lines behind it that are blank already.
+TEST_F(LineRoutingTest, TheWalkBehindATellSkipsWhatIsBlank) {
+    modChess.MovesCapture = true;
+    modChess.MovesTarget = 99;
+    captures.zMovesLines = [](const std::string&, int) { return true; };
+    batch("Bob tells you: hi\na\nb\nc\nd\nfics% ");
+    EXPECT_EQ(console(), "Bob tells you: hi\r\nd\r\nfics% ");
+}
+
+TEST_F(LineRoutingTest, BehindHoldingsShortLinesOfLaterBatchesVanishUntilALongerOne) {
+    modChess.Record.GameNumber = 12;
+    for (const std::string& holdings : {std::string(), "\n" + style12Line(12) + "\n"}) {
+        printed.clear();
+        batch(holdings + "<b1> game 12 white [] black [Q]\n\nfics% ");
+        batch("\nfics% ");
+        EXPECT_EQ(console(), "");
+        batch("\n" + LongLine + "\nfics% ");
+        EXPECT_EQ(console(), LongLine + "\r\nfics% ");
+    }
+}
+
 TEST_F(LineRoutingTest, HoldingsWithoutABoardFault) {
     modChess.Record.GameNumber = 99;
     try {

@@ -183,6 +183,32 @@ TEST_F(LogOnTest, ANewConnectionBeginsWithoutAPause) {
     EXPECT_THAT(pauses, ElementsAre(0, 1000, 0));
 }
 
+TEST_F(LogOnTest, AKeyThatWaitsIsNotForTheNextServer) {
+    session.connection.mnuAutoLogon = true;
+    arrive("password: ");
+    session.connection.hooks.connectTo("another host", 5000);
+    session.timerFired(SessionTimer::AutoLogon);
+    EXPECT_THAT(sent, IsEmpty()) << "the new one has not asked";
+}
+
+TEST_F(LogOnTest, AKeyThatWaitsEndsWithItsConnection) {
+    session.connection.mnuAutoLogon = true;
+    arrive("login: ");
+    session.connection.mnuCloseClick();
+    session.timerFired(SessionTimer::AutoLogon);
+    EXPECT_THAT(sent, IsEmpty());
+    EXPECT_EQ(typing, "");
+}
+
+TEST_F(LogOnTest, AKeyThatWaitsIsTakenBackWithTheTick) {
+    session.connection.mnuAutoLogon = true;
+    arrive("login: ");
+    session.connection.mnuAutoLogonClick();
+    session.timerFired(SessionTimer::AutoLogon);
+    EXPECT_THAT(sent, IsEmpty());
+    EXPECT_EQ(pipeline.login, 1) << "the user may still press Up";
+}
+
 TEST_F(LogOnTest, TheLastCommandIsThePasswordUntilTheServerHasAnswered) {
     arrive("password: ");
     keys.typingKeyDown(KeyUp, false);

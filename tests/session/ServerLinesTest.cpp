@@ -108,6 +108,15 @@ TEST_F(ServerLinesTest, ClearBlanksALine) {
     EXPECT_EQ(lines[1], "");
 }
 
+TEST_F(ServerLinesTest, ClearBlanksTheFirstAndTheLastOfAFullBatch) {
+    cut(std::string(1001, '\n'));
+    lines.zClearLines(0);
+    lines.zClearLines(1000);
+    EXPECT_EQ(lines[0], "");
+    EXPECT_EQ(lines[999], "\r\n");
+    EXPECT_EQ(lines[1000], "");
+}
+
 TEST_F(ServerLinesTest, InVerboseModeEveryLineStays) {
     cut("a\n");
     lines.verbose = true;

@@ -228,9 +228,11 @@ TEST_F(SessionTest, AServerChosenWhileConnectedEndsTheGamesOfTheOldOne) {
 TEST_F(SessionTest, TheCloseQuestionEmptiesTheBoardsPanels) {
     arriveRecord({.game = 12, .relation = 1});
     session.connection.LastServer = 1;
+    boards.front()->effects.clear();
     for (int beep = 0; beep < 3; ++beep) session.timerFired(SessionTimer::tmrClose);
     EXPECT_EQ(game().currentGame, "");
     EXPECT_TRUE(boards.front()->saw("title Brightrank - Board"));
+    EXPECT_THAT(boards.front()->all("panel"), ElementsAre("panel 1 ", "panel 2 ", "panel 3 "));
     EXPECT_FALSE(running.contains(SessionTimer::tmrClose));
 }
 
@@ -288,6 +290,17 @@ TEST_F(SessionTest, WhatIsToldUnderABoxWaitsForItsEnd) {
     };
     session.tell("one");
     EXPECT_THAT(events, ElementsAre("box one", "end of one", "box two", "end of two"));
+}
+
+TEST_F(SessionTest, OnceTheProgramClosesNoFurtherBoxComesUp) {
+    inBox = [this] {
+        session.tell("two");
+        modChess.AppClosing = true;
+    };
+    session.tell("one");
+    session.timerFired(SessionTimer::Messages);
+    session.tell("three");
+    EXPECT_THAT(events, ElementsAre("box one", "end of one"));
 }
 
 // Faults

@@ -61,16 +61,28 @@ TEST_F(TextPipelineFlood, AnAnswerOfAThousandUsersIsOneBatch) {
     EXPECT_EQ(largest, 1001);
 }
 
-TEST_F(TextPipelineFlood, LinesCountAndNotBytes) {
-    const std::string answer = numbered(0, 700, 3000) + "fics% ";
+TEST_F(TextPipelineFlood, AnAnswerOf900KilobytesWithoutAPromptInsideIsOneBatch) {
+    const std::string answer = numbered(0, 300, 3000) + "fics% ";
     arriveInPackets(answer);
     EXPECT_THAT(batches, ElementsAre(answer));
 }
 
-TEST_F(TextPipelineFlood, ALineWithoutEndWaitsForItsPromptInTimeOfItsLength) {
-    arriveInPackets(std::string(20'000'000, 'x') + "fics% ");
+TEST_F(TextPipelineFlood, ALineWithoutEndGoesInBatchesOfAMegabyteAndIsHeldOn) {
+    arriveInPackets(std::string(20'000'000, 'x'));
+    EXPECT_EQ(batches.size(), 19U);
+    for (const std::string& batch : batches) EXPECT_EQ(batch.size(), MostHeldBytes);
+    EXPECT_LE(pipeline.PendingText.size(), MostHeldBytes);
+    EXPECT_EQ(running.at(SessionTimer::tmrArrival), 3000);
+    arrive("fics% ");
+    EXPECT_TRUE(allBatches() == std::string(20'000'000, 'x') + "fics% ");
+    EXPECT_EQ(pipeline.PendingText, "");
+}
+
+TEST_F(TextPipelineFlood, LongLinesGoAheadWholeOnceTheyAreAMegabyte) {
+    arriveInPackets(numbered(0, 350, 3000));
     ASSERT_EQ(batches.size(), 1U);
-    EXPECT_EQ(batches[0].size(), 20'000'006U);
+    EXPECT_EQ(batches[0], numbered(0, 349, 3000));
+    EXPECT_EQ(pipeline.PendingText, numbered(349, 1, 3000));
 }
 
 TEST_F(TextPipelineFlood, WithOneLineMoreTheFrontGoesAheadWhenItComes) {

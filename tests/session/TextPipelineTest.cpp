@@ -95,6 +95,13 @@ TEST_F(TextPipelineTest, ThePromptCountsAnywhereInTheText) {
     EXPECT_THAT(batches, ElementsAre("fics% more behind"));
 }
 
+TEST_F(TextPipelineTest, APromptThatChangesWhileTextIsHeldIsFoundInAllOfIt) {
+    arrive("a line\n\rnew% and more text of that line\n\r");
+    modChess.gPrompt = "new% ";
+    arrive("x");
+    EXPECT_THAT(batches, ElementsAre("a line\n\rnew% and more text of that line\n\rx"));
+}
+
 TEST_F(TextPipelineTest, TheSilenceCountsFromTheLatestArrival) {
     arrive("one");
     clock = 2500;
