@@ -17,16 +17,17 @@ void LogOn::prompt(std::int16_t login) {
     if (login == 2) hooks.maskTyping();
     if (!hooks.mnuAutoLogon()) return;
     hooks.takeKeyboard();
-    hooks.startTimer(pause(login));
+    hooks.startTimer(pause(keysAt(login)));
 }
 
 // A server that refuses the answer asks again at once.
-int LogOn::pause(std::int16_t login) {
-    const int before = keys_.at(static_cast<std::size_t>(login - 1))++;
-    return before == 0 ? 0 : FirstPause << std::min(before - 1, MostDoublings);
-}
+int LogOn::pause(int keysBefore) { return keysBefore == 0 ? 0 : FirstPause << std::min(keysBefore - 1, MostDoublings); }
 
-void LogOn::timer() { answer(); }
+// A key counts when it is pressed: a server may write the word twice before that.
+void LogOn::timer() {
+    if (pipeline.login != 0) ++keysAt(pipeline.login);
+    answer();
+}
 
 bool LogOn::answer() {
     switch (std::exchange(pipeline.login, std::int16_t{0})) {
