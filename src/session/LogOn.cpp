@@ -18,17 +18,17 @@ void LogOn::prompt(std::int16_t login) {
     if (!hooks.mnuAutoLogon()) return;
     hooks.takeKeyboard();
     keyWaits_ = true;
-    hooks.startTimer(pause(login));
+    hooks.startTimer(pause(keysAt(login)));
 }
 
 // A server that refuses the answer asks again at once.
-int LogOn::pause(std::int16_t login) {
-    const int before = keys_.at(static_cast<std::size_t>(login - 1))++;
-    return before == 0 ? 0 : FirstPause << std::min(before - 1, MostDoublings);
-}
+int LogOn::pause(int keysBefore) { return keysBefore == 0 ? 0 : FirstPause << std::min(keysBefore - 1, MostDoublings); }
 
+// A key counts when it is pressed: a server may write the word twice before that.
 void LogOn::timer() {
-    if (std::exchange(keyWaits_, false) && hooks.mnuAutoLogon()) answer();
+    if (!std::exchange(keyWaits_, false) || !hooks.mnuAutoLogon()) return;
+    if (pipeline.login != 0) ++keysAt(pipeline.login);
+    answer();
 }
 
 void LogOn::connectionChanges() {

@@ -43,7 +43,8 @@ struct LogOn {
     bool answer();
 
 private:
-    int pause(std::int16_t login);
+    static int pause(int keysBefore); // milliseconds
+    int& keysAt(std::int16_t login) { return keys_.at(static_cast<std::size_t>(login - 1)); }
 
     std::array<int, 2> keys_{}; // automatic ones on this connection, by prompt
     bool keyWaits_ = false;     // an automatic one

@@ -74,6 +74,19 @@ TEST_F(ClockFaceTest, AWarningClockIsBlackOnRed) {
     EXPECT_TRUE(shows(picture, Qt::black));
 }
 
+TEST_F(ClockFaceTest, TheSwatchHasTheColourOfItsSideInEveryState) {
+    for (const std::uint32_t state : {ClockColor::Waiting, ClockColor::Running, ClockColor::Warning}) {
+        for (int side = 0; side < 2; ++side) {
+            ClockFace clock(side, nullptr);
+            clock.resize(OnABoard);
+            clock.setBackground(state);
+            const QImage picture = clock.grab().toImage();
+            const double ratio = picture.devicePixelRatio();
+            EXPECT_EQ(picture.pixelColor(int(11 * ratio), int(10 * ratio)), QColor(side == 0 ? Qt::white : Qt::black));
+        }
+    }
+}
+
 TEST_F(ClockFaceTest, OnADarkDesktopARunningClockIsBlackOnWhiteToo) {
     const QPalette light = QApplication::palette();
     QPalette dark(QColor(49, 54, 59), QColor(35, 38, 41));
@@ -113,6 +126,27 @@ TEST_F(ClockFaceTest, ATimeThatGrowsIsFittedAnew) {
         clock.setText(time);
         EXPECT_EQ(clock.grab().toImage(), painted(time)) << time;
     }
+}
+
+TEST_F(ClockFaceTest, AnotherFontIsFittedAtOnce) {
+    QFont large = before;
+    large.setPointSize(20);
+    ClockFace clock(0, nullptr);
+    clock.resize(OnABoard);
+    clock.setText(" -546:08");
+    clock.show();
+    const QImage usual = clock.grab().toImage();
+    QFont small = before;
+    small.setPointSize(5);
+    clock.setFont(small);
+    EXPECT_NE(clock.grab().toImage(), usual);
+    clock.setFont(large);
+    ClockFace other(0, nullptr);
+    other.setFont(large);
+    other.resize(OnABoard);
+    other.setText(" -546:08");
+    other.show();
+    EXPECT_EQ(clock.grab().toImage(), other.grab().toImage());
 }
 
 TEST_F(ClockFaceTest, AClockThatRunsKeepsTheSizeOfItsDigits) {

@@ -52,6 +52,18 @@ TEST(EndGame, TheNumberIsReadBehindGameOfEitherCase) {
     }
 }
 
+// Right behind "game" its first digit is the one that is not read: "game12" is game 2, and "game7" none.
+TEST(EndGame, TheNumberBeginsFourCharactersBehindTheAme) {
+    EndRig rig(1);
+    const Game& second = rig.addGame(2, 1);
+    rig.routing.zEndGame("{game12 (a vs b) a resigns} 1-0\r\n");
+    EXPECT_EQ(rig.board.gameIndex, 12);
+    EXPECT_EQ(second.gameIndex, 0);
+    const Game& seventh = rig.addGame(7, 1);
+    rig.routing.zEndGame("{game7 (a vs b) a resigns} 1-0\r\n");
+    EXPECT_EQ(seventh.gameIndex, 7);
+}
+
 TEST(EndGame, ANumberOnNoBoardOnlyClearsGameRunning) {
     for (const char* line : {"{Game 99 (c vs d) c resigns} 1-0\r\n", "Game aborted.\r\n", "} 1-0\r\n", "game"}) {
         EndRig rig(1);
@@ -97,6 +109,26 @@ TEST(EndGame, TheLossOfTheConnectionEndsEveryGame) {
     EXPECT_EQ(observed.xMyRel(), "-100");
     EXPECT_FALSE(modChess.GameRunning);
     EXPECT_TRUE(rig.asked.empty());
+}
+
+TEST(EndGame, TheLossOfTheConnectionEndsTheBoardsWithGameNumber0Too) {
+    RoutingRig rig;
+    const Game& idle = rig.addIdle();
+    const Game& unnumbered = rig.addGame(0, 1);
+    modChess.GameRunning = true;
+    rig.routing.zEndAllGames();
+    EXPECT_EQ(unnumbered.xMyRel(), "-100");
+    EXPECT_TRUE(idle.CanForward);
+    EXPECT_TRUE(idle.GridLightOn);
+    EXPECT_EQ(idle.Deviated, 0);
+}
+
+TEST(EndGame, WithIdleBoardsAloneTheLossOfTheConnectionClearsGameRunning) {
+    RoutingRig rig;
+    rig.addIdle();
+    modChess.GameRunning = true;
+    rig.routing.zEndAllGames();
+    EXPECT_FALSE(modChess.GameRunning);
 }
 
 TEST(EndGame, WithoutABoardTheLossOfTheConnectionLeavesGameRunning) {

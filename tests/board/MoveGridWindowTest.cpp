@@ -62,6 +62,7 @@ TEST_F(MoveGridWindow, AGridThatIsScrolledHasAsManyRowsAsOneThatIsNot) {
     auto& grid = part<MoveGrid>(board, "grdMoves");
     const auto rows = board.game.grdMoves.VisibleRows;
     ASSERT_GT(rows, 5);
+    board.game.grdMoves.VisibleRows = 0;
     grid.verticalScrollBar()->setValue(120);
     ASSERT_EQ(board.game.grdMoves.topRow, 121);
     grid.zFindBottomRow();

@@ -318,6 +318,24 @@ TEST(SetPosition, TheFirstFlipTurnsTheBoardAndLaterOnesDoNot) {
     EXPECT_TRUE(rig.game.Flipped);
 }
 
+// Title and clock first, then the board turns, its list is set up, and the bell rings with the labels gone.
+TEST(SetPosition, AFirstPositionWithFlipBeginsTheGameInThisOrderAndRingsBehindIt) {
+    BoardRig rig;
+    std::vector<std::string> steps;
+    const auto keep = [&steps](const std::string& step) { steps.push_back(step); };
+    rig.game.surface.setTitle = [&](const std::string&) { keep("title"); };
+    rig.game.surface.startClock = [&] { keep("clock runs"); };
+    rig.game.surface.paintBoard = [&] { keep(rig.game.HoldingsShown ? "turned, labels on" : "turned, labels off"); };
+    rig.game.grdMoves.surface.setUp = [&] { keep("list"); };
+    rig.game.surface.hideHoldings = [&] { keep("labels off"); };
+    rig.game.surface.playSound = [&](std::string_view name, std::int16_t) { keep(std::string(name)); };
+    rig.game.HoldingsShown = true;
+    modChess.NewGameFlag = true;
+    rig.receive({.flip = 1});
+    EXPECT_EQ(steps, (std::vector<std::string>{"title", "clock runs", "turned, labels on", "list", "labels off",
+                                               "fitebell.wav"}));
+}
+
 TEST(SetPosition, AFirstPositionWithoutFlipTurnsAFlippedBoardBack) {
     BoardRig rig;
     rig.game.Flipped = true;
@@ -394,8 +412,8 @@ TEST(SetPosition, AQueuedPreMoveGoesOutAfterStorageSoundAndClocks) {
     rig.game.PreTo = 21;
     rig.game.hand.MoveMode = 1;
     rig.game.surface.zSqFinish = [&rig](int square) {
-        rig.note("finish", square, "from", rig.game.FromSq, rig.game.hand.FromSet, "mode", rig.game.hand.MoveMode, "queued",
-                 rig.game.PreMoveSet, "stored", rig.game.PositionStore.plies[2][36]);
+        rig.note("finish", square, "from", rig.game.FromSq, rig.game.hand.FromSet, "mode", rig.game.hand.MoveMode,
+                 "queued", rig.game.PreMoveSet, "stored", rig.game.PositionStore.plies[2][36]);
     };
     rig.receive(BlackPlaysE5);
     EXPECT_EQ(rig.effects.back(), "finish 21 from 6 1 mode 1 queued 0 stored -6");

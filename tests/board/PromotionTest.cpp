@@ -76,8 +76,10 @@ TEST(AsksPromotion, NotWhenThePieceIsKnownAndNotWithAutoQueen) {
     rig.game.PromotePiece = 4;
     EXPECT_FALSE(asks(rig, "a7a8"));
     rig.game.PromotePiece = 0;
-    modChess.AutoQueen = 1;
-    EXPECT_FALSE(asks(rig, "a7a8"));
+    for (const std::int16_t autoQueen : std::initializer_list<std::int16_t>{1, -1, 2}) {
+        modChess.AutoQueen = autoQueen;
+        EXPECT_FALSE(asks(rig, "a7a8")) << autoQueen;
+    }
 }
 
 TEST(AsksPromotion, NotWithoutAMoveInHand) {

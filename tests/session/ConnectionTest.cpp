@@ -390,6 +390,36 @@ TEST_F(ConnectionTest, State0ClearsMyHandleBeforeTheGamesEnd) {
     EXPECT_EQ(seen, "");
 }
 
+TEST_F(ConnectionTest, AServerChosenWhileAnotherIsConnectedRunsWhatState0RunsFirst) {
+    tickIn(7);
+    modChess.MyHandle = "Anders";
+    log.clear();
+    connection.mnuConnectClick(4);
+    EXPECT_EQ(log, (Log{"beep", "end games", "unload seek", "connect chessclub.com:6000"}));
+    EXPECT_EQ(modChess.MyHandle, "");
+    tickIn(7);
+    EXPECT_EQ(caption, "Brightrank - Client     Connected to ICC");
+}
+
+TEST_F(ConnectionTest, TheSameForAConnectionThatNoTickHasSeenYet) {
+    state = 7;
+    connection.mnuConnectClick(4);
+    EXPECT_EQ(log, (Log{"beep", "end games", "unload seek", "connect chessclub.com:6000"}));
+}
+
+TEST_F(ConnectionTest, TheSameForALossThatNoTickHasSeenYet) {
+    tickIn(7);
+    state = 0;
+    log.clear();
+    connection.mnuConnectClick(4);
+    EXPECT_EQ(log, (Log{"beep", "end games", "unload seek", "connect chessclub.com:6000"}));
+}
+
+TEST_F(ConnectionTest, AServerChosenWhileClosedIsOnlyConnectedTo) {
+    connection.mnuConnectClick(4);
+    EXPECT_EQ(log, Log{"connect chessclub.com:6000"});
+}
+
 TEST_F(ConnectionTest, State0AtTheStartCleansNothing) {
     tickIn(0);
     EXPECT_TRUE(log.empty());

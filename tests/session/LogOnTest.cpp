@@ -174,6 +174,15 @@ TEST_F(LogOnTest, TheFirstAutomaticKeysGoAtOnceAndEachFurtherOneAfterAPauseThatD
     EXPECT_EQ(pauses.back(), 1000 << 12) << "more than an hour is no better than an hour";
 }
 
+TEST_F(LogOnTest, APromptThatComesTwiceBeforeItsKeyIsAnsweredOnceAndWithoutAPause) {
+    session.connection.mnuAutoLogon = true;
+    arriveAndWait("Write your handle behind login: now.\n\rlogin: ");
+    EXPECT_EQ(pauses.back(), 0);
+    EXPECT_THAT(sent, ElementsAre("Anders\n"));
+    arriveAndWait("login: ");
+    EXPECT_EQ(pauses.back(), 1000);
+}
+
 TEST_F(LogOnTest, ANewConnectionBeginsWithoutAPause) {
     session.connection.mnuAutoLogon = true;
     arriveAndWait("login: ");

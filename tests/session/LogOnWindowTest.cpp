@@ -97,14 +97,23 @@ TEST_F(LogOnWindow, TheAutomaticHandleIsEchoedBehindItsPrompt) {
     EXPECT_TRUE(console().ends_with("login: anders\n")) << console();
 }
 
-// The first answer leaves the handle in the history.
-TEST_F(LogOnWindow, OfTwoPromptsAtOnceTheSecondKeyComesTooLateAndLeavesTheLineAlone) {
+TEST_F(LogOnWindow, TwoPromptsInOneArrivalAreAnsweredOnce) {
     set("Auto_Logon", "True");
     serverAsks("\r\nType your handle behind login: now.\r\nlogin: ");
     ASSERT_TRUE(serverGot("anders\n"));
     runFor(50);
     EXPECT_EQ(loopback.received, "anders\n");
     EXPECT_EQ(txtSend().line(), "");
+}
+
+// The first answer leaves the handle in the history, where Up would find it.
+TEST_F(LogOnWindow, AKeyWhosePromptHasGoneDoesNotWalkTheHistory) {
+    autoLogOn();
+    client->session.timerFired(SessionTimer::AutoLogon);
+    EXPECT_EQ(txtSend().line(), "");
+    EXPECT_EQ(loopback.received, "anders\nsecret\n");
+    QTest::keyClick(&txtSend(), Qt::Key_Up);
+    EXPECT_EQ(txtSend().line(), "anders");
 }
 
 TEST_F(LogOnWindow, TheHandleReachesPanel1OfEveryBoard) {

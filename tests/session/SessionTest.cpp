@@ -225,6 +225,14 @@ TEST_F(SessionTest, AServerChosenWhileConnectedEndsTheGamesOfTheOldOne) {
     EXPECT_EQ(caption, "Brightrank - Client     Connected to ICC");
 }
 
+TEST_F(SessionTest, AutoLogonBringsTheConsoleUpAndThenTheFocusToItsTypingLine) {
+    session.connection.mnuAutoLogon = true;
+    session.outside.typing.activate = [this] { events.emplace_back("activate"); };
+    session.outside.typing.focus = [this] { events.emplace_back("focus"); };
+    arrive("login: ");
+    EXPECT_THAT(events, ElementsAre("activate", "focus"));
+}
+
 TEST_F(SessionTest, TheCloseQuestionEmptiesTheBoardsPanels) {
     arriveRecord({.game = 12, .relation = 1});
     session.connection.LastServer = 1;
