@@ -50,8 +50,8 @@ Height=8400
 def observed(fields, game, white, black):
     """One update of a game that is watched, with these clocks and its prompt."""
     fields = list(fields)
-    fields[16], fields[19], fields[24], fields[25] = str(game), "0", str(white), str(black)
-    return ("\n\r" + " ".join(fields)).encode("latin-1") + PROMPT
+    fields[15], fields[18], fields[23], fields[24] = str(game), "0", str(white), str(black)
+    return ("\n\r<12> " + " ".join(fields)).encode("latin-1") + PROMPT
 
 
 def observedGames(updates):

@@ -198,4 +198,5 @@ TEST_F(TypingWindow, AfterARightPressTheNextTextGoesInAtTheEnd) {
     loopback.send("\r\nA line long enough to be no prompt\r\nfics% ");
     ASSERT_TRUE(consoleHas("no prompt"));
     EXPECT_EQ(console().substr(0, before.size()), before);
+    QTest::mouseRelease(txtOutput().viewport(), Qt::RightButton, Qt::NoModifier, QPoint(5, 5));
 }
