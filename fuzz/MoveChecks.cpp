@@ -114,7 +114,8 @@ void StreamRig::promote(RigBoard& board, int piece) {
     if (stands) {
         checkPromoted(board, asked, piece);
     } else {
-        require(game.Board == squares && game.Turn == turn, "a game, a pawn or a turn that went takes the promotion along");
+        require(game.Board == squares && game.Turn == turn,
+                "a game, a pawn or a turn that went takes the promotion along");
     }
 }
 
@@ -179,7 +180,8 @@ void StreamRig::sendFromBoard(RigBoard& board, const std::string& text) {
 // square where a piece was taken up.
 void StreamRig::checkHand(RigBoard& board) const noexcept {
     const Game& game = board.game;
-    require(game.hand.Dragging || game.hand.FromSet == 0, "a move is in hand only while its piece hangs on the pointer");
+    require(game.hand.Dragging || game.hand.FromSet == 0,
+            "a move is in hand only while its piece hangs on the pointer");
     require(game.PromotePiece == 0 && game.EPGranted == 0, "nothing is left of the move that was made last");
     require(game.hand.MoveMode >= -1 && game.hand.MoveMode <= 1, "a square may be moved from now, in advance, or not");
     std::vector<int> rest;

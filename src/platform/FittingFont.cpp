@@ -1,8 +1,10 @@
-// A font no larger than the room that a text has.
+// Fonts for words that change often: no larger than the room that they have, and quick to lay out.
 #include "platform/FittingFont.h"
 
 #include <QFontInfo>
 #include <QFontMetrics>
+
+#include <utility>
 
 namespace {
 
@@ -15,7 +17,13 @@ bool fits(const QFont& font, const QString& text, QSize room) {
 
 } // namespace
 
+QFont unshaped(QFont font) {
+    font.setStyleStrategy(static_cast<QFont::StyleStrategy>(font.styleStrategy() | QFont::PreferNoShaping));
+    return font;
+}
+
 QFont fittingFont(QFont font, const QString& text, QSize room) {
+    font = unshaped(std::move(font));
     for (int pixels = QFontInfo(font).pixelSize(); pixels > SmallestFont && !fits(font, text, room);) {
         font.setPixelSize(--pixels);
     }

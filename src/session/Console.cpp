@@ -3,6 +3,7 @@
 
 #include "common/TypingKey.h"
 #include "platform/Colors.h"
+#include "platform/FittingFont.h"
 #include "platform/LightScrollBar.h"
 #include "platform/StreamText.h"
 
@@ -122,9 +123,7 @@ void Console::resizeEvent(QResizeEvent* event) {
 void Console::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
     if (event->type() != QEvent::FontChange) return;
-    QFont letters = font();
-    if (hasOneWidth(letters)) letters.setStyleStrategy(QFont::PreferNoShaping);
-    document()->setDefaultFont(letters);
+    document()->setDefaultFont(hasOneWidth(font()) ? unshaped(font()) : font());
     countLines();
     showEnd();
 }
