@@ -9,6 +9,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QTextBlock>
 
 #include <cmath>
@@ -112,6 +113,14 @@ void Console::keepView(Act act) {
 void Console::scrollContentsBy(int dx, int dy) {
     QPlainTextEdit::scrollContentsBy(dx, dy);
     viewport()->update(0, 0, viewport()->width(), static_cast<int>(std::ceil(document()->documentMargin())));
+}
+
+// The toolkit lays hands on all lines between the first and the last that have to be painted.
+void Console::paintEvent(QPaintEvent* event) {
+    for (const QRect& part : event->region()) {
+        QPaintEvent one(part);
+        QPlainTextEdit::paintEvent(&one);
+    }
 }
 
 void Console::resizeEvent(QResizeEvent* event) {
