@@ -75,6 +75,7 @@ bool StreamRig::takeStep(std::int64_t until) {
 
 void StreamRig::fire(SessionTimer timer) {
     clock_.fired(timer);
+    const auto linesSent = modChess.LinesSent;
     session_.timerFired(timer);
     const TextPipeline& pipeline = session_.pipeline;
     switch (timer) {
@@ -89,7 +90,8 @@ void StreamRig::fire(SessionTimer timer) {
     case SessionTimer::tmrClose:
         return;
     case SessionTimer::AutoLogon:
-        return require(pipeline.login == 0, "a prompt that is answered is none any longer");
+        return require(pipeline.login == 0 || modChess.LinesSent == linesSent,
+                       "a prompt that is answered is none any longer, and a key whose time has gone sends nothing");
     case SessionTimer::Messages:
         return;
     }
