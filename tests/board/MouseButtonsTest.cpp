@@ -435,6 +435,14 @@ TEST(ZMouseUp, APieceLetGoBesideTheBoardGoesBack) {
     EXPECT_EQ(rig.game.Board[12], 6);
 }
 
+TEST(ZMouseUp, APieceLetGoBesideTheBoardAsksForItsSquareOnce) {
+    Lifted rig;
+    int asked = 0; // each point beside the board beeps
+    rig.input.surface.zGetSqr = [&](float, float) { return ++asked, OffBoard; };
+    rig.release("e4");
+    EXPECT_EQ(asked, 1);
+}
+
 TEST(ZMouseUp, ARookOnAnOpenAFileLetGoAboveTheBoardGoesBackToo) {
     MoveInputRig rig;
     rig.openWith({.ranks = "-------- -------- ----k--- -------- -------- -------- -------- R---K---"});

@@ -93,6 +93,11 @@ TEST(MoveGrid, SetTopScrollsUpToOneRowAboveTheMove) {
     EXPECT_EQ(topAfter(5, 10, 0), 1);
 }
 
+TEST(MoveGrid, SetTopKeepsTheRowAboveTheMoveInViewWhereOnlyOneMoreFits) {
+    EXPECT_EQ(topAfter(5, 1, 9), 8);
+    EXPECT_EQ(topAfter(5, 2, 9), 8);
+}
+
 TEST(MoveGrid, SetTopDoesNotScrollDownWithNoVisibleRows) { EXPECT_EQ(topAfter(5, 0, 50), 5); }
 
 TEST(MoveGrid, SetTopTellsTheWindowOnlyOfAChange) {

@@ -44,6 +44,17 @@ TEST(ArrivingPosition, APieceLiftedBeforeTheFirstMoveOfThePointerIsPutBackWhereI
     EXPECT_EQ(rig.effects.back(), rig.pieceAt("g1", 128));
 }
 
+TEST(ArrivingPosition, APieceWhoseTurnAQueuedPreMoveHasTakenGoesBackAndBothItsSquaresArePlain) {
+    Waiting rig;
+    rig.queue("g1", "f3");
+    rig.press("d2");
+    rig.receive(Answered);
+    rig.effects.clear();
+    rig.release("d4");
+    EXPECT_EQ(rig.all("draw"), (Effects{"draw 11 0", "draw 27 0"}));
+    EXPECT_TRUE(rig.all("send").empty());
+}
+
 TEST(ArrivingPosition, ADelayGoesOnAndEndsInTheNewPosition) {
     Waiting rig;
     modChess.MouseSlip = 9;

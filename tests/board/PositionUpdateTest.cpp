@@ -229,6 +229,17 @@ TEST(SetPosition, TheListScrollsSoThatTheMoveJustMadeIsInView) {
     EXPECT_EQ(rig.all("top"), std::vector<std::string>{"top 5"});
 }
 
+TEST(SetPosition, TheListScrollsBeforeTheMoveIsLit) {
+    BoardRig rig;
+    rig.open({.relation = 2});
+    rig.game.grdMoves.VisibleRows = 5;
+    rig.game.grdMoves.setCell(9, 2, "Nf6");
+    rig.effects.clear();
+    rig.receive({.relation = 2, .moveNumber = 10, .pretty = "Nf6"});
+    EXPECT_GE(rig.place("top 5"), 0);
+    EXPECT_LT(rig.place("top 5"), rig.place("cell 9 2 [Nf6]"));
+}
+
 TEST(SetPosition, AnExaminedGameWithoutAListWritesItsMoves) {
     BoardRig rig;
     modChess.ExamineNoMoves = true;
@@ -478,4 +489,12 @@ TEST(SetPosition, AMoveNumberBelowTheStartFaults) {
     rig.open();
     rig.game.NextPly = -100;
     EXPECT_THROW(rig.receive({.moveNumber = 0, .pretty = "e4"}), Fault);
+}
+
+TEST(SetPosition, APlyBelowTheStartFaultsBehindTheMarksAndBeforeTheClocks) {
+    BoardRig rig;
+    rig.open();
+    EXPECT_THROW(rig.receive({.moveNumber = 0, .verbose = "P/e2-e4", .pretty = "e4"}), Fault);
+    EXPECT_TRUE(rig.saw("draw 28 -1"));
+    EXPECT_TRUE(rig.all("clock").empty());
 }

@@ -257,6 +257,15 @@ TEST(UnderThePromotionMenu, ThePositionOnceMoreChangesNothing) {
     EXPECT_FALSE(rig.game.hand.Dragging);
 }
 
+TEST(UnderThePromotionMenu, TheMoveWasTestedWhenItWasMadeAndIsNotTestedAgain) {
+    Promoting rig;
+    rig.drag("a7", "a8");
+    rig.receive({.ranks = "n---k--- PP------ -------- -------- -------- -------- -------- ----K---"});
+    rig.input.promote(2);
+    EXPECT_EQ(rig.all("send"), Effects{"send a7-a8=Q+"}) << "the server judges";
+    EXPECT_EQ(rig.game.Board[56], 2);
+}
+
 TEST(UnderThePromotionMenu, TheMoveIsWrittenDownWhereItStoodWhenItWasMade) {
     Promoting rig;
     rig.drag("a7", "a8");
