@@ -213,7 +213,6 @@ void Console::keepSelection(int anchor, int position) {
 
 void Console::moveToEnd() {
     flush();
-    following_ = true;
     keepView([this] { moveCursor(QTextCursor::End); });
 }
 
@@ -276,6 +275,7 @@ void Console::mousePressEvent(QMouseEvent* event) {
     flush();
     if (rightButtonEnds && event->button() == Qt::RightButton) {
         beep();
+        following_ = true;
         moveToEnd();
     } else {
         QPlainTextEdit::mousePressEvent(event);
