@@ -222,7 +222,6 @@ void Console::keepSelection(int anchor, int position) {
 
 void Console::moveToEnd() {
     flush();
-    following_ = true;
     keepView([this] { moveCursor(QTextCursor::End); });
 }
 
@@ -285,6 +284,7 @@ void Console::mousePressEvent(QMouseEvent* event) {
     flush();
     if (rightButtonEnds && event->button() == Qt::RightButton) {
         beep();
+        following_ = true;
         moveToEnd();
     } else {
         QPlainTextEdit::mousePressEvent(event);

@@ -27,10 +27,9 @@ public:
     // Puts `text` (one character a byte) at the insertion point; a line of more than 4096 characters goes on in a new
     // one. A selection of the user's stays as it is, and what arrives meanwhile keeps its order.
     void insert(const std::string& text);
-    // The insertion point goes to the end of the text, and the view with it.
+    // The insertion point goes to the end of the text; the view stays where it is, or follows the end if it was there.
     void moveToEnd();
-    // The insertion point goes behind the first `position` characters, or to the end if there are fewer; the view stays
-    // where it is, or follows the end if it was there.
+    // The same behind the first `position` characters, or to the end if there are fewer.
     void moveTo(std::size_t position);
     // Scrolls by so many pages, up where that is below 0; the insertion point stays.
     void turnPage(int pages);
@@ -49,7 +48,8 @@ public:
     std::function<bool(int code)> keyDown = [](int) { return false; };
     // A character was typed that belongs to the command line.
     std::function<void(const QString& text)> typed = [](const QString&) {};
-    // A right press beeps and moves to the end; otherwise it opens the menu with which text is copied.
+    // A right press beeps and moves the insertion point and the view to the end; otherwise it opens the menu with which
+    // text is copied.
     bool rightButtonEnds = true;
     std::function<void()> beep = [] {};
 

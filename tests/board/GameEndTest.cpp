@@ -52,6 +52,16 @@ TEST(EndGame, TheNumberIsReadBehindGameOfEitherCase) {
     }
 }
 
+TEST(EndGame, ALineThatNamesNoGameEndsNone) {
+    for (const char* line : {"nobody resigns} 1-0\r\n", "{12 (a vs b) a resigns} 1-0\r\n"}) {
+        EndRig rig(1);
+        openWindows.windows.erase(openWindows.windows.begin()); // the idle board, which comes first
+        rig.routing.zEndGame(line);
+        EXPECT_EQ(rig.board.gameIndex, 12) << line;
+        EXPECT_TRUE(modChess.GameRunning) << line;
+    }
+}
+
 // Right behind "game" its first digit is the one that is not read: "game12" is game 2, and "game7" none.
 TEST(EndGame, TheNumberBeginsFourCharactersBehindTheAme) {
     EndRig rig(1);

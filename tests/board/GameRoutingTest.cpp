@@ -84,6 +84,13 @@ TEST(GameRouting, ZFindReviewBoardTakesTheFirstBoardWithoutAGame) {
     EXPECT_TRUE(rig.asked.empty());
 }
 
+TEST(GameRouting, ForAReviewTheRelationCountsAndNotTheGamesNumber) {
+    RoutingRig rig;
+    rig.addGame(0, 2);
+    rig.addGame(12, -100);
+    EXPECT_EQ(rig.routing.zFindReviewBoard(), 1);
+}
+
 TEST(GameRouting, ZFindReviewBoardOpensExactlyOneBoard) {
     RoutingRig rig;
     rig.addGame(12, 1);

@@ -175,6 +175,7 @@ TEST_F(ConsoleFollowing, ThroughAnyMixOfTextSizesAndFontsTheEndShows) {
             console.setFont(font);
         }
         console.flush();
+        ASSERT_TRUE(endShows()) << "at once, after " << i << " changes, the last of the kind " << what;
         settle();
         ASSERT_TRUE(endShows()) << "after " << i << " changes, the last of the kind " << what;
     }
@@ -299,10 +300,24 @@ TEST_F(ConsoleFollowing, BackAtTheEndItFollowsAgain) {
     EXPECT_TRUE(endShows());
 }
 
-TEST_F(ConsoleFollowing, MovedToTheEndItFollowsAgain) {
+TEST_F(ConsoleFollowing, OfAReaderTheViewStaysAsTheInsertionPointGoesToTheEnd) {
     say(numbered(200, Words));
     scrollUp();
+    const std::string first = firstShown();
     console.moveToEnd();
+    say("finger bob\r\n"); // as the echo of a command
+    console.moveToEnd();
+    settle();
+    EXPECT_EQ(firstShown(), first);
+    EXPECT_TRUE(console.textCursor().atEnd());
+    say(numbered(10));
+    EXPECT_EQ(firstShown(), first);
+}
+
+TEST_F(ConsoleFollowing, TheRightButtonTakesAReaderToTheEndWhereItFollowsAgain) {
+    say(numbered(200, Words));
+    scrollUp();
+    QTest::mouseClick(console.viewport(), Qt::RightButton, {}, QPoint(50, 50));
     settle();
     EXPECT_TRUE(endShows());
     say(numbered(10));

@@ -93,6 +93,17 @@ TEST_F(TellLineTest, PromptsInFrontAreSkippedUpToTen) {
     EXPECT_EQ(zTellLine("fics% "), NoTell);
 }
 
+TEST_F(TellLineTest, APromptWithOneCharacterBehindItStays) {
+    modChess.gPrompt = "me(1): ";
+    EXPECT_EQ(zTellLine("me(1): x"), ChannelTell + 1);
+    EXPECT_EQ(zTellLine("me(1): xy"), NoTell);
+}
+
+TEST_F(TellLineTest, OfTwoBracketsTheOneNextToTheDigitsOpensTheChannel) {
+    EXPECT_EQ(zTellLine("Bob((5): hi"), ChannelTell + 5);
+    EXPECT_EQ(modChess.ChannelSender, "Bob(");
+}
+
 TEST_F(TellLineTest, WithNoPromptLearntNothingIsSkipped) {
     modChess.gPrompt.clear();
     EXPECT_EQ(zTellLine("fics% Bob shouts: hi"), NoTell);
@@ -111,6 +122,12 @@ TEST_F(TellLineTest, TheSendersLineLosesItsFrontOfBlanksAndControls) {
     EXPECT_EQ(line, "Bob tells you: hi");
     std::string high = "\xC4hn tells you: hi";
     EXPECT_EQ(zGetTell(high), "\xC4hn");
+    EXPECT_EQ(sender("!Bob tells you: hi"), "!Bob") << "33 is the first code that stays";
+}
+
+TEST_F(TellLineTest, ATitleWithoutAHandleLeavesNothing) {
+    modChess.TellTarget = "Ann";
+    EXPECT_EQ(sender("(TM) tells you: hi"), "");
 }
 
 TEST_F(TellLineTest, WithoutABlankTheTargetStays) {

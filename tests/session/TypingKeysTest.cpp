@@ -102,6 +102,7 @@ TEST_F(TypingKeysTest, ShiftF9OpensABoxAndTheKeyStays) {
     EXPECT_FALSE(keys.typingKeyDown(KeyF9, true));
     EXPECT_EQ(chats, 1);
     EXPECT_EQ(typing, "before");
+    EXPECT_EQ(carets, 1) << "the insertion point goes to the end";
 }
 
 TEST_F(TypingKeysTest, OtherKeysPass) {
