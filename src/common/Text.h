@@ -16,4 +16,10 @@ std::string lower(std::string_view text);
 // `text` without blanks at both ends.
 std::string_view trim(std::string_view text);
 
+// CR or LF.
+inline bool isBreak(char c) { return c == '\r' || c == '\n'; }
+
+// Whether two neighbouring characters are one line ending: CR and LF, in either order.
+inline bool areBreakPair(char a, char b) { return isBreak(a) && isBreak(b) && a != b; }
+
 inline bool contains(std::string_view text, std::string_view needle) { return text.find(needle) != text.npos; }

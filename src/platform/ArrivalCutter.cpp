@@ -8,8 +8,6 @@
 
 namespace {
 
-bool isBreak(char c) { return c == '\r' || c == '\n'; }
-
 // The place behind the last CR or LF of `text`; 0 if there is none.
 std::size_t behindLastBreak(std::string_view text) {
     const auto last = text.find_last_of("\r\n");
@@ -32,20 +30,18 @@ std::size_t behindLastPrompt(std::string_view text, std::string_view prompt) {
     return at == text.npos ? 0 : at + prompt.size();
 }
 
-bool arePartners(char a, char b) { return isBreak(a) && isBreak(b) && a != b; }
-
 // A line ends in CR, in LF, or in a pair of them in either order.
 bool endsInSingleBreak(std::string_view text) {
     const auto before = text.find_last_not_of("\r\n");
     auto at = before == text.npos ? 0 : before + 1;
-    while (at + 1 < text.size()) at += arePartners(text[at], text[at + 1]) ? std::size_t{2} : std::size_t{1};
+    while (at + 1 < text.size()) at += areBreakPair(text[at], text[at + 1]) ? std::size_t{2} : std::size_t{1};
     return at < text.size();
 }
 
 // The first `count` bytes of a longer text, less the first half of a pair at their end.
 std::string_view withWholePairs(std::string_view text, std::size_t count) {
     const auto front = text.substr(0, count);
-    const bool cutsPair = count > 0 && arePartners(text[count - 1], text[count]) && endsInSingleBreak(front);
+    const bool cutsPair = count > 0 && areBreakPair(text[count - 1], text[count]) && endsInSingleBreak(front);
     return cutsPair ? front.substr(0, count - 1) : front;
 }
 

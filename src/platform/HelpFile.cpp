@@ -2,6 +2,7 @@
 #include "platform/HelpFile.h"
 
 #include "platform/Boxes.h"
+#include "platform/InFront.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -104,8 +105,5 @@ void showHelpFile(QWidget* parent) {
         }
         browser = openBrowser(parent, file);
     }
-    browser->setWindowState(browser->windowState() & ~Qt::WindowMinimized);
-    browser->show();
-    browser->raise();
-    browser->activateWindow();
+    bringInFront(*browser);
 }

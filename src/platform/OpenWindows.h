@@ -38,7 +38,9 @@ struct OpenWindows {
     // Tells the window of the class, if one is loaded, that its answer is complete.
     void answer(std::string_view className) const {
         const auto open = std::ranges::find(windows, className, &OpenWindow::className);
-        if (open != windows.end()) open->answered();
+        if (open == windows.end()) return;
+        const auto answered = open->answered; // the list may change meanwhile
+        answered();
     }
 
     // Asks the window of the class to close, if one is loaded; for classes of which there is one at most.

@@ -41,7 +41,6 @@ void frmChessClient::connectKeys() {
 }
 
 void frmChessClient::connectRow() {
-    row_->typed = txtOutput->typed;
     row_->turnPage = [this](int pages) { txtOutput->turnPage(pages); };
     for (QToolButton* button : row_->cmdTell) {
         connect(button, &QToolButton::clicked, this,

@@ -1,6 +1,8 @@
 // What stands below the console: the prompt, the command line and the buttons with commands.
 #include "session/CommandRow.h"
 
+#include "platform/ButtonKeys.h"
+
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -40,11 +42,6 @@ QPushButton* wordButton(QWidget* parent, const char* name, const QString& captio
 
 int captionWidth(const QAbstractButton& button) {
     return button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width();
-}
-
-bool isCharacter(const QKeyEvent& event) {
-    const bool command = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    return !command && !event.text().isEmpty() && event.text().at(0).isPrint();
 }
 
 } // namespace
@@ -144,17 +141,10 @@ void CommandRow::changeEvent(QEvent* event) {
 
 // What the line and the buttons leave.
 void CommandRow::keyPressEvent(QKeyEvent* event) {
-    auto* button = qobject_cast<QAbstractButton*>(window()->focusWidget());
     const int key = event->key();
     if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
         turnPage(key == Qt::Key_PageUp ? -1 : 1);
-    } else if (button && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
-        button->click();
-    } else if (button && key == Qt::Key_Escape) {
-        txtSend->setFocus();
-    } else if (button && isCharacter(*event)) {
-        typed(event->text());
-    } else {
+    } else if (!answerButtonKey(window()->focusWidget(), *event, *txtSend)) {
         QWidget::keyPressEvent(event);
     }
 }

@@ -28,8 +28,6 @@ public:
     QPushButton* cmdDec;
     QPushButton* cmdChat;
 
-    // A character was typed while a button has the focus.
-    std::function<void(const QString& text)> typed = [](const QString&) {};
     // PageUp (-1) or PageDown (1) was pressed.
     std::function<void(int pages)> turnPage = [](int) {};
 

@@ -8,13 +8,11 @@
 
 namespace {
 
-bool isBreak(char c) { return c == '\r' || c == '\n'; }
-
 // Where the next line begins, read as ServerLines reads it.
 std::size_t behindLine(std::string_view text, std::size_t begin) {
     const auto end = text.find_first_of("\r\n", begin);
     if (end == text.npos) return text.size();
-    const bool paired = end + 1 < text.size() && isBreak(text[end + 1]) && text[end + 1] != text[end];
+    const bool paired = end + 1 < text.size() && areBreakPair(text[end], text[end + 1]);
     return end + (paired ? 2 : 1);
 }
 
@@ -47,7 +45,7 @@ std::size_t withinLine(std::string_view text) {
 void LineCount::add(std::string_view piece) {
     bytes_ += piece.size();
     for (const char c : piece) {
-        const bool partner = single_ != 0 && isBreak(c) && c != single_;
+        const bool partner = areBreakPair(single_, c);
         if (isBreak(c) && !partner) ++ended_;
         single_ = isBreak(c) && !partner ? c : '\0';
         tail_ = !isBreak(c);

@@ -12,7 +12,7 @@
 // The timers of a session; each runs Session::timerFired. tmrTCP and tmrClose repeat until they are stopped, the others
 // fire once.
 enum class SessionTimer { tmrArrival, tmrPrompt, tmrState, tmrTCP, tmrClose, AutoLogon, Messages };
-inline constexpr int SessionTimers = 7;
+inline constexpr int SessionTimers = static_cast<int>(SessionTimer::Messages) + 1;
 
 // Every member must be given. None but those of BridgeSurface and UserSurface may run the message loop.
 

@@ -4,6 +4,7 @@
 #include "common/Twips.h"
 #include "common/modChess.h"
 #include "platform/Boxes.h"
+#include "platform/InFront.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
 #include "settings/WindowSettings.h"
@@ -63,13 +64,7 @@ frmChat::~frmChat() { openWindows.remove(this); }
 ChatHooks frmChat::hooks() {
     return {
         .setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); },
-        .bringToFront =
-            [this] {
-                setWindowState(windowState() & ~Qt::WindowMinimized);
-                show();
-                raise();
-                activateWindow();
-            },
+        .bringToFront = [this] { bringInFront(*this); },
         .setColor = [this](std::int32_t color) { txtChat->setColor(color); },
         .insert = [this](const std::string& text) { txtChat->insert(text); },
         .moveTo = [this](std::size_t position) { txtChat->moveTo(position); },

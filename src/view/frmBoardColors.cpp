@@ -7,6 +7,7 @@
 #include "platform/Colors.h"
 #include "platform/Described.h"
 #include "platform/FramePlace.h"
+#include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
 #include "view/BoardGeometry.h"
 
@@ -227,9 +228,7 @@ frmBoardColors& frmBoardColors::loaded() {
 void frmBoardColors::showAt(QPoint place) {
     frmBoardColors& dialog = loaded();
     placeFrame(dialog, place);
-    dialog.show();
-    dialog.raise();
-    dialog.activateWindow();
+    bringInFront(dialog);
 }
 
 void frmBoardColors::closeEvent(QCloseEvent* event) {

@@ -8,6 +8,8 @@
 #include <QDialog>
 #include <QFrame>
 
+#include <functional>
+
 class QPushButton;
 
 // Works on colours of its own; nothing outside changes before zSave. One at most; in openWindows from its construction
@@ -32,7 +34,7 @@ public:
 
     // The dialog that is loaded, a new one if none is.
     static frmBoardColors& loaded();
-    // Opens the dialog at a point of the screen, or brings the one that is open there.
+    // Opens the dialog at a point of the screen, or brings the one that is open there, in front and not minimised.
     static void showAt(QPoint place);
 
 protected:

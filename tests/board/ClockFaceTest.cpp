@@ -149,7 +149,7 @@ TEST_F(ClockFaceTest, AnotherFontIsFittedAtOnce) {
     EXPECT_EQ(clock.grab().toImage(), other.grab().toImage());
 }
 
-TEST_F(ClockFaceTest, AClockThatRunsKeepsTheSizeOfItsDigits) {
+TEST_F(ClockFaceTest, ATimeThatComesBackLooksAsItDid) {
     ClockFace clock(0, nullptr);
     clock.resize(OnABoard);
     clock.show();

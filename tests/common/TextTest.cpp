@@ -23,6 +23,17 @@ TEST(Text, ContainsMindsTheCase) {
     EXPECT_FALSE(contains("Login: ", "login:"));
 }
 
+TEST(Text, ALineEndingIsOneOfTwoCharactersOrBothInEitherOrder) {
+    EXPECT_TRUE(isBreak('\r'));
+    EXPECT_TRUE(isBreak('\n'));
+    EXPECT_FALSE(isBreak('\0'));
+    EXPECT_TRUE(areBreakPair('\r', '\n'));
+    EXPECT_TRUE(areBreakPair('\n', '\r'));
+    EXPECT_FALSE(areBreakPair('\n', '\n'));
+    EXPECT_FALSE(areBreakPair('\0', '\n'));
+    EXPECT_FALSE(areBreakPair('\r', 'a'));
+}
+
 TEST(Text, LowerTouchesOnlyTheLettersAToZ) { EXPECT_EQ(lower("AbZ\xC4"), "abz\xC4"); }
 
 TEST(Text, TrimTakesBlanksAtBothEnds) {

@@ -46,6 +46,11 @@ class DialogsInPlace(unittest.TestCase):
         store = self.end()
         self.assertIn("Left=150\nTop=9900\n", store.replace("\r", ""))
 
+    def testWindowsThatWantMoreThanTheirSavedSizeStandInTheirPlacesToo(self):
+        self.begin(Width=300, Height=300, boardWidth=300, boardHeight=300)
+        self.expectCorner(CONSOLE, 10, 660)
+        self.expectCorner(BOARD, 660, 10)
+
     def testTheColoursStandAtTheBoardsCorner(self):
         self.begin()
         self.choose(BOARD, "alt+b", "c")

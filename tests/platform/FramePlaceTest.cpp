@@ -22,6 +22,30 @@ public:
     }
 };
 
+// Contents that turn out to need more height once they are told how narrow they are, as they show.
+class Wrapping : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void resizeEvent(QResizeEvent*) override {
+        if (width() < 100) setMinimumHeight(300);
+    }
+};
+
+class Narrow : public QDialog {
+public:
+    Narrow() {
+        (new QVBoxLayout(this))->addWidget(new Wrapping(this));
+        resize(50, 50);
+    }
+
+    int toldHeight = 0; // pixels, which the window system is told of; what follows is a resize of a window that shows
+
+protected:
+    void showEvent(QShowEvent*) override { toldHeight = windowHandle()->height(); }
+};
+
 // As the window system has it.
 QPoint corner(const QWidget& window) {
     QCoreApplication::processEvents();
@@ -36,6 +60,15 @@ TEST(FramePlace, ADialogShowsAtThePlaceGivenBefore) {
     dialog.show();
     EXPECT_EQ(corner(dialog), QPoint(70, 90));
     EXPECT_GE(dialog.width(), 400);
+}
+
+TEST(FramePlace, WhatTheLayoutWantsAsTheDialogShowsIsToldWithThePlace) {
+    Narrow dialog;
+    placeFrame(dialog, {70, 90});
+    dialog.show();
+    EXPECT_EQ(corner(dialog), QPoint(70, 90));
+    EXPECT_GE(dialog.toldHeight, 300);
+    EXPECT_EQ(dialog.height(), dialog.toldHeight);
 }
 
 TEST(FramePlace, TheLatestPlaceCounts) {

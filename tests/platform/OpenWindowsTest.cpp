@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace {
 
 // A console, two boards and a chat box, as they were opened.
@@ -40,4 +42,19 @@ TEST_F(OpenWindowsTest, AWindowThatGoesLeavesTheOthersInTheirOrder) {
     EXPECT_EQ(list.windows[2].window, &second);
     list.remove(&first);
     EXPECT_EQ(list.windows.size(), 3U) << "gone already";
+}
+
+TEST_F(OpenWindowsTest, AWindowMayGoAsItTakesItsAnswer) {
+    int notes = 0;
+    auto alive = std::make_shared<int>(0);
+    std::weak_ptr<int> watched = alive;
+    bool aliveBehind = false;
+    list.add({.className = "frmNotes", .window = &notes, .unload = {}, .answered = [&, alive = std::move(alive)] {
+                  list.remove(&notes);
+                  aliveBehind = !watched.expired();
+              }});
+    list.answer("frmNotes");
+    EXPECT_TRUE(aliveBehind) << "what the routine holds";
+    EXPECT_EQ(list.count("frmNotes"), 0);
+    list.answer("frmNotes"); // nobody is told
 }

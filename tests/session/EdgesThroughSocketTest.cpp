@@ -68,11 +68,18 @@ TEST_P(EdgesThroughSocket, AnEmptyLineARecordAndAPromptMoveTheBoardAndLeaveTheCo
     for (int update = 0; update < 3; ++update) packet("\n\r" + Record + "\n\rfics% ");
     EXPECT_EQ(console(), "");
     EXPECT_EQ(firstGame().gameIndex, 12);
+    EXPECT_EQ(firstGame().Board[28], 6);
 }
 
 TEST_P(EdgesThroughSocket, ALongLineBehindARecordIsPrinted) {
     packet("\n\r" + Record + "\n\rfics% \n\rA long line of ordinary text.\n\rfics% ");
     EXPECT_EQ(console(), "A long line of ordinary text.\nfics% ");
+}
+
+TEST_P(EdgesThroughSocket, ShortLinesPromptsAndHoldingsBehindARecordReachTheBoardAndNotTheConsole) {
+    packet("\n\r" + Record + "\n\rfics% \n\rshort\n\rfics% \n\r<b1> game 12 white [P] black []\n\rfics% ");
+    EXPECT_EQ(firstGame().Holdings[4][0], 1);
+    EXPECT_EQ(console(), "");
 }
 
 TEST_P(EdgesThroughSocket, ThePromptBehindATellVanishesAndTheTextBehindItStays) {
@@ -121,6 +128,12 @@ TEST_P(EdgesThroughSocket, AQuietConsolePrintsNothingAndPilesNothing) {
     packet("one\n\rfics% \n\rtwo\n\rfics% ");
     EXPECT_EQ(console(), "");
     EXPECT_EQ(modChess.BlockedText, "");
+}
+
+TEST_P(EdgesThroughSocket, AGamesEndBehindAPromptInTheMiddleIsRead) {
+    packet("\n\r" + Record + "\n\rfics% ");
+    packet("\n\rAnn shouts: hello\n\rfics% \n\r{Game 12 (Anders vs. Berta) Berta resigns} 1-0\n\rfics% ");
+    EXPECT_EQ(firstGame().gameIndex, 0);
 }
 
 TEST_P(EdgesThroughSocket, AnArrivalInAGamesEndEndsTheGameAlone) {

@@ -20,10 +20,10 @@ constexpr std::array<std::int64_t, 3> Pauses{0, 2, 10};
 constexpr std::size_t Whole = 1'000'000; // a size of packets: one
 
 // Each game has a board: its own number. All effects are events, in their order.
-struct Session : SlowWire {
+struct Replay : SlowWire {
     void TestBody() override {}
 
-    Session() {
+    Replay() {
         auto& hooks = classifier.hooks;
         hooks.zFindBoard = [](std::int16_t game) { return static_cast<int>(game); };
         hooks.zStyle12Line = [this, parse = hooks.zStyle12Line](const std::string& line) {
@@ -113,14 +113,14 @@ std::string nameOf(const testing::TestParamInfo<const char*>& info) {
 } // namespace
 
 TEST_P(MessagesInPackets, WithPausesBetweenThemChangeNothing) {
-    Session whole;
+    Replay whole;
     whole.play(stream, Whole, 0, BetweenMessagesMs);
     EXPECT_GT(whole.batches.size(), whole.loggedOn);
     EXPECT_EQ(whole.rawRecords, 0);
     for (const std::size_t size : Sizes) {
         for (const std::int64_t pauseMs : Pauses) {
             SCOPED_TRACE(std::to_string(size) + " bytes a packet, " + std::to_string(pauseMs) + " ms between them");
-            Session cut;
+            Replay cut;
             cut.play(stream, size, pauseMs, BetweenMessagesMs);
             EXPECT_TRUE(cut.console == whole.console);
             EXPECT_EQ(cut.printed, whole.printed);
@@ -131,7 +131,7 @@ TEST_P(MessagesInPackets, WithPausesBetweenThemChangeNothing) {
 }
 
 TEST_P(MessagesInPackets, WithoutPausesLoseAndDoubleNothing) {
-    Session whole;
+    Replay whole;
     whole.play(stream, Whole, 0, BetweenMessagesMs);
     const auto lines = shownLines(whole.console);
     const LinesByBatch byBatch(stream);
@@ -139,7 +139,7 @@ TEST_P(MessagesInPackets, WithoutPausesLoseAndDoubleNothing) {
          {std::size_t{1}, std::size_t{7}, std::size_t{100}, OneLine, std::size_t{1460}, Whole}) {
         for (const std::int64_t pauseMs : Pauses) {
             SCOPED_TRACE(std::to_string(size) + " bytes a packet, " + std::to_string(pauseMs) + " ms between them");
-            Session cut;
+            Replay cut;
             cut.playOn(stream, size, pauseMs);
             EXPECT_EQ(cut.rawRecords, 0);
             EXPECT_TRUE(std::accumulate(cut.batches.begin(), cut.batches.end(), std::string()) ==

@@ -123,6 +123,11 @@ TEST_F(ColorDialog, ShownAgainTheSameDialogComesToTheNewPlace) {
     EXPECT_TRUE(dialog->isVisible());
 }
 
+TEST_F(ColorDialog, AMinimisedOneComesUpWhenItIsAskedForAgain) {
+    open().showMinimized();
+    EXPECT_FALSE(open().isMinimized());
+}
+
 TEST_F(ColorDialog, OneThatHasClosedIsNotShownAgain) {
     open();
     const frmBoardColors* first = dialog;
