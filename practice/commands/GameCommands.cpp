@@ -94,13 +94,13 @@ const CommandTable& gameCommands() {
 Answer typedMove(Hall& hall, Player& player, const std::string& text) {
     Game* game = hall.gameAtBoard(player);
     if (!game) return {"You are not playing or examining a game."};
-    const bool mayMove = !game->examiner.empty() || game->sideOf(player.name) == game->toMove();
+    const bool mayMove = game->isExamined() || game->sideOf(player.name) == game->toMove();
     if (game->pending || !mayMove) return {"It is not your move."};
     if (callFlag(hall, *game)) return quiet;
     if (game->moves.size() >= Game::plyLimit) return {"There is no room for more moves in this game."};
     const TypedMove typed = readMove(game->facts, text, player.promotion);
     if (typed.reading == MoveReading::Legal) {
-        playMove(hall, *game, typed.move);
+        playMove(hall, *game, typed.move, game->isExamined() ? player.name : std::string());
         return quiet;
     }
     const std::string word = typed.reading == MoveReading::Ambiguous ? "Ambiguous move (" : "Illegal move (";

@@ -24,7 +24,7 @@ const std::map<std::string, std::string>& topics() {
          "examine [[name] number|opponent]\n\nPuts a finished or adjourned game on your board: numbers are those of "
          "\"history\", -1 is the last game, and without anything you get the start position. \"forward [n]\" and "
          "\"backward [n]\" walk through it, any legal move may be tried, \"revert\" comes back from a try, and "
-         "\"unexamine\" ends it. Others may observe."},
+         "\"unexamine\" ends it. Others may observe, and \"mexamine NAME\" lets one of them examine as well."},
         {"history",
          "history [name]\n\nLists a player's last ten games; \"smoves name number\" gives the moves of one."},
         {"kinds", "Kinds of chess\n\nSeeks and matches may name one: crazyhouse, suicide, losers, wild/0 to wild/5, "

@@ -101,7 +101,7 @@ Answer comment(Hall& hall, Player& player, const Game& game, const std::string& 
                              (whisper ? "whispers: " : "kibitzes: ") + text;
     int heard = 0;
     for (const Player& other : hall.players) {
-        const bool plays = (!whisper && game.sideOf(other.name) >= 0) || game.examiner == other.name;
+        const bool plays = (!whisper && game.sideOf(other.name) >= 0) || game.isExaminer(other.name);
         if ((!game.isObserver(other.name) && !plays) || &other == &player || other.variables.value("kibitz") == 0)
             continue;
         speak(other, line);
