@@ -8,7 +8,7 @@ namespace practice {
 
 namespace {
 
-constexpr int seeksOfOne = 3;
+constexpr std::size_t seeksOfOne = 3;
 
 // Ads do not disturb those at the board.
 bool wantsAds(const Player& player) {
@@ -43,7 +43,8 @@ std::string postSeek(Hall& hall, Player& player, Terms terms) {
         terms.rated = false;
         text = "You are unregistered - setting to unrated.\n";
     }
-    if (hall.seeks.countOf(player.name) >= seeksOfOne) return "You have three ads already; \"unseek\" takes them back.";
+    if (hall.seeks.numbersOf(player.name).size() >= seeksOfOne)
+        return "You have three ads already; \"unseek\" takes them back.";
     const Seek seek{player.name, player.title, player.rating, terms};
     const int number = hall.seeks.post(seek);
     if (number == 0) return "There is no room for another ad.";

@@ -23,7 +23,7 @@ struct ServerGame : testing::Test {
         ada.enterAsGuest("Ada");
         bert.enterAsGuest("Bert");
         ada.ask("seek 5 0 white");
-        bert.until("Ada(U) (++++) seeking 5 0 unrated blitz [white] (\"play 5\" to respond)\n\rfics% ");
+        bert.until("Ada (++++) seeking 5 0 unrated blitz [white] (\"play 5\" to respond)\n\rfics% ");
         bert.line("play 5");
         bert.until("{Game ");
         number = bert.until(" ");
