@@ -12,7 +12,7 @@ constexpr std::size_t seeksOfOne = 3;
 
 // Ads do not disturb those at the board.
 bool wantsAds(const Player& player) {
-    return !player.isComputer() && player.playing == 0 && player.variables.value("seek") != 0;
+    return !player.computer && player.playing == 0 && player.variables.value("seek") != 0;
 }
 
 int announce(Hall& hall, int number, const Seek& seek) {
