@@ -189,9 +189,10 @@ TEST_F(AdRoomTest, AnAdDoesNotComeBackWhileItsOwnerPlaysAgain) {
 
 TEST_F(AdRoomTest, HostsTakeSeveralChallengesButOfferNoGameMeanwhile) {
     open(0);
-    rig.type("Ada", "match sprout 5 0");
-    rig.type("Bert", "match sprout 5 0");
-    rig.pass(150);
+    for (const char* name : {"Ada", "Bert"}) {
+        rig.type(name, "match sprout 5 0");
+        rig.pass(150);
+    }
     EXPECT_EQ(rig.hall.gamesOf(*rig.hall.find("Sprout")).size(), 2U);
     EXPECT_FALSE(owners().contains("Sprout"));
     rig.type("Ada", "resign");
