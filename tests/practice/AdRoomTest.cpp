@@ -193,7 +193,7 @@ TEST_F(AdRoomTest, HostsTakeSeveralChallengesButOfferNoGameMeanwhile) {
         rig.type(name, "match sprout 5 0");
         rig.pass(150);
     }
-    EXPECT_EQ(rig.hall.gamesOf(*rig.hall.find("Sprout")).size(), 2U);
+    ASSERT_EQ(rig.hall.gamesOf(*rig.hall.find("Sprout")).size(), 2U);
     EXPECT_FALSE(owners().contains("Sprout"));
     rig.type("Ada", "resign");
     gameOf("Bert")->pending = true;
