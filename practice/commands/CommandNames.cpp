@@ -25,12 +25,13 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 27> shortFor
 
 const std::vector<std::string>& commandNames() {
     static const std::vector<std::string> names{
-        "abort",   "accept",    "adjourn", "allobservers", "backward", "date",    "decline",   "draw",      "examine",
-        "finger",  "flag",      "forward", "games",        "help",     "history", "inchannel", "iset",      "it",
-        "kibitz",  "match",     "moves",   "next",         "observe",  "pending", "play",      "promote",   "quit",
-        "refresh", "rematch",   "resign",  "revert",       "say",      "seek",    "set",       "shout",     "smoves",
-        "sought",  "stored",    "style",   "takeback",     "tell",     "time",    "unexamine", "unobserve", "unseek",
-        "uptime",  "variables", "whisper", "who",          "withdraw", "xkibitz", "xtell",     "xwhisper",
+        "abort",     "accept",   "adjourn", "allobservers", "assess",    "backward",  "date",     "decline",
+        "draw",      "examine",  "finger",  "flag",         "forward",   "games",     "help",     "history",
+        "inchannel", "iset",     "it",      "kibitz",       "match",     "mexamine",  "moves",    "next",
+        "observe",   "pending",  "play",    "promote",      "quit",      "refresh",   "rematch",  "resign",
+        "revert",    "say",      "seek",    "set",          "shout",     "smoves",    "sought",   "stored",
+        "style",     "takeback", "tell",    "time",         "unexamine", "unobserve", "unseek",   "uptime",
+        "variables", "whisper",  "who",     "withdraw",     "xkibitz",   "xtell",     "xwhisper",
     };
     return names;
 }

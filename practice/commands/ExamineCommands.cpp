@@ -59,6 +59,15 @@ Answer examine(Hall& hall, Player& player, const Arguments& arguments) {
     return {wanted.game ? startExamining(hall, player, wanted.game.get()) : wanted.complaint};
 }
 
+Answer shareExamined(Hall& hall, Player& player, const Arguments& arguments) {
+    if (player.examining == 0) return notExamining;
+    if (arguments.words.empty()) return {"Usage: mexamine NAME"};
+    Player* to = hall.findByHead(arguments.word(0));
+    if (!to) return notOnline(arguments.word(0));
+    if (hall.game(player.examining)->isExaminer(to->name)) return {to->name + " is examining this game already."};
+    return {shareExamining(hall, player, *to)};
+}
+
 Answer walk(Hall& hall, Player& player, const Arguments& arguments,
             std::string (*step)(Hall& hall, Player& player, int halfmoves)) {
     if (player.examining == 0) return notExamining;
@@ -87,8 +96,9 @@ Answer unexamine(Hall& hall, Player& player, const Arguments&) {
 
 const CommandTable& examineCommands() {
     static const CommandTable routines{
-        {"backward", backward}, {"examine", examine},    {"forward", forward}, {"history", history},
-        {"revert", revert},     {"smoves", storedMoves}, {"stored", stored},   {"unexamine", unexamine},
+        {"backward", backward},  {"examine", examine},        {"forward", forward},
+        {"history", history},    {"mexamine", shareExamined}, {"revert", revert},
+        {"smoves", storedMoves}, {"stored", stored},          {"unexamine", unexamine},
     };
     return routines;
 }

@@ -10,6 +10,7 @@
 #include "practice/text/Text.h"
 
 #include <map>
+#include <optional>
 
 namespace practice {
 
@@ -63,21 +64,33 @@ Answer unseek(Hall& hall, Player& player, const Arguments& arguments) {
     return {"Your seek " + std::to_string(*which) + " has been removed."};
 }
 
-Answer sought(Hall& hall, Player&, const Arguments&) { return {soughtTable(hall.seeks)}; }
+Answer sought(Hall& hall, Player&, const Arguments& arguments) {
+    const bool understood = arguments.words.empty() || lower(arguments.word(0)) == "all";
+    return {understood ? soughtTable(hall.seeks) : "Usage: sought [all]"};
+}
+
+// The ad that a number names, or the only one of a player; else the complaint.
+struct NamedAd {
+    std::optional<int> number;
+    Answer complaint;
+};
+
+NamedAd adNamed(Hall& hall, const std::string& word) {
+    if (word.empty()) return {{}, {"Usage: play NUMBER|NAME, with a number or a name of \"sought\"."}};
+    if (const auto which = number(word)) return {which, {}};
+    const Player* owner = hall.findByHead(word);
+    if (!owner) return {{}, notOnline(word)};
+    const auto numbers = hall.seeks.numbersOf(owner->name);
+    if (numbers.size() == 1) return {numbers.front(), {}};
+    return {{}, {owner->name + (numbers.empty() ? " is not seeking any games." : " is seeking several games.")}};
+}
 
 Answer play(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.playing != 0) return {"You are playing a game already."};
     if (player.examining != 0) return {"You are examining a game."};
-    auto which = number(arguments.word(0));
-    if (!which) {
-        // The name of whoever seeks does as well.
-        const Player* owner = hall.findByHead(arguments.word(0));
-        for (const auto& [index, ad] : hall.seeks.open) {
-            if (owner && ad.owner == owner->name && !which) which = index;
-        }
-    }
-    if (!which) return {"Usage: play NUMBER, with a number of \"sought\"."};
-    const std::string complaint = answerSeek(hall, player, *which);
+    const NamedAd ad = adNamed(hall, arguments.word(0));
+    if (!ad.number) return ad.complaint;
+    const std::string complaint = answerSeek(hall, player, *ad.number);
     return complaint.empty() ? quiet : Answer{complaint};
 }
 
@@ -94,13 +107,13 @@ const CommandTable& gameCommands() {
 Answer typedMove(Hall& hall, Player& player, const std::string& text) {
     Game* game = hall.gameAtBoard(player);
     if (!game) return {"You are not playing or examining a game."};
-    const bool mayMove = !game->examiner.empty() || game->sideOf(player.name) == game->toMove();
+    const bool mayMove = game->isExamined() || game->sideOf(player.name) == game->toMove();
     if (game->pending || !mayMove) return {"It is not your move."};
     if (callFlag(hall, *game)) return quiet;
     if (game->moves.size() >= Game::plyLimit) return {"There is no room for more moves in this game."};
     const TypedMove typed = readMove(game->facts, text, player.promotion);
     if (typed.reading == MoveReading::Legal) {
-        playMove(hall, *game, typed.move);
+        playMove(hall, *game, typed.move, game->isExamined() ? player.name : std::string());
         return quiet;
     }
     const std::string word = typed.reading == MoveReading::Ambiguous ? "Ambiguous move (" : "Illegal move (";

@@ -24,7 +24,7 @@ const std::map<std::string, std::string>& topics() {
          "examine [[name] number|opponent]\n\nPuts a finished or adjourned game on your board: numbers are those of "
          "\"history\", -1 is the last game, and without anything you get the start position. \"forward [n]\" and "
          "\"backward [n]\" walk through it, any legal move may be tried, \"revert\" comes back from a try, and "
-         "\"unexamine\" ends it. Others may observe."},
+         "\"unexamine\" ends it. Others may observe, and \"mexamine NAME\" lets one of them examine as well."},
         {"history",
          "history [name]\n\nLists a player's last ten games; \"smoves name number\" gives the moves of one."},
         {"kinds", "Kinds of chess\n\nSeeks and matches may name one: crazyhouse, suicide, losers, wild/0 to wild/5, "
@@ -47,9 +47,11 @@ const std::map<std::string, std::string>& topics() {
          "Computer players\n\nSprout, Willow and Granite, from weak to strong, offer games at three time "
          "controls, and Spark, who answers each move at once and always with the same move in the same position, "
          "offers "
-         "a minute for the whole game: see \"sought\". Each plays as many opponents at once as come, so an ad stays "
-         "open while its owner plays, and accepts a \"match\" of any kind. Skipper and Harbour always play each other: "
-         "see \"games\" and \"observe\"."},
+         "a minute for the whole game: see \"sought\". Each accepts a \"match\" of any kind and plays as many "
+         "opponents "
+         "at once as come that way; the ad goes while its owner plays. Skipper and Harbour always play each other: "
+         "see \"games\" and \"observe\".\n\nTwenty-one visitors, some of whom look like people, play one game at a "
+         "time each. Their ads come and go, and come back some seconds after a game."},
         {"draw", "draw\n\nOffers a draw, or accepts the one that is offered.  A third repetition, fifty moves\n"
                  "without capture or pawn's move, and a lack of mating material end a game by themselves."},
         {"finger", "finger [name]\n\nTells about a player.  \"set 1 TEXT\" to \"set 10 TEXT\" write your own notes."},
@@ -58,7 +60,9 @@ const std::map<std::string, std::string>& topics() {
         {"games", "games [name]\n\nLists the games in progress."},
         {"moves", "moves [number|name]\n\nLists the moves of your game, or of another."},
         {"observe", "observe [number|name]\n\nShows a game's moves as they are made; \"unobserve [number]\" ends it."},
-        {"play", "play NUMBER\n\nAnswers an ad of \"sought\"; the game starts at once."},
+        {"play", "play NUMBER|NAME\n\nAnswers an ad of \"sought\", or the only one of a player; the game starts at "
+                 "once. A number that has gone is not given again soon."},
+        {"assess", "assess NAME [NAME]\n\nTells what a rated game would be worth to both. Ratings never change here."},
         {"promote", "promote q|r|b|n\n\nChooses the piece that a pawn becomes when the move does not name one.\n"
                     "A move may name it: \"e7e8=q\", \"e8=Q\"."},
         {"quit", "quit\n\nEnds the session.  Resign or abort a game first."},
@@ -73,7 +77,8 @@ const std::map<std::string, std::string>& topics() {
          "set VARIABLE VALUE\n\nChanges a setting; a switch without a value toggles.  \"variables\" lists them,\n"
          "\"set prompt TEXT\" changes the prompt."},
         {"shout", "shout TEXT\n\nSays something to everybody."},
-        {"sought", "sought\n\nLists the open ads."},
+        {"sought", "sought\n\nLists the open ads. \"set seek 0\" and \"set seek 1\" switch the lines off and on that "
+                   "tell of new ones."},
         {"style", "style 12\n\nBoards come in style 12 only: one line for programs to read."},
         {"tell",
          "tell NAME|CHANNEL TEXT\n\nTalks to one player, or to a channel.  Everybody starts in channels 1 and 50;\n"

@@ -1,10 +1,12 @@
 // Commands that tell about players and settings, and the one that ends the session.
 #include "practice/commands/HelpTexts.h"
 #include "practice/commands/Subjects.h"
+#include "practice/games/Assessment.h"
 #include "practice/games/Scores.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace practice {
 
@@ -24,7 +26,7 @@ char stateMark(Hall& hall, const Player& player) {
     if (!hall.gamesOf(player).empty()) return '^';
     if (player.examining != 0) return '#';
     if (player.variables.value("open") == 0) return ':';
-    return !player.isComputer() && hall.outside.now() - player.lastTyped > idleAfter ? '.' : ' ';
+    return !player.computer && hall.outside.now() - player.lastTyped > idleAfter ? '.' : ' ';
 }
 
 // Strongest first; players without a rating keep the order in which they came.
@@ -78,7 +80,7 @@ std::string fingerOfAbsent(const Hall& hall, const Account& account) {
 std::string fingerOf(Hall& hall, const Player& about) {
     const auto now = hall.outside.now();
     std::string text = "Finger of " + about.titled() + ":\n\nOn for: " + spanText(now - about.since) +
-                       "   Idle: " + spanText(about.isComputer() ? 0 : now - about.lastTyped) + "\n";
+                       "   Idle: " + spanText(about.computer ? 0 : now - about.lastTyped) + "\n";
     for (const Game* game : hall.gamesOf(about)) {
         text +=
             "(playing game " + std::to_string(game->number) + ": " + game->names[0] + " vs. " + game->names[1] + ")\n";
@@ -91,6 +93,33 @@ Answer finger(Hall& hall, Player& player, const Arguments& arguments) {
     if (const Player* about = name.empty() ? &player : hall.findByHead(name)) return {fingerOf(hall, *about)};
     const Account* account = hall.accounts.find(name);
     return account ? Answer{fingerOfAbsent(hall, *account)} : noSuchPlayer(name);
+}
+
+// Somebody who is here, or a registered player who is not.
+std::optional<Rated> ratedPlayer(Hall& hall, const std::string& word) {
+    if (const Player* player = hall.findByHead(word)) return Rated{player->name, player->ratingValue()};
+    const Account* account = hall.accounts.find(word);
+    return account ? std::optional<Rated>({account->name, account->rating}) : std::nullopt;
+}
+
+bool isGuestHere(Hall& hall, const Rated& rated) {
+    const Player* player = hall.find(rated.name);
+    return player && player->isGuest();
+}
+
+// With one name the player himself is the first.
+Answer assess(Hall& hall, Player& player, const Arguments& arguments) {
+    if (arguments.words.empty()) return {"Usage: assess NAME [NAME]"};
+    const bool own = arguments.words.size() == 1;
+    const std::string second = arguments.word(own ? 0 : 1);
+    const auto one = ratedPlayer(hall, own ? player.name : arguments.word(0));
+    const auto other = ratedPlayer(hall, second);
+    if (!one || !other) return noSuchPlayer(one ? second : arguments.word(0));
+    if (one->name == other->name) return {"Nobody plays himself."};
+    for (const Rated& rated : {*one, *other}) {
+        if (isGuestHere(hall, rated)) return {rated.name + " is not registered, so a game of the two is unrated."};
+    }
+    return {assessmentTable(*one, *other)};
 }
 
 Answer help(Hall&, Player&, const Arguments& arguments) { return {helpOn(arguments.rest)}; }
@@ -135,9 +164,9 @@ Answer quit(Hall&, Player& player, const Arguments&) {
 
 const CommandTable& infoCommands() {
     static const CommandTable routines{
-        {"date", date},     {"finger", finger},       {"help", help}, {"iset", interfaceSet},
-        {"next", next},     {"quit", quit},           {"set", set},   {"style", style},
-        {"uptime", uptime}, {"variables", variables}, {"who", who},
+        {"assess", assess},     {"date", date},     {"finger", finger},       {"help", help},
+        {"iset", interfaceSet}, {"next", next},     {"quit", quit},           {"set", set},
+        {"style", style},       {"uptime", uptime}, {"variables", variables}, {"who", who},
     };
     return routines;
 }

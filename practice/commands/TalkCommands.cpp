@@ -41,7 +41,7 @@ Answer tellPlayer(Hall& hall, Player& player, Player& to, const std::string& tex
     const std::string line = player.titled() + " tells you: " + text;
     if (&to == &player) return {wrappedFor(player, line) + "\n(told " + to.name + ")"};
     speak(to, line);
-    if (to.isComputer()) answerTell(hall, to, player.name);
+    if (to.computer) answerTell(hall, to, player.name);
     const bool playing = !hall.gamesOf(to).empty();
     return {"(told " + to.name +
             (playing             ? ", who is playing)"
@@ -78,7 +78,7 @@ Answer say(Hall& hall, Player& player, const Arguments& arguments) {
 Answer shoutLine(Hall& hall, Player& player, const std::string& line, const std::string& verb) {
     int heard = 0;
     for (const Player& other : hall.players) {
-        if (other.isComputer() || &other == &player || other.variables.value("shout") == 0) continue;
+        if (other.computer || &other == &player || other.variables.value("shout") == 0) continue;
         speak(other, line);
         ++heard;
     }
@@ -101,7 +101,7 @@ Answer comment(Hall& hall, Player& player, const Game& game, const std::string& 
                              (whisper ? "whispers: " : "kibitzes: ") + text;
     int heard = 0;
     for (const Player& other : hall.players) {
-        const bool plays = (!whisper && game.sideOf(other.name) >= 0) || game.examiner == other.name;
+        const bool plays = (!whisper && game.sideOf(other.name) >= 0) || game.isExaminer(other.name);
         if ((!game.isObserver(other.name) && !plays) || &other == &player || other.variables.value("kibitz") == 0)
             continue;
         speak(other, line);

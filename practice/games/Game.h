@@ -22,8 +22,9 @@ struct PlayedMove {
     std::string pretty;     // "Nf3+"
     std::int64_t taken = 0; // milliseconds
     int doublePushFile = -1;
-    std::string fen{}; // the position after it
-    GameClock clock{}; // as it stood after it
+    std::string fen{};     // the position after it
+    GameClock clock{};     // as it stood after it
+    std::string triedBy{}; // the examiner who moved; empty for a move that was played
 };
 
 // A game that is played or examined. `facts` always belongs to the position after the last of `moves`, unless `pending`
@@ -50,7 +51,7 @@ struct Game {
     std::uint64_t course = 0;        // grows with each move made or taken back
     int computerScore = 0;           // what the computer at the board thought of its chances, in hundredths of a pawn
     std::vector<std::string> observers; // handles, in the order in which they came
-    std::string examiner;               // handle of whoever examines; empty for a game that is played
+    std::vector<std::string> examiners; // handles, the first to come first; none for a game that is played
     std::vector<PlayedMove> mainLine;   // what was played in an examined game; `moves` is what is shown of it or tried
     std::string mainEnd;                // "Ada resigns 1-0": how an examined game ended
 
@@ -63,7 +64,11 @@ struct Game {
     // The handle of a side: 0 white, 1 black.
     const std::string& nameOf(int side) const { return names[side == 0 ? 0U : 1U]; }
 
-    // True for one of the observers' handles.
+    // True while somebody examines it.
+    bool isExamined() const { return !examiners.empty(); }
+
+    // True for one of the examiners' handles, and for one of the observers'.
+    bool isExaminer(const std::string& name) const;
     bool isObserver(const std::string& name) const;
 
     // The other player's handle, for one of the two.

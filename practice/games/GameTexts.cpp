@@ -48,7 +48,7 @@ std::string boardLineFor(const Game& game, const std::string& viewer, std::int64
     line.white = game.names[0];
     line.black = game.names[1];
     if (side >= 0) line.relation = side == game.toMove() ? 1 : -1;
-    if (!game.examiner.empty()) line.relation = game.examiner == viewer ? 2 : -2;
+    if (game.isExamined()) line.relation = game.isExaminer(viewer) ? 2 : -2;
     line.minutes = game.terms.minutes;
     line.increment = game.terms.increment;
     line.whiteClock = roundedSeconds(game.clock.remaining(0, game.toMove(), now));
@@ -97,7 +97,7 @@ std::string moveList(const Game& game) {
 }
 
 std::string gamesRow(const Game& game, std::int64_t now) {
-    if (!game.examiner.empty()) return examinedRow(game);
+    if (game.isExamined()) return examinedRow(game);
     const auto position = readFen(game.facts.fen).value_or(Position{});
     const auto clock = [&](int side) { return clockText(game.clock.remaining(side, game.toMove(), now)); };
     return padLeft(game.number, 3) + " " + padLeft(game.ratings[0], 4) + " " +

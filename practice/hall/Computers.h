@@ -12,22 +12,36 @@
 
 namespace practice {
 
+// What a computer player is here for.
+enum class Role {
+    Host,    // plays as many at once as challenge it; its ad goes only while it plays
+    Pair,    // one of the two that always play each other; it has no ad
+    Visitor, // plays one at a time, and its ad comes and goes
+};
+
 // One computer player. Its strength comes from three figures: how deep the engine looks, how many moves it proposes,
 // and how much worse than the best a chosen move may be.
 struct Computer {
     std::string name;
-    int rating = 0;
+    std::string title = "(C)"; // some visitors come like people: "" for a registered player, "(U)" for a guest
+    int rating = 0;            // 0 for none
     int depth = 1;
     int proposals = 1;
-    int margin = 0;      // hundredths of a pawn
-    Terms offer;         // what it plays: its open ad, or the games of the pair
-    std::string about;   // one line for finger
-    bool always = false; // one of the two that always play each other and have no ad
+    int margin = 0;    // hundredths of a pawn
+    Terms offer;       // what it plays: its ad, or the games of the pair
+    std::string about; // one line for finger
+    Role role = Role::Host;
     bool prompt = false; // answers at once instead of after a human delay
+
+    // The rating in four columns: "1560", " 640", "++++" for a guest, "----" for none.
+    std::string ratingText() const;
 };
 
-// Three opponents, weakest first, then one that answers at once, and then the two that always play each other.
+// The hosts: three opponents, weakest first, and one that answers at once. Then the two of the pair, then the visitors.
 const std::vector<Computer>& computers();
+
+// The computer player of this name; null if there is none.
+const Computer* computerNamed(const std::string& name);
 
 // Chooses among proposals that stand best first: each one within `margin` of the best has the same chance. With a
 // mate in sight the best is taken. Empty for an empty list.

@@ -27,6 +27,7 @@ struct Hall {
     std::uint32_t seed = 0; // decides the moves of all computers
     std::mt19937 random;    // for what need not come out the same again: delays, guests' names
     int moveDelay = 2500;   // milliseconds between the moves of two computers, varied by half
+    int adPace = 15'000;    // milliseconds between two changes among the computers' ads, varied by half; 0 for none
     std::int64_t began = 0;
     std::list<Player> players;
     std::map<int, Game> games; // by number; a new game takes the lowest free number from 1 on

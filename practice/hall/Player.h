@@ -24,12 +24,14 @@ struct Reactions {
 // Somebody who is logged on: a client at its socket, or a computer.
 struct Player {
     std::string name;
-    std::string title;  // "", "(U)" for a guest, "(C)" for a computer
+    std::string title;  // "", "(U)" for a guest, "(C)" for a computer that says what it is
     std::string rating; // four columns: "1711", " 886", "++++" for a guest, "----" for a player without rated games
     Variables variables;
     std::set<int> channels{1, 50};
     std::vector<int> observing; // game numbers, oldest first
-    int playing = 0;            // game number; 0 for none and always 0 for a computer
+    bool computer = false;      // not a client
+    bool manyGames = false;     // a computer that plays several at once
+    int playing = 0;            // game number; 0 for none and always 0 for one who plays several at once
     int examining = 0;          // game number; 0 for none
     char promotion = 'q';       // taken when a move names no piece
     std::string lastOpponent;   // for "say" after the game
@@ -40,9 +42,6 @@ struct Player {
     std::function<void(const std::string&)> show = [](const std::string&) {}; // a block that was not asked for
     std::function<void()> resume = [] {}; // the rules answered: go on reading this player's lines
     Reactions reactions;
-
-    // A computer player; never a client.
-    bool isComputer() const { return title == "(C)"; }
 
     // Somebody without an account.
     bool isGuest() const { return title == "(U)"; }

@@ -2,6 +2,7 @@
 #include "practice/play/ComputerRoom.h"
 
 #include "practice/hall/Computers.h"
+#include "practice/play/AdRoom.h"
 #include "practice/play/GameStart.h"
 #include "practice/play/Moves.h"
 #include "practice/play/OfferRoom.h"
@@ -14,12 +15,6 @@ namespace {
 
 constexpr int hurryBelow = 8'000; // milliseconds left on the computer's clock
 
-const Computer* characterOf(const std::string& name) {
-    const auto& all = computers();
-    const auto at = std::find_if(all.begin(), all.end(), [&](const Computer& c) { return c.name == name; });
-    return at == all.end() ? nullptr : &*at;
-}
-
 bool inHurry(const Hall& hall, const Game& game) {
     return game.clock.timed && game.clock.remaining(game.toMove(), game.toMove(), hall.outside.now()) < hurryBelow;
 }
@@ -28,7 +23,7 @@ bool inHurry(const Hall& hall, const Game& game) {
 int paceOf(Hall& hall, const Game& game, const Computer& computer) {
     if (computer.prompt) return 0;
     if (inHurry(hall, game)) return 50;
-    const bool pair = characterOf(game.names[0]) && characterOf(game.names[1]);
+    const bool pair = computerNamed(game.names[0]) && computerNamed(game.names[1]);
     return pair ? hall.randomDelay(hall.moveDelay / 2, hall.moveDelay * 3 / 2) : hall.randomDelay(350, 900);
 }
 
@@ -84,11 +79,11 @@ void consider(Hall& hall, const PendingOffer& offer) {
 void startPair(Hall& hall) {
     std::vector<Player*> pair;
     for (const Computer& computer : computers()) {
-        if (computer.always) pair.push_back(hall.find(computer.name));
+        if (computer.role == Role::Pair) pair.push_back(hall.find(computer.name));
     }
     const auto isBusy = [&](const Player* player) { return !player || !hall.gamesOf(*player).empty(); };
     if (pair.size() != 2 || std::any_of(pair.begin(), pair.end(), isBusy)) return;
-    startGame(hall, *pair[0], *pair[1], characterOf(pair[0]->name)->offer);
+    startGame(hall, *pair[0], *pair[1], computerNamed(pair[0]->name)->offer);
 }
 
 // Both of the pair ask for it, and whoever comes second finds a game on.
@@ -96,32 +91,40 @@ void startPairLater(Hall& hall) {
     hall.outside.later(std::min(3000, 100 + 2 * hall.moveDelay), [&hall] { startPair(hall); });
 }
 
+// Who came like a person says what he is all the same, in his notes.
 void letIn(Hall& hall, const Computer& computer) {
-    Player& player = hall.enter(computer.name, "(C)", std::to_string(computer.rating));
+    Player& player = hall.enter(computer.name, computer.title, computer.ratingText());
+    player.computer = true;
+    player.manyGames = computer.role == Role::Host;
     player.channels.clear();
     player.variables.notes[0] = computer.about;
+    player.variables.notes[1] = "The practice hall's engine plays my games.";
     player.reactions.toMove = [&hall, &computer](Game& game) { think(hall, game, computer); };
     player.reactions.challenged = [&hall](const PendingOffer& offer) { consider(hall, offer); };
-    if (!computer.always) {
-        hall.seeks.post({player.name, player.title, player.rating, computer.offer});
-        return;
-    }
-    player.reactions.gameOver = [&hall] { startPairLater(hall); };
-    applySetting(player.variables, "open", "0");
+    player.reactions.gameOver = [&hall, &computer] {
+        computer.role == Role::Pair ? startPairLater(hall) : bringBackAd(hall, computer);
+    };
+    if (computer.role == Role::Pair) applySetting(player.variables, "open", "0");
+}
+
+// What a computer says of how to get a game.
+std::string invitation(Hall& hall, const Player& computer) {
+    if (!hall.seeks.numbersOf(computer.name).empty()) return "\"sought\" shows my ad.";
+    if (!hall.gamesOf(computer).empty()) return "\"observe " + computer.name + "\" shows my game.";
+    return "\"match " + computer.name + "\" gets you a game.";
 }
 
 } // namespace
 
 void openComputerRoom(Hall& hall) {
     for (const Computer& computer : computers()) letIn(hall, computer);
+    openAds(hall);
     startPair(hall);
 }
 
 void answerTell(Hall& hall, const Player& computer, const std::string& teller) {
-    const Computer* character = characterOf(computer.name);
-    const bool always = character && character->always;
-    const std::string line = computer.titled() + " tells you: I talk best over the board; " +
-                             (always ? "\"observe " + computer.name + "\" shows mine." : "\"sought\" shows my ad.");
+    const std::string line =
+        computer.titled() + " tells you: I talk best over the board; " + invitation(hall, computer);
     hall.outside.later(300, [&hall, line, teller] { hall.show(teller, line); });
 }
 

@@ -6,7 +6,7 @@
 namespace practice {
 
 // Lets the computer players in, gives them their reactions, posts their ads and starts the pair that always plays. Call
-// once, with `start` set.
+// once, with `start` and `adPace` set.
 void openComputerRoom(Hall& hall);
 
 // Lets a computer say a friendly word to somebody who told it something.

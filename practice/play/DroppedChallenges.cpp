@@ -18,9 +18,9 @@ void tellDropped(Hall& hall, const PendingOffer& offer, const Player& gone, cons
 
 } // namespace
 
-// A computer plays several at once, so its challenges stand.
+// The challenges of one who plays several at once stand.
 void dropChallenges(Hall& hall, const Player& player, const std::string& opponent) {
-    if (player.isComputer()) return;
+    if (player.manyGames) return;
     auto& open = hall.offers.open;
     for (auto at = open.begin(); at != open.end();) {
         const PendingOffer offer = at->second;

@@ -45,7 +45,7 @@ std::string lossOf(int side) { return side == 0 ? "0-1" : "1-0"; }
 bool betweenComputers(Hall& hall, const Game& game) {
     return std::all_of(game.names.begin(), game.names.end(), [&](const std::string& name) {
         const Player* player = hall.find(name);
-        return player && player->isComputer();
+        return player && player->computer;
     });
 }
 

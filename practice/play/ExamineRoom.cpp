@@ -1,4 +1,4 @@
-// Examined games: one player walks through the moves and may try others, anybody may watch.
+// Examined games: one player or several walk through the moves and may try others, anybody may watch.
 #include "practice/play/ExamineRoom.h"
 
 #include "practice/games/GameTexts.h"
@@ -36,13 +36,23 @@ void standStill(Hall& hall, Game& game) {
 
 std::string steps(int count) { return counted(count, "move") + "."; }
 
+// The examiners and observers but one.
+std::vector<std::string> othersAt(const Game& game, const std::string& but) {
+    std::vector<std::string> names = game.examiners;
+    names.insert(names.end(), game.observers.begin(), game.observers.end());
+    std::erase(names, but);
+    return names;
+}
+
 // Game 1: Ada goes forward 2 moves.
-std::string moved(Hall& hall, Game& game, const std::string& what, const std::string& behind = {}) {
-    const std::string head = gameLabel(game) + game.examiner + " " + what + "\n\n";
+std::string moved(Hall& hall, Game& game, const Player& by, const std::string& what, const std::string& behind = {}) {
+    const std::string head = gameLabel(game) + by.name + " " + what + "\n\n";
     standStill(hall, game);
-    const auto now = hall.outside.now();
-    for (const std::string& name : game.observers) hall.show(name, head + boardLineFor(game, name, now) + behind);
-    return head + boardLineFor(game, game.examiner, now) + behind;
+    const auto textFor = [&](const std::string& name) {
+        return head + boardLineFor(game, name, hall.outside.now()) + behind;
+    };
+    for (const std::string& name : othersAt(game, by.name)) hall.show(name, textFor(name));
+    return textFor(by.name);
 }
 
 Game& examinedBy(Hall& hall, const Player& player) { return *hall.game(player.examining); }
@@ -69,7 +79,7 @@ std::string startExamining(Hall& hall, Player& player, const KeptGame* kept) {
         game.names = {player.name, player.name};
         game.ratings = {player.shortRating(), player.shortRating()};
     }
-    game.examiner = player.name;
+    game.examiners = {player.name};
     player.examining = game.number;
     standStill(hall, game);
     const std::string head = kept ? "" : "Starting a game in examine (scratch) mode.\n";
@@ -77,20 +87,34 @@ std::string startExamining(Hall& hall, Player& player, const KeptGame* kept) {
            boardLineFor(game, player.name, hall.outside.now());
 }
 
+std::string shareExamining(Hall& hall, const Player& player, Player& to) {
+    Game& game = examinedBy(hall, player);
+    if (!unobserveGame(hall, to, game.number)) return to.name + " is not observing the game you are examining.";
+    const std::string unobserved = unobserveAll(hall, to);
+    const std::string number = std::to_string(game.number);
+    const std::string news = to.name + " is now an examiner of game " + number + ".";
+    for (const std::string& name : othersAt(game, player.name)) hall.show(name, news);
+    hall.seeks.removeOwner(to.name);
+    game.examiners.push_back(to.name);
+    to.examining = game.number;
+    to.show(unobserved + (unobserved.empty() ? "" : "\n") + player.name + " has made you an examiner of game " +
+            number + ".\n\n" + boardLineFor(game, to.name, hall.outside.now()));
+    return news;
+}
+
 std::string stopExamining(Hall& hall, Player& player) {
     const int number = player.examining;
-    const Game* game = hall.game(number);
     player.examining = 0;
-    if (game) {
-        const auto observers = game->observers;
-        for (const std::string& name : observers) {
-            Player* observer = hall.find(name);
-            if (!observer) continue;
-            unobserveGame(hall, *observer, number);
-            observer->show(player.name + " stopped examining game " + std::to_string(number) + ".\n" +
-                           unobservedLine(number));
+    if (Game* game = hall.game(number)) {
+        std::erase(game->examiners, player.name);
+        const bool goesOn = game->isExamined();
+        const std::string news = player.name + " stopped examining game " + std::to_string(number) + ".";
+        for (const std::string& name : othersAt(*game, player.name)) {
+            Player* other = hall.find(name);
+            if (!goesOn && other) unobserveGame(hall, *other, number);
+            hall.show(name, news + (goesOn ? "" : "\n" + unobservedLine(number)));
         }
-        hall.games.erase(number);
+        if (!goesOn) hall.games.erase(number);
     }
     return "You are no longer examining game " + std::to_string(number) + ".";
 }
@@ -102,7 +126,8 @@ std::string goForward(Hall& hall, Player& player, int halfmoves) {
     const auto end = std::min(game.mainLine.size(), game.moves.size() + static_cast<std::size_t>(halfmoves));
     for (std::size_t at = game.moves.size(); at < end; ++at) game.moves.push_back(game.mainLine[at]);
     const bool atEnd = end == game.mainLine.size();
-    return moved(hall, game, "goes forward " + steps(halfmoves), atEnd ? "\n" + gameLabel(game) + game.mainEnd : "");
+    return moved(hall, game, player, "goes forward " + steps(halfmoves),
+                 atEnd ? "\n" + gameLabel(game) + game.mainEnd : "");
 }
 
 std::string goBackward(Hall& hall, Player& player, int halfmoves) {
@@ -110,7 +135,7 @@ std::string goBackward(Hall& hall, Player& player, int halfmoves) {
     if (game.moves.empty()) return "You're at the beginning of the game.";
     const auto count = std::min(game.moves.size(), static_cast<std::size_t>(halfmoves));
     game.moves.resize(game.moves.size() - count);
-    return moved(hall, game, "backs up " + steps(halfmoves));
+    return moved(hall, game, player, "backs up " + steps(halfmoves));
 }
 
 std::string revertToMainLine(Hall& hall, Player& player) {
@@ -118,7 +143,7 @@ std::string revertToMainLine(Hall& hall, Player& player) {
     const std::size_t common = movesInCommon(game);
     if (common == game.moves.size()) return gameLabel(game) + "Already at mainline.";
     game.moves.resize(common);
-    return moved(hall, game, "reverts to main line move " + std::to_string(common) + ".");
+    return moved(hall, game, player, "reverts to main line move " + std::to_string(common) + ".");
 }
 
 } // namespace practice

@@ -1,4 +1,4 @@
-// Examined games: one player walks through the moves and may try others, anybody may watch.
+// Examined games: one player or several walk through the moves and may try others, anybody may watch.
 #pragma once
 
 #include "practice/games/Archive.h"
@@ -12,10 +12,15 @@ namespace practice {
 // He watches none and has no ads meanwhile.
 std::string startExamining(Hall& hall, Player& player, const KeptGame* kept);
 
-// Ends it, tells observers, and gives the answer.
+// Makes an observer of the game that a player examines an examiner beside him, tells everybody at the board, and gives
+// the answer. `to` watches no other game any more.
+std::string shareExamining(Hall& hall, const Player& player, Player& to);
+
+// Ends it for one examiner, and the game with the last of them, tells the others at the board, and gives the answer.
 std::string stopExamining(Hall& hall, Player& player);
 
-// Walk on along the kept moves, or back along those shown, and tell observers; give the answer with the board.
+// Walk on along the kept moves, or back along those shown, and show the others at the board; give the answer with the
+// board.
 std::string goForward(Hall& hall, Player& player, int halfmoves);
 std::string goBackward(Hall& hall, Player& player, int halfmoves);
 

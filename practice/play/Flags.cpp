@@ -16,7 +16,7 @@ bool flagIsDown(const Hall& hall, const Game& game, int side) {
 
 bool callsFlags(Hall& hall, const std::string& name) {
     const Player* player = hall.find(name);
-    return player && (player->isComputer() || player->variables.value("autoflag") != 0);
+    return player && (player->computer || player->variables.value("autoflag") != 0);
 }
 
 // Who cannot mate does not win on time either.

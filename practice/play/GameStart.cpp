@@ -20,12 +20,11 @@ bool firstIsWhite(Game& game) {
     return game.dice() % 2 == 0;
 }
 
-// A client plays one game at a time, watches and offers no others meanwhile; a computer keeps its ad open.
+// Nobody watches or offers games while he plays, and only some computers play several at once.
 void seatPlayer(Hall& hall, const Game& game, Player& player) {
     if (const std::string unobserved = unobserveAll(hall, player); !unobserved.empty()) player.show(unobserved);
-    if (player.isComputer()) return;
-    player.playing = game.number;
     hall.seeks.removeOwner(player.name);
+    if (!player.manyGames) player.playing = game.number;
 }
 
 // Creating: Ada (1711) Bert (++++) unrated blitz 5 0

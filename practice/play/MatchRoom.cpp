@@ -11,9 +11,10 @@ namespace {
 
 std::string complaintAbout(const Player& from, const Player& to) {
     if (&from == &to) return "You can't match yourself.";
+    // Who plays now may be asked later, but not who is closed to all.
+    if (to.variables.value("open") == 0) return to.name + " is not open to match requests.";
     if (to.playing != 0) return to.name + " is playing a game.";
     if (to.examining != 0) return to.name + " is examining a game.";
-    if (to.variables.value("open") == 0) return to.name + " is not open to match requests.";
     return {};
 }
 
@@ -53,7 +54,7 @@ std::string issuedText(Hall& hall, const Player& from, const Player& to, const P
     const std::string head = update ? "Updating match request to: " : "Issuing: ";
     return (update ? "Updating offer already made to \"" + to.name + "\".\n" : std::string()) +
            wrapped(head + challengeText(hall, offer) + ".", width) +
-           (to.isComputer() ? "\n--** " + to.name + " is a computer **--" : "");
+           (to.title == "(C)" ? "\n--** " + to.name + " is a computer **--" : "");
 }
 
 // Whoever answers a challenge with one of another kind declines it; his own part of the answer, with a line end.

@@ -15,7 +15,8 @@ std::string challengeText(Hall& hall, const PendingOffer& offer);
 // the terms, games with a guest become unrated, and a computer accepts in a moment.
 std::string challenge(Hall& hall, Player& from, Player& to, Terms terms);
 
-// True if both players of a challenge are here and neither plays nor examines; a computer is always free.
+// True if both players of a challenge are here and neither plays nor examines; one who plays several at once is always
+// free.
 bool bothAreFree(Hall& hall, const PendingOffer& offer);
 
 // Starts the game of a challenge that was accepted and is off the table; both players must be free.

@@ -18,7 +18,7 @@ namespace {
 
 // Those whose lines wait while a position of the game is judged.
 std::vector<std::string> waitingFor(const Game& game) {
-    if (!game.examiner.empty()) return {game.examiner};
+    if (game.isExamined()) return game.examiners;
     return {game.names[0], game.names[1]};
 }
 
@@ -53,7 +53,7 @@ void resumePlayers(Hall& hall, const std::vector<std::string>& names) {
 
 // Whoever is to move may do it of himself. In an examined game nobody is.
 void callToMove(Hall& hall, Game& game) {
-    if (!game.examiner.empty()) return;
+    if (game.isExamined()) return;
     const Player* player = hall.find(game.nameOf(game.toMove()));
     if (player) player->reactions.toMove(game);
 }
@@ -72,7 +72,7 @@ void moveWasJudged(Hall& hall, std::uint64_t serial, PlayedMove move, PositionFa
     ++game->seen[repetitionKey(game->facts.fen)];
     showTaken(hall, *game, before);
     showBoard(hall, *game);
-    if (!game->examiner.empty()) return;
+    if (game->isExamined()) return;
     if (const auto ending = endingOf(hall, *game)) {
         endGame(hall, *game, ending->reason, ending->result);
     } else {
@@ -89,6 +89,12 @@ void takePosition(Hall& hall, Game& game, PositionFacts facts) {
         game.seen = {{repetitionKey(game.startFen), 1}};
     }
     callToMove(hall, game);
+}
+
+// Game 1: Ada moves: e4
+std::string triedText(const Game& game) {
+    if (game.moves.empty() || game.moves.back().triedBy.empty()) return {};
+    return "\n" + gameLabel(game) + game.moves.back().triedBy + " moves: " + game.moves.back().pretty;
 }
 
 } // namespace
@@ -109,24 +115,23 @@ void learnPosition(Hall& hall, Game& game) {
 
 void showBoard(Hall& hall, const Game& game) {
     const auto now = hall.outside.now();
-    const std::string tried = game.examiner.empty() || game.moves.empty()
-                                  ? std::string()
-                                  : "\n" + gameLabel(game) + game.examiner + " moves: " + game.moves.back().pretty;
+    const std::string tried = triedText(game);
     for (const std::string& name : waitingFor(game)) hall.show(name, boardLineFor(game, name, now) + tried);
     for (const std::string& name : game.observers) hall.show(name, boardLineFor(game, name, now) + tried);
 }
 
-void playMove(Hall& hall, Game& game, const std::string& move) {
+void playMove(Hall& hall, Game& game, const std::string& move, const std::string& triedBy) {
     const auto position = readFen(game.facts.fen).value_or(Position{});
     PlayedMove played;
     played.engineForm = move;
+    played.triedBy = triedBy;
     played.verbose = verboseForm(position, move);
     played.pretty = shortForm(position, game.facts.legal, move);
     played.doublePushFile = doublePushFile(position, move);
     played.taken = game.clock.press(game.toMove(), hall.outside.now());
     // A move turns down what the opponent offered.
     const int mover = game.toMove();
-    if (game.examiner.empty()) hall.offers.dropForMover(game.nameOf(mover), game.nameOf(1 - mover));
+    if (!game.isExamined()) hall.offers.dropForMover(game.nameOf(mover), game.nameOf(1 - mover));
     game.pending = true;
     hall.outside.rules(game.rules, game.facts.fen, move,
                        [&hall, serial = game.serial, names = waitingFor(game), played](PositionFacts facts) {

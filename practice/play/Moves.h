@@ -11,11 +11,12 @@ namespace practice {
 // on whoever is to move. Lines of the players wait meanwhile.
 void learnPosition(Hall& hall, Game& game);
 
-// Shows the board to players or the examiner, and to observers.
+// Shows the board to players or examiners, and to observers.
 void showBoard(Hall& hall, const Game& game);
 
 // Plays a legal move in engine form for the side to move. The rules engine is asked, and its answer tells players
-// and observers, and ends the game at mate, stalemate, repetition, fifty moves, or the limit of moves.
-void playMove(Hall& hall, Game& game, const std::string& move);
+// and observers, and ends the game at mate, stalemate, repetition, fifty moves, or the limit of moves. In an examined
+// game `triedBy` is the examiner who moves.
+void playMove(Hall& hall, Game& game, const std::string& move, const std::string& triedBy = {});
 
 } // namespace practice

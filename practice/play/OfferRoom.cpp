@@ -113,7 +113,7 @@ std::string offerInGame(Hall& hall, Player& player, Game& game, OfferKind kind, 
     PendingOffer offer{kind, player.name, opponent->name, {}, false, halfmoves, 0};
     const std::string made = madeText(offer, game);
     tellObservers(hall, offer, toldText(offer));
-    if (opponent->isComputer()) {
+    if (opponent->computer) {
         if (!acceptsInGame(game, kind)) {
             declineSoon(hall, offer);
         } else {

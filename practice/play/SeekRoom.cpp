@@ -8,11 +8,11 @@ namespace practice {
 
 namespace {
 
-constexpr int seeksOfOne = 3;
+constexpr std::size_t seeksOfOne = 3;
 
 // Ads do not disturb those at the board.
 bool wantsAds(const Player& player) {
-    return !player.isComputer() && player.playing == 0 && player.variables.value("seek") != 0;
+    return !player.computer && player.playing == 0 && player.variables.value("seek") != 0;
 }
 
 int announce(Hall& hall, int number, const Seek& seek) {
@@ -43,7 +43,8 @@ std::string postSeek(Hall& hall, Player& player, Terms terms) {
         terms.rated = false;
         text = "You are unregistered - setting to unrated.\n";
     }
-    if (hall.seeks.countOf(player.name) >= seeksOfOne) return "You have three ads already; \"unseek\" takes them back.";
+    if (hall.seeks.numbersOf(player.name).size() >= seeksOfOne)
+        return "You have three ads already; \"unseek\" takes them back.";
     const Seek seek{player.name, player.title, player.rating, terms};
     const int number = hall.seeks.post(seek);
     if (number == 0) return "There is no room for another ad.";

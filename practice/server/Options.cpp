@@ -40,6 +40,9 @@ void addOptions(QCommandLineParser& parser) {
         {QStringLiteral("move-delay"),
          QStringLiteral("Milliseconds between the moves of the two computers that play each other (default 2500)."),
          QStringLiteral("MS")},
+        {QStringLiteral("ad-pace"),
+         QStringLiteral("Milliseconds between two changes among the computers' ads (default 15000); 0 leaves them."),
+         QStringLiteral("MS")},
         {QStringLiteral("engine"), QStringLiteral("The chess engine (default: fairy-stockfish, wherever it is)."),
          QStringLiteral("PATH")},
         {QStringLiteral("users"), QStringLiteral("Registered users, one \"NAME PASSWORD [RATING]\" a line."),
@@ -67,12 +70,15 @@ bool readNumbers(const QCommandLineParser& parser, Options& options) {
     qint64 port = options.port;
     qint64 seed = std::random_device{}();
     qint64 delay = options.moveDelay;
+    qint64 pace = options.adPace;
     const bool good = readNumber(parser, "port", 65'535, port) && readNumber(parser, "seed", 4'294'967'295, seed) &&
                       readNumber(parser, "move-delay", 600'000, delay) &&
+                      readNumber(parser, "ad-pace", 600'000, pace) &&
                       readNumber(parser, "owner-pid", 2'147'483'647, options.ownerPid);
     options.port = static_cast<quint16>(port);
     options.seed = static_cast<std::uint32_t>(seed);
     options.moveDelay = static_cast<int>(delay);
+    options.adPace = static_cast<int>(pace);
     return good;
 }
 

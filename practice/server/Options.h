@@ -16,6 +16,7 @@ struct Options {
     quint16 port = 0;       // 0 takes a free one
     std::uint32_t seed = 0; // from the system's random numbers unless given
     int moveDelay = 2500;   // milliseconds
+    int adPace = 15'000;    // milliseconds; 0 for ads that stay
     QString engine;         // path of the engine; empty if none was found
     qint64 ownerPid = 0;    // 0 for no owner
     Accounts accounts;

@@ -41,6 +41,7 @@ Server::Server(const ServerSettings& settings, std::function<void(quint16)> onLi
     hall_.seed = settings_.seed;
     hall_.random.seed(settings_.seed);
     hall_.moveDelay = settings_.moveDelay;
+    hall_.adPace = settings_.adPace;
     fillOutside();
     fillHost();
     if (!settings_.log.empty()) host_.log.open(settings_.log);

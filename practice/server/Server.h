@@ -20,6 +20,7 @@ struct ServerSettings {
     quint16 port = 0; // 0 takes a free one
     std::uint32_t seed = 0;
     int moveDelay = 2500; // milliseconds
+    int adPace = 15'000;  // milliseconds; 0 for ads that stay
     QString engine;       // path of the program
     Accounts accounts;
     std::string log; // file for what clients send; empty for none

@@ -15,7 +15,7 @@ TEST(Computers, ThreeGrowStrongerAndEachAdHasItsTimeControl) {
     int lastRating = 0;
     for (const Computer& computer : computers()) {
         EXPECT_EQ(handleComplaint(computer.name), "");
-        if (computer.always) continue;
+        if (computer.role != Role::Host) continue;
         controls.insert({computer.offer.minutes, computer.offer.increment});
         if (computer.prompt) continue;
         EXPECT_GT(computer.depth, lastDepth);
@@ -39,7 +39,7 @@ TEST(Computers, OneAnswersAtOnceAndAlwaysTheSame) {
 
 TEST(Computers, TwoPlayEachOtherAlways) {
     int pair = 0;
-    for (const Computer& computer : computers()) pair += computer.always ? 1 : 0;
+    for (const Computer& computer : computers()) pair += computer.role == Role::Pair ? 1 : 0;
     EXPECT_EQ(pair, 2);
 }
 

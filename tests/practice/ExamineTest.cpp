@@ -220,7 +220,7 @@ TEST_F(ExamineTest, RepetitionCountsAcrossAnAdjournment) {
 TEST_F(ExamineTest, WhoExaminesOffersNoGames) {
     rig.type("Ada", "seek 5 0");
     rig.type("Ada", "examine -1");
-    EXPECT_EQ(rig.type("Bert", "play ada"), "Usage: play NUMBER, with a number of \"sought\".");
+    EXPECT_EQ(rig.type("Bert", "play ada"), "Ada is not seeking any games.");
     EXPECT_TRUE(rig.hall.seeks.open.empty());
     EXPECT_EQ(rig.hall.find("Ada")->playing, 0);
 }

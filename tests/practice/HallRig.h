@@ -45,6 +45,9 @@ struct HallRig {
     // Lets time pass and runs what falls due.
     void pass(std::int64_t milliseconds);
 
+    // How many things wait for their time.
+    std::size_t timers() const { return timers_.size(); }
+
     // Gives the rules' answers that were kept back.
     void release();
 

@@ -248,6 +248,7 @@ TEST_F(MatchRoomTest, ARematchHasTheSameTermsWithTheColoursTurned) {
 
 TEST_F(MatchRoomTest, AComputerAcceptsInAMoment) {
     openComputerRoom(rig.hall);
+    rig.shown.clear();
     EXPECT_EQ(rig.type("Ada", "match spark 1 0 u white"),
               "Issuing: Ada (1711) [white] Spark (1400) unrated lightning 1 0.\n--** Spark is a computer **--");
     EXPECT_EQ(rig.hall.find("Ada")->playing, 0);
@@ -265,6 +266,13 @@ TEST_F(MatchRoomTest, ComputersAcceptEveryKindThatIsPlayed) {
         EXPECT_EQ(game->terms.variant, variant.name);
         rig.type("Ada", "resign");
     }
+}
+
+TEST_F(MatchRoomTest, AComputerThatLooksLikeAPersonIsNotCalledOne) {
+    openComputerRoom(rig.hall);
+    EXPECT_EQ(rig.type("Ada", "match pebble 10 0 u white"),
+              "Issuing: Ada (1711) [white] Pebble (640) unrated blitz 10 0.");
+    EXPECT_TRUE(rig.type("Ada", "match lantern 5 0 r").starts_with("Lantern is unregistered - setting to unrated.\n"));
 }
 
 TEST_F(MatchRoomTest, ThePairThatAlwaysPlaysIsNotDisturbed) {

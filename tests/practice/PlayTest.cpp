@@ -39,7 +39,7 @@ TEST_F(PlayTest, AGameStartsWithItsLinesForBothPlayers) {
     rig.type("Ada", "unseek");
     rig.type("Ada", "seek 5 0 unrated white");
     rig.shown.clear();
-    EXPECT_EQ(rig.type("Bert", "play 1"), "");
+    EXPECT_EQ(rig.type("Bert", "play 2"), "");
     const std::string start =
         "|Creating: Ada (1711) Bert (++++) unrated blitz 5 0\n"
         "{Game 1 (Ada vs. Bert) Creating unrated blitz match.}\n\n"

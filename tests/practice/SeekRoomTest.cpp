@@ -29,7 +29,7 @@ TEST_F(SeekRoomTest, AnAdIsAnnouncedToThoseWhoWantAds) {
 TEST_F(SeekRoomTest, PlayersAtTheBoardAreNotDisturbed) {
     rig.enter("Cora");
     rig.match("Ada", "Bert");
-    EXPECT_EQ(rig.type("Cora", "seek 5 0"), "Your seek has been posted with index 1.\n(0 players saw the seek.)");
+    EXPECT_EQ(rig.type("Cora", "seek 5 0"), "Your seek has been posted with index 2.\n(0 players saw the seek.)");
     EXPECT_EQ(rig.takeShown("Ada"), "");
 }
 
@@ -63,8 +63,9 @@ TEST_F(SeekRoomTest, ThreeAdsAreEnoughForOne) {
 }
 
 TEST_F(SeekRoomTest, AdsThatCannotBeTakenSayWhy) {
-    EXPECT_EQ(rig.type("Bert", "play 7"), "That seek is not available.");
-    EXPECT_EQ(rig.type("Bert", "play"), "Usage: play NUMBER, with a number of \"sought\".");
+    for (const char* stale : {"play 7", "play 0", "play 999999"})
+        EXPECT_EQ(rig.type("Bert", stale), "That seek is not available.") << stale;
+    EXPECT_EQ(rig.type("Bert", "play"), "Usage: play NUMBER|NAME, with a number or a name of \"sought\".");
     rig.type("Ada", "seek 5 0 rated");
     EXPECT_EQ(rig.type("Ada", "play 1"), "You cannot answer your own ad.");
     EXPECT_EQ(rig.type("Bert", "play 1"), "This ad is for a rated game, and you are not registered.");
@@ -73,6 +74,44 @@ TEST_F(SeekRoomTest, AdsThatCannotBeTakenSayWhy) {
     EXPECT_EQ(rig.type("Cora", "play 2"), "Your rating is outside of what this ad asks for.");
     rig.enter("Dora", "1801");
     EXPECT_EQ(rig.type("Dora", "play 2"), "Your rating is outside of what this ad asks for.");
+}
+
+TEST_F(SeekRoomTest, AStaleNumberIsNobodyElsesAd) {
+    rig.type("Ada", "seek 5 0 unrated");
+    rig.type("Ada", "unseek");
+    rig.type("Ada", "seek 3 0 unrated");
+    EXPECT_EQ(rig.type("Bert", "play 1"), "That seek is not available.");
+    EXPECT_EQ(rig.type("Bert", "play 2"), "");
+}
+
+TEST_F(SeekRoomTest, AnAdIsTakenByItsOwnersName) {
+    EXPECT_EQ(rig.type("Bert", "play ada"), "Ada is not seeking any games.");
+    EXPECT_EQ(rig.type("Bert", "play nobody"), "No player named \"nobody\" is online.");
+    rig.type("Ada", "seek 5 0 unrated");
+    rig.type("Ada", "seek 3 0 unrated");
+    EXPECT_EQ(rig.type("Bert", "Play Ada"), "Ada is seeking several games.");
+    rig.type("Ada", "unseek 1");
+    EXPECT_EQ(rig.type("Bert", "Play Ada"), "");
+    EXPECT_EQ(rig.hall.game(1)->terms.minutes, 3);
+}
+
+TEST_F(SeekRoomTest, SoughtTakesAllAndNoOtherWord) {
+    rig.type("Ada", "seek 5 0");
+    EXPECT_EQ(rig.type("Bert", "sought all"), rig.type("Bert", "sought"));
+    EXPECT_EQ(rig.type("Bert", "sought nobody"), "Usage: sought [all]");
+}
+
+TEST_F(SeekRoomTest, AdsAreSwitchedOffAndOnByAnyFormOfTheSetting) {
+    for (const char* off : {"set seek 0", "Set Seek 0", "set see 0", "set seek off"}) {
+        EXPECT_EQ(rig.type("Bert", off), "You will not see seek ads.") << off;
+        rig.takeShown("Bert");
+        rig.type("Ada", "seek 5 0");
+        EXPECT_EQ(rig.takeShown("Bert"), "") << off;
+        EXPECT_EQ(rig.type("Bert", "set seek"), "You will now see seek ads.");
+        rig.type("Ada", "seek 5 0");
+        EXPECT_NE(rig.takeShown("Bert"), "") << off;
+        rig.type("Ada", "unseek");
+    }
 }
 
 TEST_F(SeekRoomTest, TheGameHasTheColourThatWasAskedFor) {

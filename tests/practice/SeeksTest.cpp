@@ -13,20 +13,24 @@ Seek ad(const std::string& owner, int minutes, int increment) {
     return seek;
 }
 
-TEST(Seeks, ANewAdTakesTheLowestFreeNumber) {
+TEST(Seeks, ANumberThatWasGivenBackRestsUntilAllOthersWereGiven) {
     SeekTable table;
     EXPECT_EQ(table.post(ad("Ada", 3, 0)), 1);
     EXPECT_EQ(table.post(ad("Bert", 3, 0)), 2);
     EXPECT_EQ(table.post(ad("Cora", 3, 0)), 3);
     EXPECT_EQ(table.removeOwner("Bert"), 1);
-    EXPECT_EQ(table.post(ad("Dora", 3, 0)), 2);
+    EXPECT_EQ(table.post(ad("Dora", 3, 0)), 4);
+    table.lastNumber = SeekTable::highestNumber;
+    EXPECT_EQ(table.post(ad("Emma", 3, 0)), 2) << "1, 3 and 4 are taken";
+    EXPECT_EQ(table.post(ad("Emma", 3, 0)), 5);
 }
 
 TEST(Seeks, TheTableIsFullAt200Ads) {
     SeekTable table;
     for (int i = 1; i <= 200; ++i) EXPECT_EQ(table.post(ad("Ada", 3, 0)), i);
     EXPECT_EQ(table.post(ad("Ada", 3, 0)), 0);
-    EXPECT_EQ(table.countOf("Ada"), 200);
+    EXPECT_EQ(table.numbersOf("Ada").size(), 200U);
+    EXPECT_EQ(table.numbersOf("Bert").size(), 0U);
 }
 
 TEST(Seeks, TheAnnouncementEndsWithTheCommandThatTakesIt) {
@@ -35,6 +39,15 @@ TEST(Seeks, TheAnnouncementEndsWithTheCommandThatTakesIt) {
     seek.terms.rated = seek.terms.manual = seek.terms.formula = true;
     seek.terms.colour = WantedColour::White;
     EXPECT_EQ(announcement(3, seek), "Ada (1711) seeking 5 0 rated blitz [white] m f (\"play 3\" to respond)");
+}
+
+TEST(Seeks, AGuestIsAnnouncedWithoutHisMark) {
+    Seek seek{"Bert", "(U)", "++++", {}};
+    seek.terms.minutes = 3;
+    seek.terms.increment = 0;
+    EXPECT_EQ(announcement(4, seek), "Bert (++++) seeking 3 0 unrated blitz (\"play 4\" to respond)");
+    seek.title = "(C)";
+    EXPECT_TRUE(announcement(4, seek).starts_with("Bert(C) (++++) seeking "));
 }
 
 TEST(Seeks, TheRowOfAnAdKeepsItsColumns) {

@@ -13,15 +13,6 @@ namespace {
 
 const std::string board = "\n\r<12> ";
 
-void enterRegistered(TestClient& client, const std::string& name) {
-    client.until("login: ");
-    client.line(name);
-    client.until("password: ");
-    client.line("practice");
-    client.until("**** Starting FICS session as " + name + " ****");
-    client.until("fics% ");
-}
-
 // Rookery, white, against Partner.
 struct ServerKeptGames : testing::Test {
     TestServer server;
@@ -29,8 +20,8 @@ struct ServerKeptGames : testing::Test {
     TestClient partner{server.port()};
 
     ServerKeptGames() {
-        enterRegistered(rookery, "Rookery");
-        enterRegistered(partner, "Partner");
+        rookery.enterRegistered("Rookery");
+        partner.enterRegistered("Partner");
         rookery.line("match partner 15 0 r white");
         partner.until("Challenge: Rookery (1640) [white] Partner (1500) rated standard 15 0.");
         partner.line("accept");

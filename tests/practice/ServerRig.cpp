@@ -122,6 +122,15 @@ std::string TestClient::enterAsGuest(const std::string& name) {
     return handle;
 }
 
+void TestClient::enterRegistered(const std::string& name) {
+    until("login: ");
+    line(name);
+    until("password: ");
+    line("practice");
+    until("**** Starting FICS session as " + name + " ****");
+    until("fics% ");
+}
+
 TestServer::TestServer(const std::vector<std::string>& arguments) {
     int ends[2] = {-1, -1};
     if (pipe2(ends, O_CLOEXEC) != 0) return;

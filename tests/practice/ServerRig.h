@@ -35,6 +35,9 @@ public:
     // Logs on as a guest of this name, or of a name that the server gives; returns the handle.
     std::string enterAsGuest(const std::string& name = "guest");
 
+    // Logs on as one of the built-in registered users.
+    void enterRegistered(const std::string& name);
+
 private:
     bool receive(int milliseconds);
 
@@ -47,7 +50,8 @@ private:
 // Starts the server with arguments behind the usual ones; it is ended by SIGTERM unless it ended before.
 class TestServer {
 public:
-    explicit TestServer(const std::vector<std::string>& arguments = {"--move-delay", "200", "--seed", "5"});
+    explicit TestServer(const std::vector<std::string>& arguments = {"--move-delay", "200", "--seed", "5", "--ad-pace",
+                                                                     "0"});
     ~TestServer();
     TestServer(const TestServer&) = delete;
     TestServer& operator=(const TestServer&) = delete;

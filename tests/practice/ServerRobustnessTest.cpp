@@ -68,12 +68,12 @@ TEST(ServerRobustness, TwentyClientsComeAtOnce) {
     std::vector<std::unique_ptr<TestClient>> clients;
     for (int i = 0; i < 20; ++i) clients.push_back(std::make_unique<TestClient>(server.port()));
     for (auto& client : clients) client->enterAsGuest();
-    for (auto& client : clients) client->line("play 1");
+    for (auto& client : clients) client->line("match sprout");
     for (auto& client : clients) client->until("\n\r<12> ");
     clients[0]->line("shout hello");
     for (std::size_t i = 1; i < clients.size(); ++i) clients[i]->until(" shouts: hello\n\rfics% ");
     clients[0]->line("who");
-    clients[0]->until(" 26 players displayed (of 26).");
+    clients[0]->until(" 47 players displayed (of 47).");
 }
 
 TEST(ServerRobustness, MoreThan200ClientsAreTurnedAway) {
