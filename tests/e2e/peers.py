@@ -80,7 +80,7 @@ class PracticeServer:
 
     def __init__(self):
         self.process = subprocess.Popen(
-            [str(BUILD / "brightrank-practice"), "--port", "0", "--seed", "7", "--owner-pid", str(os.getpid())],
+            [str(BUILD / "brightrank-practice"), "--port", "0", "--seed", "7", "--ad-pace", "0", "--owner-pid", str(os.getpid())],
             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         while not (found := re.search(rb"127\.0\.0\.1:(\d+)", self.process.stdout.readline())):
             if self.process.poll() is not None:
