@@ -9,6 +9,7 @@
 #include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <array>
@@ -22,6 +23,7 @@ constexpr double SideRoom = 150;
 // Pixels.
 constexpr double ChoiceGap = 1.5;
 constexpr double ChoiceWidth = 2;
+constexpr double LabelEdge = 4; // half of it outside the letters
 
 double ringWidth(double side) { return std::clamp(side * 0.16, 1.0, 3.0); }
 
@@ -153,12 +155,14 @@ void SeekPlot::paintPicture() {
     picture_.fill(paper_);
     if (graph_.geometry.CellSize == 0) return;
     QPainter painter(&picture_);
+    const std::vector<Label> all = labels();
     paintLines(painter);
-    paintLabels(painter);
+    for (const Label& label : all) painter.fillRect(label.place, paper_); // no line runs through one
     painter.setRenderHint(QPainter::Antialiasing);
-    for (int dot = 0; dot <= graph_.dots.last; ++dot) {
+    for (int dot = graph_.dots.last; dot >= 0; --dot) { // of two on a spot the one that is hit lies on top
         if (graph_.dots[dot].shown) paintDot(painter, dot);
     }
+    for (const Label& label : all) paintLabel(painter, label);
 }
 
 void SeekPlot::paintLines(QPainter& painter) const {
@@ -172,33 +176,45 @@ void SeekPlot::paintLines(QPainter& painter) const {
     line(at.Line15X, at.BaseY, at.Line15X, at.TopY);
 }
 
-// On paper of their own, so that no line runs through them; one that would lie on another is left out.
-void SeekPlot::paintLabels(QPainter& painter) const {
+QFont SeekPlot::labelFont() const {
     QFont font = this->font();
     font.setPointSizeF(std::max(1.0, graph_.geometry.FontPoints * scale()));
-    painter.setFont(font);
-    const QFontMetricsF metrics(font);
-    std::vector<QRectF> taken;
-    const auto print = [&](const QString& text, const QRectF& place) {
-        const auto overlaps = [&place](const QRectF& other) { return other.intersects(place); };
-        if (std::ranges::any_of(taken, overlaps)) return;
-        taken.push_back(place);
-        painter.fillRect(place, paper_);
-        painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, text);
-    };
-    const QString widest = QStringLiteral("2000");
-    const QSizeF size(metrics.horizontalAdvance(widest), metrics.height());
+    return font;
+}
+
+// One that would lie on another is left out.
+std::vector<SeekPlot::Label> SeekPlot::labels() const {
+    const GraphGeometry& geometry = graph_.geometry;
+    const QFontMetricsF metrics(labelFont());
+    const double widest = metrics.horizontalAdvance(QStringLiteral("2000"));
+    const double high = metrics.height();
     const double twips = TwipsPerPixelX / scale();
-    const Extent text{static_cast<float>(size.width() * twips), static_cast<float>(size.height() * twips)};
+    const Extent text{static_cast<float>(widest * twips), static_cast<float>(high * twips)};
+    std::vector<Label> found;
+    const auto add = [&found](int number, const QRectF& place) {
+        const auto overlaps = [&place](const Label& other) { return other.place.intersects(place); };
+        if (std::ranges::none_of(found, overlaps)) found.push_back({QString::number(number), place});
+    };
     for (const int rating : {2000, 1000}) {
-        const auto corner = graph_.geometry.zRatingY(rating, text);
-        print(QString::number(rating), {QPointF(pixels(corner.X), pixels(corner.Y)), size});
+        const auto corner = geometry.zRatingY(rating, text);
+        add(rating, {pixels(corner.X), pixels(corner.Y), widest, high});
     }
-    for (const auto& [minutes, line] : {std::pair(3, graph_.geometry.Line3X), std::pair(15, graph_.geometry.Line15X)}) {
-        const QString caption = QString::number(minutes);
-        const double wide = metrics.horizontalAdvance(caption);
-        print(caption, {pixels(line) - wide / 2, pixels(LabelTop), wide, size.height()});
+    for (const auto& [minutes, line] : {std::pair(3, geometry.Line3X), std::pair(15, geometry.Line15X)}) {
+        const double wide = metrics.horizontalAdvance(QString::number(minutes));
+        add(minutes, {pixels(line) - wide / 2, pixels(LabelTop), wide, high});
     }
+    return found;
+}
+
+// With an edge of paper, for the dots that it may lie on.
+void SeekPlot::paintLabel(QPainter& painter, const Label& label) const {
+    const QFont font = labelFont();
+    QPainterPath letters;
+    letters.addText(label.place.left(), label.place.top() + QFontMetricsF(font).ascent(), font, label.text);
+    painter.strokePath(letters, QPen(paper_, LabelEdge, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(ink_);
+    painter.setFont(font);
+    painter.drawText(label.place, Qt::AlignCenter | Qt::TextDontClip, label.text);
 }
 
 void SeekPlot::paintDot(QPainter& painter, int dot) const {

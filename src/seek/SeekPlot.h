@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 class QPainter;
 
@@ -50,12 +51,19 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    struct Label {
+        QString text;
+        QRectF place; // pixels
+    };
+
     double scale() const;
     int dotAt(QPointF point) const;
     void showPointer(QPointF point);
     void paintPicture();
     void paintLines(QPainter& painter) const;
-    void paintLabels(QPainter& painter) const;
+    QFont labelFont() const;
+    std::vector<Label> labels() const;
+    void paintLabel(QPainter& painter, const Label& label) const;
     void paintDot(QPainter& painter, int dot) const;
 
     const SeekGraph& graph_;

@@ -93,7 +93,7 @@ void frmSeek::build() {
         tr("Arrow keys walk through the seeks, Enter plays the chosen one; other keys type in the console"));
     stbSeek_ = new ElidedLabel(this);
     stbSeek_->setObjectName(QStringLiteral("stbSeek"));
-    stbSeek_->setIndent(StatusIndent);
+    stbSeek_->setContentsMargins(StatusIndent, 0, 0, 0);
     fitFonts();
 }
 
