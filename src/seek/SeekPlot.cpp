@@ -112,8 +112,10 @@ void SeekPlot::mousePressEvent(QMouseEvent* event) {
     if (dot >= 0) Q_EMIT dotPressed(dot, event->button());
 }
 
-// Its first half was a press, which has done what there is to do.
-void SeekPlot::mouseDoubleClickEvent(QMouseEvent*) {}
+// A double click plays an ad once; its first half was a press. A menu comes up as often as it is asked for.
+void SeekPlot::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) mousePressEvent(event);
+}
 
 void SeekPlot::mouseMoveEvent(QMouseEvent* event) {
     showPointer(event->position());

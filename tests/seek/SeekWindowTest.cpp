@@ -296,6 +296,14 @@ TEST_F(SeekWindow, ADoubleClickPlaysOnce) {
     EXPECT_THAT(sent, ElementsAre("Play 12"));
 }
 
+TEST_F(SeekWindow, TheMenuComesUpHoweverSoonItIsAskedForAgain) {
+    open();
+    threeAds();
+    press(dot(1), Qt::RightButton);
+    QTest::mouseDClick(&plot(), Qt::RightButton, {}, dot(1));
+    EXPECT_THAT(popups, ElementsAre("mnuCmd", "mnuCmd"));
+}
+
 TEST_F(SeekWindow, BesideTheDotsNothingHappens) {
     open();
     threeAds();
