@@ -51,6 +51,7 @@ MoveGridSurface frmChessBoard::gridSurface() {
         .showCell = [this](int row, int col) { parts_.grdMoves->showCell(row, col); },
         .scrollTo = [this](int row) { parts_.grdMoves->scrollToRow(row); },
         .setUp = [this] { parts_.grdMoves->setUp(); },
+        .showCurrent = [this] { parts_.grdMoves->showCurrent(); },
     };
 }
 
@@ -147,7 +148,21 @@ void frmChessBoard::connectTyping() {
             if (!text.empty()) sendTyped(text);
         });
     }
-    for (QToolButton* button : parts_.cmdScroll) button->setEnabled(false);
+}
+
+void frmChessBoard::connectWalking() {
+    for (std::size_t index = 0; index < parts_.cmdScroll.size(); ++index) {
+        connect(parts_.cmdScroll[index], &QToolButton::clicked, this, [this, index] {
+            parts_.txtSend->setFocus();
+            game.zReposition(static_cast<int>(index) - 2);
+        });
+    }
+    connect(parts_.grdMoves, &MoveGrid::cellClicked, this, [this](int row, int col) {
+        game.grdMovesClick(row, col);
+        parts_.txtSend->setFocus();
+    });
+    connect(parts_.grdMoves, &MoveGrid::walked, this, [this](int step) { game.zReposition(step); });
+    parts_.lblMove->doubleClicked = [this] { game.lblMoveDoubleClick(); };
 }
 
 bool frmChessBoard::answerTypingKey(int code, bool shift) {

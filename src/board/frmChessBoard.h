@@ -59,6 +59,7 @@ private:
     void zObjectSetup();
     void connectMenus();
     void connectTyping();
+    void connectWalking();
     GameSurface surface();
     MoveGridSurface gridSurface();
     void connectTimers();
