@@ -363,6 +363,17 @@ TEST(Walk, AStepBackEmptiesTheRecordOfTheMoveAndGivesItsGrantBack) {
     EXPECT_EQ(rig.at("d5"), 0) << "en passant can be made again";
 }
 
+TEST(Walk, AStepBackOverACodeOfSevenForgetsThatTheKingMoved) {
+    EndedGame rig;
+    rig.game.KingMoved.fill(true);
+    rig.game.MoveUndo[2][1][5] = 7;
+    rig.game.zReposition(-1);
+    EXPECT_FALSE(rig.game.KingMoved[0]);
+    EXPECT_TRUE(rig.game.KingMoved[2]);
+    rig.game.zReposition(-1);
+    EXPECT_TRUE(rig.game.KingMoved[2]) << "any other code leaves it";
+}
+
 TEST(Walk, AStepBackKeepsTheMoveInView) {
     WalkRig rig;
     std::vector<std::string> moves;
