@@ -4,6 +4,7 @@
 
 #include "MoveModel.h"
 #include "board/Style12Line.h"
+#include "common/modChess.h"
 
 #include <algorithm>
 
@@ -265,9 +266,9 @@ void WalkModel::receive(const Style12Record& record, bool newGame) {
     const int madeRow = whiteMoved ? number : number - 1;
     const std::pair made{madeRow, whiteMoved ? 1 : 2};
     const int count = 2 * number + (whiteMoved ? 1 : 0);
-    if (relation == 2) {
+    if (relation == 2) examined = made;
+    if (relation == 2 && !modChess.ExamineNoMoves) {
         current = made;
-        examined = made;
     } else if (count > newest) {
         cell({madeRow, 0}).text = std::to_string(madeRow);
         cell(made).text = record.PrettyMove;

@@ -212,6 +212,7 @@ void WalkRun::serverShows(bool newGame) {
 
 void WalkRun::beginGame(int how) {
     static constexpr std::array<std::int16_t, 6> Relations{0, 1, -1, 2, -2, -3};
+    modChess.ExamineNoMoves = how % 16 >= 8;
     relation_ = Relations.at(static_cast<std::size_t>(how / 4 % 6));
     server_ = quietGame();
     server_->finishLoad();

@@ -46,6 +46,15 @@ TEST(LiveWalk, AClickInAnExaminedGameSendsTheDistance) {
     EXPECT_EQ(rig.sent(), (std::vector<std::string>{"For 3", "Back 2", "For 1", "For 397"}));
 }
 
+TEST(LiveWalk, TheDistanceCountsFromTheMoveLastPlayedWithoutAListToo) {
+    WalkRig rig;
+    modChess.ExamineNoMoves = true;
+    rig.watch({"e4", "e5", "Nf3"}, 2);
+    rig.effects.clear();
+    rig.game.grdMovesClick(3, 2);
+    EXPECT_EQ(rig.effects, (Effects{"send For 3"}));
+}
+
 TEST(LiveWalk, AClickOnTheCurrentCellOfAnExaminedGameSendsNothing) {
     ExaminedGame rig;
     rig.game.grdMovesClick(2, 1);
