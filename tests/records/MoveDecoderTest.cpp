@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 #include <vector>
@@ -90,6 +92,19 @@ TEST(ReadMoveText, ASmallLetterInTheThirdPlaceMakesTheSecondAFile) {
     EXPECT_EQ(target("Nbxd7"), "d7");
     EXPECT_LT(readMoveText("Nbxd7").rank, 0);
 }
+
+TEST(ReadMoveText, ByteValueDecidesWhatIsASmallLetter) {
+    EXPECT_LT(readMoveText("Nb3Z").file, 0);
+    EXPECT_EQ(target("Nf3Z"), "f3");
+    EXPECT_LT(readMoveText("NbZ7").file, 0) << "Z itself is not behind Z";
+    EXPECT_EQ(readMoveText("Nb[7").file, 1);
+    EXPECT_EQ(readMoveText("Nb\xE4"
+                           "7")
+                  .file,
+              1);
+}
+
+TEST(ReadMoveText, TheEmptyTextNamesNoPiece) { EXPECT_EQ(readMoveText("").piece, 0); }
 
 TEST(ReadMoveText, ADigitInTheSecondPlaceIsARank) {
     EXPECT_EQ(readMoveText("N1d2").rank, 0);
@@ -190,6 +205,30 @@ TEST(FindMove, ARankIsSearchedFromTheFirstFileOn) {
     search.mayMove = {square("b1"), square("f1"), square("b5")};
     EXPECT_EQ(search.find("N1d2").from, square("b1"));
     EXPECT_EQ(search.find("N5d2").from, square("b5"));
+}
+
+TEST(FindMove, TheSearchReachesFromTheFirstSquareOfItsFilterToTheLast) {
+    for (const auto& [text, first, last] : std::vector<std::array<const char*, 3>>{{"Nd4", "a1", "h8"},
+                                                                                   {"Nad4", "a1", "a8"},
+                                                                                   {"Nhd4", "h1", "h8"},
+                                                                                   {"N1d4", "a1", "h1"},
+                                                                                   {"N8d4", "a8", "h8"}}) {
+        for (const char* only : {first, last}) {
+            Search search{{only, Knight}};
+            search.mayMove = {square(only)};
+            EXPECT_EQ(search.find(text, 1, 20).from, square(only)) << text << " from " << only;
+        }
+    }
+}
+
+TEST(FindMove, AFilterLeavesTheOtherFilesAndRanksAlone) {
+    Search search{{"b1", Knight}, {"c2", Knight}};
+    search.mayMove = {square("b1"), square("c2")};
+    for (const char* text : {"Nad4", "N3d4", "N8d4"}) EXPECT_EQ(search.find(text, 1, 20).from, 20) << text;
+    EXPECT_EQ(search.find("N1d4", 1, 20).from, square("b1"));
+    search.mayMove = {square("c2")};
+    EXPECT_EQ(search.find("N1d4", 1, 20).from, 20);
+    EXPECT_TRUE(search.find("Nad4").ok);
 }
 
 TEST(FindMove, BlacksPiecesAreThoseOfColourMinusOne) {
