@@ -1,8 +1,5 @@
 // Benchmarks one move of the pointer over a board, with a piece in hand and without, painting included.
-#include "board/Style12Line.h"
-#include "board/frmChessBoard.h"
-#include "common/modChess.h"
-#include "settings/MemoryStore.h"
+#include "BenchBoard.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -10,29 +7,10 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
-#include <memory>
 
 namespace {
 
 constexpr int MaxSquare = 76; // pixels, of the largest piece set
-
-// A game on which white is to move, its squares `side` pixels wide.
-std::unique_ptr<frmChessBoard> openBoard(const BoardRoads& roads, int side) {
-    auto board = std::make_unique<frmChessBoard>(roads);
-    board->load();
-    auto* view = board->findChild<BoardView*>();
-    board->resize(board->width(), board->height() + 8 * (side - view->geometry().SquarePixels));
-    board->game.zBoardSetup(false);
-    const auto line = cutStyle12(FixedStartLine, LineEnd::RestIsToken);
-    readStyle12(line.value(), Style12Fields::All, modChess.Record);
-    modChess.Record.Relation = 1;
-    modChess.Record.Flip = false;
-    modChess.NewGameFlag = true;
-    board->game.zGS();
-    board->game.zSetPosition(false);
-    board->game.noPlay = false;
-    return board;
-}
 
 void send(BoardView& view, QEvent::Type type, QPointF point, Qt::MouseButton button, Qt::MouseButtons buttons) {
     QMouseEvent event(type, point, view.mapToGlobal(point), button, buttons, {});
@@ -55,22 +33,9 @@ QPointF pointAt(std::int64_t step, int side) {
 }
 
 void pointerMove(benchmark::State& state, bool dragging) {
-    CommandHistory history;
-    const BoardRoads roads{
-        .store = memoryStore(std::make_shared<MemoryValues>()),
-        .history = history,
-        .zSendMsg = [](const std::string&) {},
-        .zSend = [](const std::string&) { return false; },
-        .playSound = [](std::string_view, std::int16_t) {},
-        .tellText = [](int) { return std::string(); },
-        .showMatch = [] {},
-        .showSeek = [] {},
-        .consoleFrame = [] { return QRect(); },
-        .typingFont = [] { return QFont(); },
-        .enableBoardMenu = [] {},
-    };
     const auto side = static_cast<int>(state.range(0));
-    const auto board = openBoard(roads, side);
+    BenchBoard opened(side);
+    frmChessBoard* const board = &opened.board;
     auto& view = *board->findChild<BoardView*>();
     const QPointF e2(4.5 * side, 6.5 * side);
     if (dragging) send(view, QEvent::MouseButtonPress, e2, Qt::LeftButton, Qt::LeftButton);

@@ -89,5 +89,6 @@ MoveGridSurface StreamRig::gridSurface(RigBoard& board) {
         .showCell = [&grid](int row, int col) { static_cast<void>(grid.text(row, col).size()); },
         .scrollTo = [&grid](int row) { static_cast<void>(grid.text(row, 0).size()); },
         .setUp = [] {},
+        .showCurrent = [&grid] { static_cast<void>(grid.currentText().size()); },
     };
 }

@@ -52,8 +52,10 @@ enum : int {
     TmrSlip,
     PromotionAnswer,
     DropAnswer,
-    Lift, // moves there, presses, and in click style lets go
-    Land, // moves there, and lets go or clicks, by style
+    Lift,      // moves there, presses, and in click style lets go
+    Land,      // moves there, and lets go or clicks, by style
+    Walk,      // one of the five buttons below the move list
+    ClickMove, // in the move list, a few rows around the one that the board stands at
 
     // Chat boxes, picked by `which`, and what is typed
     FirstOfTyping = 48,

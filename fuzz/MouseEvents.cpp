@@ -7,6 +7,7 @@
 #include "common/modChess.h"
 #include "settings/MouseSlips.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -55,6 +56,9 @@ void StreamRig::mouseEvent(const Tape::Segment& segment, RigBoard& board) {
         return lift(board, position);
     case Event::Land:
         return land(board, position);
+    case Event::Walk:
+    case Event::ClickMove:
+        return walk(segment.kind, board, position);
     default:
         return;
     }
@@ -65,6 +69,24 @@ void StreamRig::press(RigBoard& board, int button, int position) {
     const std::vector<RigBoard*> dismissed = closeMenus();
     pressUnder(board, button, position);
     for (RigBoard* asking : dismissed) promote(*asking, 0);
+}
+
+// Menus that are up go first.
+void StreamRig::walk(int kind, RigBoard& board, int choice) {
+    for (RigBoard* asking : closeMenus()) promote(*asking, 0);
+    Game& game = board.game;
+    const long moves = board.movesSent;
+    board.walking = true;
+    if (kind == Event::Walk) {
+        game.zReposition(choice % 5 - 2);
+    } else {
+        game.grdMovesClick(std::clamp(game.MoveRow + choice / 3 % 9 - 4, 0, LastMoveRow), choice % 3);
+    }
+    board.walking = false;
+    require(board.movesSent == moves, "walking sends no move");
+    const bool examining = game.icsMode && game.Style12Record.Relation == 2;
+    require(examining || !game.hand.Dragging || choice % 5 == 2 || kind == Event::ClickMove,
+            "a piece in hand goes back before the board under it changes");
 }
 
 void StreamRig::pressUnder(RigBoard& board, int button, int position) {

@@ -170,8 +170,11 @@ void StreamRig::sendFromBoard(RigBoard& board, const std::string& text) {
         board.lastPromotion = move->promotion;
     } else if (isSentDrop(text)) {
         require(board.dropping, "a drop was chosen from its menu");
+    } else if (text.starts_with("For") || text.starts_with("Back")) {
+        require(board.walking && board.game.icsMode && board.game.Style12Record.Relation == 2,
+                "steps are asked for by hand, in an examined game");
     } else {
-        require(text == "unob" || text == "unex", "a board sends moves, drops and its leave");
+        require(text == "unob" || text == "unex", "a board sends moves, drops, steps and its leave");
     }
     session_.road.zSendMsg(text);
 }

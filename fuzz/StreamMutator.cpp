@@ -139,12 +139,13 @@ std::string lineSegment(Random& random) {
 
 std::string handSegment(Random& random) {
     static constexpr std::array Hands{
-        Event::Lift,       Event::Land,         Event::LeftPress,     Event::LeftRelease, Event::RightPress,
-        Event::TmrSlip,    Event::PointerMoves, Event::PointerLeaves, Event::DropAnswer,  Event::PromotionAnswer,
-        Event::NewChat,    Event::NameChat,     Event::TypeTell,      Event::TellEnter,   Event::CloseChat,
-        Event::TellKey,    Event::Options,      Event::NoPlayOver,    Event::ExitMove,    Event::Invert,
-        Event::Resized,    Event::CloseAtOnce,  Event::CloseLater,    Event::AskForBuddy, Event::Nothing,
-        Event::CloseByUser};
+        Event::Lift,         Event::Land,          Event::Walk,       Event::ClickMove,
+        Event::LeftPress,    Event::LeftRelease,   Event::RightPress, Event::TmrSlip,
+        Event::PointerMoves, Event::PointerLeaves, Event::DropAnswer, Event::PromotionAnswer,
+        Event::NewChat,      Event::NameChat,      Event::TypeTell,   Event::TellEnter,
+        Event::CloseChat,    Event::TellKey,       Event::Options,    Event::NoPlayOver,
+        Event::ExitMove,     Event::Invert,        Event::Resized,    Event::CloseAtOnce,
+        Event::CloseLater,   Event::AskForBuddy,   Event::Nothing,    Event::CloseByUser};
     static constexpr std::array<std::string_view, 7> Texts{
         "",
         "",

@@ -96,6 +96,7 @@ private:
     // The mouse, MouseEvents.cpp
     void mouseEvent(const Tape::Segment& segment, RigBoard& board);
     void press(RigBoard& board, int button, int position);
+    void walk(int kind, RigBoard& board, int choice);
     void pressUnder(RigBoard& board, int button, int position);
     void release(RigBoard& board, int button, int position);
     void movePointer(RigBoard& board, int position);

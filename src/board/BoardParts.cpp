@@ -3,7 +3,6 @@
 
 #include "board/Game.h"
 #include "platform/Described.h"
-#include "platform/ElidedLabel.h"
 #include "platform/FittingFont.h"
 
 #include <QStatusBar>
@@ -46,7 +45,7 @@ Button* button(QWidget* parent, const QString& name, const QString& caption) {
 }
 
 // A label of `height` pixels that assistive tools find by its name, its text to be read as its description.
-QLabel* readout(QWidget* parent, const QString& name, const QString& spoken, int height) {
+ElidedLabel* readout(QWidget* parent, const QString& name, const QString& spoken, int height) {
     auto* label = new ElidedLabel(parent);
     label->setObjectName(name);
     label->setFont(fittingFont(label->font(), height));
@@ -109,11 +108,12 @@ void BoardParts::buildButtons(QWidget* inner) {
     }
 }
 
-// From the command line to the buttons and back.
+// From the command line to the buttons and the move list and back.
 void BoardParts::orderTabs() const {
     QWidget* last = txtSend;
     const auto next = [&last](QWidget* part) { QWidget::setTabOrder(std::exchange(last, part), part); };
     for (QToolButton* tell : cmdTell) next(tell);
+    next(grdMoves);
     for (QToolButton* scroll : cmdScroll) next(scroll);
     for (QPushButton* button : {cmdDraw, cmdRes, cmdUn}) next(button);
 }

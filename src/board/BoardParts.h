@@ -4,6 +4,7 @@
 #include "board/ClockFace.h"
 #include "board/MoveGrid.h"
 #include "common/FixedArray.h"
+#include "platform/ElidedLabel.h"
 #include "platform/TypingLine.h"
 #include "view/BoardView.h"
 
@@ -25,7 +26,7 @@ struct BoardParts {
     MoveGrid* grdMoves = nullptr;
     FixedArray<ClockFace*, 1> lblTime;
     FixedArray<QLabel*, 1> lblBug; // holdings: 0 white's, 1 black's
-    QLabel* lblMove = nullptr;
+    ElidedLabel* lblMove = nullptr;
     QPushButton* cmdUn = nullptr;
     QPushButton* cmdDraw = nullptr;
     QPushButton* cmdRes = nullptr;

@@ -6,6 +6,7 @@
 #include "platform/ButtonKeys.h"
 #include "platform/Clock.h"
 #include "platform/Described.h"
+#include "platform/InFront.h"
 #include "platform/MenuEntry.h"
 #include "platform/StreamText.h"
 #include "view/PositionWords.h"
@@ -34,7 +35,7 @@ GameSurface frmChessBoard::surface() {
         .setTitle = [this](const std::string& text) { setWindowTitle(shownText(text)); },
         .showUn = [this](bool shown) { showUn(shown); },
         .enableSavePGN = [](bool) {}, // there are no PGN files yet
-        .bringToFront = [this] { bringToFront(); },
+        .bringToFront = [this] { bringInFront(*this); },
         .startClock = [this] { tmrClock_.start(); },
         .stopClock = [this] { tmrClock_.stop(); },
         .startNoPlay = [this] { tmrNoPlay_.start(); },
@@ -51,6 +52,7 @@ MoveGridSurface frmChessBoard::gridSurface() {
         .showCell = [this](int row, int col) { parts_.grdMoves->showCell(row, col); },
         .scrollTo = [this](int row) { parts_.grdMoves->scrollToRow(row); },
         .setUp = [this] { parts_.grdMoves->setUp(); },
+        .showCurrent = [this] { parts_.grdMoves->showCurrent(); },
     };
 }
 
@@ -71,13 +73,6 @@ void frmChessBoard::showUn(bool shown) {
     } else {
         parts_.cmdUn->hide();
     }
-}
-
-void frmChessBoard::bringToFront() {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
 }
 
 void frmChessBoard::showLastMove(const std::string& text) {
@@ -148,7 +143,21 @@ void frmChessBoard::connectTyping() {
             if (!text.empty()) sendTyped(text);
         });
     }
-    for (QToolButton* button : parts_.cmdScroll) button->setEnabled(false);
+}
+
+void frmChessBoard::connectWalking() {
+    for (std::size_t index = 0; index < parts_.cmdScroll.size(); ++index) {
+        connect(parts_.cmdScroll[index], &QToolButton::clicked, this, [this, index] {
+            parts_.txtSend->setFocus();
+            game.zReposition(static_cast<int>(index) - 2);
+        });
+    }
+    connect(parts_.grdMoves, &MoveGrid::cellClicked, this, [this](int row, int col) {
+        game.grdMovesClick(row, col);
+        parts_.txtSend->setFocus();
+    });
+    connect(parts_.grdMoves, &MoveGrid::walked, this, [this](int step) { game.zReposition(step); });
+    parts_.lblMove->doubleClicked = [this] { game.lblMoveDoubleClick(); };
 }
 
 bool frmChessBoard::answerTypingKey(int code, bool shift) {

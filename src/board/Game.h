@@ -148,14 +148,47 @@ struct Game {
     // sends it. Gives its text, empty if no move was made. Faults (subscript) past row 200.
     std::string zMakeMove(int to, bool check, bool display);
 
+    // Walking through the game. A local one is played and taken back move by move; in an examined one (live, Relation
+    // 2) the server moves; any other live one shows its store, until the next position comes.
+
+    // -2 to the start, -1 back, 1 forward, 2 to the end; 0 nothing.
+    void zReposition(int step);
+    // One half-move back in a local game; at its start nothing.
+    void zStepBack();
+    // Makes the stored move that is next; gives its text, empty if there was none or it could not be made. Faults as
+    // zMakeMove does.
+    std::string zStepForward(bool display);
+    // A local game at its start, with its list filled anew.
+    void zStart();
+    // Makes all stored moves that lie ahead. With a last row, Board and list then go to the half-move before the last
+    // one. Paints nothing. Faults as zMakeMove does.
+    void zEnd();
+    // The position behind the move in a cell, column 1 white's or 2 black's; nothing past the last row. Faults
+    // (subscript).
+    void zGoToPosition(std::int16_t row, std::int16_t col);
+    // A click in grdMoves; the heading (row 0) and the numbers (column 0) have no position.
+    void grdMovesClick(int row, int col);
+    // A double click on lblMove: an examined game goes back to its own moves.
+    void lblMoveDoubleClick();
+    // The texts of rows 1 to LastRow.
+    void zFillMoveList();
+    // lblMove shows the text of the current cell as the move of that number, side 1 white's; nothing for number 0.
+    void zShowAnn(std::int16_t moveNumber, std::int16_t side);
+    // The squares of a move's text for the side `colour`, see records/MoveDecoder.h. A drop puts its piece into the
+    // hand, a promotion its piece into PromotePiece.
+    void zdeAnn(std::string_view move, std::int16_t colour, std::int16_t& from, std::int16_t& to, bool& ok);
+
     // The view and the grid
 
+    // Whether stored moves lie ahead.
     void zFor(bool flag) { CanForward = flag; }
     // The ply that the board stands at: 0 before white's first move.
     std::int16_t zDevMove() const { return static_cast<std::int16_t>(2 * (MoveRow - 1) + (1 - Turn) / 2); }
     void zGridSetup(); // grdMoves anew, MoveRow 1
     void zSetTop() { grdMoves.zSetTop(MoveRow); }
     void zGridLight(std::string_view text) { grdMoves.zGridLight(text); }
+    // Tints the current cell as a move of the stored line while stored moves lie ahead, else as one off it.
+    void lightCurrentMove() { zGridLight(CanForward ? grdMoves.currentText() : "No"); }
     // Paints a square as GameSurface::zDrawSquare does; the hand and numbers that name no square paint nothing.
     void drawSquare(int square, int mode) const;
     void zUpdate();               // the image becomes the persistent picture
@@ -191,5 +224,14 @@ private:
     void passTurn();
     void sendMove(int from, int to, const std::string& text);
     void setSquare(int square, int code, bool display);
+    void localStep(int step);
+    void viewStep(int step);
+    void putDown();
+    void takeBackRecord();
+    void showCurrentMove() {
+        zShowAnn(static_cast<std::int16_t>(grdMoves.row), static_cast<std::int16_t>(grdMoves.col));
+    }
+    bool examining() const { return icsMode && Style12Record.Relation == 2; }
+    bool atStart() const { return MoveRow == 1 && Turn == 1; }
     FixedArray<std::int16_t, 7>& undo() { return MoveUndo[MoveRow][(1 - Turn) / 2]; }
 };

@@ -15,7 +15,7 @@ void MoveInput::zSqFinish(int square) {
 }
 
 void MoveInput::showFinished() {
-    if (!game.icsMode && game.GridLightOn) game.zGridLight(game.CanForward ? game.grdMoves.currentText() : "No");
+    if (!game.icsMode && game.GridLightOn) game.lightCurrentMove();
     game.zUpdate();
 }
 

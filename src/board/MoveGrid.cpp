@@ -6,10 +6,13 @@
 #include "platform/LightScrollBar.h"
 #include "platform/StreamText.h"
 #include "view/BoardGeometry.h"
+#include "view/PositionWords.h"
 
 #include <QAbstractTableModel>
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
 
@@ -19,6 +22,7 @@ namespace {
 constexpr int LeastRowHeight = 18;
 constexpr int RowSpace = 2;   // above and below the letters
 constexpr int CellMargin = 4; // left and right of a cell's text
+constexpr int FocusWidth = 2; // of the frame
 constexpr int NumberColumn = MoveGridState::NumberWidth + 7;
 
 constexpr int AlwaysFits = 5; // characters of a move, in the grid's font
@@ -26,6 +30,33 @@ constexpr int AlwaysFits = 5; // characters of a move, in the grid's font
 // All digits are of one width.
 int digitsWidth(const QFontMetrics& metrics, const QString& text) {
     return metrics.horizontalAdvance(u'0') * static_cast<int>(text.size());
+}
+
+void paintFocus(QPainter& painter, const QRect& area, const QPalette& palette) {
+    QPen pen(palette.color(QPalette::Highlight), FocusWidth);
+    pen.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(pen);
+    painter.drawRect(QRectF(area).adjusted(FocusWidth / 2.0, FocusWidth / 2.0, -FocusWidth / 2.0, -FocusWidth / 2.0));
+}
+
+const char* tintInWords(std::int32_t tint) {
+    switch (tint) {
+    case GridTint::OnLine:
+        return "current move";
+    case GridTint::OffLine:
+        return "current move, off the stored game";
+    case GridTint::Left:
+        return "left behind";
+    default:
+        return "";
+    }
+}
+
+// "3. Nf3" and "3.. Nf6, check".
+QString moveInWords(const MoveGridState& state, int row, int col) {
+    const std::string& text = state.text(row, col);
+    if (col == 0 || text.empty()) return shownText(text);
+    return shownText(describeMove(std::to_string(row) + (col == 1 ? ". " : ".. ") + text));
 }
 
 // A cell is a tint and a short text: the style's own painter takes several times as long, at every move of a game.
@@ -37,7 +68,13 @@ public:
         const GridCell& cell = state_.cells[index.row() + 1][index.column()];
         const bool plain = cell.tint == GridTint::Plain;
         if (!plain) painter->fillRect(option.rect, colorOf(cell.tint));
-        if (cell.text.empty()) return;
+        if (!cell.text.empty()) paintText(painter, option, cell, plain, index.column());
+        if (option.state & QStyle::State_HasFocus) paintFocus(*painter, option.rect, option.palette);
+    }
+
+private:
+    static void paintText(QPainter* painter, const QStyleOptionViewItem& option, const GridCell& cell, bool plain,
+                          int column) {
         painter->setPen(plain ? option.palette.color(QPalette::Text) : QColor(Qt::black));
         const QString text = shownText(cell.text);
         const QFontMetrics& metrics = option.fontMetrics;
@@ -46,11 +83,10 @@ public:
             paintLong(*painter, metrics, text, inside.adjusted(0, 0, CellMargin - 1, 0));
             return;
         }
-        const int left = index.column() == 0 ? inside.right() + 1 - digitsWidth(metrics, text) : inside.left();
+        const int left = column == 0 ? inside.right() + 1 - digitsWidth(metrics, text) : inside.left();
         painter->drawText(left, baseline(inside, metrics), text);
     }
 
-private:
     static int baseline(const QRect& area, const QFontMetrics& metrics) {
         return area.top() + (area.height() + metrics.ascent() - metrics.descent()) / 2;
     }
@@ -83,7 +119,10 @@ public:
     }
 
     QVariant data(const QModelIndex& index, int role) const override {
-        if (role == Qt::DisplayRole) return shownText(state_.cells[index.row() + 1][index.column()].text);
+        const GridCell& cell = state_.cells[index.row() + 1][index.column()];
+        if (role == Qt::DisplayRole) return shownText(cell.text);
+        if (role == Qt::AccessibleTextRole) return moveInWords(state_, index.row() + 1, index.column());
+        if (role == Qt::AccessibleDescriptionRole) return QString::fromLatin1(tintInWords(cell.tint));
         return {};
     }
 
@@ -127,7 +166,9 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(NoSelection);
     setEditTriggers(NoEditTriggers);
-    setFocusPolicy(Qt::NoFocus);
+    setFocusPolicy(Qt::TabFocus); // a click leaves the keys where they are
+    setTabKeyNavigation(false);
+    setAutoScroll(false);
     setShowGrid(false);
     setWordWrap(false);
     const int move =
@@ -135,6 +176,7 @@ MoveGrid::MoveGrid(MoveGridState& state, QWidget* parent)
     setFont(fittingFont(font(), QStringLiteral("Nbxd7+"), {move - 2 * CellMargin, BoardDesign::PanelHeight}));
     fitRows();
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) { state_.topRow = value + 1; });
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int col) { Q_EMIT cellClicked(0, col); });
 }
 
 void MoveGrid::showCell(int row, int col) { model_->cellChanged(row, col); }
@@ -149,6 +191,71 @@ void MoveGrid::setUp() {
     model_->allChanged();
     fitColumns();
 }
+
+// Also what assistive tools take for the place of the keys.
+void MoveGrid::showCurrent() {
+    const QModelIndex cell = state_.row == 0 ? QModelIndex() : model_->index(state_.row - 1, state_.col);
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
+    if (hasFocus()) viewport()->update(); // its frame may be round the whole list
+}
+
+bool MoveGrid::currentInView() const {
+    return currentIndex().isValid() && viewport()->rect().contains(visualRect(currentIndex()));
+}
+
+// The frame of a cell that is not in view is round the list.
+void MoveGrid::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (!hasFocus() || currentInView()) return;
+    QPainter painter(viewport());
+    paintFocus(painter, viewport()->rect(), palette());
+}
+
+void MoveGrid::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    if (hasFocus()) viewport()->update();
+}
+
+void MoveGrid::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const int step = event->key() == Qt::Key_Home    ? -2
+                     : event->key() == Qt::Key_Left  ? -1
+                     : event->key() == Qt::Key_Right ? 1
+                     : event->key() == Qt::Key_End   ? 2
+                                                     : 0;
+    if (plain && step != 0) {
+        Q_EMIT walked(step);
+    } else if (!plain || !scrollByKey(event->key())) {
+        event->ignore();
+    }
+}
+
+bool MoveGrid::scrollByKey(int key) {
+    using Action = QAbstractSlider::SliderAction;
+    const Action action = key == Qt::Key_Up         ? Action::SliderSingleStepSub
+                          : key == Qt::Key_Down     ? Action::SliderSingleStepAdd
+                          : key == Qt::Key_PageUp   ? Action::SliderPageStepSub
+                          : key == Qt::Key_PageDown ? Action::SliderPageStepAdd
+                                                    : Action::SliderNoAction;
+    verticalScrollBar()->triggerAction(action);
+    return action != Action::SliderNoAction;
+}
+
+void MoveGrid::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) pressed_ = indexAt(event->position().toPoint());
+}
+
+void MoveGrid::mouseMoveEvent(QMouseEvent*) {} // a drag marks no cells
+
+void MoveGrid::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    const QModelIndex cell = std::exchange(pressed_, QModelIndex());
+    if (cell.isValid() && cell == indexAt(event->position().toPoint()))
+        Q_EMIT cellClicked(cell.row() + 1, cell.column());
+}
+
+// The second click on one cell, which the first has gone to, or asked the server for.
+void MoveGrid::mouseDoubleClickEvent(QMouseEvent*) {}
 
 // The least height counts first: the header holds the height of a row to it.
 void MoveGrid::fitRows() {

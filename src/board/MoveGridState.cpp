@@ -31,8 +31,10 @@ void MoveGridState::setTint(int cellRow, int cellCol, std::int32_t tint) {
 
 void MoveGridState::goTo(int cellRow, int cellCol) {
     static_cast<void>(cells[cellRow][cellCol]); // a cell that is not there faults before anything moves
+    if (cellRow == row && cellCol == col) return;
     row = cellRow;
     col = cellCol;
+    surface.showCurrent();
 }
 
 void MoveGridState::zGridSetup() {

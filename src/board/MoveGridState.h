@@ -14,6 +14,7 @@ struct MoveGridSurface {
     Needed<void(int row, int col)> showCell; // its text or tint has changed
     Needed<void(int row)> scrollTo;          // the top row below the heading
     Needed<void()> setUp;                    // all cells have changed; set the widths anew
+    Needed<void()> showCurrent;              // another cell is the current one
 };
 
 // 0xBBGGRR.

@@ -47,14 +47,17 @@ void Game::putPosition(bool init, bool noShow) {
     }
 }
 
-// An examined game whose whole list was fetched keeps its list; only the current cell follows.
+// An examined game whose whole list was fetched keeps its list; only the current cell follows. A click counts from the
+// move last played, whether there is a list or not.
 void Game::listMove() {
     const auto& record = Style12Record;
     MoveRow = static_cast<std::int16_t>(record.SideToMove == 1 ? record.MoveNumber : record.MoveNumber - 1);
-    if (record.Relation == 2 && !modChess.ExamineNoMoves) {
-        grdMoves.goTo(MoveRow, 2 - record.SideToMove);
+    if (record.Relation == 2) {
         CurRow = MoveRow;
         CurCol = static_cast<std::int16_t>(2 - record.SideToMove);
+    }
+    if (record.Relation == 2 && !modChess.ExamineNoMoves) {
+        grdMoves.goTo(CurRow, CurCol);
     } else if (2 * record.MoveNumber + record.SideToMove <= NextPly) {
         blankMoveAhead();
     } else {

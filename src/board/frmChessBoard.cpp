@@ -34,6 +34,7 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
     input_.build(this);
     connectMenus();
     connectTyping();
+    connectWalking();
     openWindows.add({.className = "frmChessBoard",
                      .window = this,
                      .unload = [this] { unload(); },

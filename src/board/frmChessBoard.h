@@ -59,6 +59,7 @@ private:
     void zObjectSetup();
     void connectMenus();
     void connectTyping();
+    void connectWalking();
     GameSurface surface();
     MoveGridSurface gridSurface();
     void connectTimers();
@@ -78,7 +79,6 @@ private:
     void showHoldings(const std::string& white, const std::string& black);
     void hideHoldings();
     void showUn(bool shown);
-    void bringToFront();
     std::string movesInWords() const;
     bool answerTypingKey(int code, bool shift);
     QSize frame() const;

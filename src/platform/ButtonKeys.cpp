@@ -1,9 +1,10 @@
-// What a key does while a button of a window with a command line has the focus.
+// What a key does while a button or a list of a window with a command line has the focus.
 #include "platform/ButtonKeys.h"
 
 #include "platform/TypingLine.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QKeyEvent>
 
@@ -25,8 +26,9 @@ bool isCharacter(const QKeyEvent& event) {
 
 bool answerButtonKey(QWidget* focus, const QKeyEvent& event, TypingLine& line) {
     auto* button = qobject_cast<QAbstractButton*>(focus);
-    if (button == nullptr) return false;
+    if (button == nullptr && qobject_cast<QAbstractItemView*>(focus) == nullptr) return false;
     if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
+        if (button == nullptr) return false;
         button->click();
     } else if (event.key() == Qt::Key_Escape) {
         line.setFocus();

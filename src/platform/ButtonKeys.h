@@ -1,4 +1,4 @@
-// What a key does while a button of a window with a command line has the focus.
+// What a key does while a button or a list of a window with a command line has the focus.
 #pragma once
 
 class QKeyEvent;
@@ -8,6 +8,6 @@ class TypingLine;
 // True if the key types a character, and is no command.
 bool isCharacter(const QKeyEvent& event);
 
-// For the keys that the button leaves to its window: Enter presses it, a character goes on in `line`, Escape goes back
-// there. `focus` is the widget that has the focus, or null. False if the key does none of this.
+// For the keys that the button or list leaves to its window: Enter presses the button, a character goes on in `line`,
+// Escape goes back there. `focus` is the widget that has the focus, or null. False if the key does none of this.
 bool answerButtonKey(QWidget* focus, const QKeyEvent& event, TypingLine& line);

@@ -3,7 +3,10 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
+
+#include <functional>
 
 // For texts of the server, whose length must not widen a window. Plain text only.
 class ElidedLabel : public QLabel {
@@ -15,7 +18,14 @@ public:
 
     QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
 
+    // A double click with the left button.
+    std::function<void()> doubleClicked = [] {};
+
 protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton) doubleClicked();
+    }
+
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());

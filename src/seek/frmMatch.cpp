@@ -2,6 +2,7 @@
 #include "seek/frmMatch.h"
 
 #include "common/modChess.h"
+#include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
 #include "platform/StreamText.h"
 
@@ -190,10 +191,7 @@ void frmMatch::enableByServer() {
 void frmMatch::present() {
     setWindowTitle(modChess.MatchMode ? tr("Match") : tr("Seek"));
     takeGuise();
-    placer_.unminimise();
-    show();
-    raise();
-    activateWindow();
+    bringInFront(*this);
     QLineEdit* first = modChess.MatchMode ? txtOpp_ : txtTime_;
     first->setFocus();
     first->selectAll(); // typing replaces the last one

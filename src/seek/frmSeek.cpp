@@ -8,6 +8,7 @@
 #include "platform/ButtonKeys.h"
 #include "platform/Clock.h"
 #include "platform/FittingFont.h"
+#include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
 #include "platform/MenuEntry.h"
 #include "platform/StreamText.h"
@@ -179,20 +180,13 @@ void frmSeek::arrange() {
     cmddummy_->move(width() + DummyAside, 0);
 }
 
-void frmSeek::present() {
-    placer_.unminimise();
-    show();
-    raise();
-    activateWindow();
-}
-
 void frmSeek::showIt(const SeekRoads& roads) {
     auto* graph = loadedWindow<frmSeek>();
     if (graph == nullptr) {
         graph = new frmSeek(roads); // deletes itself after closing
         graph->load();
     }
-    graph->present();
+    bringInFront(*graph);
 }
 
 void frmSeek::closeEvent(QCloseEvent* event) {

@@ -51,7 +51,6 @@ private:
     void takeColors();
     void fitFonts();
     void arrange();
-    void present();
     bool answerKey(const QKeyEvent& event);
     void pressed(int dot, Qt::MouseButton button);
     void pointedAt(int dot);

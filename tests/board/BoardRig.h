@@ -135,6 +135,7 @@ private:
             .showCell = [this](int row, int col) { note("cell", row, col, "[" + game.grdMoves.text(row, col) + "]"); },
             .scrollTo = [this](int row) { note("top", row); },
             .setUp = [this] { note("gridSetup"); },
+            .showCurrent = [this] { note("current", game.grdMoves.row, game.grdMoves.col); },
         };
     }
 };

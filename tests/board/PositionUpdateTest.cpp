@@ -246,9 +246,12 @@ TEST(SetPosition, AnExaminedGameWithoutAListWritesItsMoves) {
     rig.open({.relation = 2});
     LineOf line = WhitePlaysE4;
     line.relation = 2;
+    rig.game.grdMoves.goTo(7, 2);
     rig.receive(line);
     EXPECT_EQ(rig.game.MoveText[1][0], "e4");
-    EXPECT_EQ(rig.game.CurRow, 0);
+    EXPECT_EQ(rig.game.grdMoves.row, 7) << "the current cell stays where it was";
+    EXPECT_EQ(rig.game.CurRow, 1) << "but clicks count from the move last played";
+    EXPECT_EQ(rig.game.CurCol, 1);
 }
 
 TEST(SetPosition, AnExaminedGameOfOthersIsWrittenLikeAPlayedOneAndNotLit) {

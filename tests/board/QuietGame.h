@@ -6,7 +6,7 @@
 #include <memory>
 
 inline MoveGridSurface quietGrid() {
-    return {.showCell = [](int, int) {}, .scrollTo = [](int) {}, .setUp = [] {}};
+    return {.showCell = [](int, int) {}, .scrollTo = [](int) {}, .setUp = [] {}, .showCurrent = [] {}};
 }
 
 inline std::unique_ptr<Game> quietGame() {

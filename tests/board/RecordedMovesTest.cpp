@@ -78,9 +78,32 @@ void expectMove(const Style12Record& before, const Style12Record& after) {
     EXPECT_EQ(text, theirs);
 }
 
+// The squares that the server's text is decoded to against those that the server tells, or how it is to be read else.
+void expectDecoded(const Style12Record& before, const Style12Record& after, std::map<std::string, int>& kinds) {
+    SCOPED_TRACE(std::to_string(before.MoveNumber) + " " + after.VerboseMove + " " + after.PrettyMove);
+    RecordBoard board(before);
+    const auto wanted = squaresOf(after.VerboseMove, board.king());
+    std::int16_t from = 0;
+    std::int16_t to = 0;
+    bool ok = false;
+    board.game.zdeAnn(after.PrettyMove, board.game.Turn, from, to, ok);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(to, wanted.second);
+    if (from == wanted.first) {
+        ++kinds["as told"];
+        return;
+    }
+    EXPECT_EQ(board.game.Board[from], board.game.Turn * std::abs(pieceCode(after.VerboseMove[0])));
+    EXPECT_TRUE(board.game.zMoveLegal(from, to));
+    const bool drop = wanted.first == HandSquare;
+    EXPECT_TRUE(drop || from < wanted.first) << "the lowest of two that can go there";
+    ++kinds[drop ? "drop that a like piece can reach" : "twin that is pinned"];
+}
+
 struct Stream {
     const char* file;
-    int moves; // pairs of lines one half-move apart, counted apart
+    int moves;     // pairs of lines one half-move apart, counted apart
+    int drops = 0; // of these, that are read as moves of pieces that can go there
 };
 
 void PrintTo(const Stream& stream, std::ostream* out) { *out << stream.file; }
@@ -103,6 +126,19 @@ TEST_P(RecordedMoves, EachIsAcceptedAndGivesTheNextPositionAndTheServersText) {
     EXPECT_EQ(moves, GetParam().moves);
 }
 
+TEST_P(RecordedMoves, EachTextIsDecodedToTheServersSquares) {
+    std::map<int, Style12Record> latest;
+    std::map<std::string, int> kinds;
+    for (const Style12Record& record : recordsOf(GetParam().file)) {
+        const auto before = latest.find(record.GameNumber);
+        if (before != latest.end() && follows(before->second, record)) expectDecoded(before->second, record, kinds);
+        latest[record.GameNumber] = record;
+    }
+    std::map<std::string, int> wanted{{"as told", GetParam().moves - GetParam().drops}};
+    if (GetParam().drops > 0) wanted["drop that a like piece can reach"] = GetParam().drops;
+    EXPECT_EQ(kinds, wanted);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Recorded, RecordedMoves,
     testing::Values(Stream{"server-a/01_anders_registered.raw", 31}, Stream{"server-a/02_berta_registered.raw", 28},
@@ -110,4 +146,4 @@ INSTANTIATE_TEST_SUITE_P(
                     Stream{"server-a/21_bughouse_GuestEFGH.raw", 8}, Stream{"server-a/24_bughouse_observer.raw", 17},
                     Stream{"server-a/45_observer_two_games.raw", 4}, Stream{"server-b/01_anders_registered.raw", 29},
                     Stream{"server-b/02_berta_registered.raw", 28}, Stream{"server-b/03_long_game_smoves.raw", 417},
-                    Stream{"server-b/10_examine_journal.raw", 32}, Stream{"server-b/20_bughouse_GuestEFGH.raw", 5}));
+                    Stream{"server-b/10_examine_journal.raw", 32}, Stream{"server-b/20_bughouse_GuestEFGH.raw", 5, 1}));

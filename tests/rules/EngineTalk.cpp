@@ -55,8 +55,22 @@ EngineTalk::~EngineTalk() {
     waitpid(process_, nullptr, 0);
 }
 
+void EngineTalk::play(const std::string& variant, bool chess960) const {
+    write("setoption name UCI_Chess960 value " + std::string(chess960 ? "true" : "false") +
+          "\nsetoption name UCI_Variant value " + variant + "\n");
+}
+
 practice::PositionFacts EngineTalk::facts(const std::string& fen) {
     write("position fen " + fen + "\nd\ngo perft 1\n");
+    return readFacts();
+}
+
+practice::PositionFacts EngineTalk::factsBehind(const std::string& fen, const std::string& move) {
+    write("position fen " + fen + " moves " + move + "\nd\ngo perft 1\n");
+    return readFacts();
+}
+
+practice::PositionFacts EngineTalk::readFacts() {
     practice::FactsReader reader;
     while (!reader.take(line())) {
     }

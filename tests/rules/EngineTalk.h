@@ -18,8 +18,15 @@ public:
     EngineTalk(const EngineTalk&) = delete;
     EngineTalk& operator=(const EngineTalk&) = delete;
 
+    // The game that is played from now on, standard chess at first: its name with the engine, and whether castling is
+    // told as the king taking his rook.
+    void play(const std::string& variant, bool chess960) const;
+
     // The legal moves of a position and whether its side to move stands in check.
     practice::PositionFacts facts(const std::string& fen);
+
+    // The same of the position behind a move.
+    practice::PositionFacts factsBehind(const std::string& fen, const std::string& move);
 
     // The position behind each of the moves, in their order; their legal moves are left out.
     std::vector<practice::PositionFacts> behind(const std::string& fen, const std::vector<std::string>& moves);
@@ -27,6 +34,7 @@ public:
 private:
     void write(const std::string& text) const;
     std::string line();
+    practice::PositionFacts readFacts();
 
     pid_t process_ = -1;
     int input_ = -1; // of the engine
