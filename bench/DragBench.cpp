@@ -64,6 +64,7 @@ void pointerMove(benchmark::State& state, bool dragging) {
         .playSound = [](std::string_view, std::int16_t) {},
         .tellText = [](int) { return std::string(); },
         .showMatch = [] {},
+        .showSeek = [] {},
         .consoleFrame = [] { return QRect(); },
         .typingFont = [] { return QFont(); },
         .enableBoardMenu = [] {},

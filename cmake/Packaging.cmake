@@ -9,7 +9,7 @@ endforeach()
 
 install(DIRECTORY assets/sounds DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank FILES_MATCHING PATTERN "*.wav")
 install(FILES docs/manual/README.md RENAME Brightrank.hlp DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank/help)
-install(FILES docs/manual/practice-server.md DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank/help)
+install(FILES docs/manual/practice-server.md docs/manual/seek-graph.md DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank/help)
 install(DIRECTORY docs/images DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank FILES_MATCHING PATTERN "*.png")
 install(FILES assets/icon/brightrank.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES packaging/net.brightrank.Brightrank.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 void StreamRig::lineEvent(const Tape::Segment& segment) {
     switch (segment.kind) {
@@ -57,10 +58,11 @@ void StreamRig::pass(std::int64_t milliseconds) {
 bool StreamRig::takeStep(std::int64_t until) {
     const auto text = socket_.due(clock_.now);
     const auto firing = clock_.next();
-    const bool textFirst = text && (!firing || *text <= firing->at);
-    if (!textFirst && !firing) return false;
-    const std::int64_t at = textFirst ? *text : firing->at;
-    if (at > until) return false;
+    const auto poll = seek_ ? seek_->due : std::nullopt;
+    constexpr std::int64_t Never = std::numeric_limits<std::int64_t>::max();
+    const std::int64_t at = std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never)});
+    if (at == Never || at > until) return false;
+    const bool textFirst = text == at;
     clock_.now = std::max(clock_.now, at);
     if (textFirst) {
         const std::size_t before = socket_.given();
@@ -69,7 +71,7 @@ bool StreamRig::takeStep(std::int64_t until) {
         require(socket_.given() > before || (due && *due > clock_.now), "text that is due is given, or waits on");
         return true;
     }
-    fire(firing->timer);
+    firing && firing->at == at ? fire(firing->timer) : seek_->fire();
     return true;
 }
 

@@ -72,8 +72,8 @@ WindowSurface StreamRig::windowSurface() {
     return {
         .openBoard = [this] { openBoard(); },
         .openChat = [this] { openChat(); },
-        .showSeek = [] {},
-        .unloadSeek = [] {},
+        .showSeek = [this] { showSeek(); },
+        .unloadSeek = [] { openWindows.unload("frmSeek"); },
     };
 }
 
@@ -138,12 +138,13 @@ void StreamRig::lookOn() {
     };
 }
 
-// Stand-ins for the readers, which the panels bring. An answer ends with a line that holds its end word.
+// Stand-ins for the readers that their panels will bring; the seek graph has its own. An answer ends with a line that
+// holds its end word.
 void StreamRig::readCaptures() {
     Captures& captures = session_.captures;
     const auto takesLine = [](std::string& line, int) { return line.find("end") != line.npos; };
-    for (CaptureConsumer* each : {&captures.help, &captures.history, &captures.journal, &captures.stored,
-                                  &captures.sought, &captures.vars, &captures.notes}) {
+    for (CaptureConsumer* each :
+         {&captures.help, &captures.history, &captures.journal, &captures.stored, &captures.vars, &captures.notes}) {
         *each = {takesLine, [] {}};
     }
     captures.zMovesLines = takesLine;

@@ -73,7 +73,6 @@ void StreamRig::receive(const Tape::Segment& segment) {
 void StreamRig::sessionEvent(int kind, std::size_t which) {
     constexpr std::int16_t FirstState = 3;
     constexpr std::size_t MostBoards = 12; // that the user opens; the tape can name four
-    ConsoleMenu& menu = session_.classifier.menu;
     switch (kind) {
     case Event::Silence:
         return pass(ArrivalCutter::PatienceMs);
@@ -89,8 +88,7 @@ void StreamRig::sessionEvent(int kind, std::size_t which) {
     case Event::BlockMode:
         return session_.mnuBlocked();
     case Event::SeekGraph:
-        menu.mnuSeekGrf = modChess.gSeekOn = !menu.mnuSeekGrf;
-        return;
+        return modChess.AppClosing ? void() : switchSeek();
     case Event::Capture:
         return session_.pipeline.zSetstate(static_cast<std::int16_t>(FirstState + static_cast<std::int16_t>(which)));
     case Event::LaterCapture:

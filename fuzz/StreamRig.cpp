@@ -117,6 +117,7 @@ void StreamRig::checkRest() noexcept {
         checkHand(*board);
     }
     checkChats();
+    checkSeek();
 }
 
 void StreamRig::checkBoard(const Game& game) const noexcept {

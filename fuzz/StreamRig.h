@@ -5,6 +5,7 @@
 #include "RigBoard.h"
 #include "RigChat.h"
 #include "RigClock.h"
+#include "RigSeek.h"
 #include "RigSocket.h"
 #include "Tape.h"
 #include "session/Session.h"
@@ -133,6 +134,13 @@ private:
     void checkSent(const std::string& bytes) noexcept;
     void checkChats() const noexcept;
 
+    // The seek graph, SeekEvents.cpp
+    void switchSeek();
+    void showSeek();
+    void closeSeek();
+    void drawSeeks();
+    void checkSeek() const noexcept;
+
     // Batches and lines, BatchChecks.cpp
     void parseBatch(const std::string& batch, const std::function<void()>& act);
     void takeRecord(const std::string& line, bool delivered);
@@ -175,4 +183,5 @@ private:
     std::vector<std::unique_ptr<RigBoard>> boards_; // open
     std::vector<std::unique_ptr<RigBoard>> closed_; // closed, destroyed when the event is over
     std::vector<std::unique_ptr<RigChat>> chats_;   // open
+    std::unique_ptr<RigSeek> seek_;                 // while it is open
 };

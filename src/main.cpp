@@ -4,6 +4,7 @@
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
 #include "seek/frmMatch.h"
+#include "seek/frmSeek.h"
 #include "session/frmChessClient.h"
 #include "settings/IniStore.h"
 #include "settings/Sounds.h"
@@ -20,8 +21,12 @@ RunningWindows runningWindows() {
     return {
         .place =
             [](const WindowSection& section) {
+                const std::string_view name = section.name;
                 const auto* match = loadedWindow<frmMatch>();
-                return match && std::string_view(section.name) == MatchSection.name ? match->place() : WindowPlace{};
+                if (name == MatchSection.name && match) return match->place();
+                const auto* seek = loadedWindow<frmSeek>();
+                if (name == SeekSection.name) return seek ? seek->place() : frmSeek::startPlace();
+                return WindowPlace{};
             },
         .match =
             [] {
@@ -31,7 +36,7 @@ RunningWindows runningWindows() {
     };
 }
 
-// The console, and what it, the boards and the match dialog need of each other.
+// The console, and what it, the boards, the seek graph and the match dialog need of each other.
 struct Program {
     Sounds sounds;
     ClientRoads roads{
@@ -40,10 +45,12 @@ struct Program {
         .playSound = [this](std::string_view name, std::int16_t mode) { sounds.zPlaySound(name, mode); },
         .openBoard = [this] { openBoard(); },
         .showMatch = [this] { frmMatch::showIt(match); },
+        .showSeek = [this] { frmSeek::showIt(seek); },
     };
     frmChessClient client{roads};
     BoardRoads boards = client.boardRoads();
     MatchRoads match{.store = roads.store, .zSendMsg = boards.zSendMsg};
+    SeekRoads seek = client.seekRoads(match);
 
     void openBoard() {
         auto* board = new frmChessBoard(boards); // deletes itself after closing

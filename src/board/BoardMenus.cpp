@@ -44,7 +44,7 @@ void BoardMenus::build(QMenuBar& bar) {
     mnuSelfCheck->setVisible(false);
 
     QMenu* panels = addMenu(bar, "mnuIfc", "&Interface");
-    addUnbuilt(panels, "mnuSeekGrf", "&Seek Graph");
+    mnuSeekGrf = addEntry(panels, "mnuSeekGrf", "&Seek Graph");
     addUnbuilt(panels, "mnuVars", "&Variables");
     addUnbuilt(panels, "mnuNotes", "&Notes");
     addUnbuilt(panels, "mnuOptions", "&Options");

@@ -17,6 +17,7 @@ struct BoardMenus {
     QAction* mnuGNU = nullptr;
     QAction* mnuSeek = nullptr;
     QAction* mnuMatch = nullptr;
+    QAction* mnuSeekGrf = nullptr;
     QAction* mnuDraw = nullptr;
     QAction* mnuRes = nullptr;
     QAction* mnuSelfCheck = nullptr; // not shown but with a command line that holds "est"

@@ -26,6 +26,8 @@ struct BoardRoads {
     Needed<std::string(int index)> tellText;
     // Shows frmMatch as modChess.MatchMode says.
     Needed<void()> showMatch;
+    // Shows frmSeek and ticks the console's mnuSeekGrf.
+    Needed<void()> showSeek;
     // The console with its frame, in pixels of the screen; empty while there is none.
     Needed<QRect()> consoleFrame;
     // The font of the console's command line.

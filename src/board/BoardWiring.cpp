@@ -124,6 +124,7 @@ void frmChessBoard::connectMenus() {
     onChosen(menus_.mnuColors, this, [this] { frmBoardColors::showAt(pos()); });
     onChosen(menus_.mnuSeek, this, [this] { openMatch(false); });
     onChosen(menus_.mnuMatch, this, [this] { openMatch(true); });
+    onChosen(menus_.mnuSeekGrf, this, [this] { roads_.showSeek(); });
     onChosen(menus_.mnuDraw, this, [this] { offerDraw(); });
     onChosen(menus_.mnuRes, this, [this] { resign(); });
     onChosen(menus_.mnuAbout, this, [this] {

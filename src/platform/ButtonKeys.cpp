@@ -9,11 +9,6 @@
 
 namespace {
 
-bool isCharacter(const QKeyEvent& event) {
-    constexpr Qt::KeyboardModifiers Commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    return !(event.modifiers() & Commands) && !event.text().isEmpty() && event.text().front().isPrint();
-}
-
 void typeInto(TypingLine& line, const QKeyEvent& event) {
     line.setFocus();
     line.end(false);
@@ -22,6 +17,11 @@ void typeInto(TypingLine& line, const QKeyEvent& event) {
 }
 
 } // namespace
+
+bool isCharacter(const QKeyEvent& event) {
+    constexpr Qt::KeyboardModifiers Commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return !(event.modifiers() & Commands) && !event.text().isEmpty() && event.text().front().isPrint();
+}
 
 bool answerButtonKey(QWidget* focus, const QKeyEvent& event, TypingLine& line) {
     auto* button = qobject_cast<QAbstractButton*>(focus);

@@ -5,6 +5,9 @@ class QKeyEvent;
 class QWidget;
 class TypingLine;
 
+// True if the key types a character, and is no command.
+bool isCharacter(const QKeyEvent& event);
+
 // For the keys that the button leaves to its window: Enter presses it, a character goes on in `line`, Escape goes back
 // there. `focus` is the widget that has the focus, or null. False if the key does none of this.
 bool answerButtonKey(QWidget* focus, const QKeyEvent& event, TypingLine& line);

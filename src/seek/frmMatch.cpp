@@ -199,6 +199,8 @@ void frmMatch::present() {
     first->selectAll(); // typing replaces the last one
 }
 
+void frmMatch::setOpponent(const std::string& name) { txtOpp_->setText(shownText(name)); }
+
 // The opponent takes the prescribed height and no more: the gap below it comes off the margin above.
 void frmMatch::takeGuise() {
     opponent_->setVisible(modChess.MatchMode);

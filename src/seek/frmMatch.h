@@ -34,6 +34,8 @@ public:
 
     // Takes the look of modChess.MatchMode and shows itself, in front and not minimised.
     void present();
+    // Latin-1, into txtOpp.
+    void setOpponent(const std::string& name);
 
     // The controls as they stand.
     Challenge challenge() const;

@@ -30,14 +30,17 @@ void frmChessClient::connectKeys() {
     };
     txtOutput->keyDown = [this](int code) { return session.typingKeys.consoleKeyDown(code); };
     txtOutput->beep = [] { QApplication::beep(); };
-    txtOutput->typed = [this](const QString& text) {
-        for (const char c : bytesOf(text)) {
-            if (static_cast<unsigned char>(c) >= ' ' && c != 127)
-                session.typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
-        }
-        txtSend->setFocus();
-    };
+    txtOutput->typed = [this](const QString& text) { typeOn(bytesOf(text)); };
     connectRow();
+}
+
+// What was typed elsewhere goes on in the typing line.
+void frmChessClient::typeOn(const std::string& characters) {
+    for (const char c : characters) {
+        if (static_cast<unsigned char>(c) >= ' ' && c != 127)
+            session.typingKeys.consoleKeyPress(static_cast<unsigned char>(c));
+    }
+    txtSend->setFocus();
 }
 
 void frmChessClient::connectRow() {
@@ -67,6 +70,7 @@ void frmChessClient::connectMenus() {
         modChess.MatchMode = true;
         roads_.showMatch();
     });
+    onChosen(menus.mnuSeekGrf, this, [this] { wantSeek(); });
     on(menus.mnuTest, [this] { dumpRegistry(); });
     onChosen(menus.mnuAbout, this, [this] {
         boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion()));
@@ -85,6 +89,17 @@ void frmChessClient::connectConsoleMenu() {
         resize(width() - 1, height());
         fitMargins();
     });
+}
+
+// Chosen with the tick on, the entry shows the graph again and keeps its tick.
+void frmChessClient::wantSeek() {
+    tickSeek(true);
+    roads_.showSeek();
+}
+
+void frmChessClient::tickSeek(bool wanted) {
+    menus.mnuSeekGrf->setChecked(wanted);
+    takeMenuTicks();
 }
 
 // The ticks that the connection and the classifier keep.

@@ -40,7 +40,6 @@ void buildConsole(ClientMenus& menus, QMenu* menu) {
 void buildWindows(ClientMenus& menus, QMenu* menu) {
     menus.mnuBoard = addEntry(menu, "mnuBoard", "&Board");
     menus.mnuSeekGrf = addTick(menu, "mnuSeekGrf", "&Seek Graph");
-    menus.mnuSeekGrf->setEnabled(false);
     menus.mnuMatch = addEntry(menu, "mnuMatch", "&Match");
     menus.mnuChat = addEntry(menu, "mnuChat", "C&hat");
     addUnbuilt(menu, "mnuHistory", "H&istory")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));

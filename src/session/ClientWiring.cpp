@@ -89,7 +89,7 @@ WindowSurface frmChessClient::windowSurface() {
                 roads_.openBoard();
             },
         .openChat = [this] { openChat(); },
-        .showSeek = [] {}, // there is no graph yet
+        .showSeek = [this] { roads_.showSeek(); },
         .unloadSeek = [] { openWindows.unload("frmSeek"); },
     };
 }
@@ -114,6 +114,24 @@ BridgeSurface frmChessClient::bridgeSurface() {
         .startProgram = [this](const std::vector<std::string>& arguments) { bridge_.start(arguments); },
         .zTimeSealHandle = [this] { return bridge_.zTimeSealHandle(); },
         .requestEnd = [this](std::int32_t handle) { bridge_.requestEnd(handle); },
+    };
+}
+
+SeekRoads frmChessClient::seekRoads(const MatchRoads& match) {
+    return {
+        .store = roads_.store,
+        .ads = session.seekAds,
+        .match = match,
+        .zSendMsg = [this](const std::string& text) { session.road.zSendMsg(text); },
+        .BusyTest = TextPipeline::BusyTest,
+        .zSetstate = [this](std::int16_t state) { session.pipeline.zSetstate(state); },
+        .typeInConsole =
+            [this](const std::string& characters) {
+                activateWindow();
+                typeOn(characters);
+            },
+        .tallTitleBars = [this] { return menus.mnuXP->isChecked(); },
+        .closedByUser = [this] { tickSeek(false); },
     };
 }
 
@@ -148,6 +166,7 @@ BoardRoads frmChessClient::boardRoads() {
         .playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); },
         .tellText = [this](int index) { return settings.Tell[index]; },
         .showMatch = roads_.showMatch,
+        .showSeek = [this] { wantSeek(); },
         .consoleFrame = [this] { return frameGeometry(); },
         .typingFont = [this] { return txtSend->font(); },
         .enableBoardMenu = [this] { menus.mnuBoard->setEnabled(true); },

@@ -4,6 +4,7 @@
 #include "common/RaisedFlag.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
+#include "seek/SoughtCapture.h"
 #include "session/ChatBox.h"
 
 #include <cstdlib>
@@ -38,6 +39,10 @@ Session::Session(SessionSurface surface)
       classifier(serverLines, captures, classifierHooks()), road(roadHooks()), logOn(pipeline, road, logOnHooks()),
       typingKeys(road, logOn, typingHooks()), blockMode(blockModeHooks()), connection(connectionHooks(), bridgeHooks()),
       routing(routingHooks()), chatRouting{outside.console.length} {
+    captures.sought = {[this](const std::string& line, int index) {
+                           return zSoughtLines(seekAds, line, [&] { serverLines.zClearLines(index); });
+                       },
+                       answersTo("frmSeek")};
     captures.zFindBoard = zFindBoard;
     captures.zFindReviewBoard = [this] { return routing.zFindReviewBoard(); };
 }
@@ -68,7 +73,7 @@ ClassifierHooks Session::classifierHooks() {
         .zGetMoves = [](int board) { zGetMoves(boardAt(board)); },
         .showBoard = [](int board) { boardAt(board).surface.bringToFront(); },
         .zEndGame = [this](const std::string& line) { routing.zEndGame(line); },
-        .zSoughtLine = [](const std::string&) { return false; }, // ads are not captured yet
+        .zSoughtLine = zSoughtLine,
         .showSeek = outside.windows.showSeek,
         .unloadSeek = outside.windows.unloadSeek,
         .zChatBox = [this](const std::string& line) { return chatRouting.zChatBox(line); },

@@ -3,6 +3,7 @@
 
 #include "board/GameRouting.h"
 #include "common/ServerRoad.h"
+#include "seek/SeekAds.h"
 #include "session/BlockMode.h"
 #include "session/Captures.h"
 #include "session/ChatRouting.h"
@@ -26,6 +27,7 @@ struct Session {
 
     SessionSurface outside;
     ServerLines serverLines;
+    SeekTable seekAds;
     Captures captures;
     TextPipeline pipeline;
     LineClassifier classifier;

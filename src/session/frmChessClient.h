@@ -5,6 +5,7 @@
 #include "common/Needed.h"
 #include "platform/TypingLine.h"
 #include "platform/tcpClient.h"
+#include "seek/SeekRoads.h"
 #include "session/ClientMenus.h"
 #include "session/CommandRow.h"
 #include "session/Console.h"
@@ -32,6 +33,8 @@ struct ClientRoads {
     Needed<void()> openBoard;
     // Shows frmMatch as modChess.MatchMode says.
     Needed<void()> showMatch;
+    // Shows frmSeek.
+    Needed<void()> showSeek;
 };
 
 // Lives as long as the program. Everything is decided in `session`; the window carries events to it and its results to
@@ -50,6 +53,8 @@ public:
     void stopEverything();
     // What a board needs of the console; good as long as the window lives.
     BoardRoads boardRoads();
+    // The same of the seek graph; `match` outlives that.
+    SeekRoads seekRoads(const MatchRoads& match);
 
     Session session{surface()};
     ClientSettings settings;
@@ -89,12 +94,15 @@ private:
     void connectSocket();
     void connectTimers();
     void connectKeys();
+    void typeOn(const std::string& characters);
     void connectRow();
     void connectMenus();
     void connectConsoleMenu();
     ChatRoads chatRoads();
     void connectChat();
     void openChat();
+    void wantSeek();
+    void tickSeek(bool wanted);
     void takeMenuTicks();
     void dumpRegistry();
 

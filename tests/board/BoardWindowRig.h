@@ -107,6 +107,7 @@ protected:
         .playSound = [](std::string_view, std::int16_t) {},
         .tellText = [this](int index) { return index == 0 ? tell : std::string(); },
         .showMatch = [] {},
+        .showSeek = [] {},
         .consoleFrame = [] { return QRect(); },
         .typingFont = [] { return QFont(); },
         .enableBoardMenu = [this] { ++menuEnabled; },

@@ -59,7 +59,7 @@ class DialogsInPlace(unittest.TestCase):
     def testTheColoursStandAtTheCornerOfABoardThatWasMoved(self):
         self.begin()
         self.display.settled(BOARD)
-        self.display.move(BOARD, 300 * SCALE, 200 * SCALE)
+        self.display.put(BOARD, 300 * SCALE, 200 * SCALE)
         self.choose(BOARD, "alt+b", "c")
         self.expectCorner("Board Colors", *self.corner(BOARD))
 
@@ -73,7 +73,7 @@ class DialogsInPlace(unittest.TestCase):
         self.begin(boardWidth=9000)
         self.choose(BOARD, "alt+a", "m")
         self.display.settled("Match")
-        self.display.move("Match", 200 * SCALE, 150 * SCALE)
+        self.display.put("Match", 200 * SCALE, 150 * SCALE)
         moved = self.corner("Match")
         self.display.activate("Match")
         self.display.keys("Escape")

@@ -34,6 +34,10 @@ class ManagedDisplay(Display):
         stack.callback(endProcess, manager)
         waitFor(lambda: "window id" in self.asked("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
 
+    def menus(self):
+        """Without the manager's own window, which stands beside the screen."""
+        return [menu for menu in super().menus() if menu.left + menu.width > 0]
+
     def asked(self, *command):
         return subprocess.run(command, env=self.environment(), capture_output=True, text=True).stdout
 
@@ -100,7 +104,7 @@ class ManagedDisplay(Display):
 
         return waitFor(still, f"{title!r} to stand still")
 
-    def move(self, title, x, y):
+    def put(self, title, x, y):
         self.asked("xdotool", "windowmove", "--sync", self.number(title), str(x), str(y))
 
     def resize(self, title, width, height):

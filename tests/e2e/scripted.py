@@ -31,9 +31,12 @@ class ScriptedServer:
                 self.sent += piece
                 *lines, rest = (rest + piece).split(b"\n")
                 for line in lines:
-                    self.lines.put((now, line.decode("latin-1")))
+                    self.hear(now, line.decode("latin-1"))
         except OSError:
             pass
+
+    def hear(self, moment, line):
+        self.lines.put((moment, line))
 
     def say(self, text):
         self.client.sendall(text.encode("latin-1"))

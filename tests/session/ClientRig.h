@@ -123,6 +123,7 @@ protected:
                 board->load();
             },
         .showMatch = [] {},
+        .showSeek = [] {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     ScriptedServer loopback;

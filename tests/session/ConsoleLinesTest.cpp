@@ -230,6 +230,7 @@ TEST_F(ConsoleLinesTest, Row17ACountLineHasUpTo68CharactersWithItsLineEnding) {
 }
 
 TEST_F(ConsoleLinesTest, Row17NeedsTheExactCommandAndTheGraph) {
+    classifier.hooks.zSoughtLine = [](const std::string&) { return false; }; // nor row 18
     modChess.gSeekOn = true;
     for (const char* command : {"sought all", "Sought", ""}) {
         modChess.gLastCmd = command;
@@ -249,6 +250,18 @@ TEST_F(ConsoleLinesTest, Row18AdsAreHiddenWhileTheGraphIsOnOrAGameHasBegun) {
     modChess.gSeekOn = false;
     modChess.NewGameFlag = true;
     EXPECT_FALSE(prints(Seek));
+}
+
+TEST_F(ConsoleLinesTest, Row18KnowsTheRowsAndTheCountLineOfAnAnswerToAnotherCommand) {
+    modChess.gLastCmd = "who";
+    const std::string row = " 12 1711 GUILTYKING          2   0 rated   blitz                  0-9999 ";
+    EXPECT_TRUE(prints(row));
+    modChess.gSeekOn = true;
+    EXPECT_FALSE(prints(row));
+    EXPECT_FALSE(prints("41 ads displayed."));
+    EXPECT_TRUE(prints("ordinary")) << "one line each";
+    modChess.gLastTyped = "sought all";
+    EXPECT_TRUE(prints(row));
 }
 
 TEST_F(ConsoleLinesTest, Row18AWordTypedWithSoShowsThem) {

@@ -77,6 +77,7 @@ public:
                 board->load();
             },
         .showMatch = [] {},
+        .showSeek = [] {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     std::unique_ptr<frmChessClient> client;
