@@ -64,8 +64,6 @@ int main(int argc, char* argv[]) {
     QObject::connect(&wakeUp, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
     QTimer ownerWatch;
     watchOwner(ownerWatch, options->ownerPid);
-    const practice::ServerSettings settings{options->port,   options->seed,     options->moveDelay, options->adPace,
-                                            options->engine, options->accounts, options->log};
-    const practice::Server server(settings, tellPort, [] { QCoreApplication::exit(engineFailed); });
+    const practice::Server server(*options, tellPort, [] { QCoreApplication::exit(engineFailed); });
     return QCoreApplication::exec();
 }

@@ -21,6 +21,7 @@ inline const Answer quiet{{}, false, false};
 
 // Complaints of several subjects; `word` is what was typed for a handle.
 inline const Answer notPlaying{"You are not playing a game."};
+inline const Answer noGameAtHand{"You are neither playing, observing nor examining a game."};
 Answer noSuchPlayer(const std::string& word);
 Answer notOnline(const std::string& word);
 

@@ -113,7 +113,7 @@ Answer comment(Hall& hall, Player& player, const Game& game, const std::string& 
 
 Answer commentAtHand(Hall& hall, Player& player, const Arguments& arguments, bool whisper) {
     const Game* game = hall.gameAtHand(player);
-    if (!game) return {"You are neither playing nor observing a game."};
+    if (!game) return noGameAtHand;
     if (arguments.rest.empty()) return {"There is nothing to say."};
     return comment(hall, player, *game, arguments.rest, whisper);
 }

@@ -19,7 +19,6 @@ Game* gameNamed(Hall& hall, const std::string& word) {
     return games.empty() ? hall.gameAtBoard(*player) : games.front();
 }
 
-const Answer noGameAtHand{"You are neither playing nor observing a game."};
 const Answer noSuchGame{"There is no such game."};
 
 // The game meant by the first word, or the one at hand.

@@ -17,9 +17,12 @@ constexpr std::size_t restingAtStart = 4;
 
 bool isOffering(const Hall& hall, const Computer& computer) { return !hall.seeks.numbersOf(computer.name).empty(); }
 
-void postAd(Hall& hall, const Computer& computer) {
+// False if there was no room for it.
+bool postAd(Hall& hall, const Computer& computer) {
     Player* player = hall.find(computer.name);
-    if (player && hall.gamesOf(*player).empty() && !isOffering(hall, computer)) postSeek(hall, *player, computer.offer);
+    if (!player || !hall.gamesOf(*player).empty() || isOffering(hall, computer)) return true;
+    postSeek(hall, *player, computer.offer);
+    return isOffering(hall, computer);
 }
 
 // The visitors who are free, with an ad or without.
@@ -70,7 +73,9 @@ void openAds(Hall& hall) {
 }
 
 void bringBackAd(Hall& hall, const Computer& computer) {
-    hall.outside.later(hall.randomDelay(4'000, 12'000), [&hall, &computer] { postAd(hall, computer); });
+    hall.outside.later(hall.randomDelay(4'000, 12'000), [&hall, &computer] {
+        if (!postAd(hall, computer)) bringBackAd(hall, computer);
+    });
 }
 
 } // namespace practice

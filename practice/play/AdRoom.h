@@ -10,7 +10,8 @@ namespace practice {
 // comes or goes at the hall's `adPace`. Call once.
 void openAds(Hall& hall);
 
-// Posts the ad of a computer again a moment after its game, unless it plays or offers another by then.
+// Posts the ad of a computer again a moment after its game, unless it plays or offers another by then. With
+// the table full it tries again.
 void bringBackAd(Hall& hall, const Computer& computer);
 
 } // namespace practice

@@ -66,7 +66,7 @@ void seatBoth(Hall& hall, Game& game, const std::string& verb) {
     for (const std::string& name : game.names) showStart(hall, game, name, verb);
 }
 
-Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms) {
+void startGame(Hall& hall, Player& first, Player& second, const Terms& terms) {
     Game& game = openGame(hall, terms);
     const bool straight = firstIsWhite(game);
     const std::array<Player*, 2> sides{straight ? &first : &second, straight ? &second : &first};
@@ -76,7 +76,6 @@ Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms) {
     }
     seatBoth(hall, game, "Creating");
     learnPosition(hall, game);
-    return game;
 }
 
 } // namespace practice

@@ -8,8 +8,8 @@
 namespace practice {
 
 // Starts a game between two players, shows it to both, and lets a computer think. The colours follow `terms` as the
-// first player asked for them, else the hall's dice.
-Game& startGame(Hall& hall, Player& first, Player& second, const Terms& terms);
+// first player asked for them, else the hall's dice. Both may have moved, and the game be over, when this returns.
+void startGame(Hall& hall, Player& first, Player& second, const Terms& terms);
 
 // Puts a new game up under the lowest free number, without players and with its start position drawn.
 Game& openGame(Hall& hall, const Terms& terms);

@@ -101,8 +101,10 @@ std::string challenge(Hall& hall, Player& from, Player& to, Terms terms) {
     const std::string complaint = complaintAbout(from, to);
     if (!complaint.empty()) return complaint;
     const KeptGamePtr adjourned = hall.archive.adjournedBetween(from.name, to.name);
-    if (adjourned) terms = adjourned->game.terms;
-    if (adjourned) terms.colour = WantedColour::Any;
+    if (adjourned) {
+        terms = adjourned->game.terms;
+        terms.colour = WantedColour::Any;
+    }
     const std::string unrated = unratedForGuests(from, to, terms);
     PendingOffer offer;
     offer.adjourned = adjourned != nullptr;

@@ -16,14 +16,14 @@ namespace practice {
 
 namespace {
 
-// Those whose lines wait while a position of the game is judged.
-std::vector<std::string> waitingFor(const Game& game) {
+// Players or examiners. Their lines wait while a position of the game is judged.
+std::vector<std::string> atTheBoard(const Game& game) {
     if (game.isExamined()) return game.examiners;
     return {game.names[0], game.names[1]};
 }
 
 void showEverybody(Hall& hall, const Game& game, const std::string& text) {
-    for (const std::string& name : waitingFor(game)) hall.show(name, text);
+    for (const std::string& name : atTheBoard(game)) hall.show(name, text);
     showObservers(hall, game, text);
 }
 
@@ -106,7 +106,7 @@ void learnPosition(Hall& hall, Game& game) {
     game.facts.fen = fen;
     game.pending = true;
     hall.outside.rules(game.rules, fen, {},
-                       [&hall, serial = game.serial, names = waitingFor(game)](PositionFacts facts) {
+                       [&hall, serial = game.serial, names = atTheBoard(game)](PositionFacts facts) {
                            Game* waiting = hall.gameBySerial(serial);
                            if (waiting) takePosition(hall, *waiting, std::move(facts));
                            resumePlayers(hall, names);
@@ -116,7 +116,7 @@ void learnPosition(Hall& hall, Game& game) {
 void showBoard(Hall& hall, const Game& game) {
     const auto now = hall.outside.now();
     const std::string tried = triedText(game);
-    for (const std::string& name : waitingFor(game)) hall.show(name, boardLineFor(game, name, now) + tried);
+    for (const std::string& name : atTheBoard(game)) hall.show(name, boardLineFor(game, name, now) + tried);
     for (const std::string& name : game.observers) hall.show(name, boardLineFor(game, name, now) + tried);
 }
 
@@ -134,7 +134,7 @@ void playMove(Hall& hall, Game& game, const std::string& move, const std::string
     if (!game.isExamined()) hall.offers.dropForMover(game.nameOf(mover), game.nameOf(1 - mover));
     game.pending = true;
     hall.outside.rules(game.rules, game.facts.fen, move,
-                       [&hall, serial = game.serial, names = waitingFor(game), played](PositionFacts facts) {
+                       [&hall, serial = game.serial, names = atTheBoard(game), played](PositionFacts facts) {
                            moveWasJudged(hall, serial, played, std::move(facts));
                            // Their lines waited, and do so no more even if the game has ended meanwhile.
                            resumePlayers(hall, names);

@@ -8,7 +8,8 @@
 namespace practice {
 
 // Puts the position behind the last of a game's moves on its board and asks the rules engine for its facts; then calls
-// on whoever is to move. Lines of the players wait meanwhile.
+// on whoever is to move. Lines of the players wait meanwhile. The rules may answer at once, so the game may be gone
+// when this returns.
 void learnPosition(Hall& hall, Game& game);
 
 // Shows the board to players or examiners, and to observers.

@@ -19,8 +19,9 @@ void takeBack(Hall& hall, Game& game, std::size_t halfmoves) {
     game.clock = game.moves.empty() ? game.firstClock : game.moves.back().clock;
     game.clock.turnBegan = hall.outside.now();
     ++game.course;
+    const auto serial = game.serial;
     learnPosition(hall, game);
-    showBoard(hall, game);
+    if (const Game* still = hall.gameBySerial(serial)) showBoard(hall, *still);
 }
 
 } // namespace practice

@@ -15,6 +15,8 @@ std::string passwordQuestion(const std::string& name) {
            "An empty line lets you choose another name.\n\npassword: ";
 }
 
+std::string nameIsTaken(const std::string& name) { return "\n" + name + " is logged on already.  Try again.\n"; }
+
 } // namespace
 
 std::string LoginDialog::greeting() {
@@ -43,7 +45,7 @@ LoginDialog::Step LoginDialog::takeName(const std::string& typed, const Question
         return {passwordQuestion(name), Course::Asking, Typing::Hidden};
     }
     name = typed;
-    if (ask.isOnline(name)) return {"\n" + name + " is logged on already.  Try again.\n\nlogin: "};
+    if (ask.isOnline(name)) return {nameIsTaken(name) + "\nlogin: "};
     return askGuest("\"" + name + "\" is not a registered name.  You may play unrated games as a guest.\n");
 }
 
@@ -68,7 +70,7 @@ LoginDialog::Step LoginDialog::takeWrongPassword() {
 LoginDialog::Step LoginDialog::takeGuest(const Questions& ask) {
     if (!ask.isOnline(name)) return {"\n", Course::Entered};
     stage = Stage::Name;
-    return {"\n" + name + " is logged on already.  Try again.\n" + loginPrompt()};
+    return {nameIsTaken(name) + loginPrompt()};
 }
 
 LoginDialog::Step LoginDialog::askGuest(const std::string& reason) {

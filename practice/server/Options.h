@@ -11,7 +11,7 @@
 
 namespace practice {
 
-// What the command line asks for.
+// How the server is run: what the command line asks for.
 struct Options {
     quint16 port = 0;       // 0 takes a free one
     std::uint32_t seed = 0; // from the system's random numbers unless given

@@ -34,17 +34,16 @@ std::string wallClockText() {
 
 } // namespace
 
-Server::Server(const ServerSettings& settings, std::function<void(quint16)> onListening,
-               std::function<void()> onEngineGone)
-    : settings_(settings), onListening_(std::move(onListening)), engines_(settings.engine, onEngineGone) {
-    hall_.accounts = settings_.accounts;
-    hall_.seed = settings_.seed;
-    hall_.random.seed(settings_.seed);
-    hall_.moveDelay = settings_.moveDelay;
-    hall_.adPace = settings_.adPace;
+Server::Server(const Options& options, std::function<void(quint16)> onListening, std::function<void()> onEngineGone)
+    : port_(options.port), onListening_(std::move(onListening)), engines_(options.engine, onEngineGone) {
+    hall_.accounts = options.accounts;
+    hall_.seed = options.seed;
+    hall_.random.seed(options.seed);
+    hall_.moveDelay = options.moveDelay;
+    hall_.adPace = options.adPace;
     fillOutside();
     fillHost();
-    if (!settings_.log.empty()) host_.log.open(settings_.log);
+    if (!options.log.empty()) host_.log.open(options.log);
     hall_.began = hall_.outside.now();
     QObject::connect(&listener_, &QTcpServer::newConnection, &listener_, [this] { accept(); });
     QObject::connect(&clockWatch_, &QTimer::timeout, &clockWatch_, [this] { watchClocks(hall_); });
@@ -84,7 +83,7 @@ void Server::fillHost() {
 
 // Listening last: a client must find the computers at their places.
 void Server::open() {
-    if (!listener_.listen(QHostAddress::LocalHost, settings_.port)) {
+    if (!listener_.listen(QHostAddress::LocalHost, port_)) {
         onListening_(0);
         return;
     }

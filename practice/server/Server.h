@@ -4,35 +4,23 @@
 #include "practice/engine/Engines.h"
 #include "practice/hall/Hall.h"
 #include "practice/server/Connection.h"
+#include "practice/server/Options.h"
 
 #include <QTcpServer>
 #include <QTimer>
 
-#include <cstdint>
 #include <functional>
 #include <list>
 #include <memory>
 
 namespace practice {
 
-// How the server is run.
-struct ServerSettings {
-    quint16 port = 0; // 0 takes a free one
-    std::uint32_t seed = 0;
-    int moveDelay = 2500; // milliseconds
-    int adPace = 15'000;  // milliseconds; 0 for ads that stay
-    QString engine;       // path of the program
-    Accounts accounts;
-    std::string log; // file for what clients send; empty for none
-};
-
 // Owns the whole. It listens on 127.0.0.1 once the rules engine has answered.
 class Server {
 public:
     // `onListening` gets the port, or 0 if it could not be had; `onEngineGone` comes when an engine cannot be kept
     // alive.
-    Server(const ServerSettings& settings, std::function<void(quint16)> onListening,
-           std::function<void()> onEngineGone);
+    Server(const Options& options, std::function<void(quint16)> onListening, std::function<void()> onEngineGone);
     ~Server();
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
@@ -52,7 +40,7 @@ private:
     // "Guest" and four letters that nobody has.
     std::string freeGuestName();
 
-    ServerSettings settings_;
+    quint16 port_;
     std::function<void(quint16)> onListening_;
     Hall hall_;
     Connection::Host host_;

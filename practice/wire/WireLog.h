@@ -8,8 +8,8 @@
 namespace practice {
 
 // Writes each line that a client sends to a file as "NAME", a tab, and the bytes up to the line feed as they came,
-// blanks and carriage returns among them. NAME is "-" before the log-on. Each line is on the disk before it is
-// answered.
+// blanks and carriage returns among them. NAME is "-" before the log-on. Whoever reads the file has each line before
+// its client has the answer.
 class WireLog {
 public:
     // Opens the file and empties it; false if that fails. Without a file nothing is written.

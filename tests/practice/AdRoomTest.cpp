@@ -174,6 +174,18 @@ TEST_F(AdRoomTest, ATakenAdComesBackLaterUnderANewNumber) {
     EXPECT_TRUE(has(rig.takeShown("Bert"), "|Reed(C) (1560) seeking 5 5 unrated blitz (\"play "));
 }
 
+TEST_F(AdRoomTest, AnAdForWhichThereIsNoRoomComesBackWhenThereIs) {
+    open(0);
+    rig.type("Ada", "play sprout");
+    rig.type("Ada", "resign");
+    while (rig.hall.seeks.post({"Dora", "", "1500", {}}) != 0) continue;
+    rig.pass(60'000);
+    EXPECT_FALSE(owners().contains("Sprout"));
+    rig.hall.seeks.removeOwner("Dora");
+    rig.pass(12'000);
+    EXPECT_TRUE(owners().contains("Sprout"));
+}
+
 TEST_F(AdRoomTest, AnAdDoesNotComeBackWhileItsOwnerPlaysAgain) {
     open(0);
     rig.type("Ada", "play reed");

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace practice {
 namespace {
 
@@ -24,6 +26,20 @@ struct TakebackTest : testing::Test {
 
     const Game& game() { return *rig.hall.game(1); }
 };
+
+// The lines that a player typed ahead run as soon as the rules have answered.
+TEST_F(TakebackTest, AGameThatEndsWhileTheRulesAnswerIsNotShownAgain) {
+    rig.type("Ada", "takeback");
+    bool resigned = false;
+    rig.hall.find("Bert")->resume = [&] {
+        if (!std::exchange(resigned, true)) rig.type("Bert", "resign");
+    };
+    rig.shown.clear();
+    rig.type("Bert", "accept");
+    ASSERT_TRUE(resigned);
+    EXPECT_TRUE(rig.hall.games.empty());
+    EXPECT_TRUE(rig.takeShown("Ada").ends_with("|{Game 1 (Ada vs. Bert) Bert resigns} 1-0"));
+}
 
 TEST_F(TakebackTest, ARequestIsToldAndAccepted) {
     EXPECT_EQ(rig.type("Bert", "takeback"), "Takeback request sent.");

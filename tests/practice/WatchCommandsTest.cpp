@@ -104,7 +104,7 @@ TEST_F(WatchCommandsTest, TheMoveListBeginsWithAnEmptyLine) {
     rig.type("Ada", "e4");
     EXPECT_TRUE(rig.type("Cora", "moves 1").starts_with("\nMovelist for game 1:\n\nAda (1711) vs. Bert (++++) --- "));
     EXPECT_TRUE(rig.type("Ada", "moves").ends_with("\n  1.  e4      (0:00)    \n      {Still in progress} *\n"));
-    EXPECT_EQ(rig.type("Cora", "moves"), "You are neither playing nor observing a game.");
+    EXPECT_EQ(rig.type("Cora", "moves"), "You are neither playing, observing nor examining a game.");
     EXPECT_EQ(rig.type("Cora", "moves 9"), "There is no such game.");
 }
 
