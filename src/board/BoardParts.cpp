@@ -6,7 +6,6 @@
 #include "platform/FittingFont.h"
 
 #include <QStatusBar>
-#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -89,16 +88,13 @@ void BoardParts::buildButtons(QWidget* inner) {
     cmdUn->hide();
     cmdDraw = button<QPushButton>(inner, QStringLiteral("cmdDraw"), QStringLiteral("&Draw"));
     cmdRes = button<QPushButton>(inner, QStringLiteral("cmdRes"), QStringLiteral("&Resign"));
-    static constexpr std::array Pictures{QStyle::SP_MediaSkipBackward, QStyle::SP_MediaSeekBackward,
-                                         QStyle::SP_MediaStop, QStyle::SP_MediaSeekForward,
-                                         QStyle::SP_MediaSkipForward};
     static constexpr std::array Names{"First position", "Back", "Stay at this position", "Forward", "Last position"};
     for (std::size_t index = 0; index < cmdScroll.size(); ++index) {
-        cmdScroll[index] = button<QToolButton>(inner, QStringLiteral("cmdScroll(%1)").arg(index), QString());
+        cmdScroll[index] = button<StepButton>(inner, QStringLiteral("cmdScroll(%1)").arg(index), QString());
         cmdScroll[index]->setAccessibleName(QString::fromLatin1(Names[index]));
         cmdScroll[index]->setToolTip(QString::fromLatin1(Names[index]));
         cmdScroll[index]->setAutoRaise(true);
-        if (index != 2) cmdScroll[index]->setIcon(inner->style()->standardIcon(Pictures[index]));
+        cmdScroll[index]->step = static_cast<int>(index) - 2;
     }
     for (std::size_t index = 0; index < cmdTell.size(); ++index) {
         const QString digit = QString::number((index + 1) % 10);
@@ -114,7 +110,7 @@ void BoardParts::orderTabs() const {
     const auto next = [&last](QWidget* part) { QWidget::setTabOrder(std::exchange(last, part), part); };
     for (QToolButton* tell : cmdTell) next(tell);
     next(grdMoves);
-    for (QToolButton* scroll : cmdScroll) next(scroll);
+    for (StepButton* scroll : cmdScroll) next(scroll);
     for (QPushButton* button : {cmdDraw, cmdRes, cmdUn}) next(button);
 }
 

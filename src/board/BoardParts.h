@@ -3,6 +3,7 @@
 
 #include "board/ClockFace.h"
 #include "board/MoveGrid.h"
+#include "board/StepButton.h"
 #include "common/FixedArray.h"
 #include "platform/ElidedLabel.h"
 #include "platform/TypingLine.h"
@@ -30,7 +31,7 @@ struct BoardParts {
     QPushButton* cmdUn = nullptr;
     QPushButton* cmdDraw = nullptr;
     QPushButton* cmdRes = nullptr;
-    std::array<QToolButton*, 5> cmdScroll{};
+    std::array<StepButton*, 5> cmdScroll{};
     std::array<QToolButton*, 10> cmdTell{};
     TypingLine* txtSend = nullptr;
     FixedArray<QLabel*, 2> panels; // of stbGame: own handle, players, game

@@ -146,10 +146,10 @@ void frmChessBoard::connectTyping() {
 }
 
 void frmChessBoard::connectWalking() {
-    for (std::size_t index = 0; index < parts_.cmdScroll.size(); ++index) {
-        connect(parts_.cmdScroll[index], &QToolButton::clicked, this, [this, index] {
+    for (const StepButton* button : parts_.cmdScroll) {
+        connect(button, &QToolButton::clicked, this, [this, button] {
             parts_.txtSend->setFocus();
-            game.zReposition(static_cast<int>(index) - 2);
+            game.zReposition(button->step);
         });
     }
     connect(parts_.grdMoves, &MoveGrid::cellClicked, this, [this](int row, int col) {
