@@ -12,7 +12,6 @@
 #include "view/PositionWords.h"
 #include "view/frmBoardColors.h"
 
-#include <QApplication>
 #include <QStatusBar>
 
 GameSurface frmChessBoard::surface() {
@@ -122,9 +121,7 @@ void frmChessBoard::connectMenus() {
     onChosen(menus_.mnuSeekGrf, this, [this] { roads_.showSeek(); });
     onChosen(menus_.mnuDraw, this, [this] { offerDraw(); });
     onChosen(menus_.mnuRes, this, [this] { resign(); });
-    onChosen(menus_.mnuAbout, this, [this] {
-        boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion()));
-    });
+    onChosen(menus_.mnuAbout, this, [this] { showAbout(this); });
     for (QAction* exit : {menus_.mnuExit, menus_.mnuExit1}) onChosen(exit, this, [this] { close(); });
 }
 

@@ -26,9 +26,6 @@ Game* gameOf(const OpenWindow& window);
 // The game on the board with this window number; faults (subscript) if there is no such board, -1 included.
 Game& boardAt(int windowNumber);
 
-// The game with this number on a board for a "<b1>" line; faults (subscript) if no board has it.
-inline Game& boardOfGame(std::int16_t game) { return boardAt(zFindBoard(game)); }
-
 // What routing needs of the windows.
 struct GameRoutingHooks {
     Needed<void()> zNewBoard; // opens one more frmChessBoard; loaded and in openWindows on return

@@ -150,3 +150,7 @@ Boxes::Boxes()
       popup(realPopup) {}
 
 Boxes boxes;
+
+void showAbout(QWidget* parent) {
+    boxes.message(parent, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion()));
+}

@@ -55,3 +55,6 @@ struct Boxes {
 
 // The boxes of the program.
 extern Boxes boxes;
+
+// Tells the program's version.
+void showAbout(QWidget* parent);

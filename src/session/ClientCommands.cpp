@@ -72,9 +72,7 @@ void frmChessClient::connectMenus() {
     });
     onChosen(menus.mnuSeekGrf, this, [this] { wantSeek(); });
     on(menus.mnuTest, [this] { dumpRegistry(); });
-    onChosen(menus.mnuAbout, this, [this] {
-        boxes.message(this, "Brightrank", "Brightrank " + bytesOf(QApplication::applicationVersion()));
-    });
+    onChosen(menus.mnuAbout, this, [this] { showAbout(this); });
 }
 
 void frmChessClient::connectConsoleMenu() {

@@ -73,7 +73,7 @@ TEST(GameRouting, ABoardThatIsNotThereIsASubscriptFault) {
             EXPECT_EQ(fault.kind(), FaultKind::Subscript);
         }
     }
-    EXPECT_THROW(boardOfGame(77), Fault) << "holdings for a game that has no board";
+    EXPECT_THROW(boardAt(zFindBoard(77)), Fault) << "holdings for a game that has no board";
 }
 
 TEST(GameRouting, ZFindReviewBoardTakesTheFirstBoardWithoutAGame) {

@@ -47,10 +47,10 @@ struct Replay : RoutingRig {
             ++positions;
             const auto words = wordsOf(line);
             latest[std::stoi(words[16])] = words;
-            Game& board = boardOfGame(modChess.Record.GameNumber);
+            Game& board = boardAt(zFindBoard(modChess.Record.GameNumber));
             board.zSetPosition(false);
         } else if (line.find("<b1>") != line.npos) {
-            boardOfGame(modChess.Record.GameNumber).zSetBughouse(line);
+            boardAt(zFindBoard(modChess.Record.GameNumber)).zSetBughouse(line);
             holdings[modChess.Record.GameNumber] = line;
         }
     }
@@ -88,7 +88,7 @@ TEST_P(StreamReplay, EveryGameEndsOnThePositionOfItsLastLine) {
     EXPECT_EQ(replay.latest.size(), GetParam().games);
     for (const auto& [number, words] : replay.latest) {
         SCOPED_TRACE("game " + std::to_string(number));
-        expectBoard(boardOfGame(static_cast<std::int16_t>(number)), words);
+        expectBoard(boardAt(zFindBoard(static_cast<std::int16_t>(number))), words);
     }
 }
 
@@ -106,7 +106,7 @@ TEST(StreamReplay, BughouseHoldingsAreThoseOfTheLatestLine) {
     for (const auto& [number, line] : replay.holdings) {
         const auto open = line.find('[');
         const auto inside = line.substr(open + 1, line.find(']') - open - 1);
-        const Game& board = boardOfGame(static_cast<std::int16_t>(number));
+        const Game& board = boardAt(zFindBoard(static_cast<std::int16_t>(number)));
         EXPECT_EQ(board.Holdings[4][0], std::ranges::count(inside, 'P')) << line;
         EXPECT_EQ(board.Holdings[3][0], std::ranges::count(inside, 'N')) << line;
         EXPECT_TRUE(board.HoldingsShown);

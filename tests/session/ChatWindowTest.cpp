@@ -465,7 +465,7 @@ TEST_F(ChatWindow, TextOfTheConversationCanBeCopiedByKeyAndMenu) {
     txtChat(chat).selectAll();
     QTest::keyClick(&txtChat(chat), Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(txtTell(chat).line(), "");
-    QTest::mousePress(txtChat(chat).viewport(), Qt::RightButton, Qt::NoModifier, {50, 50});
+    QTest::mouseClick(txtChat(chat).viewport(), Qt::RightButton, Qt::NoModifier, {50, 50});
     EXPECT_EQ(txtChat(chat).textCursor().selectedText(), QStringLiteral("copy me"));
 }
 
