@@ -51,6 +51,8 @@ TEST_F(SoughtCapture, AnAdIsReadByItsColumns) {
 TEST_F(SoughtCapture, OnlyTheMarkCMakesAComputer) {
     ASSERT_TRUE(accepts({.name = "Guest(U)"}));
     EXPECT_FALSE(ad().AdComputer);
+    ASSERT_TRUE(accepts({.type = "blitz (C)"}));
+    EXPECT_FALSE(ad().AdComputer) << "it is no mark of the seeker's";
 }
 
 TEST_F(SoughtCapture, EachAcceptedAdTakesTheNextEntry) {
@@ -209,6 +211,7 @@ TEST_F(SoughtCapture, ACountLineAsLongAsAnAdIsReadAsOne) {
 
 TEST_F(SoughtCapture, AnyOtherLineIsLeftAlone) {
     EXPECT_FALSE(read("fics% "));
+    EXPECT_FALSE(read("3 ads displayed\r\n")) << "without its point";
     EXPECT_FALSE(read(""));
     EXPECT_FALSE(read("\\   0-9999\r\n"));
     EXPECT_EQ(cleared, 0);
