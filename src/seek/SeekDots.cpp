@@ -107,8 +107,8 @@ void describeDots(SeekPlot* plot, const QString& name) {
     plot->setAccessibleName(name);
 }
 
-void announceDot(SeekPlot* plot, int dot) {
+std::function<void(SeekPlot* plot, int dot)> announceDot = [](SeekPlot* plot, int dot) {
     QAccessibleEvent event(plot, QAccessible::Focus);
     event.setChild(dot);
     QAccessible::updateAccessibility(&event);
-}
+};

@@ -2,6 +2,7 @@
 #include "seek/SeekWindowRig.h"
 
 #include "platform/Spoken.h"
+#include "seek/SeekDots.h"
 
 #include <QAccessible>
 #include <QImage>
@@ -137,6 +138,32 @@ TEST_F(SeekPicture, TheChosenEntryIsTheSelectedOne) {
     EXPECT_TRUE(list().child(2)->state().selected);
     EXPECT_FALSE(list().child(1)->state().selected);
     EXPECT_EQ(list().focusChild(), list().child(2));
+}
+
+TEST_F(SeekPicture, WalkingTellsOfEachDotWhenTheKeyboardIsThere) {
+    std::vector<int> told;
+    const auto before = announceDot;
+    announceDot = [&told](const SeekPlot* graph, int dot) { told.push_back(graph->hasFocus() ? dot : -1); };
+    open();
+    threeAds();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(seek.data()));
+    QTest::keyClick(seek.data(), Qt::Key_Right);
+    QTest::keyClick(&plot(), Qt::Key_Right);
+    QTest::keyClick(&plot(), Qt::Key_Escape);
+    announceDot = before;
+    EXPECT_EQ(told, (std::vector{0, 1})) << "the focus itself, which is told of too, comes first";
+}
+
+TEST_F(SeekPicture, WithoutAChoiceAFrameShowsThatTheKeyboardIsHere) {
+    open();
+    threeAds();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(seek.data()));
+    const auto edge = [this] { return inkIn(picture(), 1); };
+    const int without = edge();
+    plot().setFocus();
+    EXPECT_GT(edge(), without + 100);
+    QTest::keyClick(&plot(), Qt::Key_Right);
+    EXPECT_EQ(edge(), without) << "the dot shows it";
 }
 
 TEST_F(SeekPicture, AnEntryCanBePressedAndChosen) {
