@@ -144,6 +144,21 @@ class SeekGraph(unittest.TestCase):
         self.assertIn("Left=900\n", kept)
         self.assertIn("Top=675\n", kept)
 
+    def testMinimisedItGoesBackToItsPlaceForTheStore(self):
+        self.display.put(TITLE, 60 * SCALE, 45 * SCALE)
+        time.sleep(QUIET)  # until the program has heard of it
+        self.display.minimise(TITLE)
+        kept = self.endClient().split("[Seek]")[1]
+        for line in "Left=900\n", "Top=675\n", f"Width={WIDTH * 15}\n", f"Height={HEIGHT * 15}\n":
+            self.assertIn(line, kept)
+
+    def testItsMenuGoesWithItWhenTheConnectionEnds(self):
+        self.openMenu(ANDERS)
+        self.server.end()
+        self.display.awaitNoMenu()
+        waitFor(lambda: not self.display.numberNow(TITLE), "the graph to go")
+        self.assertIn("Seek_Graph=True", self.endClient())
+
 
 SPROUT = placeOf(3, 1050)  # " 1 1050 Sprout(C)  3  0 unrated blitz", a computer player of the practice server
 
