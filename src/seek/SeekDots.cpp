@@ -41,7 +41,8 @@ public:
         state.invalid = !isValid();
         state.focusable = true;
         state.selectable = true;
-        state.selected = state.focused = isValid() && plot_->chosenDot() == dot_;
+        state.selected = isValid() && plot_->chosenDot() == dot_;
+        state.focused = state.selected && plot_->hasFocus();
         return state;
     }
 

@@ -276,6 +276,9 @@ TEST_F(SeekWindow, LayingOutGivesTheFocusBack) {
     seek->resize(700, 500);
     answer();
     EXPECT_EQ(seek->focusWidget(), &part("cmddummy"));
+    plot().setFocus();
+    answer();
+    EXPECT_EQ(seek->focusWidget(), &plot()) << "the resize has had its effect";
 }
 
 // The pointer
@@ -372,7 +375,7 @@ TEST_F(SeekWindow, TheToolTipGoesWhenThePointerLeavesItsDot) {
     point(dot(1) + QPoint(1, 1));
     EXPECT_FALSE(waitUntil([] { return !QToolTip::isVisible(); }, 500)) << "it stays on the dot";
     point(QPoint(2, 2));
-    EXPECT_TRUE(waitUntil([] { return !QToolTip::isVisible(); }));
+    EXPECT_TRUE(waitUntil([] { return !QToolTip::isVisible(); }, 5000)) << "ten seconds on, it goes by itself";
 }
 
 TEST_F(SeekWindow, AToolTipIsNeverMarkup) {

@@ -261,6 +261,11 @@ TEST(SoughtLineTest, ARatingOf0ANumberBelow0AndNoTimeAtAllDoNot) {
     EXPECT_FALSE(zSoughtLine(SoughtLine{.time = "0", .inc = "0"}.text()));
 }
 
+TEST(SoughtLineTest, AnIncrementAloneIsATime) {
+    EXPECT_TRUE(zSoughtLine(SoughtLine{.time = "0", .inc = "1"}.text()));
+    EXPECT_TRUE(zSoughtLine(SoughtLine{.time = "0", .inc = "100"}.text()));
+}
+
 TEST(SoughtLineTest, AnUntimedAdDoesNot) {
     EXPECT_FALSE(zSoughtLine(SoughtLine{.time = "0", .inc = "0", .type = "untimed"}.text()));
 }
