@@ -41,7 +41,8 @@ public:
         state.invalid = !isValid();
         state.focusable = true;
         state.selectable = true;
-        state.selected = state.focused = isValid() && plot_->chosenDot() == dot_;
+        state.selected = isValid() && plot_->chosenDot() == dot_;
+        state.focused = state.selected && plot_->hasFocus();
         return state;
     }
 
@@ -107,8 +108,8 @@ void describeDots(SeekPlot* plot, const QString& name) {
     plot->setAccessibleName(name);
 }
 
-void announceDot(SeekPlot* plot, int dot) {
+std::function<void(SeekPlot* plot, int dot)> announceDot = [](SeekPlot* plot, int dot) {
     QAccessibleEvent event(plot, QAccessible::Focus);
     event.setChild(dot);
     QAccessible::updateAccessibility(&event);
-}
+};

@@ -44,6 +44,7 @@ void SeekPlot::setColors(std::int32_t paper, std::int32_t ink) {
 
 void SeekPlot::redraw() {
     picture_ = QPixmap();
+    if (const int chosen = chosenDot(); chosen >= 0) lastChosen_ = chosen;
     if (underMouse()) showPointer(mapFromGlobal(QCursor::pos()));
     update();
 }
@@ -82,8 +83,7 @@ void SeekPlot::choose(int dot) {
     chosenAd_ = dot < 0 ? std::nullopt : std::optional(graph_.dots[dot].AdNumber);
     lastChosen_ = dot;
     update();
-    if (dot < 0) return;
-    announceDot(this, dot);
+    if (dot >= 0) announceDot(this, dot);
     Q_EMIT dotPointedAt(dot);
 }
 
@@ -93,7 +93,7 @@ bool SeekPlot::walk(int key) {
     const int last = graph_.DotsDrawn - 1;
     int dot = lastChosen_;
     if (std::ranges::find(Forward, key) != Forward.end()) {
-        ++dot;
+        if (dot < 0 || chosenDot() >= 0) ++dot; // the next one has come to the place of one that has gone
     } else if (std::ranges::find(Back, key) != Back.end()) {
         dot = dot < 0 ? last : dot - 1;
     } else if (key == Qt::Key_Home || key == Qt::Key_End) {
@@ -101,6 +101,7 @@ bool SeekPlot::walk(int key) {
     } else {
         return false;
     }
+    setFocus(); // first: what is told last is what the user is at
     if (last >= 0) choose(std::clamp(dot, 0, last));
     return true;
 }
@@ -146,11 +147,20 @@ void SeekPlot::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.drawPixmap(0, 0, picture_);
     const int chosen = chosenDot();
-    if (chosen < 0) return;
+    if (chosen < 0) {
+        if (hasFocus()) paintFocus(painter);
+        return;
+    }
     const double out = ChoiceGap + ChoiceWidth / 2;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(ink_, ChoiceWidth));
     painter.drawEllipse(squareOf(chosen).adjusted(-out, -out, out, out));
+}
+
+// No dot shows that the keyboard is here.
+void SeekPlot::paintFocus(QPainter& painter) const {
+    painter.setPen(QPen(ink_, ChoiceWidth, Qt::DotLine));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
 void SeekPlot::paintPicture() {

@@ -24,8 +24,8 @@ public:
     // The graph has other lines or dots now.
     void redraw();
 
-    // Chooses the next dot in the order of the table, or the one before, or the first or last; Left, Right, Up, Down,
-    // Home and End do. False for another key.
+    // Takes the keyboard and chooses the next dot in the order of the table, or the one before, or the first or last;
+    // Left, Right, Up, Down, Home and End do. False for another key.
     bool walk(int key);
     // The index of the chosen dot, -1 for none or when its ad has gone.
     int chosenDot() const;
@@ -59,6 +59,7 @@ private:
     double scale() const;
     int dotAt(QPointF point) const;
     void showPointer(QPointF point);
+    void paintFocus(QPainter& painter) const;
     void paintPicture();
     void paintLines(QPainter& painter) const;
     QFont labelFont() const;

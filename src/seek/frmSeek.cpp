@@ -17,6 +17,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QToolTip>
 
 #include <cmath>
 
@@ -218,6 +219,7 @@ void frmSeek::pointedAt(int dot) {
     const QString text = dot < 0 ? QString() : shownText(adText(roads_.ads.SeekAds[dot]));
     if (text == stbSeek_->text()) return;
     stbSeek_->setText(text);
+    QToolTip::hideText(); // by itself it goes when the pointer leaves the whole graph
     plot_->setToolTip(Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text);
 }
 
@@ -249,8 +251,8 @@ bool frmSeek::answerKey(const QKeyEvent& event) {
     const int key = event.key();
     if (isCharacter(event)) {
         roads_.typeInConsole(bytesOf(event.text()));
-    } else if (plot_->walk(key)) {
-        plot_->setFocus();
+    } else if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+        return false;
     } else if (key == Qt::Key_Escape) {
         plot_->choose(-1);
         cmddummy_->setFocus();
@@ -259,7 +261,7 @@ bool frmSeek::answerKey(const QKeyEvent& event) {
     } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && plot_->chosenDot() >= 0) {
         play(graph_.dots[plot_->chosenDot()].AdNumber);
     } else {
-        return false;
+        return plot_->walk(key);
     }
     return true;
 }

@@ -6,7 +6,8 @@ import time
 import unittest
 
 from managed import ManagedDisplay
-from rig import QUIET, RIGHT, SCALE, Client, waitFor
+from peers import PracticeServer, Wire
+from rig import LOG_ON, QUIET, RIGHT, SCALE, Client, waitFor
 from scripted import ScriptedServer
 from style12 import PROMPT
 
@@ -142,6 +143,76 @@ class SeekGraph(unittest.TestCase):
         kept = store.split("[Seek]")[1]
         self.assertIn("Left=900\n", kept)
         self.assertIn("Top=675\n", kept)
+
+    def testMinimisedItGoesBackToItsPlaceForTheStore(self):
+        self.display.put(TITLE, 60 * SCALE, 45 * SCALE)
+        time.sleep(QUIET)  # until the program has heard of it
+        self.display.minimise(TITLE)
+        kept = self.endClient().split("[Seek]")[1]
+        for line in "Left=900\n", "Top=675\n", f"Width={WIDTH * 15}\n", f"Height={HEIGHT * 15}\n":
+            self.assertIn(line, kept)
+
+    def testItsMenuGoesWithItWhenTheConnectionEnds(self):
+        self.openMenu(ANDERS)
+        self.server.end()
+        self.display.awaitNoMenu()
+        waitFor(lambda: not self.display.numberNow(TITLE), "the graph to go")
+        self.assertIn("Seek_Graph=True", self.endClient())
+
+
+SPROUT = placeOf(3, 1050)  # " 1 1050 Sprout(C)  3  0 unrated blitz", a computer player of the practice server
+
+
+class GameFromTheGraph(unittest.TestCase):
+    """With the practice server, whose ads are taken by those behind them."""
+
+    def setUp(self):
+        self.display = self.enterContext(ManagedDisplay())
+        practice = PracticeServer()
+        self.addCleanup(practice.end)
+        self.wire = Wire(practice.port)
+        self.addCleanup(self.wire.end)
+
+    def begin(self, seekOff):
+        client = Client(self.display, self.wire.port, Seek_Graph="True", Seek_Off=seekOff)
+        self.addCleanup(client.end)
+        waitFor(lambda: self.shows(25), "the ads")
+        self.assertEqual(self.wire.text(), LOG_ON + "Set Seek 0\nsought\n")
+
+    def shows(self, ads):
+        return self.display.numberNow(f"{TITLE}{ads} Ads)")
+
+    def clickTheDot(self):
+        left, top, *_ = self.display.areaOf(TITLE)
+        self.display.click(left + SPROUT[0] * SCALE, top + SPROUT[1] * SCALE)
+        waitFor(self.wire.positions, "a game")
+        names = self.wire.positions()[0][16:18]
+        self.assertEqual(sorted(names), ["Pupil", "Sprout"])
+        self.display.number(names[0])
+        self.assertIn("Play 1\n", self.wire.text())
+
+    def resign(self):
+        self.wire.sayForUser("resign")
+        waitFor(lambda: b"resigns}" in self.wire.received, "the end of the game")
+
+    def testADotClickedBeginsAGameWhileTheGraphIsAwayAndItsEndBringsItBack(self):
+        self.begin(seekOff=1)
+        self.clickTheDot()
+        waitFor(lambda: not self.display.numberNow(TITLE), "the graph to go")
+        asked = self.wire.text().count("sought")
+        time.sleep(2.5)
+        self.assertEqual(self.wire.text().count("sought"), asked)
+        self.resign()
+        waitFor(lambda: self.shows(25), "the graph with the ad that is open again")
+        self.assertEqual(self.wire.text().count("Set Seek 0"), 2)
+
+    def testWithoutSeekOffTheGraphStaysBesideTheGameAndTheAdIsGone(self):
+        self.begin(seekOff=0)
+        self.clickTheDot()
+        waitFor(lambda: self.shows(24), "one ad less")
+        self.resign()
+        waitFor(lambda: self.shows(25), "the ad to be open again")
+        self.assertEqual(self.wire.text().count("Set Seek 0"), 1)
 
 
 if __name__ == "__main__":

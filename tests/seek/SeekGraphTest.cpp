@@ -91,6 +91,17 @@ TEST_F(SeekGraphTest, AColumnLeftOfTheGraphBecomesTheFirst) {
     EXPECT_EQ(column(0, 1), 1);
 }
 
+TEST_F(SeekGraphTest, TheColumnAtTheLeftEdgeStays) {
+    layOut(8100, 6900); // 7.36 cells to a unit: 0.67 minutes round to column 0
+    EXPECT_EQ(column(0, 1), 0);
+}
+
+TEST_F(SeekGraphTest, ACellThatBeginsExactlyAtTheRightEndIsInside) {
+    layOut(7830, 6900);
+    ASSERT_EQ(graph.geometry.RightX, 32 * 240);
+    EXPECT_EQ(column(60), 32);
+}
+
 TEST_F(SeekGraphTest, ATimeBelow3IsKeptLeftOfItsLineByOneCell) {
     layOut(3818, 6900); // 3 cells to a unit: 3 minutes round to column 6, and so does 2.67
     EXPECT_EQ(column(2, 1), 5);
@@ -203,6 +214,8 @@ TEST_F(SeekGraphTest, DotsWithoutAnAdAreHidden) {
     for (int i = 0; i < 2; ++i) add(5, 0);
     graph.zGraph();
     EXPECT_EQ(shown(), 2);
+    for (int i = 0; i < 201; ++i) add(5, 0);
+    graph.zGraph();
     graph.zGraph();
     EXPECT_EQ(shown(), 0);
 }

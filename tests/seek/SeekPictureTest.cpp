@@ -2,6 +2,7 @@
 #include "seek/SeekWindowRig.h"
 
 #include "platform/Spoken.h"
+#include "seek/SeekDots.h"
 
 #include <QAccessible>
 #include <QImage>
@@ -56,6 +57,17 @@ TEST_F(SeekPicture, DotsThatHaveGoneAreNoLongerThere) {
     EXPECT_EQ(at(picture(), gone), White);
 }
 
+TEST_F(SeekPicture, OfTwoDotsOnASpotTheOneThatIsHitLiesOnTop) {
+    open();
+    add(11, "Anders", 5, 1634);
+    add(12, "Berta", 5, 1540);
+    add(13, "Carla", 5, 1540); // moves up, on the first
+    table.SeekAds[2].AdType = "wild/2";
+    answer();
+    ASSERT_EQ(plot().squareOf(2), plot().squareOf(0));
+    EXPECT_EQ(at(picture(), plot().squareOf(0).center()), Teal);
+}
+
 TEST_F(SeekPicture, TheThreeLinesAreWhereTheGeometryHasThem) {
     open();
     const GraphGeometry& geometry = plot().graph().geometry;
@@ -87,6 +99,15 @@ TEST_F(SeekPicture, TheLabelsStandAtTheRightAndAboveTheLines) {
     }
     EXPECT_GT(inkAround({geometry.Line3X / 15.0, 9}), 10);
     EXPECT_GT(inkAround({geometry.Line15X / 15.0, 9}), 10);
+}
+
+TEST_F(SeekPicture, AnotherFontIsSeenAtOnce) {
+    open();
+    const QImage before = picture();
+    QFont bold = plot().font();
+    bold.setBold(true);
+    plot().setFont(bold);
+    EXPECT_NE(picture(), before);
 }
 
 TEST_F(SeekPicture, TheChosenDotHasARingAroundItThatGoesWithTheChoice) {
@@ -137,6 +158,36 @@ TEST_F(SeekPicture, TheChosenEntryIsTheSelectedOne) {
     EXPECT_TRUE(list().child(2)->state().selected);
     EXPECT_FALSE(list().child(1)->state().selected);
     EXPECT_EQ(list().focusChild(), list().child(2));
+    EXPECT_TRUE(list().child(2)->state().focused);
+    part("cmddummy").setFocus();
+    EXPECT_TRUE(list().child(2)->state().selected);
+    EXPECT_FALSE(list().child(2)->state().focused) << "the keyboard is elsewhere";
+}
+
+TEST_F(SeekPicture, WalkingTellsOfEachDotWhenTheKeyboardIsThere) {
+    std::vector<int> told;
+    const auto before = announceDot;
+    announceDot = [&told](const SeekPlot* graph, int dot) { told.push_back(graph->hasFocus() ? dot : -1); };
+    open();
+    threeAds();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(seek.data()));
+    QTest::keyClick(seek.data(), Qt::Key_Right);
+    QTest::keyClick(&plot(), Qt::Key_Right);
+    QTest::keyClick(&plot(), Qt::Key_Escape);
+    announceDot = before;
+    EXPECT_EQ(told, (std::vector{0, 1})) << "the focus itself, which is told of too, comes first";
+}
+
+TEST_F(SeekPicture, WithoutAChoiceAFrameShowsThatTheKeyboardIsHere) {
+    open();
+    threeAds();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(seek.data()));
+    const auto edge = [this] { return inkIn(picture(), 1); };
+    const int without = edge();
+    plot().setFocus();
+    EXPECT_GT(edge(), without + 100);
+    QTest::keyClick(&plot(), Qt::Key_Right);
+    EXPECT_EQ(edge(), without) << "the dot shows it";
 }
 
 TEST_F(SeekPicture, AnEntryCanBePressedAndChosen) {

@@ -2,6 +2,8 @@
 #include "seek/SeekWindowRig.h"
 
 #include <QFile>
+#include <QHelpEvent>
+#include <QToolTip>
 
 #include <gmock/gmock.h>
 
@@ -274,6 +276,9 @@ TEST_F(SeekWindow, LayingOutGivesTheFocusBack) {
     seek->resize(700, 500);
     answer();
     EXPECT_EQ(seek->focusWidget(), &part("cmddummy"));
+    plot().setFocus();
+    answer();
+    EXPECT_EQ(seek->focusWidget(), &plot()) << "the resize has had its effect";
 }
 
 // The pointer
@@ -357,6 +362,20 @@ TEST_F(SeekWindow, TheStatusLineAndTheToolTipTellTheAdUnderThePointer) {
     point(QPoint(2, 2));
     EXPECT_EQ(status(), "");
     EXPECT_EQ(plot().toolTip(), QString());
+}
+
+TEST_F(SeekWindow, TheToolTipGoesWhenThePointerLeavesItsDot) {
+    open();
+    threeAds();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(seek.data()));
+    point(dot(1));
+    QHelpEvent rest(QEvent::ToolTip, dot(1), plot().mapToGlobal(dot(1)));
+    QCoreApplication::sendEvent(&plot(), &rest);
+    ASSERT_TRUE(QToolTip::isVisible());
+    point(dot(1) + QPoint(1, 1));
+    EXPECT_FALSE(waitUntil([] { return !QToolTip::isVisible(); }, 500)) << "it stays on the dot";
+    point(QPoint(2, 2));
+    EXPECT_TRUE(waitUntil([] { return !QToolTip::isVisible(); }, 5000)) << "ten seconds on, it goes by itself";
 }
 
 TEST_F(SeekWindow, AToolTipIsNeverMarkup) {
@@ -493,6 +512,47 @@ TEST_F(SeekWindow, AChosenAdThatHasGoneIsNotPlayedAndTheWalkGoesOnFromItsPlace) 
     EXPECT_EQ(plot().chosenDot(), 0);
 }
 
+TEST_F(SeekWindow, TheWalkGoesOnFromWhereTheChosenAdIsNow) {
+    open();
+    for (int i = 1; i <= 4; ++i) add(i, "Anders", 10 * i);
+    answer();
+    QTest::keyClick(seek.data(), Qt::Key_Right);
+    QTest::keyClick(&plot(), Qt::Key_Right);
+    for (int i = 2; i <= 4; ++i) add(i, "Anders", 10 * i); // the chosen one is the first now
+    answer();
+    QTest::keyClick(&plot(), Qt::Key_Right);
+    EXPECT_EQ(plot().chosenDot(), 1);
+}
+
+TEST_F(SeekWindow, BehindAnAdThatHasGoneTheNextOneIsNotPassedOver) {
+    open();
+    for (int i = 1; i <= 4; ++i) add(i, "Anders", 10 * i);
+    answer();
+    QTest::keyClick(seek.data(), Qt::Key_Right);
+    QTest::keyClick(&plot(), Qt::Key_Right);
+    for (const int number : {1, 3, 4}) add(number, "Anders", 10 * number);
+    answer();
+    sent.clear();
+    QTest::keyClick(&plot(), Qt::Key_Right);
+    QTest::keyClick(&plot(), Qt::Key_Return);
+    EXPECT_THAT(sent, ElementsAre("Play 3"));
+}
+
+TEST_F(SeekWindow, KeysWithAModifierNeitherWalkNorPlay) {
+    open();
+    threeAds();
+    QTest::keyClick(seek.data(), Qt::Key_Right);
+    sent.clear();
+    for (const Qt::KeyboardModifier held : {Qt::ControlModifier, Qt::AltModifier, Qt::ShiftModifier}) {
+        QTest::keyClick(&plot(), Qt::Key_Right, held);
+        QTest::keyClick(&plot(), Qt::Key_Return, held);
+    }
+    EXPECT_EQ(plot().chosenDot(), 0);
+    EXPECT_THAT(sent, IsEmpty());
+    QTest::keyClick(&plot(), Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_THAT(sent, ElementsAre("Play 11"));
+}
+
 TEST_F(SeekWindow, AnEmptyGraphHasNothingToWalk) {
     open();
     QTest::keyClick(seek.data(), Qt::Key_Right);
@@ -506,5 +566,6 @@ TEST_F(SeekWindow, EscapeTakesTheChoiceBack) {
     QTest::keyClick(seek.data(), Qt::Key_Right);
     QTest::keyClick(&plot(), Qt::Key_Escape);
     EXPECT_EQ(plot().chosenDot(), -1);
+    EXPECT_EQ(status(), "");
     EXPECT_EQ(seek->focusWidget(), &part("cmddummy"));
 }

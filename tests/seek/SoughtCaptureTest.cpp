@@ -51,6 +51,8 @@ TEST_F(SoughtCapture, AnAdIsReadByItsColumns) {
 TEST_F(SoughtCapture, OnlyTheMarkCMakesAComputer) {
     ASSERT_TRUE(accepts({.name = "Guest(U)"}));
     EXPECT_FALSE(ad().AdComputer);
+    ASSERT_TRUE(accepts({.type = "blitz (C)"}));
+    EXPECT_FALSE(ad().AdComputer) << "it is no mark of the seeker's";
 }
 
 TEST_F(SoughtCapture, EachAcceptedAdTakesTheNextEntry) {
@@ -209,6 +211,7 @@ TEST_F(SoughtCapture, ACountLineAsLongAsAnAdIsReadAsOne) {
 
 TEST_F(SoughtCapture, AnyOtherLineIsLeftAlone) {
     EXPECT_FALSE(read("fics% "));
+    EXPECT_FALSE(read("3 ads displayed\r\n")) << "without its point";
     EXPECT_FALSE(read(""));
     EXPECT_FALSE(read("\\   0-9999\r\n"));
     EXPECT_EQ(cleared, 0);
@@ -256,6 +259,11 @@ TEST(SoughtLineTest, ARatingOf0ANumberBelow0AndNoTimeAtAllDoNot) {
     EXPECT_FALSE(zSoughtLine(SoughtLine{.rating = "   0"}.text()));
     EXPECT_FALSE(zSoughtLine(SoughtLine{.number = " -1"}.text()));
     EXPECT_FALSE(zSoughtLine(SoughtLine{.time = "0", .inc = "0"}.text()));
+}
+
+TEST(SoughtLineTest, AnIncrementAloneIsATime) {
+    EXPECT_TRUE(zSoughtLine(SoughtLine{.time = "0", .inc = "1"}.text()));
+    EXPECT_TRUE(zSoughtLine(SoughtLine{.time = "0", .inc = "100"}.text()));
 }
 
 TEST(SoughtLineTest, AnUntimedAdDoesNot) {

@@ -212,6 +212,44 @@ TEST_F(SeekGraphThroughSocket, ClosedInTheMiddleOfAnAnswerTheRestIsReadAndDrawnB
     EXPECT_THAT(console(), Not(HasSubstr("GUILTYKING")));
 }
 
+TEST_F(SeekGraphThroughSocket, OpenedAgainInMidAnswerItsTableGoesOnBehindWhatWasRead) {
+    begin();
+    openGraph();
+    loopback.send(ads(1)[0].wire() + "fics% ");
+    ASSERT_TRUE(waitUntil([this] { return client->session.seekAds.SeekAdCount == 1; }));
+    graph()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    client->session.timerFired(SessionTimer::tmrState);
+    chooseEntry(entry("mnuSeekGrf"));
+    ASSERT_TRUE(asked(2));
+    std::vector<SoughtLine> others = ads(2);
+    for (SoughtLine& ad : others) ad.name = "Anders";
+    answer(others);
+    ASSERT_TRUE(waitUntil([] { return drawn() == 2; })) << "the count line cuts";
+    EXPECT_EQ(client->session.seekAds.SeekAds[0].AdName, "GUILTYKING");
+    EXPECT_EQ(client->session.seekAds.SeekAds[1].AdName, "Anders");
+    tick();
+    ASSERT_TRUE(asked(3));
+    answer(others);
+    ASSERT_TRUE(waitUntil([this] { return client->session.seekAds.SeekAds[0].AdName == "Anders"; }));
+}
+
+TEST_F(SeekGraphThroughSocket, SoughtOfTheUsersIsTakenForTheGraphsOwnQuestion) {
+    begin();
+    openGraph();
+    secondPoll();
+    if (HasFatalFailure()) return;
+    type("sought");
+    ASSERT_TRUE(asked(3));
+    answer(ads(3));
+    ASSERT_TRUE(waitUntil([] { return drawn() == 3; }));
+    answer(ads(3)); // the other question's
+    loopback.send("\n\rsettled\n\rfics% ");
+    ASSERT_TRUE(consoleHas("settled"));
+    EXPECT_THAT(console(), Not(HasSubstr("GUILTYKING")));
+    EXPECT_THAT(console(), Not(HasSubstr("displayed")));
+}
+
 TEST_F(SeekGraphThroughSocket, ACommandOfTheUserInBetweenEndsTheCaptureAndItsAnswerIsPrinted) {
     begin();
     openGraph();
