@@ -48,6 +48,13 @@ TEST(Walk, BackOnTheFirstPositionChangesNothing) {
     EXPECT_EQ(rig.ply(), 0);
 }
 
+TEST(Walk, AStepBackByItselfStopsAtTheStartToo) {
+    WalkRig rig;
+    rig.game.zStepBack();
+    EXPECT_TRUE(rig.effects.empty());
+    EXPECT_EQ(rig.ply(), 0);
+}
+
 TEST(Walk, AStepBackGoesToThePositionBeforeAndPaintsItsSquaresAlone) {
     EndedGame rig;
     rig.game.zReposition(-1);
@@ -88,6 +95,24 @@ TEST(Walk, ForwardMakesTheStoredMoveAndTintsItAsOnTheLine) {
     EXPECT_EQ(rig.label(), "1.. e5");
     EXPECT_EQ(rig.tints(), (Tints{{1, 2, GridTint::OnLine}}));
     EXPECT_TRUE(rig.all("send").empty());
+}
+
+TEST(Walk, AStepToEitherSideKeepsThePicture) {
+    EndedGame rig;
+    rig.game.zReposition(-1);
+    EXPECT_EQ(rig.all("picture").size(), 1U);
+    rig.effects.clear();
+    rig.game.zReposition(1);
+    EXPECT_EQ(rig.all("picture").size(), 1U);
+}
+
+TEST(Walk, WithoutTheGridLightAStepForwardTintsNothing) {
+    OwnGame rig;
+    ASSERT_FALSE(rig.game.GridLightOn);
+    rig.game.zReposition(-1);
+    rig.game.zReposition(1);
+    EXPECT_EQ(rig.current(), "2,2 Nc6");
+    EXPECT_TRUE(rig.tints().empty());
 }
 
 TEST(Walk, ForwardDoesNothingWithNothingAhead) {
@@ -142,12 +167,33 @@ TEST(Walk, APromotionIsMadeAsStoredWithoutAQuestion) {
     }
 }
 
+TEST(Walk, APromotionWithoutAPieceForgetsThePieceOfAnother) {
+    WalkRig rig;
+    std::int16_t from = 0;
+    std::int16_t to = 0;
+    bool ok = false;
+    rig.game.zdeAnn("a8=N", 1, from, to, ok);
+    EXPECT_EQ(rig.game.PromotePiece, Piece::Knight);
+    rig.game.zdeAnn("a7", 1, from, to, ok);
+    EXPECT_EQ(rig.game.PromotePiece, Piece::Knight) << "no promotion";
+    rig.game.zdeAnn("a8", 1, from, to, ok);
+    EXPECT_EQ(rig.game.PromotePiece, 0);
+}
+
 TEST(Walk, ADropIsMadeFromTheHand) {
     WalkRig rig;
     rig.game.MoveText[1][0] = "N@e5";
     EXPECT_EQ(rig.game.zStepForward(true), "N@e5");
     EXPECT_EQ(rig.at("e5"), Piece::Knight);
     EXPECT_EQ(rig.game.Board[HandSquare], 0);
+}
+
+TEST(Walk, ADropOfBlacksIsABlackPiece) {
+    WalkRig rig;
+    rig.game.Turn = -1;
+    rig.game.MoveText[1][1] = "N@e5";
+    EXPECT_EQ(rig.game.zStepForward(true), "N@e5");
+    EXPECT_EQ(rig.at("e5"), -Piece::Knight);
 }
 
 TEST(Walk, ADropThatALikePieceCanReachIsThatPiecesMove) {
@@ -171,6 +217,22 @@ TEST(Walk, ToTheStartFillsTheListAndForgetsTheDivergence) {
     EXPECT_EQ(rig.game.Deviated, 0);
     EXPECT_EQ(rig.label(), "");
     EXPECT_EQ(rig.game.grdMoves.row, 0);
+}
+
+TEST(Walk, ToTheStartIsWhitesTurnWhoeverWasToMove) {
+    EndedGame rig;
+    rig.game.zReposition(-1);
+    ASSERT_EQ(rig.game.Turn, -1);
+    rig.game.zReposition(-2);
+    EXPECT_EQ(rig.game.Turn, 1);
+    EXPECT_EQ(rig.ply(), 0);
+}
+
+TEST(Walk, ToTheStartScrollsTheListBack) {
+    EndedGame rig;
+    rig.game.grdMoves.topRow = 40;
+    rig.game.zReposition(-2);
+    EXPECT_EQ(rig.game.grdMoves.topRow, 1);
 }
 
 TEST(Walk, ToTheEndGoesToTheCellOfTheLastMove) {
@@ -219,10 +281,35 @@ TEST(Walk, EndMakesAllStoredMovesThatLieAhead) {
     EXPECT_TRUE(rig.all("cell").empty());
 }
 
+TEST(Walk, EndTintsNoMoveOnItsWay) {
+    EndedGame rig;
+    rig.game.zStart();
+    rig.game.LastRow = 0;
+    rig.game.grdMoves.goTo(1, 1);
+    rig.game.zEnd();
+    EXPECT_EQ(rig.ply(), 4);
+    EXPECT_TRUE(rig.tints().empty());
+}
+
+TEST(Walk, EndKeepsTheMoveInView) {
+    WalkRig rig;
+    std::vector<std::string> moves;
+    for (int move = 0; move < 20; ++move) moves.insert(moves.end(), {"Nf3", "Nf6", "Ng1", "Ng8"});
+    rig.watch(moves);
+    rig.game.zEndParms();
+    rig.game.zStart();
+    rig.game.grdMoves.VisibleRows = 10;
+    rig.game.zEnd();
+    EXPECT_EQ(rig.game.MoveRow, 41);
+    EXPECT_EQ(rig.game.grdMoves.topRow, 41 - 9);
+}
+
 TEST(Walk, EndWithALastRowGoesToThePositionInFrontOfTheLastMove) {
     EndedGame rig;
     rig.game.zStart();
+    rig.effects.clear();
     rig.game.zEnd();
+    EXPECT_TRUE(rig.all("draw").empty()) << "its caller paints";
     EXPECT_EQ(rig.at("b8"), -Piece::Knight) << "the position that 2 x row + column - 2 counts to";
     EXPECT_EQ(rig.at("f3"), Piece::Knight);
     EXPECT_EQ(rig.current(), "2,2 Nc6");
@@ -395,6 +482,18 @@ TEST(Walk, APieceInHandGoesBackFirst) {
     EXPECT_FALSE(rig.game.hand.Dragging);
     EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_TRUE(rig.saw("piece 0 0 0"));
+    EXPECT_EQ(rig.effects.at(1), "draw 11 0");
+}
+
+TEST(Walk, APieceInHandGoesBackBeforeACellIsShown) {
+    EndedGame rig;
+    rig.game.hand.Dragging = true;
+    rig.game.hand.DragFrom = zSquareNumber("d2");
+    rig.game.zSetFrom(zSquareNumber("d2"));
+    rig.game.grdMovesClick(1, 1);
+    EXPECT_FALSE(rig.game.hand.Dragging);
+    EXPECT_EQ(rig.game.hand.FromSet, 0);
+    EXPECT_EQ(rig.effects.at(0), "piece 0 0 0");
     EXPECT_EQ(rig.effects.at(1), "draw 11 0");
 }
 

@@ -42,8 +42,9 @@ TEST(LiveWalk, AClickInAnExaminedGameSendsTheDistance) {
     rig.game.grdMovesClick(3, 2);
     rig.game.grdMovesClick(1, 1);
     rig.game.grdMovesClick(2, 2);
+    rig.game.grdMovesClick(1, 2);
     rig.game.grdMovesClick(200, 2);
-    EXPECT_EQ(rig.sent(), (std::vector<std::string>{"For 3", "Back 2", "For 1", "For 397"}));
+    EXPECT_EQ(rig.sent(), (std::vector<std::string>{"For 3", "Back 2", "For 1", "Back 1", "For 397"}));
 }
 
 TEST(LiveWalk, TheDistanceCountsFromTheMoveLastPlayedWithoutAListToo) {
@@ -116,6 +117,14 @@ TEST(LiveWalk, AWatchedGameIsViewedInTheStore) {
     EXPECT_EQ(rig.game.MoveRow, 2) << "the game itself goes nowhere";
 }
 
+TEST(LiveWalk, ForwardLeadsToTheNewestPosition) {
+    LiveGame rig(0);
+    rig.game.zReposition(-2);
+    for (int step = 0; step < 3; ++step) rig.game.zReposition(1);
+    EXPECT_EQ(rig.game.ShownPly, 3);
+    EXPECT_EQ(rig.at("f3"), Piece::Knight);
+}
+
 TEST(LiveWalk, ForwardFromTheNewestPositionChangesNothing) {
     LiveGame rig(0);
     rig.game.zReposition(1);
@@ -149,6 +158,31 @@ TEST(LiveWalk, AStepBackInAPlayedGameOnlyTurnsWhoseMoveItIs) {
     rig.game.zReposition(-1);
     rig.receiveFrom(other.game, 1, "Nc6");
     EXPECT_EQ(rig.game.Turn, 1) << "the next position tells anew";
+}
+
+TEST(LiveWalk, AStepBackInAPlayedGameTakesOnesOwnMoveOffTheBoardUntilTheServerAnswers) {
+    LiveGame rig(1);
+    rig.play("b8c6");
+    ASSERT_EQ(rig.at("c6"), -Piece::Knight);
+    rig.effects.clear();
+    rig.game.zReposition(-1);
+    EXPECT_EQ(rig.at("c6"), 0);
+    EXPECT_EQ(rig.at("b8"), -Piece::Knight);
+    EXPECT_EQ(rig.all("draw"), (Effects{"draw 42 0", "draw 57 0"}));
+}
+
+TEST(LiveWalk, AStepBackShowsTheMoveOfTheCurrentCell) {
+    LiveGame rig(0);
+    rig.game.grdMoves.goTo(1, 2);
+    rig.game.zReposition(-1);
+    EXPECT_EQ(rig.label(), "1.. e5");
+}
+
+TEST(LiveWalk, AStoredMoveMadeLiveKeepsNoPicture) {
+    LiveGame rig(1);
+    rig.game.MoveText[2][1] = "Nc6";
+    EXPECT_EQ(rig.game.zStepForward(true), "Nc6");
+    EXPECT_TRUE(rig.all("picture").empty());
 }
 
 TEST(LiveWalk, AStepBackFromTheFirstViewTurnsNothing) {
