@@ -23,7 +23,7 @@ constexpr double SideRoom = 150;
 // Pixels.
 constexpr double ChoiceGap = 1.5;
 constexpr double ChoiceWidth = 2;
-constexpr double LabelEdge = 4; // half of it outside the letters
+constexpr double LabelEdge = 2; // half of it outside the letters
 
 double ringWidth(double side) { return std::clamp(side * 0.16, 1.0, 3.0); }
 
