@@ -3,6 +3,7 @@
 
 #include "MoveModel.h"
 #include "Require.h"
+#include "board/QuietInput.h"
 #include "board/Style12Line.h"
 #include "common/Fault.h"
 #include "common/modChess.h"
@@ -13,19 +14,10 @@ namespace {
 
 constexpr int Squares = 64;
 
-MoveInputSurface quietInput() {
-    return {
-        .zGetSqr = [](float, float) { return 0; },
-        .DisplaySquare = [](int square) { return square; },
-        .centreOf = [](int) { return BoardPoint{}; },
-        .zYankPiece = [](int) {},
-        .startSlip = [](int) {},
-        .stopSlip = [] {},
-        .popupDrop = [](const DropEntries&) {},
-        .popupPromote = [] { require(false, "queens are taken always"); },
-        .focusTyping = [] {},
-        .moveMade = [] {},
-    };
+MoveInputSurface handOfTheWalk() {
+    MoveInputSurface surface = quietInput();
+    surface.popupPromote = [] { require(false, "queens are taken always"); };
+    return surface;
 }
 
 // A legal move of a game, each equally far from any number; nothing where there is none.
@@ -91,7 +83,7 @@ constexpr std::array OddTexts{"O-O+",
 
 } // namespace
 
-WalkRun::WalkRun(std::string_view bytes) : rest_(bytes), input_(*game_, quietInput()) {
+WalkRun::WalkRun(std::string_view bytes) : rest_(bytes), input_(*game_, handOfTheWalk()) {
     modChess = {};
     modChess.AutoQueen = -1;
     game_->surface.setLastMove = [this](const std::string& text) { label_ = text; };

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "board/MoveRig.h"
-
-#include "board/MoveInput.h"
+#include "board/QuietInput.h"
 #include "common/Squares.h"
 
 #include <initializer_list>
@@ -13,17 +12,7 @@ using Effects = std::vector<std::string>;
 using Tints = std::vector<std::tuple<int, int, std::int32_t>>;
 
 struct WalkRig : BoardRig {
-    MoveInput input{game,
-                    {.zGetSqr = [](float, float) { return 0; },
-                     .DisplaySquare = [](int square) { return square; },
-                     .centreOf = [](int) { return BoardPoint{}; },
-                     .zYankPiece = [](int) {},
-                     .startSlip = [](int) {},
-                     .stopSlip = [] {},
-                     .popupDrop = [](const DropEntries&) {},
-                     .popupPromote = [] {},
-                     .focusTyping = [] {},
-                     .moveMade = [] {}}};
+    MoveInput input{game, quietInput()};
 
     // "e2e4" as the user's hand makes it.
     void play(std::string_view move) {
