@@ -170,6 +170,8 @@ struct Game {
     void grdMovesClick(int row, int col);
     // A double click on lblMove: an examined game goes back to its own moves.
     void lblMoveDoubleClick();
+    // The board holds a stored game, at its start: what every taking over of one ends with.
+    void holdStoredGame();
     // The texts of rows 1 to LastRow.
     void zFillMoveList();
     // lblMove shows the text of the current cell as the move of that number, side 1 white's; nothing for number 0.

@@ -197,6 +197,14 @@ void Game::grdMovesClick(int row, int col) {
 
 void Game::lblMoveDoubleClick() { surface.zSendMsg("Revert"); }
 
+void Game::holdStoredGame() {
+    Turn = 1;
+    zFor(true);
+    Deviated = 0;
+    GameLoaded = true;
+    GridLightOn = true;
+}
+
 void Game::zFillMoveList() {
     for (int row = 1; row <= LastRow; ++row) {
         grdMoves.setCell(row, 0, std::to_string(row));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/FixedArray.h"
+#include "common/GameRecord.h"
 #include "common/Style12Record.h"
 
 #include <cstdint>
@@ -29,6 +30,13 @@ struct ModChess {
     std::int16_t HistoryKind = 0; // 0 history, 1 journal, anything else stored games
     std::int16_t MovesTarget = 0; // game number, -1 a PGN file, -2 the review board
     bool ExamineNoMoves = false;  // no move list could be asked for an examined game
+
+    // Games as records
+    GameRecord MovesRecord;     // the move list captured last, or being captured
+    std::string MovesFile;      // path of the PGN file for MovesTarget -1
+    std::int16_t PgnChoice = 0; // -1 while the chooser of games is open, then the row chosen, 0 for none
+    std::string ExamineHandle;  // what frmExamine held when its Exit was pressed
+    std::string ExamineGame;
 
     // Tells
     std::int16_t TellType = 0;

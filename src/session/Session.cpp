@@ -4,6 +4,7 @@
 #include "common/RaisedFlag.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
+#include "records/MoveListRequest.h"
 #include "seek/SoughtCapture.h"
 #include "session/ChatBox.h"
 
@@ -28,7 +29,7 @@ void clearBoard(Game& game) {
 }
 
 // Move lists are not captured yet, so none can be asked for.
-void zGetMoves(const Game& game) {
+void noMovesFor(const Game& game) {
     if (game.Style12Record.Relation == 2) modChess.ExamineNoMoves = true;
 }
 
@@ -70,7 +71,7 @@ ClassifierHooks Session::classifierHooks() {
         .zSetBughouse = [](int board, const std::string& line) { boardAt(board).zSetBughouse(line); },
         .zSetPosition = [](int board) { boardAt(board).zSetPosition(false); },
         .zExitMove = [](int board) { boardAt(board).zExitMove(); },
-        .zGetMoves = [](int board) { zGetMoves(boardAt(board)); },
+        .zGetMoves = [](int board) { noMovesFor(boardAt(board)); },
         .showBoard = [](int board) { boardAt(board).surface.bringToFront(); },
         .zEndGame = [this](const std::string& line) { routing.zEndGame(line); },
         .zSoughtLine = zSoughtLine,
@@ -248,6 +249,12 @@ void Session::timerFired(SessionTimer timer) {
     case SessionTimer::Messages:
         return showMessages();
     }
+}
+
+void Session::zGetMoves(std::int16_t relation, const std::string& gameOrArguments) {
+    ::zGetMoves(relation, gameOrArguments,
+                {.zSendMsg = [this](const std::string& text) { road.zSendMsg(text); },
+                 .zSetstate = [this](std::int16_t state) { pipeline.zSetstate(state); }});
 }
 
 void Session::zNewChat() {

@@ -48,6 +48,8 @@ struct Session {
     // Tells the user something in a box. What is told while a batch is being read comes up behind it; what is told
     // while a box is up, behind that one; nothing once the program closes.
     void tell(const std::string& text);
+    // Asks for a move list, see records/MoveListRequest.h.
+    void zGetMoves(std::int16_t relation, const std::string& gameOrArguments);
     // Opens a chat box, which proposes the sender of the latest tell; none while the program closes.
     void zNewChat();
     // The chat box of modChess.TellTarget comes up; where there is none, one opens.
