@@ -12,26 +12,26 @@ namespace practice {
 namespace {
 
 // Short forms that are no head of their command, or whose head several commands share.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 27> shortForms{{
-    {"a", "accept"},   {"bye", "quit"},    {"d", "decline"},   {"exit", "quit"},    {"f", "finger"},
-    {"g", "games"},    {"h", "help"},      {"ki", "kibitz"},   {"logout", "quit"},  {"m", "match"},
-    {"mo", "moves"},   {"o", "observe"},   {"ob", "observe"},  {"p", "play"},       {"pl", "play"},
-    {"re", "refresh"}, {"res", "resign"},  {"se", "seek"},     {"sh", "shout"},     {"so", "sought"},
-    {"st", "style"},   {"t", "tell"},      {"ta", "takeback"}, {"un", "unobserve"}, {"vars", "variables"},
-    {"w", "who"},      {"wi", "withdraw"},
+constexpr std::array<std::pair<std::string_view, std::string_view>, 28> shortForms{{
+    {"a", "accept"},       {"bye", "quit"},   {"d", "decline"},   {"exit", "quit"},   {"f", "finger"},
+    {"g", "games"},        {"h", "help"},     {"ki", "kibitz"},   {"logout", "quit"}, {"m", "match"},
+    {"ma", "match"},       {"mo", "moves"},   {"o", "observe"},   {"ob", "observe"},  {"p", "play"},
+    {"pl", "play"},        {"re", "refresh"}, {"res", "resign"},  {"se", "seek"},     {"sh", "shout"},
+    {"so", "sought"},      {"st", "style"},   {"t", "tell"},      {"ta", "takeback"}, {"un", "unobserve"},
+    {"vars", "variables"}, {"w", "who"},      {"wi", "withdraw"},
 }};
 
 } // namespace
 
 const std::vector<std::string>& commandNames() {
     static const std::vector<std::string> names{
-        "abort",     "accept",   "adjourn", "allobservers", "assess",    "backward",  "date",     "decline",
-        "draw",      "examine",  "finger",  "flag",         "forward",   "games",     "help",     "history",
-        "inchannel", "iset",     "it",      "kibitz",       "match",     "mexamine",  "moves",    "next",
-        "observe",   "pending",  "play",    "promote",      "quit",      "refresh",   "rematch",  "resign",
-        "revert",    "say",      "seek",    "set",          "shout",     "smoves",    "sought",   "stored",
-        "style",     "takeback", "tell",    "time",         "unexamine", "unobserve", "unseek",   "uptime",
-        "variables", "whisper",  "who",     "withdraw",     "xkibitz",   "xtell",     "xwhisper",
+        "abort",    "accept",   "adjourn", "allobservers", "assess",    "backward",   "date",    "decline",   "draw",
+        "examine",  "finger",   "flag",    "forward",      "games",     "help",       "history", "inchannel", "iset",
+        "it",       "jkill",    "journal", "jsave",        "kibitz",    "mailstored", "match",   "mexamine",  "moves",
+        "next",     "observe",  "pending", "play",         "promote",   "quit",       "refresh", "rematch",   "resign",
+        "revert",   "say",      "seek",    "set",          "shout",     "smoves",     "sought",  "stored",    "style",
+        "takeback", "tell",     "time",    "unexamine",    "unobserve", "unseek",     "uptime",  "variables", "whisper",
+        "who",      "withdraw", "xkibitz", "xtell",        "xwhisper",
     };
     return names;
 }

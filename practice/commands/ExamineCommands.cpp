@@ -1,4 +1,4 @@
-// Commands about games that are over or adjourned: lists, move lists, examining.
+// Commands about games that are over or adjourned: lists, journals, move lists, examining.
 #include "practice/commands/Subjects.h"
 #include "practice/play/ExamineRoom.h"
 #include "practice/text/Text.h"
@@ -28,17 +28,35 @@ Answer stored(Hall& hall, Player& player, const Arguments& arguments) {
     return {storedTable(hall.archive, name, [&](const std::string& other) { return hall.find(other) != nullptr; })};
 }
 
-// What "NAME NUMBER", "NUMBER" or "NAME OPPONENT" means: a game of the history or an adjourned one.
+Answer journal(Hall& hall, Player& player, const Arguments& arguments) {
+    const std::string name = handleMeant(hall, player, arguments.word(0));
+    return name.empty() ? noSuchPlayer(arguments.word(0)) : Answer{journalTable(hall.archive, name)};
+}
+
+// "A" or "a" is slot 1 of a journal; 0 for a word that names none.
+int slotMeant(const std::string& word) {
+    const int slot = word.size() == 1 ? upperOf(word[0]) - 'A' + 1 : 0;
+    return slot >= 1 && slot <= Archive::slots ? slot : 0;
+}
+
+std::string slotName(int slot) { return {static_cast<char>('A' + slot - 1)}; }
+
+// What "NAME NUMBER", "NAME SLOT" or "NAME OPPONENT" means, with the player's own name where none is given: a game of
+// the history, of the journal, or an adjourned one.
 struct Wanted {
     KeptGamePtr game;
     std::string complaint;
 };
 
-Wanted wantedGame(Hall& hall, const Player& player, const Arguments& arguments) {
-    const bool own = arguments.words.size() == 1;
-    const std::string which = arguments.word(own ? 0 : 1);
-    const std::string name = handleMeant(hall, player, own ? std::string() : arguments.word(0));
-    if (name.empty()) return {nullptr, noSuchPlayer(arguments.word(0)).text};
+Wanted wantedGame(Hall& hall, const Player& player, const std::vector<std::string>& words) {
+    const std::string which = words.back();
+    const std::string named = words.size() == 1 ? std::string() : words.front();
+    const std::string name = handleMeant(hall, player, named);
+    if (name.empty()) return {nullptr, noSuchPlayer(named).text};
+    if (const int slot = slotMeant(which)) {
+        const KeptGamePtr game = hall.archive.inJournal(name, slot);
+        return {game, game ? "" : "Journal entry " + slotName(slot) + " is not available for " + name + "."};
+    }
     if (const KeptGamePtr game = hall.archive.find(name, which)) return {game, {}};
     const std::string other = handleMeant(hall, player, which);
     if (const KeptGamePtr game = hall.archive.adjournedBetween(name, other); game && !other.empty()) return {game, {}};
@@ -46,16 +64,43 @@ Wanted wantedGame(Hall& hall, const Player& player, const Arguments& arguments) 
 }
 
 Answer storedMoves(Hall& hall, Player& player, const Arguments& arguments) {
-    if (arguments.words.empty()) return {"Usage: smoves [name] number|opponent"};
-    const Wanted wanted = wantedGame(hall, player, arguments);
+    if (arguments.words.empty()) return {"Usage: smoves [name] number|slot|opponent"};
+    const Wanted wanted = wantedGame(hall, player, arguments.words);
     return {wanted.game ? "\n" + keptMoveList(*wanted.game) : wanted.complaint};
+}
+
+// There is no mail; the answer says where the moves are to be had.
+Answer mailStored(Hall& hall, Player& player, const Arguments& arguments) {
+    if (arguments.words.empty()) return {"Usage: mailstored [name] number|slot|opponent"};
+    const Wanted wanted = wantedGame(hall, player, arguments.words);
+    if (!wanted.game) return {wanted.complaint};
+    return {"There is no mail in the practice hall; \"smoves " + arguments.rest + "\" shows the moves."};
+}
+
+Answer saveInJournal(Hall& hall, Player& player, const Arguments& arguments) {
+    const int slot = slotMeant(arguments.word(0));
+    if (arguments.words.size() < 2) return {"Usage: jsave slot [name] number|slot|opponent"};
+    if (slot == 0) return {"Your maximum journal entry is " + slotName(Archive::slots)};
+    const Wanted wanted = wantedGame(hall, player, {arguments.words.begin() + 1, arguments.words.end()});
+    if (!wanted.game) return {wanted.complaint};
+    hall.archive.putInJournal(player.name, slot, wanted.game);
+    return {"Game " + arguments.restBehindFirst() + " saved in slot " + slotName(slot) + " in journal."};
+}
+
+Answer removeFromJournal(Hall& hall, Player& player, const Arguments& arguments) {
+    const int slot = slotMeant(arguments.word(0));
+    if (arguments.words.empty()) return {"Usage: jkill slot"};
+    if (slot == 0) return {"Your maximum journal entry is " + slotName(Archive::slots)};
+    if (!hall.archive.inJournal(player.name, slot)) return {"You have no journal entry " + slotName(slot) + "."};
+    hall.archive.putInJournal(player.name, slot, nullptr);
+    return {"Journal entry " + slotName(slot) + " deleted."};
 }
 
 Answer examine(Hall& hall, Player& player, const Arguments& arguments) {
     if (player.playing != 0) return {"You are playing a game."};
     if (player.examining != 0) return {"You are already examining a game."};
     if (arguments.words.empty()) return {startExamining(hall, player, nullptr)};
-    const Wanted wanted = wantedGame(hall, player, arguments);
+    const Wanted wanted = wantedGame(hall, player, arguments.words);
     return {wanted.game ? startExamining(hall, player, wanted.game.get()) : wanted.complaint};
 }
 
@@ -96,9 +141,10 @@ Answer unexamine(Hall& hall, Player& player, const Arguments&) {
 
 const CommandTable& examineCommands() {
     static const CommandTable routines{
-        {"backward", backward},  {"examine", examine},        {"forward", forward},
-        {"history", history},    {"mexamine", shareExamined}, {"revert", revert},
-        {"smoves", storedMoves}, {"stored", stored},          {"unexamine", unexamine},
+        {"backward", backward},       {"examine", examine}, {"forward", forward},     {"history", history},
+        {"jkill", removeFromJournal}, {"journal", journal}, {"jsave", saveInJournal}, {"mailstored", mailStored},
+        {"mexamine", shareExamined},  {"revert", revert},   {"smoves", storedMoves},  {"stored", stored},
+        {"unexamine", unexamine},
     };
     return routines;
 }

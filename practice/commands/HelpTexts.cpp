@@ -21,12 +21,20 @@ const std::map<std::string, std::string>& topics() {
                     "between the same two "
                     "players goes on with theirs. Both must be registered."},
         {"examine",
-         "examine [[name] number|opponent]\n\nPuts a finished or adjourned game on your board: numbers are those of "
-         "\"history\", -1 is the last game, and without anything you get the start position. \"forward [n]\" and "
+         "examine [[name] number|slot|opponent]\n\nPuts a finished or adjourned game on your board: numbers are those "
+         "of "
+         "\"history\", -1 is the last game, slots are those of \"journal\", and without anything you get the start "
+         "position. \"forward [n]\" and "
          "\"backward [n]\" walk through it, any legal move may be tried, \"revert\" comes back from a try, and "
          "\"unexamine\" ends it. Others may observe, and \"mexamine NAME\" lets one of them examine as well."},
         {"history",
          "history [name]\n\nLists a player's last ten games; \"smoves name number\" gives the moves of one."},
+        {"journal", "journal [name]\n\nLists the games that a player chose to keep, in slots A to J. \"jsave SLOT NAME "
+                    "NUMBER\" puts "
+                    "a game of anybody's history into one of yours, \"jkill SLOT\" empties it. Guests lose theirs when "
+                    "they leave."},
+        {"stored",
+         "stored [name]\n\nLists a player's adjourned games. A \"match\" between the same two goes on with theirs."},
         {"kinds", "Kinds of chess\n\nSeeks and matches may name one: crazyhouse, suicide, losers, wild/0 to wild/5, "
                   "wild/8, wild/8a and "
                   "wild/fr. Pieces in hand are dropped like N@f3. In wild/0 and some games of wild/1 the kings start "

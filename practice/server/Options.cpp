@@ -50,6 +50,10 @@ void addOptions(QCommandLineParser& parser) {
         {QStringLiteral("log"),
          QStringLiteral("Writes every line that clients send, passwords among them, to a file as it came."),
          QStringLiteral("FILE")},
+        {QStringLiteral("archive"),
+         QStringLiteral(
+             "Keeps histories, journals and adjourned games in a folder; without it they end with the server."),
+         QStringLiteral("DIR")},
         {QStringLiteral("owner-pid"), QStringLiteral("Stop when this process is gone."), QStringLiteral("PID")},
     });
 }
@@ -141,6 +145,7 @@ std::optional<Options> readOptions(const QStringList& arguments, int& exitCode) 
         return std::nullopt;
     }
     Options options;
+    options.archive = parser.value(QStringLiteral("archive")).toLocal8Bit().toStdString();
     const bool good = readNumbers(parser, options) &&
                       readUsers(parser.value(QStringLiteral("users")), options.accounts) &&
                       readLog(parser.value(QStringLiteral("log")), options.log) &&

@@ -20,7 +20,8 @@ struct Options {
     QString engine;         // path of the engine; empty if none was found
     qint64 ownerPid = 0;    // 0 for no owner
     Accounts accounts;
-    std::string log; // file for what clients send; empty for none
+    std::string log;     // file for what clients send; empty for none
+    std::string archive; // folder for games that are over or adjourned; empty for none
 };
 
 // Reads the arguments, the program's name first. Nothing comes back when the program has to end at once: then

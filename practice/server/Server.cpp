@@ -1,14 +1,17 @@
 // The server: listening, clients, and the hall they meet in.
 #include "practice/server/Server.h"
 
+#include "practice/hall/Computers.h"
 #include "practice/play/ComputerRoom.h"
 #include "practice/play/Departure.h"
 #include "practice/play/Flags.h"
+#include "practice/text/Text.h"
 
 #include <QHostAddress>
 
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <ctime>
 #include <utility>
 
@@ -22,6 +25,10 @@ constexpr std::size_t clientLimit = 200;
 std::int64_t steadyMilliseconds() {
     return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch())
         .count();
+}
+
+void complain(const std::string& what) {
+    if (!what.empty()) std::fprintf(stderr, "brightrank-practice: %s\n", what.c_str());
 }
 
 std::string wallClockText() {
@@ -44,6 +51,7 @@ Server::Server(const Options& options, std::function<void(quint16)> onListening,
     fillOutside();
     fillHost();
     if (!options.log.empty()) host_.log.open(options.log);
+    if (!options.archive.empty()) openArchive(options.archive);
     hall_.began = hall_.outside.now();
     QObject::connect(&listener_, &QTcpServer::newConnection, &listener_, [this] { accept(); });
     QObject::connect(&clockWatch_, &QTimer::timeout, &clockWatch_, [this] { watchClocks(hall_); });
@@ -79,6 +87,23 @@ void Server::fillHost() {
     host_.questions.freeGuestName = [this] { return freeGuestName(); };
     host_.enter = [this](const Connection& connection) -> Player& { return enter(connection); };
     host_.closed = [this](Connection& connection) { forget(connection); };
+}
+
+// What is left of guests goes: their names may be anybody's now. A folder that cannot be read is left as it is.
+void Server::openArchive(const std::string& folder) {
+    Archive& archive = hall_.archive;
+    if (const std::string complaint = archiveFolder_.open(folder, archive); !complaint.empty()) {
+        complain(complaint + "; no games are kept");
+        return;
+    }
+    const auto isComputer = [](const std::string& name) {
+        const auto& all = computers();
+        return std::any_of(all.begin(), all.end(), [&](const Computer& each) { return lower(each.name) == name; });
+    };
+    const auto gone = [&](const auto& entry) { return !hall_.accounts.find(entry.first) && !isComputer(entry.first); };
+    std::erase_if(archive.shelves, gone);
+    std::erase_if(archive.journals, gone);
+    archive.changed = [this] { complain(archiveFolder_.save(hall_.archive)); };
 }
 
 // Listening last: a client must find the computers at their places.

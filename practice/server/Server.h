@@ -2,6 +2,7 @@
 #pragma once
 
 #include "practice/engine/Engines.h"
+#include "practice/games/ArchiveFolder.h"
 #include "practice/hall/Hall.h"
 #include "practice/server/Connection.h"
 #include "practice/server/Options.h"
@@ -19,7 +20,7 @@ namespace practice {
 class Server {
 public:
     // `onListening` gets the port, or 0 if it could not be had; `onEngineGone` comes when an engine cannot be kept
-    // alive.
+    // alive. What is wrong with the archive's folder goes to standard error.
     Server(const Options& options, std::function<void(quint16)> onListening, std::function<void()> onEngineGone);
     ~Server();
     Server(const Server&) = delete;
@@ -29,6 +30,8 @@ private:
     // Give the hall and the connections what they need of this.
     void fillOutside();
     void fillHost();
+    // Takes over the games of the archive's folder, and keeps it up to date from then on.
+    void openArchive(const std::string& folder);
     // Listens and lets the computers in.
     void open();
     // Takes all clients that knock.
@@ -43,6 +46,7 @@ private:
     quint16 port_;
     std::function<void(quint16)> onListening_;
     Hall hall_;
+    ArchiveFolder archiveFolder_;
     Connection::Host host_;
     QTcpServer listener_;
     QTimer clockWatch_;

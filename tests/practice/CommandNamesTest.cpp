@@ -47,7 +47,7 @@ TEST(CommandNames, LeavingIsNeverAMatterOfOneLetter) {
 }
 
 TEST(CommandNames, UnknownWordsFindNothing) {
-    for (const char* word : {"", "foo", "observex", "journal"}) {
+    for (const char* word : {"", "foo", "observex", "journals"}) {
         EXPECT_EQ(matchCommand(word).name, "") << word;
         EXPECT_TRUE(matchCommand(word).ambiguous.empty()) << word;
     }

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <unistd.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -108,6 +110,97 @@ TEST_F(ServerKeptGames, LinesTypedAheadWaitForTheExaminedPosition) {
     rookery.until("goes forward 1 move.");
     rookery.until("Game 2: Rookery moves: Nc6");
     rookery.until("You are no longer examining game 2.");
+}
+
+// A folder of the test's own for the server's archive.
+struct ServerArchive : testing::Test {
+    const std::string folder = testing::TempDir() + "practice-archive-" + std::to_string(getpid());
+    std::vector<std::string> arguments{"--move-delay", "200", "--ad-pace", "0", "--archive", folder};
+
+    ~ServerArchive() override { std::filesystem::remove_all(folder); }
+};
+
+TEST_F(ServerArchive, GamesOutliveARestart) {
+    std::string history;
+    std::string journal;
+    std::string moves;
+    {
+        TestServer server(arguments);
+        TestClient rookery(server.port());
+        TestClient partner(server.port());
+        rookery.enterRegistered("Rookery");
+        partner.enterRegistered("Partner");
+        for (const char* last : {"resign", "adjourn"}) {
+            rookery.line("match partner 15 0 r white");
+            partner.until("Challenge: ");
+            partner.line("accept");
+            rookery.until(board);
+            rookery.line("e4");
+            partner.until(" P/e2-e4 ");
+            partner.line("e5");
+            rookery.until(" P/e7-e5 ");
+            rookery.until("fics% ");
+            rookery.line(last);
+            if (std::string(last) == "adjourn") {
+                partner.until("adjourn the game");
+                partner.line("adjourn");
+            }
+            partner.until("{Game ");
+            partner.until("fics% ");
+            rookery.until("} ");
+            rookery.until("fics% ");
+        }
+        rookery.ask("jsave A rookery 0");
+        history = rookery.ask("history");
+        journal = rookery.ask("journal");
+        moves = rookery.ask("smoves rookery partner");
+        EXPECT_NE(history.find(" 0: - "), std::string::npos) << history;
+        EXPECT_NE(journal.find("%01: "), std::string::npos) << journal;
+        EXPECT_NE(moves.find("  1.  e4      (0:00)     e5      (0:00)"), std::string::npos) << moves;
+        kill(server.pid(), SIGKILL);
+        EXPECT_EQ(server.wait(), -1) << "no orderly end";
+    }
+    TestServer server(arguments);
+    TestClient rookery(server.port());
+    TestClient partner(server.port());
+    rookery.enterRegistered("Rookery");
+    EXPECT_EQ(rookery.ask("history"), history);
+    EXPECT_EQ(rookery.ask("journal"), journal);
+    EXPECT_EQ(rookery.ask("smoves rookery partner"), moves);
+    partner.enterRegistered("Partner");
+    partner.line("match rookery");
+    rookery.until("(adjourned).");
+    rookery.line("accept");
+    partner.until("Continuing rated standard match.}");
+    partner.until(" P/e7-e5 ");
+    partner.until("fics% ");
+    rookery.until(board);
+    rookery.until("fics% ");
+    rookery.line("Nf3");
+    EXPECT_NE(partner.until("fics% ").find(" N/g1-f3 "), std::string::npos) << "the rules know the position";
+}
+
+TEST_F(ServerArchive, WhatGuestsHadGoesWithTheServer) {
+    {
+        TestServer server(arguments);
+        TestClient guest(server.port());
+        guest.enterAsGuest("Adaguest");
+        guest.line("match spark 5 0 u white");
+        guest.until(board);
+        guest.line("e4");
+        guest.until(" P/e2-e4 ");
+        guest.until("fics% ");
+        guest.line("resign");
+        guest.until("Adaguest resigns} 0-1\n\rfics% ");
+        EXPECT_NE(guest.ask("history").find(" 0: - "), std::string::npos);
+        kill(server.pid(), SIGKILL);
+        EXPECT_EQ(server.wait(), -1);
+    }
+    TestServer server(arguments);
+    TestClient guest(server.port());
+    guest.enterAsGuest("Adaguest");
+    EXPECT_NE(guest.ask("history").find("Adaguest has no history games."), std::string::npos);
+    EXPECT_NE(guest.ask("history spark").find(" Adaguest "), std::string::npos) << "the opponent is at home here";
 }
 
 TEST(ServerComputers, SparkAnswersAtOnceAndAlwaysTheSame) {
