@@ -31,6 +31,8 @@ struct BenchBoard {
         .history = history,
         .zSendMsg = [](const std::string&) {},
         .zSend = [](const std::string&) { return false; },
+        .print = [](const std::string&) {},
+        .zWriteGame = [](const std::string&, const GameRecord&) {},
         .playSound = [](std::string_view, std::int16_t) {},
         .tellText = [](int) { return std::string(); },
         .showMatch = [] {},

@@ -50,6 +50,8 @@ GameSurface StreamRig::boardSurface(RigBoard& board) {
             },
         .stopNoPlay = [&board] { board.noPlayRuns = false; },
         .secondsOfDay = [this] { return static_cast<double>(clock_.millisecondsOfDay()) / 1000; },
+        .print = [](const std::string&) {},
+        .beep = [] {},
         .playSound = [](std::string_view, std::int16_t) {},
         .zSendMsg = [this, &board](const std::string& text) { sendFromBoard(board, text); },
         .zSqFinish = [&board](int square) { board.input.zSqFinish(square); },
@@ -90,5 +92,6 @@ MoveGridSurface StreamRig::gridSurface(RigBoard& board) {
         .scrollTo = [&grid](int row) { static_cast<void>(grid.text(row, 0).size()); },
         .setUp = [] {},
         .showCurrent = [&grid] { static_cast<void>(grid.currentText().size()); },
+        .zFindBottomRow = [] {},
     };
 }

@@ -191,9 +191,18 @@ void WalkModel::stepBack() {
 
 std::string WalkModel::stepForward(bool display) {
     const auto [from, to] = row > LastRowOfAll ? std::pair{0, 0} : decode(text(row, turn > 0 ? 0 : 1));
+    takeQueen(from, to);
     const std::string made = make(from, to, display);
     if (display && light) tintCurrent();
     return made;
+}
+
+// A stored promotion that names no piece.
+void WalkModel::takeQueen(int from, int to) {
+    lend();
+    const bool pawn = maker_->Board[from] == 6 * turn && (to / 8 == 0 || to / 8 == 7) && from != to;
+    if (!pawn || to > 63 || to < 0 || maker_->PromotePiece != 0 || modChess.AutoQueen != 0) return;
+    if (from == 64 || mayMove(from, to)) maker_->PromotePiece = 2;
 }
 
 void WalkModel::goTo(int toRow, int toCol) {

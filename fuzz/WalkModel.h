@@ -68,6 +68,7 @@ private:
     void start();
     void stepBack();
     std::string stepForward(bool display);
+    void takeQueen(int from, int to);
     void goTo(int toRow, int toCol);
     std::string make(int from, int to, bool display);
     std::pair<int, int> decode(const std::string& text);

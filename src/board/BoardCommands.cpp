@@ -3,8 +3,11 @@
 
 #include "common/TypingKey.h"
 #include "common/modChess.h"
+#include "records/FileDialogs.h"
 
 #include <QPointer>
+
+#include <memory>
 
 void frmChessBoard::zSetBookup(std::int16_t set, std::int16_t limit) {
     modChess.ChessSet = set;
@@ -44,6 +47,14 @@ void frmChessBoard::sendConfirmed(const std::string& word, const Boxes::Question
     if (!self || closed_) return; // closed while the box was up
     parts_.txtSend->setFocus();
     if (confirmed) sendTyped(word);
+}
+
+// The game is the one that was on the board when the user chose to save; the file dialog lets a next one begin.
+void frmChessBoard::saveGame() {
+    const auto record = std::make_unique<GameRecord>(game.BoardRecord);
+    const BoardRoads& roads = roads_; // which outlive the board
+    const std::string fileName = zSaveFile(this, true);
+    if (!fileName.empty()) roads.zWriteGame(fileName, *record);
 }
 
 void frmChessBoard::openMatch(bool challenge) {

@@ -20,7 +20,8 @@ void BoardMenus::build(QMenuBar& bar) {
     QMenu* file = addMenu(bar, "mnuFile", "&File");
     mnuNew = addEntry(file, "mnuNew", "&New Game");
     addUnbuilt(file, "mnuPGN", "&Read PGN");
-    mnuSavePGN = addUnbuilt(file, "mnuSavePGN", "Store &PGN");
+    mnuSavePGN = addEntry(file, "mnuSavePGN", "Store &PGN");
+    mnuSavePGN->setEnabled(false); // until the board has a record
     file->addSeparator();
     mnuExit = addEntry(file, "mnuExit", "&Exit");
 

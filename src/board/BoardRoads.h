@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/CommandHistory.h"
+#include "common/GameRecord.h"
 #include "common/Needed.h"
 #include "settings/SettingsStore.h"
 
@@ -21,6 +22,10 @@ struct BoardRoads {
     Needed<void(const std::string& text)> zSendMsg;
     // The console's zSend: a typed command, with echo and history. False, and nothing sent, when not connected.
     Needed<bool(const std::string& text)> zSend;
+    // Text at the end of the console, with its own line ends.
+    Needed<void(const std::string& text)> print;
+    // Adds a game to a PGN file (path in the file system's own bytes), and tells the user how that went.
+    Needed<void(const std::string& fileName, const GameRecord& record)> zWriteGame;
     Needed<void(std::string_view name, std::int16_t mode)> playSound;
     // The text of tell button 0 to 9, empty for none.
     Needed<std::string(int index)> tellText;

@@ -12,6 +12,7 @@
 #include "view/PositionWords.h"
 #include "view/frmBoardColors.h"
 
+#include <QApplication>
 #include <QStatusBar>
 
 GameSurface frmChessBoard::surface() {
@@ -33,13 +34,15 @@ GameSurface frmChessBoard::surface() {
         .setPanel = [this](int panel, const std::string& text) { parts_.panels[panel - 1]->setText(shownText(text)); },
         .setTitle = [this](const std::string& text) { setWindowTitle(shownText(text)); },
         .showUn = [this](bool shown) { showUn(shown); },
-        .enableSavePGN = [](bool) {}, // there are no PGN files yet
+        .enableSavePGN = [this](bool enabled) { menus_.mnuSavePGN->setEnabled(enabled); },
         .bringToFront = [this] { bringInFront(*this); },
         .startClock = [this] { tmrClock_.start(); },
         .stopClock = [this] { tmrClock_.stop(); },
         .startNoPlay = [this] { tmrNoPlay_.start(); },
         .stopNoPlay = [this] { tmrNoPlay_.stop(); },
         .secondsOfDay = [] { return wallClock.secondsOfDay(); },
+        .print = [this](const std::string& text) { roads_.print(text); },
+        .beep = [] { QApplication::beep(); },
         .playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); },
         .zSendMsg = [this](const std::string& text) { zSendMsg(text); },
         .zSqFinish = [this](int square) { input_.moves.zSqFinish(square); },
@@ -52,6 +55,7 @@ MoveGridSurface frmChessBoard::gridSurface() {
         .scrollTo = [this](int row) { parts_.grdMoves->scrollToRow(row); },
         .setUp = [this] { parts_.grdMoves->setUp(); },
         .showCurrent = [this] { parts_.grdMoves->showCurrent(); },
+        .zFindBottomRow = [this] { parts_.grdMoves->zFindBottomRow(); },
     };
 }
 
@@ -110,6 +114,7 @@ void frmChessBoard::connectTimers() {
 void frmChessBoard::connectMenus() {
     const auto on = [this](QAction* entry, auto answer) { connect(entry, &QAction::triggered, this, answer); };
     on(menus_.mnuNew, [this] { game.mnuNew(); });
+    onChosen(menus_.mnuSavePGN, this, [this] { saveGame(); });
     on(menus_.mnuInvert, [this] { game.mnuInvert(); });
     on(menus_.mnuClean, [this] { game.mnuClean(); });
     on(menus_.mnuBookup, [this] { setPieceSet(0); });

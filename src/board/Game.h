@@ -7,6 +7,7 @@
 #include "board/MoveGridState.h"
 #include "board/MoveInHand.h"
 #include "board/PositionStore.h"
+#include "common/GameRecord.h"
 #include "common/Style12Record.h"
 
 #include <cstdint>
@@ -44,6 +45,8 @@ struct Game {
     bool GameLoaded = false;    // the moves came from a stored or reviewed game
     std::string currentGame;    // text of panel 2 while a game is on
     std::string InitialLine;    // the Style 12 line the game started from
+
+    GameRecord BoardRecord; // the game as the move list said that was taken over last; what is saved
 
     // Where in the game
     std::int16_t MoveRow = 1; // row of MoveText the board stands at
@@ -172,6 +175,16 @@ struct Game {
     void lblMoveDoubleClick();
     // The board holds a stored game, at its start: what every taking over of one ends with.
     void holdStoredGame();
+
+    // Games as records
+
+    // Takes over modChess.MovesRecord, for the game on this board or, with modChess.MovesTarget -2, for review: the
+    // list and the store get its moves, as far as they can be made from the start position, title, panel and console
+    // say whose they are. A live game goes on where it stands. Faults as zMakeMove does.
+    void zParseMoves();
+    // The same from the start position, at which the board then stands as one that holds a stored game.
+    void zReviewGame();
+
     // The texts of rows 1 to LastRow.
     void zFillMoveList();
     // lblMove shows the text of the current cell as the move of that number, side 1 white's; nothing for number 0.
@@ -226,6 +239,9 @@ private:
     void passTurn();
     void sendMove(int from, int to, const std::string& text);
     void setSquare(int square, int code, bool display);
+    void showPlayers(bool reviewed);
+    void takeMoves(int lastRow);
+    void goOnLive();
     void localStep(int step);
     void viewStep(int step);
     void putDown();

@@ -35,7 +35,9 @@ struct GameSurface {
     Needed<void()> stopNoPlay;
     Needed<double()> secondsOfDay; // since midnight, with a fraction
 
-    // Sound, server, move input
+    // Console, sound, server, move input
+    Needed<void(const std::string& text)> print; // at the end of the console, with its own line ends
+    Needed<void()> beep;
     Needed<void(std::string_view name, std::int16_t mode)> playSound;
     Needed<void(const std::string& text)> zSendMsg; // one command to the server
     Needed<void(int square)> zSqFinish;             // finishes the move in hand on `square`

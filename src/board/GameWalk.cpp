@@ -1,6 +1,7 @@
 // Walking through a board's game: move by move in a local one, by commands in an examined one, in the store otherwise.
 #include "board/Game.h"
 
+#include "board/PieceCodes.h"
 #include "common/Squares.h"
 #include "records/MoveDecoder.h"
 
@@ -141,6 +142,7 @@ std::string Game::zStepForward(bool display) {
     bool ok = false;
     if (MoveRow <= LastMoveRow) zdeAnn(MoveText[MoveRow][(1 - Turn) / 2], Turn, from, to, ok);
     zSetFrom(from);
+    if (asksPromotion(to)) PromotePiece = Piece::Queen; // a stored "e8" can ask nobody
     std::string text = zMakeMove(to, true, display);
     if (!display) return text;
     if (GridLightOn) lightCurrentMove();

@@ -15,6 +15,7 @@ struct MoveGridSurface {
     Needed<void(int row)> scrollTo;          // the top row below the heading
     Needed<void()> setUp;                    // all cells have changed; set the widths anew
     Needed<void()> showCurrent;              // another cell is the current one
+    Needed<void()> zFindBottomRow;           // count VisibleRows
 };
 
 // 0xBBGGRR.

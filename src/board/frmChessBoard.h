@@ -70,6 +70,7 @@ private:
     bool mayClose();
     void unload();
     void finishClosing();
+    void saveGame();
     void openMatch(bool challenge);
     void sendTyped(const std::string& text);
     void offerDraw();

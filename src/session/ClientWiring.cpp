@@ -163,6 +163,9 @@ BoardRoads frmChessClient::boardRoads() {
                 session.road.zSend(text);
                 return true;
             },
+        .print = [this](const std::string& text) { session.print(text); },
+        .zWriteGame = [this](const std::string& fileName,
+                             const GameRecord& record) { session.zWriteGame(fileName, record); },
         .playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); },
         .tellText = [this](int index) { return settings.Tell[index]; },
         .showMatch = roads_.showMatch,

@@ -4,7 +4,9 @@
 #include "common/RaisedFlag.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
+#include "records/MoveListCapture.h"
 #include "records/MoveListRequest.h"
+#include "records/PgnWriter.h"
 #include "seek/SoughtCapture.h"
 #include "session/ChatBox.h"
 
@@ -28,11 +30,6 @@ void clearBoard(Game& game) {
     game.currentGame.clear();
 }
 
-// Move lists are not captured yet, so none can be asked for.
-void noMovesFor(const Game& game) {
-    if (game.Style12Record.Relation == 2) modChess.ExamineNoMoves = true;
-}
-
 } // namespace
 
 Session::Session(SessionSurface surface)
@@ -44,8 +41,20 @@ Session::Session(SessionSurface surface)
                            return zSoughtLines(seekAds, line, [&] { serverLines.zClearLines(index); });
                        },
                        answersTo("frmSeek")};
-    captures.zFindBoard = zFindBoard;
+    readMoveLists();
+}
+
+void Session::readMoveLists() {
+    captures.zMovesLines = [this](const std::string& line, int index) {
+        const MovesLine read = ::zMovesLines(line, modChess.MovesRecord);
+        if (read.taken) serverLines.zClearLines(index);
+        return read.done;
+    };
+    captures.writePgn = [this] { zWriteGame(modChess.MovesFile, modChess.MovesRecord); };
     captures.zFindReviewBoard = [this] { return routing.zFindReviewBoard(); };
+    captures.zReviewGame = [](int board) { boardAt(board).zReviewGame(); };
+    captures.zFindBoard = zFindBoard;
+    captures.zParseMoves = [](int board) { boardAt(board).zParseMoves(); };
 }
 
 PipelineHooks Session::pipelineHooks() {
@@ -71,7 +80,11 @@ ClassifierHooks Session::classifierHooks() {
         .zSetBughouse = [](int board, const std::string& line) { boardAt(board).zSetBughouse(line); },
         .zSetPosition = [](int board) { boardAt(board).zSetPosition(false); },
         .zExitMove = [](int board) { boardAt(board).zExitMove(); },
-        .zGetMoves = [](int board) { noMovesFor(boardAt(board)); },
+        .zGetMoves =
+            [this](int board) {
+                const Game& game = boardAt(board);
+                zGetMoves(game.Style12Record.Relation, std::to_string(game.xGameNum()));
+            },
         .showBoard = [](int board) { boardAt(board).surface.bringToFront(); },
         .zEndGame = [this](const std::string& line) { routing.zEndGame(line); },
         .zSoughtLine = zSoughtLine,
@@ -102,7 +115,7 @@ RoadHooks Session::roadHooks() {
                 outside.console.moveToEnd();
                 outside.console.setColor(modChess.ColorMain);
             },
-        .tell = [this](const std::string& text) { insertAtEnd(text, modChess.ColorMain); },
+        .tell = [this](const std::string& text) { print(text); },
         .showHelp = [this] { road.askInPlaceOfPanel("Help "); },
         .showHistory = [this] { road.askInPlaceOfPanel("History "); },
     };
@@ -255,6 +268,18 @@ void Session::zGetMoves(std::int16_t relation, const std::string& gameOrArgument
     ::zGetMoves(relation, gameOrArguments,
                 {.zSendMsg = [this](const std::string& text) { road.zSendMsg(text); },
                  .zSetstate = [this](std::int16_t state) { pipeline.zSetstate(state); }});
+}
+
+void Session::zWriteGame(const std::string& fileName, const GameRecord& record) {
+    ::zWriteGame(fileName, record,
+                 {.print = [this](const std::string& text) { print(text); },
+                  .tell = [this](const std::string& text) { tell(text); }});
+}
+
+// What comes next goes behind it.
+void Session::print(const std::string& text) {
+    insertAtEnd(text, modChess.ColorMain);
+    outside.console.moveToEnd();
 }
 
 void Session::zNewChat() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "board/GameRouting.h"
+#include "common/GameRecord.h"
 #include "common/ServerRoad.h"
 #include "seek/SeekAds.h"
 #include "session/BlockMode.h"
@@ -50,6 +51,10 @@ struct Session {
     void tell(const std::string& text);
     // Asks for a move list, see records/MoveListRequest.h.
     void zGetMoves(std::int16_t relation, const std::string& gameOrArguments);
+    // Adds a game to a PGN file, see records/PgnWriter.h.
+    void zWriteGame(const std::string& fileName, const GameRecord& record);
+    // Puts text, with its own line ends, at the end of the console in Color_Main.
+    void print(const std::string& text);
     // Opens a chat box, which proposes the sender of the latest tell; none while the program closes.
     void zNewChat();
     // The chat box of modChess.TellTarget comes up; where there is none, one opens.
@@ -67,6 +72,7 @@ private:
     ConnectionHooks connectionHooks();
     BridgeHooks bridgeHooks();
     GameRoutingHooks routingHooks();
+    void readMoveLists();
     void readBatch(const std::string& batch);
     void showMessages();
     void takeKeyboard();

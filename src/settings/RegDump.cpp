@@ -1,6 +1,7 @@
 // The diagnostic dump of the settings.
 #include "settings/RegDump.h"
 
+#include "common/WriteAll.h"
 #include "settings/ClientKeys.h"
 #include "settings/Coordinate.h"
 
@@ -46,15 +47,6 @@ void addMatch(std::string& text, const SettingsStore& store, const MatchSettings
     for (const MatchKey& key : matchKeys) {
         addLine(text, key.name, store.read(MatchSection.name, key.name, std::to_string(match.*key.field)));
     }
-}
-
-bool writeAll(int file, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = ::write(file, text.data(), text.size());
-        if (written <= 0) return false;
-        text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
 }
 
 } // namespace

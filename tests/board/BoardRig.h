@@ -124,6 +124,8 @@ private:
             .startNoPlay = [this] { note("startNoPlay"); },
             .stopNoPlay = [this] { note("stopNoPlay"); },
             .secondsOfDay = [this] { return second; },
+            .print = [this](const std::string& text) { note("print", text); },
+            .beep = [this] { note("beep"); },
             .playSound = [this](std::string_view name, std::int16_t mode) { note("sound", name, mode); },
             .zSendMsg = [this](const std::string& text) { note("send", text); },
             .zSqFinish = [this](int square) { note("finish", square); },
@@ -136,6 +138,7 @@ private:
             .scrollTo = [this](int row) { note("top", row); },
             .setUp = [this] { note("gridSetup"); },
             .showCurrent = [this] { note("current", game.grdMoves.row, game.grdMoves.col); },
+            .zFindBottomRow = [this] { note("bottomRow"); },
         };
     }
 };

@@ -104,6 +104,9 @@ protected:
                 if (connected) typed.push_back(text);
                 return connected;
             },
+        .print = [this](const std::string& text) { printed.push_back(text); },
+        .zWriteGame = [this](const std::string& fileName,
+                             const GameRecord& record) { written.emplace_back(fileName, record); },
         .playSound = [](std::string_view, std::int16_t) {},
         .tellText = [this](int index) { return index == 0 ? tell : std::string(); },
         .showMatch = [] {},
@@ -115,6 +118,8 @@ protected:
     std::vector<QPointer<frmChessBoard>> made;
     std::vector<std::string> sent;
     std::vector<std::string> typed;
+    std::vector<std::string> printed;                        // at the console
+    std::vector<std::pair<std::string, GameRecord>> written; // to PGN files
     std::vector<std::string> asked;
     std::string tell = "finger";
     bool connected = true;

@@ -6,7 +6,11 @@
 #include <memory>
 
 inline MoveGridSurface quietGrid() {
-    return {.showCell = [](int, int) {}, .scrollTo = [](int) {}, .setUp = [] {}, .showCurrent = [] {}};
+    return {.showCell = [](int, int) {},
+            .scrollTo = [](int) {},
+            .setUp = [] {},
+            .showCurrent = [] {},
+            .zFindBottomRow = [] {}};
 }
 
 inline std::unique_ptr<Game> quietGame() {
@@ -36,6 +40,8 @@ inline std::unique_ptr<Game> quietGame() {
         .startNoPlay = nothing,
         .stopNoPlay = nothing,
         .secondsOfDay = [] { return 0.0; },
+        .print = takeText,
+        .beep = nothing,
         .playSound = [](std::string_view, std::int16_t) {},
         .zSendMsg = takeText,
         .zSqFinish = takeNumber,

@@ -163,6 +163,9 @@ TEST_F(SeekGraphThroughSocket, The202ndAdIsAFaultOfTheBatch) {
 
 TEST_F(SeekGraphThroughSocket, AnAnswerInTwoHalvesAroundABoardUpdateIsOneAnswer) {
     begin();
+    loopback.send(record(0));
+    ASSERT_TRUE(waitUntil([] { return firstGame().gameIndex == 12; }));
+    client->session.timerFired(SessionTimer::tmrState); // the game's move list never comes
     openGraph();
     secondPoll();
     if (HasFatalFailure()) return;
@@ -171,7 +174,21 @@ TEST_F(SeekGraphThroughSocket, AnAnswerInTwoHalvesAroundABoardUpdateIsOneAnswer)
     loopback.send(all[3].wire() + "4 ads displayed.\n\rfics% ");
     ASSERT_TRUE(waitUntil([] { return drawn() == 3; }))
         << "what stands behind a prompt is no row: the third begins with one";
-    EXPECT_EQ(firstGame().gameIndex, 12);
+}
+
+TEST_F(SeekGraphThroughSocket, AGameThatBeginsInMidAnswerAsksForItsMovesAndTheAnswersRestIsNotRead) {
+    begin();
+    openGraph();
+    secondPoll();
+    if (HasFatalFailure()) return;
+    const std::vector<SoughtLine> all = ads(2);
+    loopback.send(all[0].wire() + "fics% " + record(0));
+    ASSERT_TRUE(serverGot("moves 12\n"));
+    loopback.send(all[1].wire() + "2 ads displayed.\n\rfics% ");
+    loopback.send("\n\r      {Still in progress} *\n\r\n\rfics% ");
+    ASSERT_TRUE(waitUntil([] { return !modChess.MovesCapture; }));
+    EXPECT_EQ(client->session.seekAds.SeekAdCount, 1);
+    EXPECT_EQ(drawn(), 0);
 }
 
 TEST_F(SeekGraphThroughSocket, AServerThatNeverAnswersIsAskedAgainWhenTheCaptureHasRunOut) {

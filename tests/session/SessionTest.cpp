@@ -101,7 +101,7 @@ TEST_F(SessionTest, AQueuedMoveGoesToTheServer) {
     game().surface.zSqFinish = [this](int) { session.road.zSendMsg("e2-e4"); };
     game().PreMoveSet = true;
     arriveRecord({.ranks = AfterE4, .turn = "B", .game = 12, .relation = 1, .verbose = "P/e2-e4", .pretty = "e4"});
-    EXPECT_THAT(sent, ElementsAre("e2-e4\n"));
+    EXPECT_THAT(sent, ElementsAre("moves 12\n", "e2-e4\n"));
 }
 
 TEST_F(SessionTest, AnExaminedGameListsItsMovesAsLongAsNoListCanBeAskedFor) {
