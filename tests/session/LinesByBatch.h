@@ -29,7 +29,8 @@ inline std::multiset<std::string> shownLines(std::string text) {
 // The lines that the rules show or not by what else is in their batch. Behind a tell, and behind "backs up" or "goes
 // forward", one line is taken for the prompt; if the prompt has gone already, with a record, that is the next line that
 // is left. Short lines are taken for prompts where holdings come. And a line that begins with a control character is
-// dropped, but with a prompt in front of it it does not begin with it.
+// dropped, but with a prompt in front of it it does not begin with it. Behind the result of a list of moves two lines
+// go.
 class LinesByBatch {
 public:
     explicit LinesByBatch(const std::string& stream) : holdings_(contains(stream, "<b1>")) {
@@ -55,7 +56,7 @@ private:
             const std::int16_t type = zTellLine(lines[i]);
             if (type == PersonalTell || type >= ChannelTell) return true;
         }
-        return contains(message, "backs up") || contains(message, "goes forward");
+        return contains(message, "\r      {") || contains(message, "backs up") || contains(message, "goes forward");
     }
 
     std::multiset<std::string> byBatch_;

@@ -90,10 +90,15 @@ std::string traceOf(const Pace& pace) {
 void expectSame(const Outcome& one, const Outcome& other) {
     EXPECT_EQ(one.games, other.games);
     EXPECT_EQ(one.updates, other.updates);
-    EXPECT_EQ(one.commands, other.commands);
     EXPECT_EQ(one.messages, other.messages);
     EXPECT_EQ(one.fault, other.fault);
     EXPECT_TRUE(one.text == other.text) << "each byte is read once, in order";
+}
+
+// The commands but for those that ask for the moves of a game that began.
+std::vector<std::string> apartFromLists(std::vector<std::string> commands) {
+    std::erase_if(commands, [](const std::string& line) { return contains(line, "moves "); });
+    return commands;
 }
 
 std::vector<std::string> withoutPrompts(std::vector<std::string> lines) {
@@ -135,6 +140,7 @@ TEST_P(StreamsThroughProgram, MessagesInPacketsWithPausesChangeNothing) {
         SCOPED_TRACE(traceOf(pace));
         const Outcome cut = outcomeOf(stream, pace);
         expectSame(whole, cut);
+        EXPECT_EQ(whole.commands, cut.commands);
         EXPECT_TRUE(whole.console == cut.console);
         EXPECT_EQ(whole.boards, cut.boards);
         EXPECT_EQ(whole.holdings, cut.holdings);
@@ -144,7 +150,8 @@ TEST_P(StreamsThroughProgram, MessagesInPacketsWithPausesChangeNothing) {
 
 // Batches of many messages: all positions of one reach the boards before any of its lines is printed, so the end of a
 // game may be noticed when the next game has begun on its board. Titles, clocks, the side at the bottom and the bells
-// of games that ended may differ. No position, move or command does, and no line but where the rules look at its batch.
+// of games that ended may differ, and so may whether a list of moves was asked for. No position, move or other command
+// does, and no line but where the rules look at its batch.
 TEST_P(StreamsThroughProgram, MessagesWithoutPausesLoseAndDoubleNothing) {
     const std::string stream = streamText(GetParam().file);
     const Outcome whole = outcomeOf(stream, Whole);
@@ -157,6 +164,7 @@ TEST_P(StreamsThroughProgram, MessagesWithoutPausesLoseAndDoubleNothing) {
         SCOPED_TRACE(traceOf(pace));
         const Outcome cut = outcomeOf(stream, pace);
         expectSame(whole, cut);
+        EXPECT_EQ(apartFromLists(whole.commands), apartFromLists(cut.commands));
         EXPECT_EQ(withoutPrompts(whole.holdings), withoutPrompts(cut.holdings));
         EXPECT_EQ(rawRecords(cut.console), rawRecords(whole.console)) << "no record is printed raw";
         const auto shown = shownLines(cut.console);
