@@ -51,7 +51,7 @@ void StreamRig::parseBatch(const std::string& batch, const std::function<void()>
     checkFront();
 }
 
-void StreamRig::takeRecord(const std::string& line, bool delivered) {
+void StreamRig::takeLine12(const std::string& line, bool delivered) {
     relationFaked_ = relationFaked_ || modChess.Record.Relation == -100;
     if (!delivered) return;
     batch_.toBoards.push_back(lineNumber(line));

@@ -152,6 +152,49 @@ void StreamRig::receivePosition(RigBoard& board, const std::function<void()>& ac
     require(played || asks || !queued || again || !modelMayMove(game, from, to), "a queued move that fits is played");
 }
 
+// A list changes what a live board knows of its game, and not what stands on it or what its user does.
+void StreamRig::takeRecord(RigBoard& board, const std::function<void()>& act) {
+    const Game& game = board.game;
+    const BoardSquares squares = game.Board;
+    const MoveInHand hand = game.hand;
+    const bool queued = game.PreMoveSet;
+    const long sent = board.movesSent;
+    const auto marks = board.marks;
+    const bool idle = game.Style12Record.Relation == -100;
+    act();
+    require(game.Board == squares && board.marks == marks, "a list changes no square");
+    require(game.hand.Dragging == hand.Dragging && game.hand.FromSet == hand.FromSet && game.PreMoveSet == queued,
+            "a list leaves the move in hand alone");
+    require(board.movesSent == sent, "a list sends no move");
+    if (!idle) checkList(game);
+}
+
+void StreamRig::review(RigBoard& board, const std::function<void()>& act) {
+    const Game& game = board.game;
+    const long sent = board.movesSent;
+    board.reviewed = true;
+    act();
+    require(board.movesSent == sent, "a review sends no move");
+    require(sameSquares(game.Board, game.PositionStore.plies[0]), "a review begins at the start");
+    require(!game.icsMode && game.GameLoaded && game.zDevMove() == 0 && !game.hand.Dragging,
+            "a review is a stored game");
+    checkList(game);
+}
+
+void StreamRig::checkList(const Game& game) const noexcept {
+    const GameRecord& record = modChess.MovesRecord;
+    require(game.LastRow >= 0 && game.LastRow <= LastMoveRow, "the list has its rows");
+    for (int row = 1; row <= game.LastRow; ++row) {
+        require(game.grdMoves.text(row, 0) == std::to_string(row), "each row has its number");
+        require(game.MoveText[row][0] == record.WhiteMoves[row], "White's move is the record's");
+        require(game.grdMoves.text(row, 1) == record.WhiteMoves[row], "the list shows it");
+        require(static_cast<float>(row) > record.LastMove ? game.MoveText[row][1].empty()
+                                                          : game.MoveText[row][1] == record.BlackMoves[row],
+                "Black's move is the record's up to the last one");
+    }
+    require(!game.noPlay, "pieces can be lifted");
+}
+
 void StreamRig::checkPosition(const Game& game, bool preMovePlayed) const noexcept {
     const auto codes = codesOf(game.Style12Record.Position);
     require(game.NextPly >= 2 && game.NextPly - 2 <= LastPly, "a position that arrives has a ply of its own");

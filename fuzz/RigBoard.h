@@ -39,6 +39,7 @@ struct RigBoard {
     std::optional<Promotion> promotion; // not answered yet
     std::optional<DropEntries> drops;   // the drop menu while it is up
     bool dropping = false;              // an entry of it is being answered
+    bool reviewed = false;              // a record stands on it, with the names of its players
     bool walking = false;               // a button or the list is being answered
 
     // What was seen

@@ -4,6 +4,7 @@
 #include "Require.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
+#include "records/PgnWriter.h"
 
 SessionSurface StreamRig::surface() {
     return {
@@ -119,7 +120,7 @@ void StreamRig::lookOn() {
     ClassifierHooks& hooks = session_.classifier.hooks;
     hooks.zStyle12Line = [this, own = hooks.zStyle12Line](const std::string& line) {
         const bool delivered = own(line);
-        takeRecord(line, delivered);
+        takeLine12(line, delivered);
         return delivered;
     };
     hooks.zSetPosition = [this, own = hooks.zSetPosition](int board) {
@@ -147,8 +148,11 @@ void StreamRig::readCaptures() {
          {&captures.help, &captures.history, &captures.journal, &captures.stored, &captures.vars, &captures.notes}) {
         *each = {takesLine, [] {}};
     }
-    captures.zMovesLines = takesLine;
-    captures.writePgn = [] {};
-    captures.zParseMoves = [](int board) { boardAt(board); };
-    captures.zReviewGame = captures.zParseMoves;
+    captures.writePgn = [] { pgnText(modChess.MovesRecord); }; // no file is touched
+    captures.zParseMoves = [this, own = captures.zParseMoves](int board) {
+        takeRecord(boardWith(boardAt(board)), [&] { own(board); });
+    };
+    captures.zReviewGame = [this, own = captures.zReviewGame](int board) {
+        review(boardWith(boardAt(board)), [&] { own(board); });
+    };
 }

@@ -106,7 +106,7 @@ void StreamRig::sessionEvent(int kind, std::size_t which) {
     case Event::CaptureOptions:
         modChess.SeekOff = static_cast<std::int16_t>(which & 1U);
         modChess.HistoryKind = static_cast<std::int16_t>(which);
-        modChess.MovesTarget = static_cast<std::int16_t>(-static_cast<int>(which));
+        modChess.MovesTarget = static_cast<std::int16_t>(-std::min(static_cast<int>(which), 2));
         modChess.ExamineNoMoves = (which & 2U) != 0;
         return;
     case Event::NewBoard:

@@ -113,21 +113,23 @@ void StreamRig::checkRest() noexcept {
     require(pipeline.login >= 0 && pipeline.login <= 2, "login is 0, 1 or 2");
     require(session_.road.idleSeconds >= -1 && session_.road.idleSeconds <= 20, "idle seconds count round");
     for (const auto& board : boards_) {
-        checkBoard(board->game);
+        checkBoard(*board);
         checkHand(*board);
     }
     checkChats();
     checkSeek();
 }
 
-void StreamRig::checkBoard(const Game& game) const noexcept {
+void StreamRig::checkBoard(const RigBoard& board) const noexcept {
+    const Game& game = board.game;
     require(game.Turn == 1 || game.Turn == -1, "one of the two sides is to move");
     require(std::ranges::all_of(game.Board, [](std::int16_t code) { return std::abs(code) <= 6; }),
             "every square holds a piece or nothing");
     require(game.Board[HandSquare] == 0, "the hand is empty");
     require(game.ShownPly >= 0 && game.ShownPly <= LastPly, "the shown ply is in the store");
     const bool idle = game.Style12Record.Relation == -100 && !relationFaked_;
-    require(!idle || (game.gameIndex == 0 && !game.icsMode && game.currentGame.empty()), "an idle board has no game");
+    require(!idle || (game.gameIndex == 0 && !game.icsMode && (game.currentGame.empty() || board.reviewed)),
+            "an idle board has no game");
 }
 
 void StreamRig::checkPasswordKept() const noexcept {

@@ -115,6 +115,9 @@ private:
     void promote(RigBoard& board, int piece);
     void checkPromoted(const RigBoard& board, const RigBoard::Promotion& asked, int piece) const noexcept;
     void receivePosition(RigBoard& board, const std::function<void()>& act);
+    void takeRecord(RigBoard& board, const std::function<void()>& act);
+    void review(RigBoard& board, const std::function<void()>& act);
+    void checkList(const Game& game) const noexcept;
     void checkPosition(const Game& game, bool preMovePlayed) const noexcept;
     void sendFromBoard(RigBoard& board, const std::string& text);
     void checkHand(RigBoard& board) const noexcept;
@@ -144,7 +147,7 @@ private:
 
     // Batches and lines, BatchChecks.cpp
     void parseBatch(const std::string& batch, const std::function<void()>& act);
-    void takeRecord(const std::string& line, bool delivered);
+    void takeLine12(const std::string& line, bool delivered);
     int lineNumber(const std::string& line) const;
     void checkSize(const std::string& batch) const noexcept;
     void checkConsole(const std::string& batch, const std::string& added, bool promptShown) const noexcept;
@@ -159,7 +162,7 @@ private:
     void destroyClosed();
     void finish();
     void checkRest() noexcept;
-    void checkBoard(const Game& game) const noexcept;
+    void checkBoard(const RigBoard& board) const noexcept;
     void checkPasswordKept() const noexcept;
     void checkPasswordShown() const noexcept;
 

@@ -413,6 +413,14 @@ TEST_F(GameRecords, AGameOfTwoHundredMovesFillsTheListToItsEnd) {
     EXPECT_EQ(game.MoveRow, 200);
 }
 
+TEST_F(GameRecords, ATextThatIsNoMoveLeavesNothingInTheHand) {
+    for (const char* text : {"P@zz", "a8=N", "N@"}) {
+        review({text});
+        EXPECT_EQ(game.PromotePiece, 0) << text;
+        EXPECT_EQ(game.Board[HandSquare], 0) << text;
+    }
+}
+
 TEST_F(GameRecords, AReviewPutsAPieceInHandBack) {
     game.hand.Dragging = true;
     game.hand.FromSet = 1;

@@ -4,7 +4,7 @@ import time
 import unittest
 
 from dialogs import Dialog
-from forty import FortyBoards
+from forty import FORTY, FortyBoards
 from rig import QUIET, RIGHT, awaitLifting, waitFor
 from style12 import style12
 
@@ -20,6 +20,7 @@ class OneInHand(FortyBoards):
     def showOwn(self, rows, relation):
         self.own = rows
         self.server.say(style12(rows, game=OWN, white="Pupil", relation=relation))
+        self.awaitCommand(f"moves {OWN}" if relation == PLAYED else f"smoves {FORTY}")  # behind "moves 40"
         self.layOut(OWN, TITLE)
         awaitLifting()
         self.screen = self.boards[OWN][1]

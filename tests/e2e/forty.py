@@ -50,6 +50,7 @@ class FortyBoards(unittest.TestCase):
     def watch(self, number):
         self.games[number] = WatchedGame(number)
         self.server.say(self.games[number].now())
+        self.awaitCommand(f"moves {number}")
         self.layOut(number, self.games[number].title)
 
     def layOut(self, number, title):

@@ -7,7 +7,7 @@ from learn import learnPieces
 from peers import Partner, PracticeServer, Wire
 from rig import LOG_ON, QUIET, RIGHT, SCALE, Client, Display, awaitLifting, waitFor
 from screen import MOVED, PRE_MOVED, Screen
-from style12 import RELATION, VERBOSE_MOVE, target
+from style12 import GAME, RELATION, VERBOSE_MOVE, target
 
 USERS_MOVE, PARTNERS_MOVE = "1", "-1"  # relations
 QUEEN, ROOK, BISHOP, KNIGHT = 1, 2, 3, 4  # entries of the promotion menu
@@ -44,6 +44,7 @@ class PlayedByHand(unittest.TestCase):
     def logOn(self, **settings):
         """Program and partner are there, and no game is."""
         self.expected = None
+        self.lists = []  # what was asked of games that began: behind how many other commands, and the command
         self.addCleanup(self.display.release)
         self.wire = Wire(self.practice.port)
         self.addCleanup(self.wire.end)
@@ -66,11 +67,29 @@ class PlayedByHand(unittest.TestCase):
         self.wire.sayForUser("accept")
         self.partner.await_("Creating")
         waitFor(self.wire.positions, "the first position")
+        self.awaitList()
+
+    def awaitList(self):
+        """Waits until the program has asked for the moves of the game that has begun."""
+        begun = len(self.lists) + 1
+
+        def asked():
+            return [line for line in self.sent() if line.startswith("moves ")]
+        waitFor(lambda: len(asked()) >= begun, "the question for the game's moves")
+        place = [at for at, line in enumerate(self.sent()) if line.startswith("moves ")][-1]
+        self.lists.append((place, f"moves {self.wire.positions()[-1][GAME]}"))
+
+    def withLists(self, lines):
+        """These commands, and between them those that ask for the moves of games that begin."""
+        lines = list(lines)
+        for place, line in self.lists:
+            lines.insert(place, line)
+        return lines
 
     def endClient(self):
         self.client.end()
         self.assertIsNotNone(self.expected, "the test has not said what the server gets")
-        self.assertEqual(self.wire.whole(), LOG_ON + "".join(f"{line}\n" for line in self.expected))
+        self.assertEqual(self.wire.whole(), LOG_ON + "".join(f"{line}\n" for line in self.withLists(self.expected)))
 
     @contextlib.contextmanager
     def round(self, **name):
@@ -86,10 +105,11 @@ class PlayedByHand(unittest.TestCase):
         return self.wire.text()[len(LOG_ON):].split("\n")[:-1]
 
     def awaitSent(self, *lines):
-        """Waits until the server has got these commands in all, byte for byte."""
+        """Waits until the server has got these commands in all and the questions of games that began, byte for byte."""
         self.expected = list(lines)
+        lines = self.withLists(lines)
         waitFor(lambda: len(self.sent()) >= len(lines), lambda: f"{lines} and not {self.wire.text()!r}")
-        self.assertEqual(self.sent(), self.expected)
+        self.assertEqual(self.sent(), lines)
 
     def awaitNothingMore(self, *lines):
         """These are all, a while later as well."""

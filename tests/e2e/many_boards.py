@@ -67,7 +67,8 @@ class Watching(FortyBoards):
                 self.display.closeWindow(window)
                 waitFor(lambda: not self.display.windows(WatchedGame(number).title), "the board to close")
         self.expected = self.server.sent.decode("latin-1").removeprefix(LOG_ON)
-        self.assertEqual(list(dict.fromkeys(self.expected.split("\n")[:-1])), [f"unob {number}" for number in closed])
+        commands = [line for line in self.expected.split("\n")[:-1] if not line.startswith("moves ")]
+        self.assertEqual(list(dict.fromkeys(commands)), [f"unob {number}" for number in closed])
         self.games = {number: game for number, game in self.games.items() if number not in closed}
         self.assertEqual({game.title for game in self.games.values()}, {each.title for each in self.boardWindows()})
 
@@ -80,6 +81,7 @@ class Watching(FortyBoards):
                              "another board")
             time.sleep(count * 0.001)
             self.display.closeWindow(opened[0])
+            self.awaitCommand(f"moves {game.number}")
             self.awaitCommand(f"unob {game.number}")
             waitFor(lambda: not self.display.windows(game.title), f"{game.title} to close")
         self.awaitAll()
@@ -110,7 +112,8 @@ class Flood:
                 line = self.server.lines.get(timeout=0.05)[1]
             except queue.Empty:
                 continue
-            self.left[int(line.removeprefix("unob "))] += 1
+            if line.startswith("unob "):
+                self.left[int(line.removeprefix("unob "))] += 1
 
     def awaitLeft(self, number):
         waitFor(lambda: self.left[number], f"unob {number}")

@@ -35,7 +35,7 @@ class InHand(PlayedByHand):
         self.display.move(5, 5)
         self.display.release()
         waitFor(lambda: self.screen.middles() == before, "the board as it was")
-        self.assertEqual(self.sent(), [])
+        self.assertEqual(self.sent(), self.withLists([]))
         self.move("e2", "e4")
         self.awaitSent("e2-e4")
 

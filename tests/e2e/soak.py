@@ -185,9 +185,9 @@ class Soak:
             self.compareSent(player, self.current[place::2])
 
     def compareSent(self, player, moves):
-        """The server has got these moves in their long form, byte for byte; the sign of check is the board's."""
+        """The server has been asked for the game's list and has got these moves in their long form, byte for byte; the sign of check is the board's."""
         promoted = {"": "", "q": r"=Q\+?"}
-        wanted = "".join(f"{move[:2]}-{move[2:4]}{promoted[move[4:]]}\n" for move in moves)
+        wanted = r"moves \d+\n" + "".join(f"{move[:2]}-{move[2:4]}{promoted[move[4:]]}\n" for move in moves)
         sent = bytes(player.wire.sent).decode("latin-1")
         if not re.fullmatch(wanted, sent):
             raise AssertionError(f"{sent!r} was sent, and not {wanted!r}")

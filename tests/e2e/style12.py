@@ -3,7 +3,7 @@ PROMPT = "\n\rfics% "
 LINE = ("<12> {rows} {mover} -1 1 1 1 1 0 {game} {white} {black} {relation} 60 0 39 39 3600 3600 {number} {move} "
         "(0:00) {pretty} {flip} 0 0")
 # Fields, counted from the first row.
-MOVER, RELATION, MOVE_NUMBER, VERBOSE_MOVE, PRETTY_MOVE = 8, 18, 25, 26, 28
+MOVER, GAME, RELATION, MOVE_NUMBER, VERBOSE_MOVE, PRETTY_MOVE = 8, 15, 18, 25, 26, 28
 
 
 def style12(rows, game=1, mover="W", white="Skipper", black="Harbour", relation=0, number=1, move="none", pretty="none",

@@ -18,6 +18,7 @@ NC6 = ["r-bqkbnr", "pppp-ppp", "--n-----", "----p---", "----P---", "-----N--", "
 COURSE = [(START, "W", 1, "none", "none"), (E4, "B", 1, "P/e2-e4", "e4"), (E5, "W", 2, "P/e7-e5", "e5"),
           (NF3, "B", 2, "N/g1-f3", "Nf3"), (NC6, "W", 3, "N/b8-c6", "Nc6")]
 WATCHED, EXAMINED = 0, 2  # relations
+LAST_WORDS = "smoves Style 12"  # an examined game is asked for by the words of the last command
 TITLE = "Skipper - Harbour    [60 0]"
 
 FIRST, BACK, STAY, FORWARD, LAST = 8, 25, 36, 47, 64  # the buttons, pixels from the left edge of the panel
@@ -52,8 +53,11 @@ class Walking(unittest.TestCase):
         self.server.say(style12(rows, game=game, mover=mover, relation=relation, number=number, move=move,
                                 pretty=pretty))
 
-    def open(self, relation, last=4, game=1):
-        for place in range(last + 1):
+    def open(self, relation, last=4, game=1, asked="moves 1"):
+        """The game up to that move, behind whose first position its moves are asked for."""
+        self.show(0, relation, game)
+        self.awaitSent(asked)
+        for place in range(1, last + 1):
             self.show(place, relation, game)
         self.window = self.display.awaitWindow(TITLE)
         waitFor(lambda: self.screen.find(self.window), "the squares")
@@ -150,7 +154,7 @@ class Walking(unittest.TestCase):
         self.awaitSent("who")
 
     def testAnExaminedGameIsWalkedByTheServer(self):
-        self.open(EXAMINED, last=1)
+        self.open(EXAMINED, last=1, asked=LAST_WORDS)
         for button in (FIRST, BACK, STAY, FORWARD, LAST):
             self.press(button)
         self.awaitSent("Back 999", "Back", "For", "For 999")
@@ -174,7 +178,7 @@ class Walking(unittest.TestCase):
         self.openEnded()
         self.press(LAST)
         cell = waitFor(self.tinted, "the tint of the last move")  # black's of row 2
-        self.open(EXAMINED, last=1, game=2)
+        self.open(EXAMINED, last=1, game=2, asked="smoves 1")  # the last command was "moves 1"
         self.click(cell)
         self.awaitSent("For 3")
         self.show(4, EXAMINED, game=2)
@@ -185,7 +189,7 @@ class Walking(unittest.TestCase):
         self.expected += "unex\n"
 
     def testADoubleClickOnTheLastMoveSendsRevert(self):
-        self.open(EXAMINED, last=1)
+        self.open(EXAMINED, last=1, asked=LAST_WORDS)
         point = self.panel() + 20 * SCALE, self.screen.top - LABEL * SCALE
         self.display.click(*point)
         self.display.click(*point)
