@@ -9,7 +9,7 @@ PICTURE_PACKAGES=(xvfb imagemagick)
 
 # What it takes to check the tree, beyond the above.
 CHECK_PACKAGES=(ccache libgtest-dev libgmock-dev libbenchmark-dev clang clang-format clang-tidy python3 git
-    xvfb openbox xdotool imagemagick xauth x11-utils)
+    pgn-extract xvfb openbox xdotool imagemagick xauth x11-utils)
 
 # Prints those of the packages named that are not installed, one a line.
 missingPackages() {

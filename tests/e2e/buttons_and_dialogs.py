@@ -11,7 +11,7 @@ RESIGN, DRAW = 30, 75  # pixels from the window's right edge
 class DrawAndResign(PlayedByHand):
     def press(self, button):
         """One of the buttons at the lower right, whose row ends where the board ends."""
-        window = self.display.windows("Pupil - Rookery    [10 0]")[0]
+        window = self.board()
         self.display.click(window.left + window.width - button * SCALE,
                            self.screen.top + 8 * self.screen.side - BUTTON_ROW * SCALE)
 

@@ -9,7 +9,7 @@ class ClosingTheBoard(PlayedByHand):
 
     def close(self):
         """The board's window is asked to close, and asks back."""
-        self.closing = self.display.awaitWindow("Pupil - Rookery    [10 0]")
+        self.closing = self.board()
         self.display.closeWindow(self.closing)
         self.question = Dialog.find(self.display, "Game in progress")
 
@@ -22,6 +22,7 @@ class ClosingTheBoard(PlayedByHand):
         """The server's next position opens a board anew."""
         self.awaitNothingMore(*sent)
         self.awaitAnother(lambda: self.wire.sayForUser("refresh"), "the refresh")
+        self.awaitList()
         waitFor(self.screen.find, "the board")
         self.awaitPosition()
         awaitLifting()
