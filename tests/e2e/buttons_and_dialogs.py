@@ -102,6 +102,7 @@ class Challenges(PlayedByHand):
         self.partner.await_("Challenge: Pupil")
         self.partner.say("accept")
         waitFor(self.wire.positions, "the game")
+        self.awaitList()
         self.assertEqual(self.wire.positions()[-1][16:18], ["Pupil", "Rookery"])
 
     def testAChallengeToAVariantWithAColor(self):
