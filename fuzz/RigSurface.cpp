@@ -139,8 +139,8 @@ void StreamRig::lookOn() {
     };
 }
 
-// Stand-ins for the readers that their panels will bring; the seek graph has its own. An answer ends with a line that
-// holds its end word.
+// Stand-ins for the readers that their panels will bring; move lists and the seek graph have their own. An answer ends
+// with a line that holds its end word.
 void StreamRig::readCaptures() {
     Captures& captures = session_.captures;
     const auto takesLine = [](std::string& line, int) { return line.find("end") != line.npos; };

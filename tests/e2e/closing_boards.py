@@ -18,11 +18,12 @@ class ClosingTheBoard(PlayedByHand):
         self.display.awaitGone(self.closing)
         self.display.release()
 
-    def playOn(self, *sent):
-        """The server's next position opens a board anew."""
+    def playOn(self, *sent, opens=True):
+        """The server's next position opens a board anew, unless one is open."""
         self.awaitNothingMore(*sent)
         self.awaitAnother(lambda: self.wire.sayForUser("refresh"), "the refresh")
-        self.awaitList()
+        if opens:
+            self.awaitList()
         waitFor(self.screen.find, "the board")
         self.awaitPosition()
         awaitLifting()
@@ -82,8 +83,9 @@ class ClosingTheBoard(PlayedByHand):
         self.close()
         self.confirm()
         self.awaitAnother(lambda: self.partner.say("d7d6"), "the opponent's move")
+        self.awaitList()
         waitFor(self.screen.find, "the board")
-        self.playOn("e2-e4")
+        self.playOn("e2-e4", opens=False)
 
     def testRefusedWithAPieceInHand(self):
         self.begin()
