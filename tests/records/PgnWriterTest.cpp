@@ -16,6 +16,7 @@
 #include <functional>
 #include <memory>
 #include <random>
+#include <string_view>
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -264,7 +265,7 @@ TEST_F(PgnWriter, AKillInTheMiddleOfSavesLeavesTheGamesBeforeWhole) {
     const std::string game = pgnText(record);
     std::mt19937 random(11);
     std::string before = first;
-    for (int round = 0; round < 40; ++round) {
+    for (int round = 0; round < 20; ++round) {
         const pid_t child = ::fork();
         ASSERT_GE(child, 0);
         if (child == 0) {
@@ -275,8 +276,9 @@ TEST_F(PgnWriter, AKillInTheMiddleOfSavesLeavesTheGamesBeforeWhole) {
         ::waitpid(child, nullptr, 0);
         const std::string now = folder.read("games.pgn");
         ASSERT_TRUE(now.starts_with(before)) << "round " << round;
-        std::string rest = now.substr(before.size());
-        while (rest.starts_with(game)) rest.erase(0, game.size());
+        std::string_view rest(now);
+        rest.remove_prefix(before.size());
+        while (rest.starts_with(game)) rest.remove_prefix(game.size());
         ASSERT_TRUE(game.starts_with(rest)) << "at most the last game is cut";
         before = now;
     }
