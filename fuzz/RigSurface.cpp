@@ -74,6 +74,7 @@ WindowSurface StreamRig::windowSurface() {
         .openChat = [this] { openChat(); },
         .showSeek = [this] { showSeek(); },
         .unloadSeek = [] { openWindows.unload("frmSeek"); },
+        .startHistory = [] {},
     };
 }
 

@@ -7,6 +7,7 @@
 #include "platform/MessageLoop.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
+#include "records/MoveListRequest.h"
 
 #include <QApplication>
 
@@ -91,6 +92,7 @@ WindowSurface frmChessClient::windowSurface() {
         .openChat = [this] { openChat(); },
         .showSeek = [this] { roads_.showSeek(); },
         .unloadSeek = [] { openWindows.unload("frmSeek"); },
+        .startHistory = [this] { roads_.startHistory(); },
     };
 }
 
@@ -131,7 +133,21 @@ SeekRoads frmChessClient::seekRoads(const MatchRoads& match) {
                 typeOn(characters);
             },
         .tallTitleBars = [this] { return menus.mnuXP->isChecked(); },
+        .startHistory = roads_.startHistory,
         .closedByUser = [this] { tickSeek(false); },
+    };
+}
+
+HistoryRoads frmChessClient::historyRoads() {
+    return {
+        .store = roads_.store,
+        .lists = session.historyLists,
+        .zSendMsg = [this](const std::string& text) { session.road.zSendMsg(text); },
+        .BusyTest = TextPipeline::BusyTest,
+        .zSetstate = [this](std::int16_t state) { session.pipeline.zSetstate(state); },
+        .zGetMoves = [this](const std::string& arguments) { session.zGetMoves(ByHandle, arguments); },
+        .handle = [this] { return session.logOn.handle; },
+        .tell = [this](const std::string& text) { session.tell(text); },
     };
 }
 

@@ -4,6 +4,7 @@
 #include "common/RaisedFlag.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
+#include "records/ListCapture.h"
 #include "records/MoveListRequest.h"
 #include "seek/SoughtCapture.h"
 #include "session/ChatBox.h"
@@ -44,8 +45,16 @@ Session::Session(SessionSurface surface)
                            return zSoughtLines(seekAds, line, [&] { serverLines.zClearLines(index); });
                        },
                        answersTo("frmSeek")};
+    captures.history = {readerOf(zHistoryLines), answersTo("frmHistory")};
+    captures.journal = {readerOf(zJournalLines), answersTo("frmHistory")};
+    captures.stored = {readerOf(zStoredLines), answersTo("frmHistory")};
     captures.zFindBoard = zFindBoard;
     captures.zFindReviewBoard = [this] { return routing.zFindReviewBoard(); };
+}
+
+std::function<bool(std::string& line, int index)> Session::readerOf(bool (*lines)(HistoryLists& lists,
+                                                                                  const std::string& line)) {
+    return [this, lines](const std::string& line, int) { return lines(historyLists, line); };
 }
 
 PipelineHooks Session::pipelineHooks() {
@@ -104,7 +113,7 @@ RoadHooks Session::roadHooks() {
             },
         .tell = [this](const std::string& text) { insertAtEnd(text, modChess.ColorMain); },
         .showHelp = [this] { road.askInPlaceOfPanel("Help "); },
-        .showHistory = [this] { road.askInPlaceOfPanel("History "); },
+        .showHistory = outside.windows.startHistory,
     };
 }
 
