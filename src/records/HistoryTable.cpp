@@ -7,6 +7,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyleOptionHeader>
 #include <QStyleOptionViewItem>
 
 namespace {
@@ -105,27 +106,42 @@ int HistoryTable::selectedRow() const {
     return selected.isEmpty() ? -1 : indexOfTopLevelItem(selected.first());
 }
 
+// The widest of the three looks, so that the window need not grow from one to the other.
 QSize HistoryTable::sizeHint() const {
-    QStyleOptionViewItem row;
-    initViewItemOption(&row);
-    row.features |= QStyleOptionViewItem::HasDisplay;
-    row.text = QStringLiteral("X");
-    const int line = style()->sizeFromContents(QStyle::CT_ItemViewItem, &row, {}, this).height();
+    int widest = 0;
+    for (const std::int16_t kind : {HistoryKindGames, HistoryKindJournal, HistoryKindStored}) {
+        int width = 0;
+        for (const ListColumn& column : lookOf(kind).columns) width += leastWidth(column);
+        widest = std::max(widest, width);
+    }
     const int frame = 2 * frameWidth();
-    return {header()->length() + frame, header()->sizeHint().height() + MostRows * line + frame};
+    return {widest + frame, header()->sizeHint().height() + MostRows * rowSize("X").height() + frame};
+}
+
+void HistoryTable::fitColumns() {
+    int number = 0;
+    for (const ListColumn& column : look_->columns) {
+        header()->resizeSection(number, std::max(leastWidth(column), sizeHintForColumn(number)));
+        ++number;
+    }
 }
 
 // What is prescribed, or more where the font needs it.
-void HistoryTable::fitColumns() {
-    for (int column = 0; column < columnCount(); ++column) header()->resizeSection(column, widthOf(column));
+int HistoryTable::leastWidth(const ListColumn& column) const {
+    QStyleOptionHeader heading;
+    heading.initFrom(header());
+    heading.text = QString::fromLatin1(column.heading);
+    const int headed = style()->sizeFromContents(QStyle::CT_HeaderSection, &heading, {}, header()).width();
+    const int filled = rowSize(column.widest).width();
+    return column.field < 0 ? column.twips / TwipsPerPixelX : std::max({column.twips / TwipsPerPixelX, headed, filled});
 }
 
-int HistoryTable::widthOf(int column) const {
-    const ListColumn& prescribed = look_->columns.at(static_cast<std::size_t>(column));
-    const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
-    const int widest = fontMetrics().horizontalAdvance(QString::fromLatin1(prescribed.widest)) + margin;
-    const int heading = prescribed.heading[0] == '\0' ? 0 : header()->sectionSizeHint(column);
-    return std::max({prescribed.twips / TwipsPerPixelX, widest, heading, sizeHintForColumn(column)});
+QSize HistoryTable::rowSize(const char* text) const {
+    QStyleOptionViewItem row;
+    initViewItemOption(&row);
+    row.features |= QStyleOptionViewItem::HasDisplay;
+    row.text = QString::fromLatin1(text);
+    return style()->sizeFromContents(QStyle::CT_ItemViewItem, &row, {}, this);
 }
 
 void HistoryTable::changeEvent(QEvent* event) {
@@ -135,8 +151,15 @@ void HistoryTable::changeEvent(QEvent* event) {
 }
 
 void HistoryTable::keyPressEvent(QKeyEvent* event) {
-    if (!isEnter(*event)) return QTreeWidget::keyPressEvent(event);
-    if (selectedRow() >= 0) Q_EMIT reviewWanted();
+    const bool menu = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
+    if (!isEnter(*event) && !menu) return QTreeWidget::keyPressEvent(event);
+    if (selectedRow() < 0) return;
+    menu ? wantMenuAtRow() : reviewWanted();
+}
+
+void HistoryTable::wantMenuAtRow() {
+    scrollToItem(currentItem());
+    Q_EMIT menuWantedAt(viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft()));
 }
 
 void HistoryTable::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -146,10 +169,5 @@ void HistoryTable::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void HistoryTable::contextMenuEvent(QContextMenuEvent* event) {
     if (selectedRow() < 0) return;
-    if (event->reason() != QContextMenuEvent::Keyboard) {
-        Q_EMIT menuWanted();
-        return;
-    }
-    scrollToItem(currentItem());
-    Q_EMIT menuWantedAt(viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft()));
+    event->reason() == QContextMenuEvent::Keyboard ? wantMenuAtRow() : menuWanted();
 }

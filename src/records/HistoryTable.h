@@ -8,9 +8,9 @@
 
 #include <string>
 
-// Enter and a double click on a row ask for its review; the right button and the menu key ask for its menu, with that
-// row selected. One row is selected as long as there are any. Assistive tools read a row's first cell as all of it, in
-// words.
+// Enter and a double click on a row ask for its review; the right button, the menu key and Shift+F10 ask for its menu,
+// with that row selected. One row is selected as long as there are any. Assistive tools read a row's first cell as all
+// of it, in words.
 class HistoryTable : public QTreeWidget {
     Q_OBJECT
 public:
@@ -41,8 +41,10 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void wantMenuAtRow();
     void fitColumns();
-    int widthOf(int column) const;
+    int leastWidth(const ListColumn& column) const;
+    QSize rowSize(const char* text) const;
 
     const ListLook* look_ = nullptr;
 };

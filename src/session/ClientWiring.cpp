@@ -100,7 +100,11 @@ UserSurface frmChessClient::userSurface() {
     return {
         .beep = [] { QApplication::beep(); },
         .playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); },
-        .message = [this](const std::string& text) { boxes.message(this, "Brightrank", text); },
+        .message =
+            [this](const std::string& text) {
+                QWidget* active = QApplication::activeWindow(); // which has the keyboard again behind the box
+                boxes.message(active ? active : this, "Brightrank", text);
+            },
         .yesNo = [this](const std::string& text) { return boxes.yesNo(this, "Brightrank", text); },
         .input =
             [this](const std::string& prompt, const std::string& title) {

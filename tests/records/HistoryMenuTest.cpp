@@ -238,15 +238,18 @@ TEST_F(HistoryMenu, EnterWithoutRowsDoesNothing) {
     EXPECT_THAT(asked, IsEmpty());
 }
 
-TEST_F(HistoryMenu, TheMenuKeyOpensTheMenuBelowItsRow) {
+TEST_F(HistoryMenu, TheMenuKeyAndShiftF10OpenTheMenuBelowItsRow) {
     threeGames();
     QTest::keyClick(&list(), Qt::Key_Down);
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-    QCoreApplication::sendEvent(list().viewport(), &event);
-    EXPECT_TRUE(menu().isVisible());
-    const QRect row = list().visualItemRect(list().topLevelItem(1));
-    EXPECT_EQ(menu().pos(), list().viewport()->mapToGlobal(row.bottomLeft()));
-    menu().close();
+    for (const bool menuKey : {true, false}) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+        if (menuKey) QCoreApplication::sendEvent(list().viewport(), &event);
+        if (!menuKey) QTest::keyClick(&list(), Qt::Key_F10, Qt::ShiftModifier);
+        EXPECT_TRUE(menu().isVisible()) << menuKey;
+        const QRect row = list().visualItemRect(list().topLevelItem(1));
+        EXPECT_EQ(menu().pos(), list().viewport()->mapToGlobal(row.bottomLeft()));
+        menu().close();
+    }
     choose("mnuMoves");
     EXPECT_THAT(asked, ElementsAre("smoves foo  6"));
 }

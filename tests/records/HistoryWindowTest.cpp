@@ -295,15 +295,37 @@ TEST_F(HistoryWindow, AWideTextWidensItsColumn) {
     EXPECT_GT(list().header()->sectionSize(5), list().fontMetrics().horizontalAdvance(QStringLiteral("WWWWWWWWWWWWW")));
 }
 
-TEST_F(HistoryWindow, TenRowsFitWithoutScrolling) {
-    threeGames();
-    press("cmdHistory");
-    std::vector<std::string> rows;
-    for (int number = 1; number <= 10; ++number) rows.push_back(numbered(number, GameRow));
-    answer(rows);
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(list().viewport()->rect().contains(list().visualItemRect(list().topLevelItem(9))));
-    EXPECT_GE(list().viewport()->width(), list().header()->length());
+TEST_F(HistoryWindow, TenRowsOfAnyListFitWithoutScrolling) {
+    const QFont before = QApplication::font();
+    for (const int points : {8, 9, 14}) {
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        opened();
+        const std::pair<const char*, std::string> kinds[] = {
+            {"cmdHistory", GameRow}, {"cmdStored", StoredRow}, {"cmdJournal", SlotRow}};
+        for (const auto& [button, row] : kinds) {
+            press(button);
+            answer(std::vector<std::string>(10, row));
+            QCoreApplication::processEvents();
+            const QRect last = list().visualItemRect(list().topLevelItem(9));
+            EXPECT_GE(list().viewport()->height(), last.bottom()) << points << button;
+            EXPECT_GE(list().viewport()->width(), list().header()->length()) << points << button;
+        }
+        delete window.data();
+    }
+    QApplication::setFont(before);
+}
+
+TEST_F(HistoryWindow, ItOpensNoLargerThanTheScreen) {
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSize(30);
+    QApplication::setFont(font);
+    open();
+    EXPECT_GT(list().header()->length(), window->screen()->availableSize().width());
+    EXPECT_LE(window->width(), window->screen()->availableSize().width());
+    QApplication::setFont(before);
 }
 
 TEST_F(HistoryWindow, ARowIsReadWhole) {

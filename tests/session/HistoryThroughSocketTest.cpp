@@ -262,6 +262,18 @@ TEST_F(HistoryThroughSocket, AnEmptyListIsToldInABoxBehindTheBatch) {
     EXPECT_FALSE(boxInBatch);
 }
 
+TEST_F(HistoryThroughSocket, TheBoxBelongsToTheWindowThatHasTheKeyboard) {
+    openFor("foo");
+    ask();
+    window()->activateWindow();
+    ASSERT_TRUE(waitUntil([] { return window()->isActiveWindow(); }));
+    const QWidget* owner = nullptr;
+    boxes.message = [&](QWidget* parent, const std::string&, const std::string&) { owner = parent; };
+    loopback.send("nothing\n\rfics% ");
+    ASSERT_TRUE(waitUntil([&] { return owner != nullptr; }));
+    EXPECT_EQ(owner, window());
+}
+
 TEST_F(HistoryThroughSocket, SeveralEmptyListsAreToldOneBehindTheOther) {
     openFor("foo");
     int up = 0;
