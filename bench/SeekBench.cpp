@@ -43,6 +43,7 @@ struct SeekProgram {
         .zSetstate = [this](std::int16_t state) { session.pipeline.zSetstate(state); },
         .typeInConsole = [](const std::string&) {},
         .tallTitleBars = [] { return false; },
+        .startHistory = [] {},
         .closedByUser = [] {},
     };
 

@@ -84,6 +84,9 @@ enum : int {
     TmrTCP,
     TmrClose,
     ProgramCloses,
+
+    // The window of listed games; `choice` is what is pressed
+    Lists,
 };
 
 constexpr bool takesText(int kind) {

@@ -31,6 +31,8 @@ void StreamRig::lineEvent(const Tape::Segment& segment) {
     case Event::ProgramCloses:
         modChess.AppClosing = true;
         return;
+    case Event::Lists:
+        return listsEvent(segment.choice());
     default:
         return;
     }
@@ -59,8 +61,10 @@ bool StreamRig::takeStep(std::int64_t until) {
     const auto text = socket_.due(clock_.now);
     const auto firing = clock_.next();
     const auto poll = seek_ ? seek_->due : std::nullopt;
+    const auto asking = history_ ? history_->due : std::nullopt;
     constexpr std::int64_t Never = std::numeric_limits<std::int64_t>::max();
-    const std::int64_t at = std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never)});
+    const std::int64_t at =
+        std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never), asking.value_or(Never)});
     if (at == Never || at > until) return false;
     const bool textFirst = text == at;
     clock_.now = std::max(clock_.now, at);
@@ -71,7 +75,13 @@ bool StreamRig::takeStep(std::int64_t until) {
         require(socket_.given() > before || (due && *due > clock_.now), "text that is due is given, or waits on");
         return true;
     }
-    firing && firing->at == at ? fire(firing->timer) : seek_->fire();
+    if (firing && firing->at == at) {
+        fire(firing->timer);
+    } else if (poll == at) {
+        seek_->fire();
+    } else {
+        tmrHist();
+    }
     return true;
 }
 

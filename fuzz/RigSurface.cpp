@@ -75,6 +75,7 @@ WindowSurface StreamRig::windowSurface() {
         .openChat = [this] { openChat(); },
         .showSeek = [this] { showSeek(); },
         .unloadSeek = [] { openWindows.unload("frmSeek"); },
+        .startHistory = [this] { startHistory(); },
     };
 }
 
@@ -139,13 +140,12 @@ void StreamRig::lookOn() {
     };
 }
 
-// Stand-ins for the readers that their panels will bring; move lists and the seek graph have their own. An answer ends
-// with a line that holds its end word.
+// Stand-ins for the readers that their panels will bring; move lists, the seek graph and lists of games have their own.
+// An answer ends with a line that holds its end word.
 void StreamRig::readCaptures() {
     Captures& captures = session_.captures;
     const auto takesLine = [](std::string& line, int) { return line.find("end") != line.npos; };
-    for (CaptureConsumer* each :
-         {&captures.help, &captures.history, &captures.journal, &captures.stored, &captures.vars, &captures.notes}) {
+    for (CaptureConsumer* each : {&captures.help, &captures.vars, &captures.notes}) {
         *each = {takesLine, [] {}};
     }
     captures.writePgn = [] { pgnText(modChess.MovesRecord); }; // no file is touched

@@ -118,6 +118,7 @@ void StreamRig::checkRest() noexcept {
     }
     checkChats();
     checkSeek();
+    checkLists();
 }
 
 void StreamRig::checkBoard(const RigBoard& board) const noexcept {

@@ -5,6 +5,7 @@
 #include "RigBoard.h"
 #include "RigChat.h"
 #include "RigClock.h"
+#include "RigHistory.h"
 #include "RigSeek.h"
 #include "RigSocket.h"
 #include "Tape.h"
@@ -145,6 +146,17 @@ private:
     void drawSeeks();
     void checkSeek() const noexcept;
 
+    // The lists of games, ListsEvents.cpp
+    void listsEvent(int choice);
+    void openHistory();
+    void startHistory();
+    void closeHistory();
+    void tmrHist();
+    void askForList(std::int16_t kind);
+    void goFor(const std::string& command);
+    void showList();
+    void checkLists() const noexcept;
+
     // Batches and lines, BatchChecks.cpp
     void parseBatch(const std::string& batch, const std::function<void()>& act);
     void takeLine12(const std::string& line, bool delivered);
@@ -188,4 +200,5 @@ private:
     std::vector<std::unique_ptr<RigBoard>> closed_; // closed, destroyed when the event is over
     std::vector<std::unique_ptr<RigChat>> chats_;   // open
     std::unique_ptr<RigSeek> seek_;                 // while it is open
+    std::shared_ptr<RigHistory> history_;           // while it is open
 };

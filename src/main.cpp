@@ -3,6 +3,7 @@
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
+#include "records/frmHistory.h"
 #include "seek/frmMatch.h"
 #include "seek/frmSeek.h"
 #include "session/frmChessClient.h"
@@ -36,7 +37,7 @@ RunningWindows runningWindows() {
     };
 }
 
-// The console, and what it, the boards, the seek graph and the match dialog need of each other.
+// The console, and what it, the boards, the seek graph, the match dialog and the lists of games need of each other.
 struct Program {
     Sounds sounds;
     ClientRoads roads{
@@ -46,11 +47,14 @@ struct Program {
         .openBoard = [this] { openBoard(); },
         .showMatch = [this] { frmMatch::showIt(match); },
         .showSeek = [this] { frmSeek::showIt(seek); },
+        .showHistory = [this] { frmHistory::showIt(history); },
+        .startHistory = [this] { frmHistory::startIt(history); },
     };
     frmChessClient client{roads};
     BoardRoads boards = client.boardRoads();
     MatchRoads match{.store = roads.store, .zSendMsg = boards.zSendMsg};
     SeekRoads seek = client.seekRoads(match);
+    HistoryRoads history = client.historyRoads();
 
     void openBoard() {
         auto* board = new frmChessBoard(boards); // deletes itself after closing

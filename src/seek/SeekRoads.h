@@ -24,6 +24,8 @@ struct SeekRoads {
     Needed<void(const std::string& characters)> typeInConsole;
     // The console's mnuXP is ticked.
     Needed<bool()> tallTitleBars;
+    // Shows frmHistory, which starts anew with modChess.gHelpTopic.
+    Needed<void()> startHistory;
     // The user has closed the graph: the console's mnuSeekGrf loses its tick.
     Needed<void()> closedByUser;
 };

@@ -108,7 +108,10 @@ void frmSeek::buildMenu() {
     sending("mnuFinger", "&Finger", "fi ");
     sending("mnuAssess", "&Assess", "ass ");
     sending("mnuPlay", "&Play", "Play ");
-    addUnbuilt(mnuCmd_, "mnuHistory", "&History");
+    onChosen(addEntry(mnuCmd_, "mnuHistory", "&History"), this, [this] {
+        modChess.gHelpTopic = PopupName_;
+        roads_.startHistory();
+    });
     onChosen(addEntry(mnuCmd_, "mnuMatch", "&Match"), this, [this] { mnuMatch(); });
 }
 

@@ -70,6 +70,7 @@ void frmChessClient::connectMenus() {
         modChess.MatchMode = true;
         roads_.showMatch();
     });
+    onChosen(menus.mnuHistory, this, [this] { roads_.showHistory(); });
     onChosen(menus.mnuSeekGrf, this, [this] { wantSeek(); });
     on(menus.mnuTest, [this] { dumpRegistry(); });
     onChosen(menus.mnuAbout, this, [this] { showAbout(this); });

@@ -42,7 +42,8 @@ void buildWindows(ClientMenus& menus, QMenu* menu) {
     menus.mnuSeekGrf = addTick(menu, "mnuSeekGrf", "&Seek Graph");
     menus.mnuMatch = addEntry(menu, "mnuMatch", "&Match");
     menus.mnuChat = addEntry(menu, "mnuChat", "C&hat");
-    addUnbuilt(menu, "mnuHistory", "H&istory")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
+    menus.mnuHistory = addEntry(menu, "mnuHistory", "H&istory");
+    menus.mnuHistory->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
     menu->addSeparator();
     addUnbuilt(menu, "mnuVars", "&Variables");
     addUnbuilt(menu, "mnuNotes", "&Notes");

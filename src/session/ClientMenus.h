@@ -25,6 +25,7 @@ struct ClientMenus {
     QAction* mnuSeekGrf = nullptr;
     QAction* mnuMatch = nullptr;
     QAction* mnuChat = nullptr;
+    QAction* mnuHistory = nullptr;
     QAction* mnuTest = nullptr;
     QAction* mnuAbout = nullptr;
 

@@ -7,6 +7,7 @@
 #include "platform/MessageLoop.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
+#include "records/MoveListRequest.h"
 
 #include <QApplication>
 
@@ -91,6 +92,7 @@ WindowSurface frmChessClient::windowSurface() {
         .openChat = [this] { openChat(); },
         .showSeek = [this] { roads_.showSeek(); },
         .unloadSeek = [] { openWindows.unload("frmSeek"); },
+        .startHistory = [this] { roads_.startHistory(); },
     };
 }
 
@@ -98,7 +100,11 @@ UserSurface frmChessClient::userSurface() {
     return {
         .beep = [] { QApplication::beep(); },
         .playSound = [this](std::string_view name, std::int16_t mode) { roads_.playSound(name, mode); },
-        .message = [this](const std::string& text) { boxes.message(this, "Brightrank", text); },
+        .message =
+            [this](const std::string& text) {
+                QWidget* active = QApplication::activeWindow(); // which has the keyboard again behind the box
+                boxes.message(active ? active : this, "Brightrank", text);
+            },
         .yesNo = [this](const std::string& text) { return boxes.yesNo(this, "Brightrank", text); },
         .input =
             [this](const std::string& prompt, const std::string& title) {
@@ -131,7 +137,21 @@ SeekRoads frmChessClient::seekRoads(const MatchRoads& match) {
                 typeOn(characters);
             },
         .tallTitleBars = [this] { return menus.mnuXP->isChecked(); },
+        .startHistory = roads_.startHistory,
         .closedByUser = [this] { tickSeek(false); },
+    };
+}
+
+HistoryRoads frmChessClient::historyRoads() {
+    return {
+        .store = roads_.store,
+        .lists = session.historyLists,
+        .zSendMsg = [this](const std::string& text) { session.road.zSendMsg(text); },
+        .BusyTest = TextPipeline::BusyTest,
+        .zSetstate = [this](std::int16_t state) { session.pipeline.zSetstate(state); },
+        .zGetMoves = [this](const std::string& arguments) { session.zGetMoves(ByHandle, arguments); },
+        .handle = [this] { return session.logOn.handle; },
+        .tell = [this](const std::string& text) { session.tell(text); },
     };
 }
 

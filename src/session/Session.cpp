@@ -4,6 +4,7 @@
 #include "common/RaisedFlag.h"
 #include "common/modChess.h"
 #include "platform/OpenWindows.h"
+#include "records/ListCapture.h"
 #include "records/MoveListCapture.h"
 #include "records/MoveListRequest.h"
 #include "records/PgnWriter.h"
@@ -41,6 +42,9 @@ Session::Session(SessionSurface surface)
                            return zSoughtLines(seekAds, line, [&] { serverLines.zClearLines(index); });
                        },
                        answersTo("frmSeek")};
+    captures.history = {readerOf(zHistoryLines), answersTo("frmHistory")};
+    captures.journal = {readerOf(zJournalLines), answersTo("frmHistory")};
+    captures.stored = {readerOf(zStoredLines), answersTo("frmHistory")};
     readMoveLists();
 }
 
@@ -55,6 +59,11 @@ void Session::readMoveLists() {
     captures.zReviewGame = [](int board) { boardAt(board).zReviewGame(); };
     captures.zFindBoard = zFindBoard;
     captures.zParseMoves = [](int board) { boardAt(board).zParseMoves(); };
+}
+
+std::function<bool(std::string& line, int index)> Session::readerOf(bool (*lines)(HistoryLists& lists,
+                                                                                  const std::string& line)) {
+    return [this, lines](const std::string& line, int) { return lines(historyLists, line); };
 }
 
 PipelineHooks Session::pipelineHooks() {
@@ -117,7 +126,7 @@ RoadHooks Session::roadHooks() {
             },
         .tell = [this](const std::string& text) { print(text); },
         .showHelp = [this] { road.askInPlaceOfPanel("Help "); },
-        .showHistory = [this] { road.askInPlaceOfPanel("History "); },
+        .showHistory = outside.windows.startHistory,
     };
 }
 

@@ -4,6 +4,7 @@
 #include "board/GameRouting.h"
 #include "common/GameRecord.h"
 #include "common/ServerRoad.h"
+#include "records/HistoryLists.h"
 #include "seek/SeekAds.h"
 #include "session/BlockMode.h"
 #include "session/Captures.h"
@@ -29,6 +30,7 @@ struct Session {
     SessionSurface outside;
     ServerLines serverLines;
     SeekTable seekAds;
+    HistoryLists historyLists;
     Captures captures;
     TextPipeline pipeline;
     LineClassifier classifier;
@@ -63,6 +65,8 @@ struct Session {
     void mnuBlocked() { blockMode.toggle(classifier.menu.mnuBlocked); }
 
 private:
+    std::function<bool(std::string& line, int index)> readerOf(bool (*lines)(HistoryLists& lists,
+                                                                             const std::string& line));
     PipelineHooks pipelineHooks();
     ClassifierHooks classifierHooks();
     RoadHooks roadHooks();

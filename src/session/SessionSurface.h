@@ -65,6 +65,7 @@ struct WindowSurface {
     Needed<void()> openChat;  // one more frmChat, which proposes modChess.NewBuddy
     Needed<void()> showSeek;  // frmSeek
     Needed<void()> unloadSeek;
+    Needed<void()> startHistory; // frmHistory, which takes modChess.gHelpTopic
 };
 
 struct UserSurface {

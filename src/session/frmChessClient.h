@@ -5,6 +5,7 @@
 #include "common/Needed.h"
 #include "platform/TypingLine.h"
 #include "platform/tcpClient.h"
+#include "records/HistoryRoads.h"
 #include "seek/SeekRoads.h"
 #include "session/ClientMenus.h"
 #include "session/CommandRow.h"
@@ -35,6 +36,10 @@ struct ClientRoads {
     Needed<void()> showMatch;
     // Shows frmSeek.
     Needed<void()> showSeek;
+    // Shows frmHistory.
+    Needed<void()> showHistory;
+    // The same, and has it start anew with modChess.gHelpTopic.
+    Needed<void()> startHistory;
 };
 
 // Lives as long as the program. Everything is decided in `session`; the window carries events to it and its results to
@@ -55,6 +60,8 @@ public:
     BoardRoads boardRoads();
     // The same of the seek graph; `match` outlives that.
     SeekRoads seekRoads(const MatchRoads& match);
+    // The same of the lists of games.
+    HistoryRoads historyRoads();
 
     Session session{surface()};
     ClientSettings settings;

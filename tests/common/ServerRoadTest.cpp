@@ -153,8 +153,8 @@ TEST_F(ServerRoadTest, InPlaceOfAPanelNothingIsAskedBeforeTheLogOn) {
         state = static_cast<std::int16_t>(socket);
         login = static_cast<std::int16_t>(prompt);
         told.clear();
-        road.askInPlaceOfPanel("History ");
-        EXPECT_EQ(told, "History asks the server, and you are not logged on.\r\n");
+        road.askInPlaceOfPanel("Help ");
+        EXPECT_EQ(told, "Help asks the server, and you are not logged on.\r\n");
     }
     EXPECT_EQ(sent, "");
 }

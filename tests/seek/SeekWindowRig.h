@@ -102,6 +102,7 @@ protected:
     bool tall = false;
     bool busy = false;
     int closedByUser = 0;
+    std::vector<std::string> historyAsked; // topics
     MatchRoads match{.store = memoryStore(values), .zSendMsg = [](const std::string&) {}};
     SeekRoads roads{
         .store = memoryStore(values),
@@ -112,6 +113,7 @@ protected:
         .zSetstate = [this](std::int16_t state) { sent.push_back("state " + std::to_string(state)); },
         .typeInConsole = [this](const std::string& characters) { typed += characters; },
         .tallTitleBars = [this] { return tall; },
+        .startHistory = [this] { historyAsked.push_back(modChess.gHelpTopic); },
         .closedByUser = [this] { ++closedByUser; },
     };
     QPointer<frmSeek> seek;

@@ -337,6 +337,17 @@ TEST_F(SeekWindow, TheMenusCommandsAreAboutTheSeekerWithoutHisMarks) {
     EXPECT_THAT(sent, ElementsAre("fi Anders", "ass Anders", "Play Anders"));
 }
 
+TEST_F(SeekWindow, HistoryOfTheMenuIsAskedForTheSeekerWithoutHisMarks) {
+    open();
+    threeAds();
+    sent.clear();
+    press(dot(0), Qt::RightButton);
+    ASSERT_TRUE(part<QAction>("mnuHistory").isEnabled());
+    choose("mnuHistory");
+    EXPECT_THAT(historyAsked, ElementsAre("Anders"));
+    EXPECT_THAT(sent, IsEmpty());
+}
+
 TEST_F(SeekWindow, MatchOfTheMenuComposesAChallengeToTheSeeker) {
     open();
     threeAds();
@@ -346,11 +357,6 @@ TEST_F(SeekWindow, MatchOfTheMenuComposesAChallengeToTheSeeker) {
     ASSERT_TRUE(dialog);
     EXPECT_TRUE(modChess.MatchMode);
     EXPECT_EQ(dialog->challenge().txtOpp, "Berta");
-}
-
-TEST_F(SeekWindow, HistoryOfTheMenuCannotBeChosenAsLongAsThereIsNoSuchPanel) {
-    open();
-    EXPECT_FALSE(part<QAction>("mnuHistory").isEnabled());
 }
 
 TEST_F(SeekWindow, TheStatusLineAndTheToolTipTellTheAdUnderThePointer) {

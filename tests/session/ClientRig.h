@@ -124,6 +124,8 @@ protected:
             },
         .showMatch = [] {},
         .showSeek = [] {},
+        .showHistory = [] {},
+        .startHistory = [] {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     ScriptedServer loopback;

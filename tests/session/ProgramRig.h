@@ -78,6 +78,8 @@ public:
             },
         .showMatch = [] {},
         .showSeek = [] {},
+        .showHistory = [] {},
+        .startHistory = [] {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     std::unique_ptr<frmChessClient> client;

@@ -74,16 +74,14 @@ TEST_F(TypingWindow, FunctionKeysReplaceTheTextByTheirWord) {
     }
 }
 
-TEST_F(TypingWindow, HelpAndHistoryAreAskedForAsTheirPanelsWillAsk) {
+TEST_F(TypingWindow, HelpIsAskedForAsItsPanelWillAsk) {
     connected();
     type("he tactics");
     EXPECT_TRUE(serverGot("Help tactics\n"));
     EXPECT_EQ(modChess.gHelpTopic, "") << "no panel takes it up later";
     EXPECT_TRUE(consoleHas("he tactics"));
-    type("hi bob");
-    EXPECT_TRUE(serverGot("Help tactics\nHistory bob\n"));
     type("h");
-    EXPECT_TRUE(serverGot("Help tactics\nHistory bob\nh\n"));
+    EXPECT_TRUE(serverGot("Help tactics\nh\n"));
 }
 
 TEST_F(TypingWindow, HelpWhileNotConnectedSaysWhatIsMissing) {
