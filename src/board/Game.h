@@ -8,6 +8,7 @@
 #include "board/MoveInHand.h"
 #include "board/PositionStore.h"
 #include "common/Style12Record.h"
+#include "records/PgnGames.h"
 
 #include <cstdint>
 #include <string>
@@ -42,6 +43,7 @@ struct Game {
     std::int16_t gameIndex = 0; // game number the board answers to; 0 idle
     bool icsMode = false;       // a server game is on this board
     bool GameLoaded = false;    // the moves came from a stored or reviewed game
+    PgnTable PgnGames;          // the games of the file read last
     std::string currentGame;    // text of panel 2 while a game is on
     std::string InitialLine;    // the Style 12 line the game started from
 
@@ -170,6 +172,11 @@ struct Game {
     void grdMovesClick(int row, int col);
     // A double click on lblMove: an examined game goes back to its own moves.
     void lblMoveDoubleClick();
+    // Takes over the game that comes next in `file`, at its start. Nothing goes to the server. Faults (file) when the
+    // file ends within it, (subscript) on a move past row 200, (overflow) on a number past 16 bits.
+    void zReadPGNgame(LineFile& file);
+    // The same with the text of its moves, in words with a blank behind each.
+    void zParsePGN(std::string_view text);
     // The board holds a stored game, at its start: what every taking over of one ends with.
     void holdStoredGame();
     // The texts of rows 1 to LastRow.
@@ -227,6 +234,7 @@ private:
     void sendMove(int from, int to, const std::string& text);
     void setSquare(int square, int code, bool display);
     void localStep(int step);
+    void goToLast();
     void viewStep(int step);
     void putDown();
     void takeBackRecord();
