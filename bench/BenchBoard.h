@@ -35,6 +35,7 @@ struct BenchBoard {
         .tellText = [](int) { return std::string(); },
         .showMatch = [] {},
         .showSeek = [] {},
+        .showExamine = [](std::int32_t) {},
         .consoleFrame = [] { return QRect(); },
         .typingFont = [] { return QFont(); },
         .enableBoardMenu = [] {},

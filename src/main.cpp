@@ -3,6 +3,7 @@
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
+#include "records/frmExamine.h"
 #include "seek/frmMatch.h"
 #include "seek/frmSeek.h"
 #include "session/frmChessClient.h"
@@ -36,7 +37,7 @@ RunningWindows runningWindows() {
     };
 }
 
-// The console, and what it, the boards, the seek graph and the match dialog need of each other.
+// The console, and what it and the other windows need of each other.
 struct Program {
     Sounds sounds;
     ClientRoads roads{
@@ -46,11 +47,13 @@ struct Program {
         .openBoard = [this] { openBoard(); },
         .showMatch = [this] { frmMatch::showIt(match); },
         .showSeek = [this] { frmSeek::showIt(seek); },
+        .showExamine = [this](std::int32_t id) { frmExamine::showIt(examine, id); },
     };
     frmChessClient client{roads};
     BoardRoads boards = client.boardRoads();
     MatchRoads match{.store = roads.store, .zSendMsg = boards.zSendMsg};
     SeekRoads seek = client.seekRoads(match);
+    ExamineRoads examine = client.examineRoads(&frmChessBoard::windowOf);
 
     void openBoard() {
         auto* board = new frmChessBoard(boards); // deletes itself after closing

@@ -19,7 +19,7 @@ QMenu* addMenu(QMenuBar& bar, const char* name, const char* caption) {
 void BoardMenus::build(QMenuBar& bar) {
     QMenu* file = addMenu(bar, "mnuFile", "&File");
     mnuNew = addEntry(file, "mnuNew", "&New Game");
-    addUnbuilt(file, "mnuPGN", "&Read PGN");
+    mnuPGN = addEntry(file, "mnuPGN", "&Read PGN");
     mnuSavePGN = addUnbuilt(file, "mnuSavePGN", "Store &PGN");
     file->addSeparator();
     mnuExit = addEntry(file, "mnuExit", "&Exit");
@@ -39,7 +39,7 @@ void BoardMenus::build(QMenuBar& bar) {
     actions->addSeparator();
     mnuDraw = addEntry(actions, "mnuDraw", "&Draw");
     mnuRes = addEntry(actions, "mnuRes", "&Resign");
-    addUnbuilt(actions, "mnuExamine", "&Eval Player");
+    mnuExamine = addEntry(actions, "mnuExamine", "&Eval Player");
     mnuSelfCheck = addUnbuilt(actions, "mnuSelfCheck", "Self &Check");
     mnuSelfCheck->setVisible(false);
 

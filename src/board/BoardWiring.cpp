@@ -115,12 +115,14 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuBookup, [this] { setPieceSet(0); });
     on(menus_.mnuQuorl, [this] { setPieceSet(1); });
     on(menus_.mnuGNU, [this] { setPieceSet(2); });
+    onChosen(menus_.mnuPGN, this, [this] { mnuPGN(); });
     onChosen(menus_.mnuColors, this, [this] { frmBoardColors::showAt(pos()); });
     onChosen(menus_.mnuSeek, this, [this] { openMatch(false); });
     onChosen(menus_.mnuMatch, this, [this] { openMatch(true); });
     onChosen(menus_.mnuSeekGrf, this, [this] { roads_.showSeek(); });
     onChosen(menus_.mnuDraw, this, [this] { offerDraw(); });
     onChosen(menus_.mnuRes, this, [this] { resign(); });
+    onChosen(menus_.mnuExamine, this, [this] { zExamine(); });
     onChosen(menus_.mnuAbout, this, [this] { showAbout(this); });
     for (QAction* exit : {menus_.mnuExit, menus_.mnuExit1}) onChosen(exit, this, [this] { close(); });
 }

@@ -5,6 +5,7 @@
 #include "common/Needed.h"
 #include "platform/TypingLine.h"
 #include "platform/tcpClient.h"
+#include "records/frmExamine.h"
 #include "seek/SeekRoads.h"
 #include "session/ClientMenus.h"
 #include "session/CommandRow.h"
@@ -35,6 +36,8 @@ struct ClientRoads {
     Needed<void()> showMatch;
     // Shows frmSeek.
     Needed<void()> showSeek;
+    // Shows frmExamine for the board with this id.
+    Needed<void(std::int32_t id)> showExamine;
 };
 
 // Lives as long as the program. Everything is decided in `session`; the window carries events to it and its results to
@@ -55,6 +58,8 @@ public:
     BoardRoads boardRoads();
     // The same of the seek graph; `match` outlives that.
     SeekRoads seekRoads(const MatchRoads& match);
+    // The same of the panel that evaluates a player; `board` gives the window of the board with an id, or null.
+    ExamineRoads examineRoads(const Needed<QWidget*(std::int32_t id)>& board);
 
     Session session{surface()};
     ClientSettings settings;

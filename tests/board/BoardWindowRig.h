@@ -108,6 +108,7 @@ protected:
         .tellText = [this](int index) { return index == 0 ? tell : std::string(); },
         .showMatch = [] {},
         .showSeek = [] {},
+        .showExamine = [this](std::int32_t id) { examined.push_back(id); },
         .consoleFrame = [] { return QRect(); },
         .typingFont = [] { return QFont(); },
         .enableBoardMenu = [this] { ++menuEnabled; },
@@ -116,6 +117,7 @@ protected:
     std::vector<std::string> sent;
     std::vector<std::string> typed;
     std::vector<std::string> asked;
+    std::vector<std::int32_t> examined; // ids for which the panel was asked for
     std::string tell = "finger";
     bool connected = true;
     bool okay = false;

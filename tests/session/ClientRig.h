@@ -124,6 +124,7 @@ protected:
             },
         .showMatch = [] {},
         .showSeek = [] {},
+        .showExamine = [](std::int32_t) {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     ScriptedServer loopback;

@@ -78,6 +78,7 @@ public:
             },
         .showMatch = [] {},
         .showSeek = [] {},
+        .showExamine = [](std::int32_t) {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     std::unique_ptr<frmChessClient> client;
