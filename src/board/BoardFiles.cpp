@@ -2,21 +2,11 @@
 #include "board/frmChessBoard.h"
 
 #include "board/GameRouting.h"
-#include "common/Text.h"
-#include "platform/StreamText.h"
 #include "records/FileDialogs.h"
 #include "records/frmPGN.h"
 
 #include <QApplication>
 #include <QPointer>
-
-namespace {
-
-constexpr long LongestName = 500; // characters; a window system takes no titles of any length
-
-std::string shortened(const std::string& name) { return std::string(mid(name, 1, LongestName)); }
-
-} // namespace
 
 frmChessBoard* frmChessBoard::windowOf(std::int32_t id) {
     if (zFindBoardById(id) < 0) return nullptr;
@@ -57,7 +47,7 @@ void frmChessBoard::zLoadPGN(const std::string& fileName) {
 
 void frmChessBoard::takeGame(const std::string& fileName, int row) {
     const PgnGame& chosen = game.PgnGames[row];
-    game.surface.setTitle(shortened(chosen.White) + " - " + shortened(chosen.Black) + "  " + shortened(chosen.Result));
+    game.surface.setTitle(chosen.White + " - " + chosen.Black + "  " + chosen.Result);
     LineFile file(fileName);
     std::string skipped;
     for (int line = 1; line < chosen.Line; ++line) file.take(skipped);

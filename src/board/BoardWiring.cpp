@@ -31,7 +31,7 @@ GameSurface frmChessBoard::surface() {
         .showHoldings = [this](const std::string& white, const std::string& black) { showHoldings(white, black); },
         .hideHoldings = [this] { hideHoldings(); },
         .setPanel = [this](int panel, const std::string& text) { parts_.panels[panel - 1]->setText(shownText(text)); },
-        .setTitle = [this](const std::string& text) { setWindowTitle(shownText(text)); },
+        .setTitle = [this](const std::string& text) { setWindowTitle(shownStart(text)); },
         .showUn = [this](bool shown) { showUn(shown); },
         .enableSavePGN = [](bool) {}, // there are no PGN files yet
         .bringToFront = [this] { bringInFront(*this); },
@@ -75,7 +75,7 @@ void frmChessBoard::showUn(bool shown) {
 }
 
 void frmChessBoard::showLastMove(const std::string& text) {
-    const QString shown = shownText(text);
+    const QString shown = shownStart(text);
     if (shown == parts_.lblMove->text()) return;
     parts_.lblMove->setText(shown);
     if (!text.empty()) announceDescription(parts_.picChess);

@@ -1,7 +1,6 @@
 // The chooser: which game of a file goes to a board.
 #include "records/frmPGN.h"
 
-#include "common/Text.h"
 #include "common/Twips.h"
 #include "common/modChess.h"
 #include "platform/CellTips.h"
@@ -26,8 +25,7 @@ namespace {
 constexpr int BelowTop = 700 / TwipsPerPixelY; // of the board
 constexpr int CellMargin = 6;                  // pixels, both sides together
 constexpr int RowMargin = 6;
-constexpr int RowsShown = 12;     // of a file that has as many
-constexpr long LongestCell = 500; // characters; more than any screen shows
+constexpr int RowsShown = 12; // of a file that has as many
 
 struct Column {
     const char* heading;
@@ -58,7 +56,7 @@ Qt::Alignment alignmentOf(const Column& column) {
 }
 
 QString cellText(const Column& column, const PgnGame& game, int row) {
-    return column.field ? shownText(mid(game.*column.field, 1, LongestCell)) : QString::number(row);
+    return column.field ? shownStart(game.*column.field) : QString::number(row);
 }
 
 } // namespace

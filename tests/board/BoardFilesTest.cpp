@@ -140,11 +140,16 @@ TEST_F(BoardFiles, AShorterFileShowsItsOwnGamesOnly) {
     EXPECT_EQ(board.game.PgnGames[30].White, "30") << "the table keeps the rows";
 }
 
-TEST_F(BoardFiles, ACaptionIsOfAnyWindowsLength) {
+TEST_F(BoardFiles, OfATextOfAnyLengthItsStartIsShown) {
     frmChessBoard& board = openBoard();
-    read(board, pgnText(std::string(3000000, 'x'), "1. e4"));
+    const std::string longText(1000000, 'x');
+    read(board, pgnText(longText, "1. " + longText + " e5"));
     choose(1);
-    EXPECT_EQ(title(board), std::string(500, 'x') + " - Berta  1-0");
+    EXPECT_EQ(title(board), std::string(500, 'x'));
+    EXPECT_EQ(part<MoveGrid>(board, "grdMoves").model()->index(0, 1).data().toString().size(), 500);
+    board.game.grdMovesClick(1, 1);
+    EXPECT_EQ(label(board, "lblMove"), "1. " + std::string(497, 'x'));
+    EXPECT_EQ(move(board, 1, 1), longText) << "the game has all of it";
 }
 
 // What goes meanwhile
