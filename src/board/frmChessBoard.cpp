@@ -184,7 +184,9 @@ void frmChessBoard::closeEvent(QCloseEvent* event) {
 }
 
 bool frmChessBoard::mayClose() {
-    const CloseFacts facts{openWindows.count("frmChessBoard"), !askedByUser_, openWindows.count("frmPGN") > 0,
+    // A board that refused while the program closes, as its chooser was open, is asked once more by its end.
+    const bool byProgram = !askedByUser_ || modChess.AppClosing;
+    const CloseFacts facts{openWindows.count("frmChessBoard"), byProgram, openWindows.count("frmPGN") > 0,
                            modChess.AppClosing};
     const CloseDecision decision = queryUnload(game, facts);
     if (decision.enableBoardMenu) roads_.enableBoardMenu();

@@ -174,6 +174,19 @@ TEST_F(BoardFiles, AnotherBoardsFirstCloseClosesItToo) {
     EXPECT_TRUE(other.isVisible());
 }
 
+TEST_F(BoardFiles, AProgramThatClosesClosesTheChooserAndThenTheBoardToo) {
+    frmChessBoard& board = openBoard();
+    read(board, pgnTexts(2));
+    modChess.AppClosing = true;
+    openWindows.unload("frmChessBoard");
+    EXPECT_EQ(chooser(), nullptr);
+    EXPECT_TRUE(board.isVisible());
+    openWindows.remove(&board); // as the console does with one that refused
+    board.close();
+    EXPECT_FALSE(board.isVisible());
+    EXPECT_NE(stored("Left"), "(absent)") << "its place is kept";
+}
+
 TEST_F(BoardFiles, ABoardThatGoesTakesItsChooserAndTheChoiceGoesNowhere) {
     const QPointer<frmChessBoard> board = &openBoard();
     read(*board, pgnTexts(2));
