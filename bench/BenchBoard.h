@@ -37,6 +37,7 @@ struct BenchBoard {
         .tellText = [](int) { return std::string(); },
         .showMatch = [] {},
         .showSeek = [] {},
+        .showExamine = [](std::int32_t) {},
         .consoleFrame = [] { return QRect(); },
         .typingFont = [] { return QFont(); },
         .enableBoardMenu = [] {},

@@ -3,6 +3,7 @@
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
+#include "records/frmExamine.h"
 #include "records/frmHistory.h"
 #include "seek/frmMatch.h"
 #include "seek/frmSeek.h"
@@ -37,7 +38,7 @@ RunningWindows runningWindows() {
     };
 }
 
-// The console, and what it, the boards, the seek graph, the match dialog and the lists of games need of each other.
+// The console, and what it and the other windows need of each other.
 struct Program {
     Sounds sounds;
     ClientRoads roads{
@@ -49,11 +50,13 @@ struct Program {
         .showSeek = [this] { frmSeek::showIt(seek); },
         .showHistory = [this] { frmHistory::showIt(history); },
         .startHistory = [this] { frmHistory::startIt(history); },
+        .showExamine = [this](std::int32_t id) { frmExamine::showIt(examine, id); },
     };
     frmChessClient client{roads};
     BoardRoads boards = client.boardRoads();
     MatchRoads match{.store = roads.store, .zSendMsg = boards.zSendMsg};
     SeekRoads seek = client.seekRoads(match);
+    ExamineRoads examine = client.examineRoads(&frmChessBoard::windowOf);
     HistoryRoads history = client.historyRoads();
 
     void openBoard() {

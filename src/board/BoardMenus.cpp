@@ -19,7 +19,7 @@ QMenu* addMenu(QMenuBar& bar, const char* name, const char* caption) {
 void BoardMenus::build(QMenuBar& bar) {
     QMenu* file = addMenu(bar, "mnuFile", "&File");
     mnuNew = addEntry(file, "mnuNew", "&New Game");
-    addUnbuilt(file, "mnuPGN", "&Read PGN");
+    mnuPGN = addEntry(file, "mnuPGN", "&Read PGN");
     mnuSavePGN = addEntry(file, "mnuSavePGN", "Store &PGN");
     mnuSavePGN->setEnabled(false); // until the board has a record
     file->addSeparator();
@@ -40,7 +40,7 @@ void BoardMenus::build(QMenuBar& bar) {
     actions->addSeparator();
     mnuDraw = addEntry(actions, "mnuDraw", "&Draw");
     mnuRes = addEntry(actions, "mnuRes", "&Resign");
-    addUnbuilt(actions, "mnuExamine", "&Eval Player");
+    mnuExamine = addEntry(actions, "mnuExamine", "&Eval Player");
     mnuSelfCheck = addUnbuilt(actions, "mnuSelfCheck", "Self &Check");
     mnuSelfCheck->setVisible(false);
 

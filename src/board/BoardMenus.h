@@ -7,6 +7,7 @@ class QMenuBar;
 // Made once by `build`; every entry lives as long as the window.
 struct BoardMenus {
     QAction* mnuNew = nullptr;
+    QAction* mnuPGN = nullptr;
     QAction* mnuSavePGN = nullptr;
     QAction* mnuExit = nullptr;
     QAction* mnuInvert = nullptr;
@@ -20,6 +21,7 @@ struct BoardMenus {
     QAction* mnuSeekGrf = nullptr;
     QAction* mnuDraw = nullptr;
     QAction* mnuRes = nullptr;
+    QAction* mnuExamine = nullptr;
     QAction* mnuSelfCheck = nullptr; // not shown but with a command line that holds "est"
     QAction* mnuAbout = nullptr;
     QAction* mnuExit1 = nullptr;

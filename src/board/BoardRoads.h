@@ -33,6 +33,8 @@ struct BoardRoads {
     Needed<void()> showMatch;
     // Shows frmSeek and ticks the console's mnuSeekGrf.
     Needed<void()> showSeek;
+    // Shows frmExamine for the board with this id.
+    Needed<void(std::int32_t id)> showExamine;
     // The console with its frame, in pixels of the screen; empty while there is none.
     Needed<QRect()> consoleFrame;
     // The font of the console's command line.

@@ -32,7 +32,7 @@ GameSurface frmChessBoard::surface() {
         .showHoldings = [this](const std::string& white, const std::string& black) { showHoldings(white, black); },
         .hideHoldings = [this] { hideHoldings(); },
         .setPanel = [this](int panel, const std::string& text) { parts_.panels[panel - 1]->setText(shownText(text)); },
-        .setTitle = [this](const std::string& text) { setWindowTitle(shownText(text)); },
+        .setTitle = [this](const std::string& text) { setWindowTitle(shownStart(text)); },
         .showUn = [this](bool shown) { showUn(shown); },
         .enableSavePGN = [this](bool enabled) { menus_.mnuSavePGN->setEnabled(enabled); },
         .bringToFront = [this] { bringInFront(*this); },
@@ -79,7 +79,7 @@ void frmChessBoard::showUn(bool shown) {
 }
 
 void frmChessBoard::showLastMove(const std::string& text) {
-    const QString shown = shownText(text);
+    const QString shown = shownStart(text);
     if (shown == parts_.lblMove->text()) return;
     parts_.lblMove->setText(shown);
     if (!text.empty()) announceDescription(parts_.picChess);
@@ -120,12 +120,14 @@ void frmChessBoard::connectMenus() {
     on(menus_.mnuBookup, [this] { setPieceSet(0); });
     on(menus_.mnuQuorl, [this] { setPieceSet(1); });
     on(menus_.mnuGNU, [this] { setPieceSet(2); });
+    onChosen(menus_.mnuPGN, this, [this] { mnuPGN(); });
     onChosen(menus_.mnuColors, this, [this] { frmBoardColors::showAt(pos()); });
     onChosen(menus_.mnuSeek, this, [this] { openMatch(false); });
     onChosen(menus_.mnuMatch, this, [this] { openMatch(true); });
     onChosen(menus_.mnuSeekGrf, this, [this] { roads_.showSeek(); });
     onChosen(menus_.mnuDraw, this, [this] { offerDraw(); });
     onChosen(menus_.mnuRes, this, [this] { resign(); });
+    onChosen(menus_.mnuExamine, this, [this] { zExamine(); });
     onChosen(menus_.mnuAbout, this, [this] { showAbout(this); });
     for (QAction* exit : {menus_.mnuExit, menus_.mnuExit1}) onChosen(exit, this, [this] { close(); });
 }

@@ -9,6 +9,7 @@
 #include "board/PositionStore.h"
 #include "common/GameRecord.h"
 #include "common/Style12Record.h"
+#include "records/PgnGames.h"
 
 #include <cstdint>
 #include <string>
@@ -43,6 +44,7 @@ struct Game {
     std::int16_t gameIndex = 0; // game number the board answers to; 0 idle
     bool icsMode = false;       // a server game is on this board
     bool GameLoaded = false;    // the moves came from a stored or reviewed game
+    PgnTable PgnGames;          // the games of the file read last
     std::string currentGame;    // text of panel 2 while a game is on
     std::string InitialLine;    // the Style 12 line the game started from
 
@@ -173,6 +175,11 @@ struct Game {
     void grdMovesClick(int row, int col);
     // A double click on lblMove: an examined game goes back to its own moves.
     void lblMoveDoubleClick();
+    // Takes over the game that comes next in `file`, at its start. Nothing goes to the server. Faults (file) when the
+    // file ends within it, (subscript) on a move past row 200, (overflow) on a number past 16 bits.
+    void zReadPGNgame(LineFile& file);
+    // The same with the text of its moves, in words with a blank behind each.
+    void zParsePGN(std::string_view text);
     // The board holds a stored game, at its start: what every taking over of one ends with.
     void holdStoredGame();
 
@@ -243,6 +250,7 @@ private:
     void takeMoves(int lastRow);
     void goOnLive();
     void localStep(int step);
+    void goToLast();
     void viewStep(int step);
     void putDown();
     void takeBackRecord();

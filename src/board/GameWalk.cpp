@@ -68,8 +68,17 @@ void Game::localStep(int step) {
         zStepForward(true);
         showCurrentMove();
     } else if (step == Last && CanForward) {
-        zGoToPosition(LastRow, static_cast<std::int16_t>(LastCol + 1));
+        goToLast();
         zSetTop();
+    }
+}
+
+// A game from a file may end with the number of a move that is not there: its last move is in the row above.
+void Game::goToLast() {
+    if (LastCol < 0) {
+        zGoToPosition(static_cast<std::int16_t>(LastRow - 1), 2);
+    } else {
+        zGoToPosition(LastRow, static_cast<std::int16_t>(LastCol + 1));
     }
 }
 

@@ -56,7 +56,7 @@ const char* tintInWords(std::int32_t tint) {
 QString moveInWords(const MoveGridState& state, int row, int col) {
     const std::string& text = state.text(row, col);
     if (col == 0 || text.empty()) return shownText(text);
-    return shownText(describeMove(std::to_string(row) + (col == 1 ? ". " : ".. ") + text));
+    return shownStart(describeMove(std::to_string(row) + (col == 1 ? ". " : ".. ") + text));
 }
 
 // A cell is a tint and a short text: the style's own painter takes several times as long, at every move of a game.
@@ -76,7 +76,7 @@ private:
     static void paintText(QPainter* painter, const QStyleOptionViewItem& option, const GridCell& cell, bool plain,
                           int column) {
         painter->setPen(plain ? option.palette.color(QPalette::Text) : QColor(Qt::black));
-        const QString text = shownText(cell.text);
+        const QString text = shownStart(cell.text);
         const QFontMetrics& metrics = option.fontMetrics;
         const QRect inside = option.rect.adjusted(CellMargin, 0, -CellMargin, 0);
         if (text.size() > AlwaysFits && metrics.horizontalAdvance(text) > inside.width()) {
@@ -120,7 +120,7 @@ public:
 
     QVariant data(const QModelIndex& index, int role) const override {
         const GridCell& cell = state_.cells[index.row() + 1][index.column()];
-        if (role == Qt::DisplayRole) return shownText(cell.text);
+        if (role == Qt::DisplayRole) return shownStart(cell.text);
         if (role == Qt::AccessibleTextRole) return moveInWords(state_, index.row() + 1, index.column());
         if (role == Qt::AccessibleDescriptionRole) return QString::fromLatin1(tintInWords(cell.tint));
         return {};

@@ -155,6 +155,7 @@ void frmChessBoard::unload() {
 void frmChessBoard::finishClosing() {
     closed_ = true;
     input_.stop();
+    openFile_.reset();
     zSaveReg(roads_.store, BoardSection, placer_.place());
     openWindows.remove(this);
 }
@@ -183,9 +184,13 @@ void frmChessBoard::closeEvent(QCloseEvent* event) {
 }
 
 bool frmChessBoard::mayClose() {
-    const CloseFacts facts{openWindows.count("frmChessBoard"), !askedByUser_, false, modChess.AppClosing};
+    // A board that refused while the program closes, as its chooser was open, is asked once more by its end.
+    const bool byProgram = !askedByUser_ || modChess.AppClosing;
+    const CloseFacts facts{openWindows.count("frmChessBoard"), byProgram, openWindows.count("frmPGN") > 0,
+                           modChess.AppClosing};
     const CloseDecision decision = queryUnload(game, facts);
     if (decision.enableBoardMenu) roads_.enableBoardMenu();
+    if (decision.closeChooser) openWindows.unload("frmPGN");
     if (decision.refused) return false;
     if (decision.unloadPanels) {
         for (const char* panel : {"frmBoardColors", "frmMatch", "frmPGN", "frmExamine"}) openWindows.unload(panel);

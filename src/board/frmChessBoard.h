@@ -44,6 +44,16 @@ public:
     // than `limit` pixels; the next zBoardSetup chooses a list anew.
     void zSetBookup(std::int16_t set, std::int16_t limit);
 
+    // The desktop's dialog for a game file to read, see records/FileDialogs.h. The window may be gone afterwards.
+    std::string zLoadFile(bool pgn);
+    // Reads which games a file has, shows them in frmPGN, and takes over the one that is chosen there, if the window is
+    // still there then; mnuSavePGN is disabled in every case. Faults (file), and as readPgnTags does.
+    void zLoadPGN(const std::string& fileName);
+    // Shows frmExamine for this board.
+    void zExamine() { roads_.showExamine(game.id); }
+    // The window of the board with this id; null when there is none any more.
+    static frmChessBoard* windowOf(std::int32_t id);
+
     Game game{surface(), gridSurface()};
 
 Q_SIGNALS:
@@ -72,6 +82,8 @@ private:
     void finishClosing();
     void saveGame();
     void openMatch(bool challenge);
+    void mnuPGN();
+    void takeGame(const std::string& fileName, int row);
     void sendTyped(const std::string& text);
     void offerDraw();
     void resign();
@@ -96,6 +108,7 @@ private:
     QTimer tmrNoPlay_;
     QTimer tmrResize_;
     ResizeWatch resizeWatch_;
+    std::unique_ptr<LineFile> openFile_; // a file with so many games that its reading did not come to the end
     bool askedByUser_ = true;
     bool closed_ = false;
     bool asking_ = false;  // the question before closing is up

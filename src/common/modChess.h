@@ -38,6 +38,9 @@ struct ModChess {
     std::string ExamineHandle;  // what frmExamine held when its Exit was pressed
     std::string ExamineGame;
 
+    // Who has file number 1, under which game files are open; null for nobody.
+    const void* FileOneHolder = nullptr;
+
     // Tells
     std::int16_t TellType = 0;
     std::string TellTarget;    // handle, or channel number in digits, of the latest tell

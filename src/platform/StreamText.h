@@ -12,6 +12,13 @@ inline QString shownText(std::string_view bytes) {
     return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
+// The same of a text that may be of any length, for one line of a label, a cell or a title: no more of it than any
+// screen could show.
+inline QString shownStart(std::string_view bytes) {
+    constexpr std::size_t Longest = 500; // characters
+    return shownText(bytes.substr(0, Longest));
+}
+
 // The inverse; what Latin-1 does not hold becomes "?".
 inline std::string bytesOf(const QString& text) { return text.toLatin1().toStdString(); }
 

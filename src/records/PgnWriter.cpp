@@ -4,6 +4,7 @@
 #include "common/Fault.h"
 #include "common/Text.h"
 #include "common/WriteAll.h"
+#include "records/FileOne.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -84,12 +85,14 @@ std::string pgnText(const GameRecord& record) {
 
 void zWriteGame(const std::string& fileName, const GameRecord& record, const PgnWriterHooks& hooks) {
     const bool saved = passOver([&] {
-        const std::string text = pgnText(record);
-        if (!text.empty()) append(fileName, text);
+        if (record.LastMove == 0) return;
+        const FileOne number;
+        append(fileName, pgnText(record));
     });
     if (saved) {
         hooks.print("\nGame was saved to " + fileName + "\n");
     } else {
+        FileOne::close();
         hooks.tell("Game could not be saved.");
     }
 }

@@ -18,5 +18,6 @@ struct PgnWriterHooks {
 std::string pgnText(const GameRecord& record);
 
 // Adds the game at the end of the file at `fileName` (in the file system's own bytes), which is created if it is not
-// there, and tells the user. On a failure the file is as it was before. Never faults.
+// there, and tells the user. On a failure, such as a game file that is open already, the file is as it was before and
+// none is open any more. Never faults.
 void zWriteGame(const std::string& fileName, const GameRecord& record, const PgnWriterHooks& hooks);

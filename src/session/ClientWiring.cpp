@@ -155,6 +155,16 @@ HistoryRoads frmChessClient::historyRoads() {
     };
 }
 
+ExamineRoads frmChessClient::examineRoads(const Needed<QWidget*(std::int32_t id)>& board) {
+    return {
+        .board = board,
+        .handle = [this] { return session.logOn.handle; },
+        .zSendMsg = [this](const std::string& text) { session.road.zSendMsg(text); },
+        .zGetMoves = [this](std::int16_t relation,
+                            const std::string& arguments) { session.zGetMoves(relation, arguments); },
+    };
+}
+
 void frmChessClient::connectSocket() {
     tcpClient_.onClose = [this] { session.socketClosed(); };
     tcpClient_.onError = [this](const std::string& description) { session.socketError(description); };
@@ -190,6 +200,7 @@ BoardRoads frmChessClient::boardRoads() {
         .tellText = [this](int index) { return settings.Tell[index]; },
         .showMatch = roads_.showMatch,
         .showSeek = [this] { wantSeek(); },
+        .showExamine = roads_.showExamine,
         .consoleFrame = [this] { return frameGeometry(); },
         .typingFont = [this] { return txtSend->font(); },
         .enableBoardMenu = [this] { menus.mnuBoard->setEnabled(true); },

@@ -6,6 +6,7 @@
 #include "platform/TypingLine.h"
 #include "platform/tcpClient.h"
 #include "records/HistoryRoads.h"
+#include "records/frmExamine.h"
 #include "seek/SeekRoads.h"
 #include "session/ClientMenus.h"
 #include "session/CommandRow.h"
@@ -40,6 +41,8 @@ struct ClientRoads {
     Needed<void()> showHistory;
     // The same, and has it start anew with modChess.gHelpTopic.
     Needed<void()> startHistory;
+    // Shows frmExamine for the board with this id.
+    Needed<void(std::int32_t id)> showExamine;
 };
 
 // Lives as long as the program. Everything is decided in `session`; the window carries events to it and its results to
@@ -62,6 +65,8 @@ public:
     SeekRoads seekRoads(const MatchRoads& match);
     // The same of the lists of games.
     HistoryRoads historyRoads();
+    // The same of the panel that evaluates a player; `board` gives the window of the board with an id, or null.
+    ExamineRoads examineRoads(const Needed<QWidget*(std::int32_t id)>& board);
 
     Session session{surface()};
     ClientSettings settings;

@@ -111,6 +111,7 @@ protected:
         .tellText = [this](int index) { return index == 0 ? tell : std::string(); },
         .showMatch = [] {},
         .showSeek = [] {},
+        .showExamine = [this](std::int32_t id) { examined.push_back(id); },
         .consoleFrame = [] { return QRect(); },
         .typingFont = [] { return QFont(); },
         .enableBoardMenu = [this] { ++menuEnabled; },
@@ -121,6 +122,7 @@ protected:
     std::vector<std::string> printed;                        // at the console
     std::vector<std::pair<std::string, GameRecord>> written; // to PGN files
     std::vector<std::string> asked;
+    std::vector<std::int32_t> examined; // ids for which the panel was asked for
     std::string tell = "finger";
     bool connected = true;
     bool okay = false;

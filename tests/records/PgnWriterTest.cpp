@@ -1,6 +1,7 @@
 // Games written to PGN files: every byte, and files that cannot take one.
 #include "records/PgnWriter.h"
 
+#include "records/FileOne.h"
 #include "records/MoveListRig.h"
 #include "settings/TemporaryFolder.h"
 
@@ -13,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <random>
@@ -189,6 +191,15 @@ TEST_F(PgnWriter, TwoSavesToOneNameGiveTwoGamesOneBehindTheOther) {
     record.White = "Other";
     write("games.pgn");
     EXPECT_EQ(folder.read("games.pgn"), "what stood there\n" + first + pgnText(record));
+}
+
+TEST_F(PgnWriter, AGameFileThatIsOpenAlreadyFailsOnceAndIsClosedByThat) {
+    const FileOne chooser;
+    expectFailure("games.pgn");
+    EXPECT_FALSE(std::filesystem::exists("games.pgn"));
+    told.clear();
+    write("games.pgn");
+    EXPECT_THAT(told, ElementsAre(HasSubstr("Game was saved to ")));
 }
 
 TEST_F(PgnWriter, AGameWithoutMovesTouchesNoFileAndIsToldToBeSaved) {

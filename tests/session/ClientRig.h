@@ -126,6 +126,7 @@ protected:
         .showSeek = [] {},
         .showHistory = [] {},
         .startHistory = [] {},
+        .showExamine = [](std::int32_t) {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     ScriptedServer loopback;

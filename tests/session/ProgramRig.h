@@ -80,6 +80,7 @@ public:
         .showSeek = [] {},
         .showHistory = [] {},
         .startHistory = [] {},
+        .showExamine = [](std::int32_t) {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     std::unique_ptr<frmChessClient> client;

@@ -1,0 +1,36 @@
+// Taking over a game from a file.
+#include "board/Game.h"
+
+#include "board/Style12Line.h"
+#include "records/PgnMoves.h"
+
+#include <utility>
+
+// A board with a game of the server on it makes the moves as any other does, and sends none.
+void Game::zReadPGNgame(LineFile& file) {
+    const std::string text = readPgnMoves(file);
+    putDown();
+    const bool live = std::exchange(icsMode, false);
+    zLoadPosition(FixedStartLine, false);
+    zParsePGN(text);
+    icsMode = live;
+    holdStoredGame();
+}
+
+// All moves are made once, which stores their positions.
+void Game::zParsePGN(std::string_view text) {
+    zBoardSetup(true);
+    zLoadPosition(FixedStartLine, false);
+    const PgnEnd end = cutPgnMoves(
+        text, [this](std::int16_t number, int side, std::string_view move) { MoveText[number][side] = move; });
+    LastRow = 0;
+    Turn = 1;
+    zEnd();
+    LastRow = end.number;
+    Turn = 1;
+    LastCol = static_cast<std::int16_t>(end.state - 1);
+    MoveRow = 1;
+    zFillMoveList();
+    zSetTop();
+    zStart();
+}

@@ -1,0 +1,28 @@
+// Tool tips of a table: what does not fit into its cell.
+#pragma once
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
+
+// For texts of others, which may be longer than any column. Shown as plain text.
+class CellTips : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const bool cut = sizeHint(option, index).width() > view->visualRect(index).width();
+        const QString text = index.data().toString();
+        QToolTip::showText(event->globalPos(), cut ? plain(text) : QString(), view);
+        return true;
+    }
+
+private:
+    static QString plain(const QString& text) {
+        return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+    }
+};

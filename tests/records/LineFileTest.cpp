@@ -1,0 +1,110 @@
+// Game files as lines, and the one number under which they are open.
+#include "records/LineFile.h"
+
+#include "records/PgnRig.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <sys/resource.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using namespace std::string_literals;
+
+namespace {
+
+long peakKilobytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+} // namespace
+
+TEST(LineFile, AFileWithoutAByteHasNoLine) { EXPECT_THAT(PgnRig().lines(""), IsEmpty()); }
+
+TEST(LineFile, ReturnAndFeedEndALineTogetherAndEachByItself) {
+    EXPECT_THAT(PgnRig().lines("a\r\nb\r\n"), ElementsAre("a", "b"));
+    EXPECT_THAT(PgnRig().lines("a\nb\n"), ElementsAre("a", "b"));
+    EXPECT_THAT(PgnRig().lines("a\rb\r"), ElementsAre("a", "b"));
+    EXPECT_THAT(PgnRig().lines("a\rb\nc\r\nd"), ElementsAre("a", "b", "c", "d"));
+}
+
+TEST(LineFile, AnEndBehindAnEndGivesAnEmptyLine) {
+    EXPECT_THAT(PgnRig().lines("a\r\n\r\nb"), ElementsAre("a", "", "b"));
+    EXPECT_THAT(PgnRig().lines("a\n\rb"), ElementsAre("a", "", "b"));
+    EXPECT_THAT(PgnRig().lines("a\r\r\nb"), ElementsAre("a", "", "b"));
+    EXPECT_THAT(PgnRig().lines("\n"), ElementsAre(""));
+}
+
+TEST(LineFile, TheEndOfTheFileEndsTheLastLine) { EXPECT_THAT(PgnRig().lines("a\nb"), ElementsAre("a", "b")); }
+
+TEST(LineFile, NulAndEveryOtherByteBelongToTheirLine) {
+    EXPECT_THAT(PgnRig().lines("a\0b\x1A\xFF\t \nc"s), ElementsAre("a\0b\x1A\xFF\t "s, "c"));
+}
+
+TEST(LineFile, ALineAndAnEndMayLieAcrossTwoPieces) {
+    const std::string before(65535, 'x');
+    EXPECT_THAT(PgnRig().lines(before + "\r\ny\r\n"), ElementsAre(before, "y")) << "CR last in its piece";
+    EXPECT_THAT(PgnRig().lines(before + "\r"), ElementsAre(before));
+    EXPECT_THAT(PgnRig().lines(before + "zz\n"), ElementsAre(before + "zz"));
+    EXPECT_THAT(PgnRig().lines(before + "\r\n"), ElementsAre(before)) << "nothing behind the LF";
+}
+
+TEST(LineFile, TakingALineBehindTheLastOneIsAFault) {
+    const PgnRig rig;
+    rig.file("a\n");
+    LineFile file(rig.path());
+    std::string line;
+    file.take(line);
+    EXPECT_EQ(line, "a");
+    EXPECT_EQ(faultOf([&] { file.take(line); }), "file");
+}
+
+TEST(LineFile, AFileThatIsNotThereAndAFolderAreFaults) {
+    const PgnRig rig;
+    EXPECT_EQ(faultOf([&] { const LineFile file(rig.path()); }), "file");
+    EXPECT_EQ(faultOf([&] { const LineFile file(rig.folder.path().string()); }), "file");
+    EXPECT_EQ(modChess.FileOneHolder, nullptr) << "and nothing stays open";
+}
+
+TEST(LineFile, OneIsOpenAtATime) {
+    const PgnRig rig;
+    rig.file("a\n");
+    {
+        const LineFile first(rig.path());
+        EXPECT_EQ(faultOf([&] { const LineFile second(rig.path()); }), "file");
+        EXPECT_EQ(faultOf([&] { const LineFile third(rig.path()); }), "file") << "the first is open still";
+    }
+    EXPECT_EQ(faultOf([&] { const LineFile file(rig.path()); }), "none");
+}
+
+TEST(LineFile, ClosingTheNumberLetsAnotherFileHaveIt) {
+    const PgnRig rig;
+    rig.file("a\n");
+    auto first = std::make_unique<LineFile>(rig.path());
+    FileOne::close();
+    const LineFile second(rig.path());
+    first.reset();
+    EXPECT_EQ(faultOf([&] { const LineFile third(rig.path()); }), "file")
+        << "the second has it, whatever became of the "
+           "first";
+}
+
+TEST(LineFile, FiftyMegabytesOfLinesTakeNoMoreRoomThanOne) {
+    const PgnRig rig;
+    std::string part;
+    while (part.size() < 1000000) part += "a line of a file that has many of them\n";
+    {
+        std::ofstream file(rig.path(), std::ios::binary);
+        for (int count = 0; count < 50; ++count) file << part;
+    }
+    ASSERT_GE(std::filesystem::file_size(rig.path()), 50000000U);
+    const long before = peakKilobytes();
+    LineFile file(rig.path());
+    long lines = 0;
+    for (std::string line; file.next(line);) ++lines;
+    EXPECT_EQ(lines, std::ranges::count(part, '\n') * 50);
+    EXPECT_LE(peakKilobytes() - before, 2000);
+}
