@@ -46,8 +46,9 @@ QString inCapitals(QString text) {
 
 // The left edge of a window beside another or, where the screen has room on neither side, within it.
 int leftBeside(const QRect& other, int width, const QRect& screen) {
-    if (other.right() + 1 + Gap + width <= screen.right() + 1) return other.right() + 1 + Gap;
-    if (other.left() - Gap - width >= screen.left()) return other.left() - Gap - width;
+    for (const int left : {other.right() + 1 + Gap, other.left() - Gap - width}) {
+        if (left >= screen.left() && left + width <= screen.right() + 1) return left;
+    }
     return std::max(std::min(other.right(), screen.right()) + 1 - width, screen.left());
 }
 

@@ -89,9 +89,9 @@ TEST_F(BoardColoring, ABoardThatClosesTakesTheOtherPanelsAlongBeforeItAsks) {
     frmChessBoard& board = open();
     position(board.game, 1);
     std::vector<std::string> unloaded;
-    const char ids[4]{};
+    const char ids[3]{};
     int number = 0;
-    for (const char* name : {"frmExamine", "frmPGN", "frmMatch", "frmNotes"}) {
+    for (const char* name : {"frmExamine", "frmMatch", "frmNotes"}) {
         openWindows.add({name, &ids[number++], [&unloaded, name] { unloaded.emplace_back(name); }});
     }
     boxes.okCancel = [&](QWidget*, const std::string&, const std::string&) {
@@ -99,6 +99,6 @@ TEST_F(BoardColoring, ABoardThatClosesTakesTheOtherPanelsAlongBeforeItAsks) {
         return false;
     };
     board.close();
-    EXPECT_EQ(unloaded, (std::vector<std::string>{"frmMatch", "frmPGN", "frmExamine", "box"}));
+    EXPECT_EQ(unloaded, (std::vector<std::string>{"frmMatch", "frmExamine", "box"}));
     openWindows.windows.resize(1);
 }

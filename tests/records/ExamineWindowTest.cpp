@@ -381,8 +381,9 @@ TEST_F(ExamineWindow, StandsBesideItsBoardOrWithinItAndOnItsScreen) {
             board->setGeometry(at);
             open();
             const QRect frame = panel->frameGeometry();
-            EXPECT_TRUE(area.contains(frame)) << screen->name().toStdString() << ": " << frame.x() << " " << frame.y()
-                                              << " " << frame.width() << " " << frame.height();
+            EXPECT_TRUE(board->screen()->availableGeometry().contains(frame))
+                << screen->name().toStdString() << ": " << frame.x() << " " << frame.y() << " " << frame.width() << " "
+                << frame.height();
             return panel->frameGeometry();
         };
         const QSize size(area.width() / 2, area.height() / 2);
@@ -395,6 +396,7 @@ TEST_F(ExamineWindow, StandsBesideItsBoardOrWithinItAndOnItsScreen) {
         EXPECT_TRUE(area.contains(whole)) << "within it";
         placeBeside({area.bottomLeft() - QPoint(0, 40), size});
         placeBeside({area.topLeft() - QPoint(300, 300), size});
+        placeBeside({area.topLeft() - QPoint(size.width() + 100, 0), size});
     }
 }
 
