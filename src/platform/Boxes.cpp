@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTimer>
 
 #include <memory>
@@ -104,10 +105,17 @@ std::optional<std::string> realFileOpen(QWidget* parent, const std::string& titl
     return askForPath(box);
 }
 
+// "pgn" of the filter "PGN Files (*.pgn)"; empty for one that names no ending.
+QString endingOf(const std::string& filter) {
+    static const QRegularExpression ending(QStringLiteral("\\(\\*\\.(\\w+)"));
+    return ending.match(shownText(filter)).captured(1);
+}
+
 std::optional<std::string> realFileSave(QWidget* parent, const std::string& title, const std::string& start,
                                         const std::string& filter) {
     QFileDialog* box = fileBox(parent, title, start, filter);
     box->setAcceptMode(QFileDialog::AcceptSave);
+    box->setDefaultSuffix(endingOf(filter));
     return askForPath(box);
 }
 

@@ -38,8 +38,9 @@ struct Boxes {
     // A colour 0xBBGGRR chosen from `start`; nothing on Cancel.
     std::function<std::optional<std::int32_t>(QWidget* parent, std::int32_t start)> colour;
 
-    // The path of a file to read, or to write (asked again before one that exists is replaced); nothing on Cancel.
-    // `start` is a folder or a file to start from; `filter` reads "PGN Files (*.pgn);;All Files (*)".
+    // The path of a file to read, or to write (asked again before one that exists is chosen); nothing on Cancel.
+    // `start` is a folder or a file to start from; `filter` reads "PGN Files (*.pgn);;All Files (*)". A name to write
+    // that is typed without an ending gets that of the filter.
     FileChoice fileOpen;
     FileChoice fileSave;
 

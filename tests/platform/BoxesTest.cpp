@@ -151,6 +151,19 @@ TEST_F(BoxesTest, AFileToSaveComesBackWithItsPath) {
     EXPECT_EQ(real.fileSave(nullptr, "Save", inFolder("new.pgn"), "PGN Files (*.pgn)"), inFolder("new.pgn"));
 }
 
+TEST_F(BoxesTest, ANameTypedWithoutAnEndingGetsThatOfTheFilter) {
+    const auto typed = [this](const char* name, const char* filter) {
+        nextBox<QFileDialog>([name](QFileDialog& box) {
+            box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QString::fromLatin1(name));
+            QMetaObject::invokeMethod(&box, "accept");
+        });
+        return real.fileSave(nullptr, "Save", inFolder("new.pgn"), filter);
+    };
+    EXPECT_EQ(typed("mine", "PGN Files (*.pgn)"), inFolder("mine.pgn"));
+    EXPECT_EQ(typed("mine.txt", "PGN Files (*.pgn)"), inFolder("mine.txt"));
+    EXPECT_EQ(typed("mine", "All Files (*)"), inFolder("mine"));
+}
+
 TEST_F(BoxesTest, AFileToOpenComesBackWithItsPath) {
     QFile file(QString::fromStdString(inFolder("old.pgn")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
