@@ -26,9 +26,10 @@ NAMES = ("Pupil", "Rookery")  # white and black
 
 
 class Engine:
-    """Lists legal moves."""
+    """Lists legal moves; a pawn becomes one of `promotions`."""
 
-    def __init__(self):
+    def __init__(self, promotions="q"):
+        self.move = re.compile(f"([a-h][1-8][a-h][1-8][{promotions}]?): 1$")
         path = shutil.which("fairy-stockfish", path="/usr/games:/usr/bin:/usr/local/bin")
         self.process = subprocess.Popen([path], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, bufsize=1)
 
@@ -38,7 +39,7 @@ class Engine:
         for line in self.process.stdout:
             if line.startswith("Nodes searched"):
                 return found
-            if move := re.match(r"([a-h][1-8][a-h][1-8]q?): 1$", line):
+            if move := self.move.match(line):
                 found.append(move[1])
 
     def randomGame(self, dice, plies):
