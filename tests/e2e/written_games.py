@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Games of the practice server, written as a PGN file from its move lists, and read by an independent program.
+"""Games written as a PGN file from a server's move lists, and read by an independent program.
 
     tests/e2e/written_games.py [--games 1000] [--plies 120] [--seed 1]
 
-Legal moves at random, by the packaged engine, with every kind of promotion. What `pgn-extract` reads in the file has to
-be, without a complaint, the moves that were played, the players and the result."""
+The games are played on the practice server, legal moves at random by the packaged engine with every kind of promotion;
+then come the published games of the tests' data. What `pgn-extract` reads in the file has to be, without a complaint,
+the moves that were played, the players and the result."""
 import argparse
 import os
 import pathlib
@@ -15,11 +16,13 @@ import sys
 import tempfile
 
 from peers import Partner, PracticeServer
-from rig import BUILD
+from rig import BUILD, ROOT
 from soak import Engine
 
 NAMES = ("Pupil", "Rookery")  # white and black
-PATH = os.environ["PATH"] + ":/usr/games"
+PUBLISHED = ROOT / "tests/data/games/standard.pgn"
+MOST_MOVES = 200  # of a list that can be read
+PROMPT = "fics% "
 
 
 class Games:
@@ -31,8 +34,8 @@ class Games:
         self.engine = Engine(promotions="qrbn")
         self.server = PracticeServer()
         self.players = [Partner(self.server.port, name) for name in NAMES]
-        self.answers = []
-        self.played = []
+        self.answers = []  # to "smoves", each with its prompt
+        self.played = []  # the moves as squares, and the result
 
     def play(self):
         moves = self.engine.randomGame(self.dice, self.dice.randint(1, self.options.plies))
@@ -54,9 +57,9 @@ class Games:
 
     def take(self, moves):
         white = self.players[0]
-        white.await_("fics% ")
+        white.await_(PROMPT)
         white.say("smoves pupil -1")
-        answer = white.await_(r"Pupil \(\d+\) vs\.(?s:.*?)\} (\S+)\n\r\n?\r?fics% ")
+        answer = white.await_(rf"Pupil \(\d+\) vs\.(?s:.*?)\}} (\S+)\n\r\n?\r?{PROMPT}")
         self.answers.append("\n\r" + answer[0])
         self.played.append((moves, answer[1]))
         for player in self.players:
@@ -69,15 +72,31 @@ class Games:
         self.server.end()
 
 
-def uci(moves):
-    return " ".join(moves)
+def cell(move):
+    return f"{move:8}(0:00)     "
+
+
+def listOf(game):
+    """A published game as a server answers "smoves" with it."""
+    *words, result = game.split()
+    moves = [word for word in words if not word.endswith(".")]
+    rows = [f"{number // 2 + 1:3}.  " + "".join(map(cell, moves[number:number + 2]))
+            for number in range(0, len(moves), 2)]
+    return "\n\r".join([f"\n\r{NAMES[0]} (1200) vs. {NAMES[1]} (1640) --- Thu Oct 14, 20:36 PDT 2010",
+                        "Rated blitz match, initial time: 5 minutes, increment: 12 seconds.", "", *rows,
+                        f"      {{Game over}} {result}", PROMPT])
+
+
+def publishedGames():
+    games = [line for line in PUBLISHED.read_text("latin-1").splitlines() if line.startswith("1. ")]
+    return [game for game in games if f" {MOST_MOVES + 1}. " not in game]
 
 
 def readBack(path):
-    """What the independent reader makes of the file: the players, the moves and the result of each game."""
-    read = subprocess.run(["pgn-extract", "-Wuci", path], capture_output=True, text=True, check=True,
-                          env=os.environ | {"PATH": PATH})
-    progress = r"Processing |Games: \d+$|\d+ games? matched out of|Pupil - Rookery .* FICS, Fremont|$"
+    """What the independent reader makes of the file: the tags, the moves and the result of each game."""
+    read = subprocess.run(["pgn-extract", "-Wuci", "-w", "100000", path], capture_output=True, text=True, check=True,
+                          env=os.environ | {"PATH": os.environ["PATH"] + ":/usr/games"})
+    progress = r"Processing |Games: \d+$|\d+ games? matched out of|\S+ - \S+ |$"
     complaints = [line for line in read.stderr.splitlines() if not re.match(progress, line)]
     if complaints:
         raise AssertionError("\n".join(complaints[:10]))
@@ -89,12 +108,20 @@ def readBack(path):
     return games
 
 
+def written(answers, folder):
+    path = pathlib.Path(folder, "written.pgn")
+    path.unlink(missing_ok=True)
+    subprocess.run([BUILD / "record_writer", path], input="".join(answers).encode("latin-1"), check=True)
+    return readBack(path)
+
+
 def compare(games, played):
     if len(games) != len(played):
         raise AssertionError(f"{len(games)} games read, {len(played)} played")
     for number, ((tags, moves, result), (wanted, end)) in enumerate(zip(games, played), 1):
         if (tags["White"], tags["Black"]) != NAMES or moves != wanted or {result, tags["Result"]} != {end}:
-            raise AssertionError(f"game {number}: {tags} {uci(moves)} {result}\nplayed: {uci(wanted)} {end}")
+            raise AssertionError(f"game {number}: {tags} {' '.join(moves)} {result}\n"
+                                 f"played: {' '.join(wanted)} {end}")
 
 
 def main():
@@ -109,11 +136,14 @@ def main():
             games.play()
     finally:
         games.end()
+    published = publishedGames()
     with tempfile.TemporaryDirectory() as folder:
-        path = pathlib.Path(folder, "games.pgn")
-        subprocess.run([BUILD / "record_writer", path], input="".join(games.answers).encode("latin-1"), check=True)
-        compare(readBack(path), games.played)
-    print(f"{options.games} games, {sum(len(moves) for moves, _ in games.played)} half-moves: all read back as played")
+        compare(written(games.answers, folder), games.played)
+        itself = pathlib.Path(folder, "published.pgn")
+        itself.write_text("\n\n".join('[Event "?"]\n[White "A"]\n[Black "B"]\n\n' + game for game in published), "latin-1")
+        compare(written(map(listOf, published), folder), [(moves, result) for _, moves, result in readBack(itself)])
+    print(f"{options.games} games, {sum(len(moves) for moves, _ in games.played)} half-moves, and {len(published)} "
+          "published ones: all read back as played")
 
 
 if __name__ == "__main__":
