@@ -89,6 +89,7 @@ class PracticeServer:
 
     def end(self):
         endProcess(self.process)
+        self.process.stdout.close()
 
 
 class Partner:
