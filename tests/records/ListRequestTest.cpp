@@ -25,6 +25,7 @@ struct ListRequest : testing::Test {
             .pump =
                 [this] {
                     ++pumps;
+                    if (pumps == MostPumps) busy = false; // a wait without an end shows
                     now += 0.5;
                     inPump();
                 },
@@ -42,6 +43,7 @@ struct ListRequest : testing::Test {
         EXPECT_EQ(lists.HistHandle, "before");
     }
 
+    static constexpr int MostPumps = 100;
     HistoryLists lists;
     bool busy = false;
     bool open = true;

@@ -85,6 +85,21 @@ protected:
         const std::string text = console();
         EXPECT_EQ(text.substr(text.find_first_not_of('\n')), "settled\nfics% ");
     }
+    // Game 12 is on a board, and the move list that a new board asks for has come. A game is new up to its next move.
+    void joinGame() {
+        loopback.send(record() + Prompt);
+        ASSERT_TRUE(serverGot("moves 12\n"));
+        loopback.send(moveList() + record() + Prompt);
+        ASSERT_TRUE(waitUntil([] { return !modChess.MovesCapture && !modChess.NewGameFlag; }));
+        loopback.received.clear();
+    }
+    static std::string record() { return "\n\r" + LineOf{.game = 12, .relation = 0}.text(" 0 0\n\r"); }
+    static std::string moveList() {
+        return "\n\rMovelist for game 12:\n\r\n\r"
+               "Foo (1500) vs. Bar (1600) --- Thu Oct 14, 20:36 PDT 2010\n\r"
+               "Rated blitz match, initial time: 5 minutes, increment: 2 seconds.\n\r\n\r"
+               "      {Still in progress} *\n\r\n\rfics% ";
+    }
     // The client has fetched what was sent; the capture has not ended.
     void expectStillCaptured() {
         runFor(100);
@@ -357,10 +372,9 @@ TEST_F(HistoryThroughSocket, APromptWithALineEndIsSwallowedAndTheNextOneEndsTheC
 
 TEST_F(HistoryThroughSocket, APromptBehindABoardUpdateGoesWithItAndEndsNothing) {
     openFor("foo");
+    joinGame();
     ask();
-    const std::string record = "\n\r" + LineOf{.game = 12, .relation = 0}.text(" 0 0\n\r") + "\n\rfics% ";
-    loopback.send(whole(historyLines(2)) + record);
-    ASSERT_TRUE(waitUntil([] { return firstGame().gameIndex == 12; }));
+    loopback.send(whole(historyLines(2)) + record() + "\n\rfics% ");
     expectStillCaptured();
     loopback.send(Prompt);
     ASSERT_TRUE(answered());
@@ -369,10 +383,8 @@ TEST_F(HistoryThroughSocket, APromptBehindABoardUpdateGoesWithItAndEndsNothing) 
 
 TEST_F(HistoryThroughSocket, TellsShoutsAndBoardUpdatesAmongTheRowsTakeNoneOfThem) {
     openFor("foo");
-    const std::string record = "\n\r" + LineOf{.game = 12, .relation = 0}.text(" 0 0\n\r");
-    const std::string among[] = {"Berta tells you: hi\n\r", "Berta shouts: hi all\n\r", "\n\r", record};
-    loopback.send(record + Prompt + record + Prompt); // a game that is new keeps the question waiting
-    ASSERT_TRUE(waitUntil([] { return firstGame().gameIndex == 12 && !modChess.NewGameFlag; }));
+    joinGame();
+    const std::string among[] = {"Berta tells you: hi\n\r", "Berta shouts: hi all\n\r", "\n\r", record()};
     const std::vector<std::string> block = historyLines(3);
     for (const std::string& foreign : among) {
         for (std::size_t at = 0; at <= block.size(); ++at) {
@@ -391,6 +403,26 @@ TEST_F(HistoryThroughSocket, TellsShoutsAndBoardUpdatesAmongTheRowsTakeNoneOfThe
     }
     EXPECT_THAT(console(), Not(HasSubstr("cesarCR")));
     EXPECT_THAT(console(), Not(HasSubstr("hi")));
+}
+
+// A move list that is waited for is looked at first: the games are printed, and so is their prompt, which ends nothing.
+TEST_F(HistoryThroughSocket, AnAnswerThatCrossesANewBoardsMoveListLandsInTheConsole) {
+    openFor("foo");
+    ask();
+    loopback.send(record() + Prompt);
+    ASSERT_TRUE(serverGot("History foo\nmoves 12\n"));
+    loopback.send("\n\r" + whole(historyLines(2)) + Prompt);
+    ASSERT_TRUE(consoleHas("[ br  5  12] C53 Res"));
+    EXPECT_TRUE(modChess.MovesCapture);
+    loopback.send(moveList());
+    ASSERT_TRUE(waitUntil([] { return !modChess.MovesCapture; }));
+    EXPECT_TRUE(modChess.HistoryCapture) << "the prompt behind a move list goes with it";
+    loopback.send("\n\rA line of another kind.\n\rfics% ");
+    ASSERT_TRUE(answered());
+    EXPECT_EQ(rows(), 0);
+    ASSERT_TRUE(waitUntil([this] { return !messages.empty(); }));
+    EXPECT_THAT(messages, ElementsAre("foo has played no games."));
+    EXPECT_THAT(console(), Not(HasSubstr("A line of another kind.")));
 }
 
 TEST_F(HistoryThroughSocket, AnAnswerCutBehindAnyLineShowsTheRowsThatCame) {
