@@ -196,7 +196,7 @@ class KeptGames(unittest.TestCase):
         self.display.activate("Journal for Pupil")
         for key in "alt+n", "alt+y":
             self.choose("Up", "Return")  # Remove
-            self.display.awaitActive("Brightrank")
+            self.awaitBox()
             self.display.keys(key)
             self.display.awaitActive("Journal for Pupil")
         self.awaitSent("jkill B")
@@ -208,7 +208,7 @@ class KeptGames(unittest.TestCase):
         self.wire.sayForUser("adjourn")
         self.rookery.await_("adjourned by mutual agreement}")
         self.display.number(BOARD)
-        self.openHistoryOf("Pupil has played no games.")
+        self.openEmptyHistory()
         self.list("Stored games for Pupil", "alt+s")
         self.display.click(*self.row(0))
         self.display.click(*self.row(0))
@@ -223,14 +223,17 @@ class KeptGames(unittest.TestCase):
         self.find("Pupil (1200) vs. Rookery (1640)")
         self.awaitPosition(NF3)
 
-    def openHistoryOf(self, box):
-        """The own list is empty, which a box says."""
+    def openEmptyHistory(self):
+        """A box says that there are no games."""
         self.display.activate(CONSOLE)
         self.display.type("history")
         self.display.keys("Return")
-        self.display.awaitActive("Brightrank")
+        self.awaitBox()
         self.display.keys("Return")
         self.display.awaitActive("History for Pupil")
+
+    def awaitBox(self):
+        waitFor(lambda: self.display.activeTitle() == "Brightrank", "a box")
 
 
 if __name__ == "__main__":
