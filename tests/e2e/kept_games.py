@@ -43,7 +43,7 @@ class KeptGames(unittest.TestCase):
         waitFor(lambda: self.wire.text() == LOG_ON, "the log-on")
         self.rookery = Partner(self.practice.port)
         self.addCleanup(self.rookery.end)
-        time.sleep(4 * QUIET)  # in which the program learns the prompt
+        time.sleep(8 * QUIET)  # the program learns the prompt when it has stood alone for a second
 
     def play(self, end):
         """A game of three half-moves against Rookery, which he ends with that command."""
