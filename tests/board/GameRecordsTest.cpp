@@ -113,6 +113,14 @@ TEST_F(GameRecords, JoiningARunningGameFillsItsListAndItsStore) {
     EXPECT_EQ(game.MoveText[3][1], "a6");
 }
 
+TEST_F(GameRecords, WithBlackToMoveTheStoreBeginsWithWhitesFirstMoveAllTheSame) {
+    const std::vector<std::string> moves(Opening.begin(), Opening.begin() + 5);
+    join(moves);
+    takeOver(moves);
+    EXPECT_EQ(rows(), "1 e4 e5|2 Nf3 Nc6|3 Bb5 ");
+    for (std::size_t ply = 0; ply <= moves.size(); ++ply) EXPECT_EQ(stored(static_cast<int>(ply)), afterFirst(ply));
+}
+
 TEST_F(GameRecords, TheLiveBoardStandsAsBeforeAndNothingIsPaintedOrSent) {
     join(Opening);
     takeOver(Opening);

@@ -180,6 +180,16 @@ TEST(Walk, APromotionWithoutAPieceForgetsThePieceOfAnother) {
     EXPECT_EQ(rig.game.PromotePiece, 0);
 }
 
+TEST(Walk, ATextThatIsNoMoveLeavesNoPieceToTheNextMove) {
+    for (const char* text : {"a8=N", "bxa1=R", "N@"}) {
+        WalkRig rig;
+        rig.game.MoveText[1][0] = text;
+        EXPECT_EQ(rig.game.zStepForward(true), "") << text;
+        EXPECT_EQ(rig.game.PromotePiece, 0) << text;
+        EXPECT_EQ(rig.game.Board[HandSquare], 0) << text;
+    }
+}
+
 TEST(Walk, ADropIsMadeFromTheHand) {
     WalkRig rig;
     rig.game.MoveText[1][0] = "N@e5";
