@@ -218,11 +218,15 @@ TEST_F(GameRecords, TheListsFirstCellBecomesTheCurrentOneAndTheMoveStaysInView) 
     for (int pair = 0; pair < 10; ++pair) moves.insert(moves.end(), {"Ba4", "Nf6", "Bb5", "Ng8"});
     game.grdMoves.VisibleRows = 5;
     join(moves);
+    game.grdMoves.goTo(7, 2);
+    effects.clear();
     takeOver(moves);
     EXPECT_EQ(current(), "1,1 e4");
+    EXPECT_EQ(all("top").back(), "top 20");
     EXPECT_EQ(game.grdMoves.topRow, 20) << "move 24 is the last of five rows";
     game.Style12Record.Relation = 2;
     takeOver(moves);
+    EXPECT_EQ(all("top").back(), "top 1");
     EXPECT_EQ(game.grdMoves.topRow, 1) << "an examined one is shown from its top";
 }
 
@@ -233,6 +237,7 @@ TEST_F(GameRecords, AListThatBreaksOffKeepsTheNewestPositionAndShowsItsEndOnTheW
     EXPECT_EQ(stored(6), afterFirst(6));
     for (int ply = 1; ply < 6; ++ply) EXPECT_EQ(stored(ply), afterFirst(1)) << ply;
     EXPECT_EQ(game.MoveRow, 4) << "that of the live game";
+    EXPECT_EQ(game.Turn, 1);
 }
 
 TEST_F(GameRecords, AListOfAnotherGameLeavesTheLiveBoardAlone) {
@@ -429,12 +434,17 @@ TEST_F(GameRecords, ATextThatIsNoMoveLeavesNothingInTheHand) {
     }
 }
 
-TEST_F(GameRecords, AReviewPutsAPieceInHandBack) {
+TEST_F(GameRecords, AReviewPutsAPieceInHandBackAndForgetsAPromotion) {
     game.hand.Dragging = true;
     game.hand.FromSet = 1;
+    game.hand.DragFrom = 12;
+    game.hand.promotion.emplace();
     review(Opening);
     EXPECT_FALSE(game.hand.Dragging);
     EXPECT_EQ(game.hand.FromSet, 0);
+    EXPECT_FALSE(game.hand.promotion);
+    EXPECT_EQ(effects.at(0), "piece 0 0 0") << "no piece is left hanging on the picture";
+    EXPECT_EQ(effects.at(1), "draw 12 0");
 }
 
 TEST_F(GameRecords, AReviewedGameIsLeftAndFollowedLikeALoadedOne) {
