@@ -78,6 +78,7 @@ void StreamRig::walk(int kind, RigBoard& board, int choice) {
     const long moves = board.movesSent;
     board.walking = true;
     if (kind == Event::Walk) {
+        board.steppedBack |= !game.icsMode && choice % 5 == 1;
         game.zReposition(choice % 5 - 2);
     } else {
         game.grdMovesClick(std::clamp(game.MoveRow + choice / 3 % 9 - 4, 0, LastMoveRow), choice % 3);

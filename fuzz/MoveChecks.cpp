@@ -228,7 +228,8 @@ void StreamRig::checkHand(RigBoard& board) const noexcept {
     const Game& game = board.game;
     require(game.hand.Dragging || game.hand.FromSet == 0,
             "a move is in hand only while its piece hangs on the pointer");
-    require(game.PromotePiece == 0 && game.EPGranted == 0, "nothing is left of the move that was made last");
+    require(game.PromotePiece == 0 && (game.EPGranted == 0 || board.steppedBack),
+            "nothing is left of the move that was made last");
     require(game.hand.MoveMode >= -1 && game.hand.MoveMode <= 1, "a square may be moved from now, in advance, or not");
     std::vector<int> rest;
     if (game.hand.Dragging) rest.push_back(game.hand.DragFrom);

@@ -41,6 +41,7 @@ struct RigBoard {
     bool dropping = false;              // an entry of it is being answered
     bool reviewed = false;              // a record stands on it, with the names of its players
     bool walking = false;               // a button or the list is being answered
+    bool steppedBack = false;           // what a move granted to the next one may be back
 
     // What was seen
     std::vector<int> taken;      // squares from which pieces were taken up by hand whose move may still come

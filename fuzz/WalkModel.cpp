@@ -193,6 +193,8 @@ std::string WalkModel::stepForward(bool display) {
     const auto [from, to] = row > LastRowOfAll ? std::pair{0, 0} : decode(text(row, turn > 0 ? 0 : 1));
     takeQueen(from, to);
     const std::string made = make(from, to, display);
+    if (made.empty()) maker_->PromotePiece = 0;
+    maker_->Board[64] = 0;
     if (display && light) tintCurrent();
     return made;
 }

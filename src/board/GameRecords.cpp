@@ -128,8 +128,6 @@ void Game::takeMoves(int lastRow) {
     LastRow = 0;
     Turn = 1;
     zEnd();
-    PromotePiece = 0; // of a text that was no move, and so the piece to drop
-    Board[HandSquare] = 0;
     for (int ply = zDevMove() + 1; ply <= std::min(2 * lastRow, SparePly - 1); ++ply) zStorePos(ply);
     LastRow = static_cast<std::int16_t>(lastRow);
     Turn = static_cast<std::int16_t>(1 - 2 * Style12Record.SideToMove);

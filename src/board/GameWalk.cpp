@@ -144,7 +144,8 @@ void Game::takeBackRecord() {
     for (int kind = 0; kind <= 5; ++kind) record[kind] = 0;
 }
 
-// Behind the last row no move can be stored.
+// Behind the last row no move can be stored. A text that is no move leaves no promotion piece, which the user's next
+// pawn at the end would become without a question; a drop that was read as the move of a piece leaves none in the hand.
 std::string Game::zStepForward(bool display) {
     std::int16_t from = 0;
     std::int16_t to = 0;
@@ -153,6 +154,8 @@ std::string Game::zStepForward(bool display) {
     zSetFrom(from);
     if (asksPromotion(to)) PromotePiece = Piece::Queen; // a stored "e8" can ask nobody
     std::string text = zMakeMove(to, true, display);
+    if (text.empty()) PromotePiece = 0;
+    Board[HandSquare] = 0;
     if (!display) return text;
     if (GridLightOn) lightCurrentMove();
     if (!icsMode) zUpdate();

@@ -3,6 +3,17 @@
 
 #include <algorithm>
 
+namespace {
+
+// How many bytes behind a UTF-8 lead byte belong to it; 0 for any other byte.
+std::size_t followers(unsigned char lead) {
+    if (lead >= 0xF0 && lead < 0xF8) return 3;
+    if (lead >= 0xE0) return lead < 0xF0 ? 2 : 0;
+    return lead >= 0xC2 ? 1 : 0;
+}
+
+} // namespace
+
 std::string_view mid(std::string_view text, long start, long length) {
     if (start < 1 || static_cast<std::size_t>(start) > text.size() || length == 0) return {};
     const auto rest = text.substr(static_cast<std::size_t>(start) - 1);
@@ -26,4 +37,23 @@ std::string_view trim(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
     if (first == text.npos) return {};
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+char takeUtf8(std::string_view text, std::size_t& place) {
+    const auto lead = static_cast<unsigned char>(text[place++]);
+    const std::size_t count = followers(lead);
+    if (count == 0 || place + count > text.size()) return static_cast<char>(lead);
+    for (std::size_t i = 0; i < count; ++i) {
+        if ((static_cast<unsigned char>(text[place + i]) & 0xC0U) != 0x80U) return static_cast<char>(lead);
+    }
+    const auto second = static_cast<unsigned char>(text[place]);
+    place += count;
+    if (lead > 0xC3) return '?';
+    return static_cast<char>(((lead & 3U) << 6U) | (second & 0x3FU));
+}
+
+std::string fromUtf8(std::string_view text) {
+    std::string characters;
+    for (std::size_t place = 0; place < text.size();) characters += takeUtf8(text, place);
+    return characters;
 }

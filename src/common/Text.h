@@ -16,6 +16,13 @@ std::string lower(std::string_view text);
 // `text` without blanks at both ends.
 std::string_view trim(std::string_view text);
 
+// Takes the character at `place` of UTF-8 text, as one byte; "?" for one that has no place in a byte. A byte that is no
+// UTF-8 stands for itself.
+char takeUtf8(std::string_view text, std::size_t& place);
+
+// The whole of it, such as the name of a file, as text of the stream.
+std::string fromUtf8(std::string_view text);
+
 // CR or LF.
 inline bool isBreak(char c) { return c == '\r' || c == '\n'; }
 

@@ -115,11 +115,15 @@ void takeHeader(std::string_view line, GameRecord& record) {
     if (dashes != 0) takeDate(line, dashes + static_cast<long>(Dashes.size()), record);
 }
 
-// "5", and a fraction only where there is one.
+// "5", and a fraction only where there is one. Whole numbers have all their digits, and only what takes more than
+// thirty has an exponent.
 std::string numberText(double number) {
     std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number + 0.0).ptr; // no "-0"
-    return {buffer.data(), end};
+    char* const end = buffer.data() + buffer.size();
+    number += 0.0; // no "-0"
+    auto written = std::to_chars(buffer.data(), end, number, std::chars_format::fixed);
+    if (written.ec != std::errc{}) written = std::to_chars(buffer.data(), end, number);
+    return {buffer.data(), written.ptr};
 }
 
 // The column behind `words`; 0 if they are not there.

@@ -90,7 +90,7 @@ void zWriteGame(const std::string& fileName, const GameRecord& record, const Pgn
         append(fileName, pgnText(record));
     });
     if (saved) {
-        hooks.print("\nGame was saved to " + fileName + "\n");
+        hooks.print("\nGame was saved to " + fromUtf8(fileName) + "\n");
     } else {
         FileOne::close();
         hooks.tell("Game could not be saved.");

@@ -25,27 +25,6 @@ std::string hexText(unsigned char c) {
     return c < 16 ? std::string(1, Digits[c]) : std::string{Digits[c >> 4U], Digits[c & 15U]};
 }
 
-// How many bytes behind a UTF-8 lead byte belong to it; 0 for any other byte.
-std::size_t followers(unsigned char lead) {
-    if (lead >= 0xF0 && lead < 0xF8) return 3;
-    if (lead >= 0xE0) return lead < 0xF0 ? 2 : 0;
-    return lead >= 0xC2 ? 1 : 0;
-}
-
-// Takes the character at `place` of UTF-8 text, as one byte; what has no place in one byte becomes a question mark.
-char takeCharacter(std::string_view text, std::size_t& place) {
-    const auto lead = static_cast<unsigned char>(text[place++]);
-    const std::size_t count = followers(lead);
-    if (count == 0 || place + count > text.size()) return static_cast<char>(lead);
-    for (std::size_t i = 0; i < count; ++i) {
-        if ((static_cast<unsigned char>(text[place + i]) & 0xC0U) != 0x80U) return static_cast<char>(lead);
-    }
-    const auto second = static_cast<unsigned char>(text[place]);
-    place += count;
-    if (lead > 0xC3) return '?';
-    return static_cast<char>(((lead & 3U) << 6U) | (second & 0x3FU));
-}
-
 // Takes the hexadecimal digits at `place`, as many as there are.
 char takeHex(std::string_view text, std::size_t& place) {
     unsigned value = 0;
@@ -80,7 +59,7 @@ std::string readValue(std::string_view raw) {
         } else if (raw[place] == '\\') {
             text += takeEscape(raw, ++place);
         } else {
-            text += takeCharacter(raw, place);
+            text += takeUtf8(raw, place);
         }
     }
     if (text.starts_with("@@")) text.erase(0, 1);

@@ -113,6 +113,14 @@ TEST_F(GameRecords, JoiningARunningGameFillsItsListAndItsStore) {
     EXPECT_EQ(game.MoveText[3][1], "a6");
 }
 
+TEST_F(GameRecords, WithBlackToMoveTheStoreBeginsWithWhitesFirstMoveAllTheSame) {
+    const std::vector<std::string> moves(Opening.begin(), Opening.begin() + 5);
+    join(moves);
+    takeOver(moves);
+    EXPECT_EQ(rows(), "1 e4 e5|2 Nf3 Nc6|3 Bb5 ");
+    for (std::size_t ply = 0; ply <= moves.size(); ++ply) EXPECT_EQ(stored(static_cast<int>(ply)), afterFirst(ply));
+}
+
 TEST_F(GameRecords, TheLiveBoardStandsAsBeforeAndNothingIsPaintedOrSent) {
     join(Opening);
     takeOver(Opening);
@@ -210,11 +218,15 @@ TEST_F(GameRecords, TheListsFirstCellBecomesTheCurrentOneAndTheMoveStaysInView) 
     for (int pair = 0; pair < 10; ++pair) moves.insert(moves.end(), {"Ba4", "Nf6", "Bb5", "Ng8"});
     game.grdMoves.VisibleRows = 5;
     join(moves);
+    game.grdMoves.goTo(7, 2);
+    effects.clear();
     takeOver(moves);
     EXPECT_EQ(current(), "1,1 e4");
+    EXPECT_EQ(all("top").back(), "top 20");
     EXPECT_EQ(game.grdMoves.topRow, 20) << "move 24 is the last of five rows";
     game.Style12Record.Relation = 2;
     takeOver(moves);
+    EXPECT_EQ(all("top").back(), "top 1");
     EXPECT_EQ(game.grdMoves.topRow, 1) << "an examined one is shown from its top";
 }
 
@@ -225,6 +237,7 @@ TEST_F(GameRecords, AListThatBreaksOffKeepsTheNewestPositionAndShowsItsEndOnTheW
     EXPECT_EQ(stored(6), afterFirst(6));
     for (int ply = 1; ply < 6; ++ply) EXPECT_EQ(stored(ply), afterFirst(1)) << ply;
     EXPECT_EQ(game.MoveRow, 4) << "that of the live game";
+    EXPECT_EQ(game.Turn, 1);
 }
 
 TEST_F(GameRecords, AListOfAnotherGameLeavesTheLiveBoardAlone) {
@@ -421,12 +434,17 @@ TEST_F(GameRecords, ATextThatIsNoMoveLeavesNothingInTheHand) {
     }
 }
 
-TEST_F(GameRecords, AReviewPutsAPieceInHandBack) {
+TEST_F(GameRecords, AReviewPutsAPieceInHandBackAndForgetsAPromotion) {
     game.hand.Dragging = true;
     game.hand.FromSet = 1;
+    game.hand.DragFrom = 12;
+    game.hand.promotion.emplace();
     review(Opening);
     EXPECT_FALSE(game.hand.Dragging);
     EXPECT_EQ(game.hand.FromSet, 0);
+    EXPECT_FALSE(game.hand.promotion);
+    EXPECT_EQ(effects.at(0), "piece 0 0 0") << "no piece is left hanging on the picture";
+    EXPECT_EQ(effects.at(1), "draw 12 0");
 }
 
 TEST_F(GameRecords, AReviewedGameIsLeftAndFollowedLikeALoadedOne) {

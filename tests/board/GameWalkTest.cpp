@@ -180,6 +180,22 @@ TEST(Walk, APromotionWithoutAPieceForgetsThePieceOfAnother) {
     EXPECT_EQ(rig.game.PromotePiece, 0);
 }
 
+TEST(Walk, APromotionThatIsNoMoveLeavesNoPieceToTheNextPawn) {
+    for (const char* text : {"a8=N", "bxa1=R"}) {
+        WalkRig rig;
+        rig.game.MoveText[1][0] = text;
+        EXPECT_EQ(rig.game.zStepForward(true), "") << text;
+        EXPECT_EQ(rig.game.PromotePiece, 0) << text;
+    }
+}
+
+TEST(Walk, ADropThatIsReadAsAMoveLeavesTheHandEmpty) {
+    WalkRig rig;
+    rig.game.MoveText[1][0] = "P@e4";
+    EXPECT_EQ(rig.game.zStepForward(true), "e4");
+    EXPECT_EQ(rig.game.Board[HandSquare], 0);
+}
+
 TEST(Walk, ADropIsMadeFromTheHand) {
     WalkRig rig;
     rig.game.MoveText[1][0] = "N@e5";

@@ -125,6 +125,16 @@ TEST_F(MoveListCapture, TheLinesRoundTheMovesAreTakenButTheMovelistsOwnIsNot) {
     EXPECT_FALSE(takes(" Move Anders             Berta\r\n"));
 }
 
+TEST_F(MoveListCapture, ALineThatOnlyResemblesOneOfTheListIsLeftAlone) {
+    EXPECT_FALSE(takes("\n"));
+    EXPECT_FALSE(takes(""));
+    EXPECT_FALSE(takes("  1. e4       (0:00)     e5      (0:07)\r\n"));
+    EXPECT_FALSE(takes("Anders (1500) vs.Berta (1600) --- x\r\n"));
+    EXPECT_FALSE(takes("Rated blitz match; initial time: 5 minutes.\r\n"));
+    EXPECT_FALSE(takes("Move by move, that is how it goes\r\n"));
+    EXPECT_FALSE(takes("---- ----------------   ----------------\r\n"));
+}
+
 TEST_F(MoveListCapture, AMoveLineIsTakenForOneEvenWithTwoPlayersInIt) {
     EXPECT_TRUE(takes("  1.  e4 (0:00) vs. Berta (1500) --- Mon Oct 14, 20:36\r\n"));
     EXPECT_EQ(record.Header, "");
@@ -203,6 +213,12 @@ TEST_F(MoveListCapture, WithoutItsBracketsABlackMoveIsReadAndTheLastMoveStays) {
     EXPECT_EQ(record.LastMove, 7);
 }
 
+TEST_F(MoveListCapture, BlacksTimeIsTheNextBracketWhereverItStands) {
+    takes("  1.  e4      (0:00) (0:07)             \r\n");
+    EXPECT_EQ(record.BlackTimes[1], "(0:07)");
+    EXPECT_EQ(record.LastMove, 1);
+}
+
 TEST_F(MoveListCapture, ANumberThatIsNoneIsMoveZero) {
     takes("abc.  e4      (0:00)     e5      (0:07)\r\n");
     EXPECT_EQ(record.WhiteMoves[0], "e4");
@@ -236,6 +252,20 @@ TEST_F(MoveListCapture, TheSiteIsTheSameForEveryServer) {
     EXPECT_EQ(record.Site, "FICS, Fremont, California USA");
 }
 
+TEST_F(MoveListCapture, AHeaderWithoutANameIsKeptWithItsSite) {
+    takes("() vs. nobody at all\r\n");
+    EXPECT_EQ(record.Header, "() vs. nobody at all\r\n");
+    EXPECT_EQ(record.Site, "FICS, Fremont, California USA");
+}
+
+TEST_F(MoveListCapture, BlackAndTheDateAreLookedForBehindTheRatingInFrontOfThem) {
+    takes("vs. --- Anders (1500) vs. Berta (1600) Thu Oct 14, 20:36 PDT 2010\r\n");
+    EXPECT_EQ(record.White, "vs. --- Anders");
+    EXPECT_EQ(record.Black, "Berta");
+    EXPECT_EQ(record.BlackElo, 1600);
+    EXPECT_EQ(record.DateText, "");
+}
+
 TEST_F(MoveListCapture, ARatingThatIsNoNumberIsZeroAndOneBeyondItsFieldFaults) {
     takes("Anders (++++) vs. Berta (----) --- x\r\n");
     EXPECT_EQ(record.WhiteElo, 0);
@@ -243,6 +273,7 @@ TEST_F(MoveListCapture, ARatingThatIsNoNumberIsZeroAndOneBeyondItsFieldFaults) {
     EXPECT_EQ(record.WhiteElo, 12);
     EXPECT_EQ(record.BlackElo, 7);
     EXPECT_THROW(read("Anders (40000) vs. Berta (1) --- x\r\n"), Fault);
+    EXPECT_THROW(read("Anders (1) vs. Berta (40000) --- x\r\n"), Fault);
 }
 
 TEST_F(MoveListCapture, WhatStandsBehindAMissingPieceOfTheHeaderStays) {
@@ -313,6 +344,18 @@ TEST_F(MoveListCapture, TheTimeIsFiveCharactersTrimmed) {
     EXPECT_EQ(record.Time, "8:38");
 }
 
+TEST_F(MoveListCapture, TheColonIsLookedForTwoBehindTheCommaAndTheYearTwoBehindTheColon) {
+    takes("A (1) vs. B (2) --- Thu Oct 14,:20 PDT 2010\r\n");
+    EXPECT_EQ(record.DateText, "Thu Oct 14");
+    EXPECT_EQ(record.Time, "");
+    takes("A (1) vs. B (2) --- Thu Oct 14, :20 PDT 2010\r\n");
+    EXPECT_EQ(record.DateText, "Thu Oct 14 2010");
+    EXPECT_EQ(record.Time, ", :20");
+    takes("A (1) vs. B (2) --- Thu Oct 14, 20:320119\r\n");
+    EXPECT_EQ(record.DateText, "Thu Oct 14 2011");
+    EXPECT_EQ(record.Time, "20:32") << "five columns";
+}
+
 TEST_F(MoveListCapture, MonthsHaveTheirNumbersAndAnUnknownOneIsZero) {
     const std::vector<std::string> months{"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul",
                                           "Aug", "Sep", "Oct", "Nov", "Dec", "Mai"};
@@ -338,6 +381,13 @@ TEST_F(MoveListCapture, MinutesAreNumbersWithAFractionOnlyWhereThereIsOne) {
     EXPECT_EQ(record.TimeControl, "0.5+7");
     match(" time: none, increment: -0 seconds");
     EXPECT_EQ(record.TimeControl, "0+0");
+}
+
+TEST_F(MoveListCapture, ManyMinutesAreWrittenWithAllTheirDigits) {
+    match(" time: 100000 minutes, increment: 2000000 seconds");
+    EXPECT_EQ(record.TimeControl, "100000+2000000");
+    match(" time: 1e40 minutes, increment: 1e-40 seconds");
+    EXPECT_EQ(record.TimeControl, "1e+40+1e-40");
 }
 
 TEST_F(MoveListCapture, WithoutSecondsTheIncrementIsLeftOff) {

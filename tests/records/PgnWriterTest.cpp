@@ -184,6 +184,11 @@ TEST_F(PgnWriter, ASaveMakesTheFileAndTellsSoInTheConsole) {
     EXPECT_THAT(told, ElementsAre("print \nGame was saved to games.pgn\n"));
 }
 
+TEST_F(PgnWriter, TheConsoleSpellsTheNameOfTheFileAsTheUserDoes) {
+    write("J\xC3\xB6rg \xE2\x82\xAC \xFF.pgn");
+    EXPECT_THAT(told, ElementsAre("print \nGame was saved to J\xF6rg ? \xFF.pgn\n"));
+}
+
 TEST_F(PgnWriter, TwoSavesToOneNameGiveTwoGamesOneBehindTheOther) {
     folder.write("games.pgn", "what stood there\n");
     write("games.pgn");

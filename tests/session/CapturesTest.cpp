@@ -24,7 +24,10 @@ struct CapturesTest : SessionRig {
         hook(captures.vars, "vars", &ModChess::gVarsCapture);
         hook(captures.notes, "notes", &ModChess::gNotesCapture);
         captures.zMovesLines = [this](std::string& line, int index) { return take("moves", line, index); };
-        captures.writePgn = [this] { calls.push_back("pgn"); };
+        captures.writePgn = [this] {
+            EXPECT_FALSE(modChess.MovesCapture) << "the flag is down when the record is handed over";
+            calls.push_back("pgn");
+        };
         captures.zReviewGame = [this](int board) { calls.push_back("review " + std::to_string(board)); };
         captures.zParseMoves = [this](int board) { calls.push_back("parse " + std::to_string(board)); };
         captures.zFindBoard = classifier.hooks.zFindBoard;
