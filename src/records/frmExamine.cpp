@@ -145,7 +145,7 @@ void frmExamine::load() {
     txtHandle_->setText(shownText(modChess.ExamineHandle));
     if (!modChess.ExamineGame.empty()) txtGame_->setText(shownText(modChess.ExamineGame));
     txtHandle_->setText(shownText(roads_.handle()));
-    txtHandle_->selectAll(); // the caret at its end, and typing names another player
+    txtHandle_->end(false);
     txtHandle_->setFocus();
     if (const QWidget* board = roads_.board(frmCBx)) placeBeside(*board);
 }

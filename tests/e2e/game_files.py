@@ -78,6 +78,7 @@ class GameFiles(unittest.TestCase):
         self.choose("alt+a", "e")
         self.display.awaitActive(PANEL)
         self.assertFalse(self.display.settled(PANEL).meets(self.display.settled(BOARD)))
+        self.display.keys("ctrl+a")  # the caret stands behind the user's own
         self.display.type("Berta")
         self.display.keys("alt+s")
         self.server.awaitLine("fi Berta")
