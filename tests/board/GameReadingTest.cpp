@@ -121,8 +121,8 @@ TEST(GameReading, APromotionOrADropThatCannotBeMadeLeavesNothingToTheNextMove) {
     ReadingRig rig;
     rig.read("1. e4 e5 2. exd8=N Nf6");
     EXPECT_EQ(rig.game.PromotePiece, 0);
-    rig.read("1. e4 Q@d7 2. d4");
-    EXPECT_EQ(rig.game.Board[64], 0);
+    rig.read("1. N@f3 e6");
+    EXPECT_EQ(rig.game.Board[64], 0) << "the knight went there";
 }
 
 TEST(GameReading, ARowBehindAShorterGameKeepsItsTextsOnTheBoard) {
@@ -134,6 +134,15 @@ TEST(GameReading, ARowBehindAShorterGameKeepsItsTextsOnTheBoard) {
     rig.toLast();
     rig.game.zReposition(1);
     EXPECT_EQ(rig.at("f3"), 5) << "and one step behind the end makes it";
+}
+
+TEST(GameReading, TheTextAloneBeginsWithTheStartToo) {
+    ReadingRig rig;
+    rig.play("d2d4");
+    rig.game.zParsePGN("1. e4 d5 2. exd5 1-0 ");
+    rig.toLast();
+    EXPECT_EQ(rig.at("d5"), 6);
+    EXPECT_EQ(rig.at("d2"), 6);
 }
 
 TEST(GameReading, AGameWithoutMovesHasAnEmptyList) {
