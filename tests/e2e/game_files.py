@@ -58,7 +58,7 @@ class GameFiles(unittest.TestCase):
     def testAGameIsChosenWithADoubleClick(self):
         self.openChooser()
         left, top, width, _ = self.display.areaOf(str(self.file))
-        row = left + width // 3, top + 35 * SCALE  # below the heading, the first of its rows
+        row = left + width // 3, top + 24 * SCALE  # below the heading, the first of its rows
         self.display.click(*row)
         self.display.click(*row)
         self.display.awaitActive("Anders - Berta  0-1")
