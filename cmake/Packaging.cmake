@@ -9,9 +9,8 @@ endforeach()
 
 install(DIRECTORY assets/sounds DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank FILES_MATCHING PATTERN "*.wav")
 install(FILES docs/manual/README.md RENAME Brightrank.hlp DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank/help)
-install(FILES docs/manual/history.md docs/manual/practice-server.md docs/manual/saving-games.md docs/manual/seek-graph.md
-    docs/manual/walking.md
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank/help)
+install(DIRECTORY docs/manual/ DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank/help
+    FILES_MATCHING PATTERN "*.md" PATTERN "README.md" EXCLUDE)
 install(DIRECTORY docs/images DESTINATION ${CMAKE_INSTALL_DATADIR}/brightrank FILES_MATCHING PATTERN "*.png")
 install(FILES assets/icon/brightrank.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES packaging/net.brightrank.Brightrank.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

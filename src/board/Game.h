@@ -248,6 +248,7 @@ private:
     void setSquare(int square, int code, bool display);
     void showPlayers(bool reviewed);
     void takeMoves(int lastRow);
+    void makeStoredMoves(int lastRow);
     void goOnLive();
     void localStep(int step);
     void goToLast();

@@ -23,10 +23,7 @@ void Game::zParsePGN(std::string_view text) {
     zLoadPosition(FixedStartLine, false);
     const PgnEnd end = cutPgnMoves(
         text, [this](std::int16_t number, int side, std::string_view move) { MoveText[number][side] = move; });
-    LastRow = 0;
-    Turn = 1;
-    zEnd();
-    LastRow = end.number;
+    makeStoredMoves(end.number);
     Turn = 1;
     LastCol = static_cast<std::int16_t>(end.state - 1);
     MoveRow = 1;

@@ -118,6 +118,14 @@ void Game::showPlayers(bool reviewed) {
 }
 
 // Rows behind the last move that could be made show where the moves end.
+void Game::makeStoredMoves(int lastRow) {
+    LastRow = 0;
+    Turn = 1;
+    zEnd();
+    for (int ply = zDevMove() + 1; ply <= std::min(2 * lastRow, SparePly - 1); ++ply) zStorePos(ply);
+    LastRow = static_cast<std::int16_t>(lastRow);
+}
+
 void Game::takeMoves(int lastRow) {
     for (int row = 1; row <= lastRow; ++row) {
         MoveText[row][0] = BoardRecord.WhiteMoves[row];
@@ -125,11 +133,7 @@ void Game::takeMoves(int lastRow) {
     }
     LastRow = static_cast<std::int16_t>(lastRow);
     zFillMoveList();
-    LastRow = 0;
-    Turn = 1;
-    zEnd();
-    for (int ply = zDevMove() + 1; ply <= std::min(2 * lastRow, SparePly - 1); ++ply) zStorePos(ply);
-    LastRow = static_cast<std::int16_t>(lastRow);
+    makeStoredMoves(lastRow);
     Turn = static_cast<std::int16_t>(1 - 2 * Style12Record.SideToMove);
     LastCol = Style12Record.SideToMove;
 }

@@ -3,12 +3,12 @@
 
 #include "common/Text.h"
 #include "common/Twips.h"
+#include "platform/CellSize.h"
 #include "platform/StreamText.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QStyleOptionHeader>
-#include <QStyleOptionViewItem>
 
 namespace {
 
@@ -115,7 +115,8 @@ QSize HistoryTable::sizeHint() const {
         widest = std::max(widest, width);
     }
     const int frame = 2 * frameWidth();
-    return {widest + frame, header()->sizeHint().height() + MostRows * rowSize("X").height() + frame};
+    return {widest + frame,
+            header()->sizeHint().height() + MostRows * cellSize(*this, QStringLiteral("X")).height() + frame};
 }
 
 void HistoryTable::fitColumns() {
@@ -132,16 +133,8 @@ int HistoryTable::leastWidth(const ListColumn& column) const {
     heading.initFrom(header());
     heading.text = QString::fromLatin1(column.heading);
     const int headed = style()->sizeFromContents(QStyle::CT_HeaderSection, &heading, {}, header()).width();
-    const int filled = rowSize(column.widest).width();
+    const int filled = cellSize(*this, QString::fromLatin1(column.widest)).width();
     return column.field < 0 ? column.twips / TwipsPerPixelX : std::max({column.twips / TwipsPerPixelX, headed, filled});
-}
-
-QSize HistoryTable::rowSize(const char* text) const {
-    QStyleOptionViewItem row;
-    initViewItemOption(&row);
-    row.features |= QStyleOptionViewItem::HasDisplay;
-    row.text = QString::fromLatin1(text);
-    return style()->sizeFromContents(QStyle::CT_ItemViewItem, &row, {}, this);
 }
 
 void HistoryTable::changeEvent(QEvent* event) {

@@ -44,7 +44,6 @@ private:
     void wantMenuAtRow();
     void fitColumns();
     int leastWidth(const ListColumn& column) const;
-    QSize rowSize(const char* text) const;
 
     const ListLook* look_ = nullptr;
 };

@@ -145,7 +145,6 @@ void frmExamine::load() {
     txtHandle_->setText(shownText(modChess.ExamineHandle));
     if (!modChess.ExamineGame.empty()) txtGame_->setText(shownText(modChess.ExamineGame));
     txtHandle_->setText(shownText(roads_.handle()));
-    txtHandle_->selectAll(); // the caret at its end, and typing names another player
     txtHandle_->setFocus();
     if (const QWidget* board = roads_.board(frmCBx)) placeBeside(*board);
 }
@@ -161,9 +160,11 @@ void frmExamine::placeBeside(const QWidget& board) {
 
 frmExamine& frmExamine::showIt(const ExamineRoads& roads, std::int32_t board) {
     auto* panel = loadedWindow<frmExamine>();
-    if (panel == nullptr) panel = new frmExamine(roads, board); // deletes itself after closing
+    const bool opens = panel == nullptr;
+    if (opens) panel = new frmExamine(roads, board); // deletes itself after closing
     panel->frmCBx = board;
     bringInFront(*panel);
+    if (opens) panel->txtHandle_->end(false); // a dialog selects its first text as it shows
     return *panel;
 }
 

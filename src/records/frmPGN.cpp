@@ -3,6 +3,7 @@
 
 #include "common/Twips.h"
 #include "common/modChess.h"
+#include "platform/CellSize.h"
 #include "platform/CellTips.h"
 #include "platform/FramePlace.h"
 #include "platform/InFront.h"
@@ -23,9 +24,7 @@
 namespace {
 
 constexpr int BelowTop = 700 / TwipsPerPixelY; // of the board
-constexpr int CellMargin = 6;                  // pixels, both sides together
-constexpr int RowMargin = 6;
-constexpr int RowsShown = 12; // of a file that has as many
+constexpr int RowsShown = 12;                  // of a file that has as many
 
 struct Column {
     const char* heading;
@@ -46,9 +45,8 @@ constexpr std::array<Column, 6> Columns{{
     {"Res", 990, &PgnGame::Result, true, "1/2-1/2"},
 }};
 
-int widthOf(const Column& column, const QFontMetrics& metrics) {
-    return std::max(column.width / TwipsPerPixelX,
-                    metrics.horizontalAdvance(QString::fromLatin1(column.widest)) + CellMargin);
+int widthOf(const Column& column, const QWidget& grid) {
+    return std::max(column.width / TwipsPerPixelX, cellSize(grid, QString::fromLatin1(column.widest)).width());
 }
 
 Qt::Alignment alignmentOf(const Column& column) {
@@ -71,7 +69,8 @@ frmPGN::frmPGN(QWidget& board, std::int32_t id, const std::string& fileName, con
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(fxgPGN_);
-    resize(widthOfGrid(), fxgPGN_->header()->sizeHint().height() + RowsShown * rowHeight() + 2 * fxgPGN_->frameWidth());
+    const int rows = RowsShown * cellSize(*fxgPGN_, QStringLiteral("X")).height();
+    resize(widthOfGrid(), fxgPGN_->header()->sizeHint().height() + rows + 2 * fxgPGN_->frameWidth());
     placeOver(board);
     modChess.PgnChoice = -1;
     openWindows.add({"frmPGN", this, [this] { close(); }});
@@ -101,7 +100,7 @@ void frmPGN::zSetGrid() {
         const int number = static_cast<int>(index);
         fxgPGN_->headerItem()->setText(number, QString::fromLatin1(Columns[index].heading));
         fxgPGN_->headerItem()->setTextAlignment(number, alignmentOf(Columns[index]));
-        fxgPGN_->setColumnWidth(number, widthOf(Columns[index], fontMetrics()));
+        fxgPGN_->setColumnWidth(number, widthOf(Columns[index], *fxgPGN_));
     }
     connect(fxgPGN_, &QTreeWidget::doubleClicked, this, [this] { choose(); });
 }
@@ -110,17 +109,15 @@ void frmPGN::fill(const PgnTable& games, int count) {
     QList<QTreeWidgetItem*> rows;
     for (int row = 1; row <= count; ++row) {
         rows.append(new QTreeWidgetItem);
-        rows.back()->setSizeHint(0, {0, rowHeight()});
         for (std::size_t index = 0; index < Columns.size(); ++index) {
             rows.back()->setText(static_cast<int>(index), cellText(Columns[index], games[row], row));
             rows.back()->setTextAlignment(static_cast<int>(index), alignmentOf(Columns[index]));
         }
     }
     fxgPGN_->addTopLevelItems(rows);
+    fxgPGN_->setColumnWidth(0, std::max(fxgPGN_->columnWidth(0), cellSize(*fxgPGN_, QString::number(count)).width()));
     if (count > 0) fxgPGN_->setCurrentItem(rows.front());
 }
-
-int frmPGN::rowHeight() const { return fontMetrics().height() + RowMargin; }
 
 // From 1; 0 for none.
 int frmPGN::currentRow() const { return fxgPGN_->indexOfTopLevelItem(fxgPGN_->currentItem()) + 1; }

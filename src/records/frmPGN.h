@@ -40,7 +40,6 @@ private:
     void fill(const PgnTable& games, int count);
     void placeOver(const QWidget& board);
     void choose();
-    int rowHeight() const;
     int widthOfGrid() const;
     int currentRow() const;
 

@@ -131,6 +131,14 @@ TEST_F(BoardFiles, TheLinesOfTheGameAreFoundWhateverEndsThem) {
     }
 }
 
+TEST_F(BoardFiles, TheFirstLineBehindTheTagsMayHoldMoves) {
+    frmChessBoard& board = openBoard();
+    read(board, "[White \"Anders\"]\n1. e4 e5\n2. Nf3 1-0\n\n");
+    choose(1);
+    EXPECT_EQ(move(board, 1, 1), "e4");
+    EXPECT_EQ(move(board, 2, 1), "Nf3");
+}
+
 TEST_F(BoardFiles, AShorterFileShowsItsOwnGamesOnly) {
     frmChessBoard& board = openBoard();
     read(board, pgnTexts(30));
@@ -203,6 +211,16 @@ TEST_F(BoardFiles, ABoardThatGoesBetweenChoiceAndReadingReadsNothing) {
     delete board.data();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     EXPECT_EQ(modChess.PgnChoice, 1);
+    EXPECT_THAT(saving, IsEmpty());
+}
+
+TEST_F(BoardFiles, ABoardThatClosesBetweenChoiceAndReadingReadsNothing) {
+    frmChessBoard& board = openBoard();
+    read(board, pgnTexts(2));
+    QTest::keyClick(chooser()->findChild<QTreeWidget*>(), Qt::Key_Return);
+    board.close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    EXPECT_EQ(move(board, 1, 1), "");
     EXPECT_THAT(saving, IsEmpty());
 }
 

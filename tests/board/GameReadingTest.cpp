@@ -103,6 +103,28 @@ TEST(GameReading, AMoveThatCannotBeReadEndsThePositionsAndNotTheList) {
     EXPECT_EQ(rig.at("e5"), -6);
 }
 
+TEST(GameReading, MovesBehindOneThatCannotBeReadShowTheLastGoodPosition) {
+    ReadingRig rig;
+    rig.read("1. d4 d5 2. c4 e6 3. Nc3 Nf6");
+    rig.read("1. e4 e5 2. Qe5 Nf6 3. d4 d5");
+    for (const int row : {2, 3}) {
+        for (const int column : {1, 2}) {
+            rig.game.zReposition(-2);
+            rig.game.grdMovesClick(static_cast<std::int16_t>(row), static_cast<std::int16_t>(column));
+            EXPECT_EQ(rig.at("e5"), -6) << row << " " << column;
+            EXPECT_EQ(rig.at("d4"), 0) << row << " " << column;
+        }
+    }
+}
+
+TEST(GameReading, APromotionOrADropThatCannotBeMadeLeavesNothingToTheNextMove) {
+    ReadingRig rig;
+    rig.read("1. e4 e5 2. exd8=N Nf6");
+    EXPECT_EQ(rig.game.PromotePiece, 0);
+    rig.read("1. N@f3 e6");
+    EXPECT_EQ(rig.game.Board[64], 0) << "the knight went there";
+}
+
 TEST(GameReading, ARowBehindAShorterGameKeepsItsTextsOnTheBoard) {
     ReadingRig rig;
     rig.read("1. e4 e5 2. Nf3 Nc6");
@@ -112,6 +134,15 @@ TEST(GameReading, ARowBehindAShorterGameKeepsItsTextsOnTheBoard) {
     rig.toLast();
     rig.game.zReposition(1);
     EXPECT_EQ(rig.at("f3"), 5) << "and one step behind the end makes it";
+}
+
+TEST(GameReading, TheTextAloneBeginsWithTheStartToo) {
+    ReadingRig rig;
+    rig.play("d2d4");
+    rig.game.zParsePGN("1. e4 d5 2. exd5 1-0 ");
+    rig.toLast();
+    EXPECT_EQ(rig.at("d5"), 6);
+    EXPECT_EQ(rig.at("d2"), 6);
 }
 
 TEST(GameReading, AGameWithoutMovesHasAnEmptyList) {

@@ -58,7 +58,7 @@ class GameFiles(unittest.TestCase):
     def testAGameIsChosenWithADoubleClick(self):
         self.openChooser()
         left, top, width, _ = self.display.areaOf(str(self.file))
-        row = left + width // 3, top + 35 * SCALE  # below the heading, the first of its rows
+        row = left + width // 3, top + 24 * SCALE  # below the heading, the first of its rows
         self.display.click(*row)
         self.display.click(*row)
         self.display.awaitActive("Anders - Berta  0-1")
@@ -78,6 +78,7 @@ class GameFiles(unittest.TestCase):
         self.choose("alt+a", "e")
         self.display.awaitActive(PANEL)
         self.assertFalse(self.display.settled(PANEL).meets(self.display.settled(BOARD)))
+        self.display.keys("ctrl+a")  # the caret stands behind the user's own
         self.display.type("Berta")
         self.display.keys("alt+s")
         self.server.awaitLine("fi Berta")

@@ -85,6 +85,7 @@ TEST_F(ExamineWindow, IsCaptionedAndHoldsTheUsersHandleAndGame0) {
     EXPECT_EQ(panel->windowTitle(), QStringLiteral("Evaluate Player"));
     EXPECT_EQ(text("txtHandle"), "anders");
     EXPECT_EQ(part<QLineEdit>("txtHandle").cursorPosition(), 6);
+    EXPECT_FALSE(part<QLineEdit>("txtHandle").hasSelectedText()) << "what is typed goes behind it";
     EXPECT_EQ(text("txtGame"), "0");
     EXPECT_EQ(bar(), 0);
     EXPECT_EQ(frame(), "Game");

@@ -114,6 +114,27 @@ TEST_F(PgnWindow, ItsColumnsAreAsWideAsPrescribedAndReadableInEveryFont) {
     QApplication::setFont(usual);
 }
 
+TEST_F(PgnWindow, NumbersDatesAndResultsAreShownWholeInEveryFont) {
+    const QFont usual = QApplication::font();
+    for (const int points : {8, 11, 14, 20}) {
+        QApplication::setFont(QFont(usual.family(), points));
+        games[99].Date = "2026.11.22";
+        games[99].Result = "1/2-1/2";
+        open(98);
+        for (const int count : {99, 100}) {
+            show(count);
+            for (const int column : {0, 4, 5}) {
+                const QModelIndex index = grid().model()->index(column == 0 ? count - 1 : 98, column);
+                QStyleOptionViewItem cell;
+                cell.initFrom(&grid());
+                EXPECT_LE(grid().itemDelegate()->sizeHint(cell, index).width(), grid().columnWidth(column))
+                    << points << " points, column " << column;
+            }
+        }
+    }
+    QApplication::setFont(usual);
+}
+
 TEST_F(PgnWindow, DateAndResultAreCentredAndTheOthersAreNot) {
     open(1);
     for (int column = 0; column < 6; ++column) {
