@@ -52,12 +52,14 @@ TEST_F(HistoryWindow, ATopicIsAskedForAtOnceAndUsedUp) {
 
 TEST_F(HistoryWindow, StartedAnewTheOpenOneTakesTheNextTopic) {
     twoSlots();
+    list().setFocus();
     const frmHistory* before = window;
     modChess.gHelpTopic = "bob";
     frmHistory::startIt(roads);
     EXPECT_EQ(openWindows.count("frmHistory"), 1);
     ASSERT_TRUE(waitUntil([this] { return !asked.empty(); }));
     EXPECT_EQ(window, before);
+    EXPECT_EQ(window->focusWidget(), &txtPlayer());
     EXPECT_THAT(asked, ElementsAre("state 9", "History bob"));
     EXPECT_EQ(modChess.HistoryKind, 0) << "its button has run, columns and all";
     EXPECT_EQ(headingsOf(list()), "#|R|Rat|C|vs|Opponent|Type|ECO|End|Date|");
@@ -151,9 +153,11 @@ TEST_F(HistoryWindow, AfterFourSecondsItGivesUpSilently) {
 TEST_F(HistoryWindow, ClosedAndDestroyedInTheWaitItAsksNothing) {
     opened();
     busy = true;
-    QTimer::singleShot(20, window, [this] { window->close(); });
+    QTimer::singleShot(20, window, [this] {
+        window->close();
+        busy = false;
+    });
     press("cmdHistory");
-    busy = false;
     EXPECT_THAT(asked, IsEmpty());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(window.isNull());
@@ -249,6 +253,7 @@ TEST_F(HistoryWindow, AnAnswerBehindItsCloseIsReadAndShownByNobody) {
     press("cmdHistory");
     window->close();
     zHistoryLines(lists, "History for foobar:\r\n");
+    EXPECT_EQ(player(), "Anders") << "it is not there any more, though it is not deleted yet";
     answer({});
     EXPECT_EQ(lists.HistHandle, "foobar");
     EXPECT_THAT(told, IsEmpty());
@@ -365,6 +370,24 @@ TEST_F(HistoryWindow, ItOpensWhereItWasAndKeepsItsPlace) {
     EXPECT_EQ(kept("Left"), "675");
     EXPECT_EQ(kept("Top"), "900");
     EXPECT_EQ(kept("Width"), "(absent)");
+}
+
+TEST_F(HistoryWindow, ClosedMinimisedItKeepsItsPlace) {
+    opened();
+    window->move(45, 60);
+    window->showMinimized();
+    window->close();
+    EXPECT_FALSE(window->isMinimized());
+    EXPECT_EQ(kept("Left"), "675");
+}
+
+TEST_F(HistoryWindow, ItClosesOnceAndItsTimerWithIt) {
+    open();
+    window->close();
+    EXPECT_FALSE(part<QTimer>("tmrHist").isActive());
+    values->texts[{"History", "Left"}] = "of another";
+    window->close();
+    EXPECT_EQ(kept("Left"), "of another");
 }
 
 TEST_F(HistoryWindow, APlaceBeyondTheScreenIsNotUsed) {
