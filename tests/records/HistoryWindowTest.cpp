@@ -7,6 +7,8 @@
 #include <QHeaderView>
 #include <QScreen>
 
+#include <map>
+
 #include <gmock/gmock.h>
 
 using testing::Contains;
@@ -291,6 +293,25 @@ TEST_F(HistoryWindow, EveryColumnIsAsWideAsPrescribedOrAsItsTextsNeed) {
     }
 }
 
+TEST_F(HistoryWindow, ColumnsGrowWithAFontThatChangesUnderThem) {
+    threeGames();
+    QFont font = window->font();
+    font.setPointSize(3 * font.pointSize());
+    window->setFont(font);
+    EXPECT_GE(list().header()->sectionSize(2), list().fontMetrics().horizontalAdvance(QStringLiteral("1735")));
+}
+
+TEST_F(HistoryWindow, CellsAndHeadingsStandByTheirColumnsAlignmentAndOrder) {
+    twoStored();
+    const std::map<int, Qt::Alignment> expected{
+        {1, Qt::AlignHCenter}, {2, Qt::AlignLeft}, {3, Qt::AlignRight}, {5, Qt::AlignHCenter}, {6, Qt::AlignLeft}};
+    for (const auto& [column, alignment] : expected) {
+        EXPECT_EQ(list().topLevelItem(0)->textAlignment(column) & Qt::AlignHorizontal_Mask, alignment) << column;
+        EXPECT_EQ(list().headerItem()->textAlignment(column) & Qt::AlignHorizontal_Mask, alignment) << column;
+    }
+    EXPECT_FALSE(list().header()->sectionsMovable());
+}
+
 TEST_F(HistoryWindow, AWideTextWidensItsColumn) {
     threeGames();
     const int before = list().header()->sectionSize(5);
@@ -386,7 +407,8 @@ TEST_F(HistoryWindow, ItClosesOnceAndItsTimerWithIt) {
     window->close();
     EXPECT_FALSE(part<QTimer>("tmrHist").isActive());
     values->texts[{"History", "Left"}] = "of another";
-    window->close();
+    QCloseEvent oneMore;
+    QCoreApplication::sendEvent(window, &oneMore);
     EXPECT_EQ(kept("Left"), "of another");
 }
 
