@@ -111,7 +111,6 @@ bool zJournalLines(HistoryLists& lists, const std::string& line) { return take(J
 bool zStoredLines(HistoryLists& lists, const std::string& line) { return take(Stored, lists, line); }
 
 void zCheckHistHandle(HistoryLists& lists, const std::string& title, const std::string& line) {
-    if (line.size() <= title.size()) return;
     const long at = find(1, line, title);
     const long colon = find(1, line, ":");
     const long behind = at + static_cast<long>(title.size());

@@ -110,6 +110,12 @@ TEST_F(HistoryMenu, ADoubleClickBesideTheRowsDoesNothing) {
     EXPECT_THAT(asked, IsEmpty());
 }
 
+TEST_F(HistoryMenu, ADoubleClickOfTheRightButtonReviewsNothing) {
+    threeGames();
+    QTest::mouseDClick(list().viewport(), Qt::RightButton, {}, placeOf(1));
+    EXPECT_THAT(asked, IsEmpty());
+}
+
 TEST_F(HistoryMenu, AddSendsSlotPlayerAndFirstColumn) {
     threeGames();
     pressRight(1);
@@ -252,6 +258,21 @@ TEST_F(HistoryMenu, TheMenuKeyAndShiftF10OpenTheMenuBelowItsRow) {
     }
     choose("mnuMoves");
     EXPECT_THAT(asked, ElementsAre("smoves foo  6"));
+}
+
+TEST_F(HistoryMenu, ByTheKeysARowOutOfSightComesIntoSightWithItsMenu) {
+    opened();
+    press("cmdHistory");
+    answer(std::vector<std::string>(10, GameRow));
+    window->resize(window->width(), window->minimumSizeHint().height());
+    QCoreApplication::processEvents();
+    list().setCurrentItem(list().topLevelItem(9));
+    list().scrollToTop();
+    const QRect view = list().viewport()->rect();
+    ASSERT_FALSE(view.contains(placeOf(9)));
+    QTest::keyClick(&list(), Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(view.contains(placeOf(9)));
+    menu().close();
 }
 
 TEST_F(HistoryMenu, TabGoesFromThePlayerOverTheButtonsToTheList) {

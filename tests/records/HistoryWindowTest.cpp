@@ -7,6 +7,8 @@
 #include <QHeaderView>
 #include <QScreen>
 
+#include <map>
+
 #include <gmock/gmock.h>
 
 using testing::Contains;
@@ -52,12 +54,14 @@ TEST_F(HistoryWindow, ATopicIsAskedForAtOnceAndUsedUp) {
 
 TEST_F(HistoryWindow, StartedAnewTheOpenOneTakesTheNextTopic) {
     twoSlots();
+    list().setFocus();
     const frmHistory* before = window;
     modChess.gHelpTopic = "bob";
     frmHistory::startIt(roads);
     EXPECT_EQ(openWindows.count("frmHistory"), 1);
     ASSERT_TRUE(waitUntil([this] { return !asked.empty(); }));
     EXPECT_EQ(window, before);
+    EXPECT_EQ(window->focusWidget(), &txtPlayer());
     EXPECT_THAT(asked, ElementsAre("state 9", "History bob"));
     EXPECT_EQ(modChess.HistoryKind, 0) << "its button has run, columns and all";
     EXPECT_EQ(headingsOf(list()), "#|R|Rat|C|vs|Opponent|Type|ECO|End|Date|");
@@ -151,9 +155,11 @@ TEST_F(HistoryWindow, AfterFourSecondsItGivesUpSilently) {
 TEST_F(HistoryWindow, ClosedAndDestroyedInTheWaitItAsksNothing) {
     opened();
     busy = true;
-    QTimer::singleShot(20, window, [this] { window->close(); });
+    QTimer::singleShot(20, window, [this] {
+        window->close();
+        busy = false;
+    });
     press("cmdHistory");
-    busy = false;
     EXPECT_THAT(asked, IsEmpty());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(window.isNull());
@@ -249,6 +255,7 @@ TEST_F(HistoryWindow, AnAnswerBehindItsCloseIsReadAndShownByNobody) {
     press("cmdHistory");
     window->close();
     zHistoryLines(lists, "History for foobar:\r\n");
+    EXPECT_EQ(player(), "Anders") << "it is not there any more, though it is not deleted yet";
     answer({});
     EXPECT_EQ(lists.HistHandle, "foobar");
     EXPECT_THAT(told, IsEmpty());
@@ -286,6 +293,25 @@ TEST_F(HistoryWindow, EveryColumnIsAsWideAsPrescribedOrAsItsTextsNeed) {
     }
 }
 
+TEST_F(HistoryWindow, ColumnsGrowWithAFontThatChangesUnderThem) {
+    threeGames();
+    QFont font = window->font();
+    font.setPointSize(3 * font.pointSize());
+    window->setFont(font);
+    EXPECT_GE(list().header()->sectionSize(2), list().fontMetrics().horizontalAdvance(QStringLiteral("1735")));
+}
+
+TEST_F(HistoryWindow, CellsAndHeadingsStandByTheirColumnsAlignmentAndOrder) {
+    twoStored();
+    const std::map<int, Qt::Alignment> expected{
+        {1, Qt::AlignHCenter}, {2, Qt::AlignLeft}, {3, Qt::AlignRight}, {5, Qt::AlignHCenter}, {6, Qt::AlignLeft}};
+    for (const auto& [column, alignment] : expected) {
+        EXPECT_EQ(list().topLevelItem(0)->textAlignment(column) & Qt::AlignHorizontal_Mask, alignment) << column;
+        EXPECT_EQ(list().headerItem()->textAlignment(column) & Qt::AlignHorizontal_Mask, alignment) << column;
+    }
+    EXPECT_FALSE(list().header()->sectionsMovable());
+}
+
 TEST_F(HistoryWindow, AWideTextWidensItsColumn) {
     threeGames();
     const int before = list().header()->sectionSize(5);
@@ -302,6 +328,10 @@ TEST_F(HistoryWindow, TenRowsOfAnyListFitWithoutScrolling) {
         font.setPointSize(points);
         QApplication::setFont(font);
         opened();
+        const QSize screen = window->screen()->availableSize();
+        const QSize wanted = window->sizeHint();
+        EXPECT_EQ(window->size(), wanted.boundedTo(screen).expandedTo(window->minimumSizeHint())) << points;
+        window->resize(wanted); // on a larger screen, should this one not have the room
         const std::pair<const char*, std::string> kinds[] = {
             {"cmdHistory", GameRow}, {"cmdStored", StoredRow}, {"cmdJournal", SlotRow}};
         for (const auto& [button, row] : kinds) {
@@ -324,7 +354,9 @@ TEST_F(HistoryWindow, ItOpensNoLargerThanTheScreen) {
     QApplication::setFont(font);
     open();
     EXPECT_GT(list().header()->length(), window->screen()->availableSize().width());
-    EXPECT_LE(window->width(), window->screen()->availableSize().width());
+    const int needed = window->minimumSizeHint().width(); // by the row of buttons
+    EXPECT_LE(window->width(), std::max(window->screen()->availableSize().width(), needed));
+    EXPECT_LT(needed, list().header()->length());
     QApplication::setFont(before);
 }
 
@@ -359,6 +391,25 @@ TEST_F(HistoryWindow, ItOpensWhereItWasAndKeepsItsPlace) {
     EXPECT_EQ(kept("Left"), "675");
     EXPECT_EQ(kept("Top"), "900");
     EXPECT_EQ(kept("Width"), "(absent)");
+}
+
+TEST_F(HistoryWindow, ClosedMinimisedItKeepsItsPlace) {
+    opened();
+    window->move(45, 60);
+    window->showMinimized();
+    window->close();
+    EXPECT_FALSE(window->isMinimized());
+    EXPECT_EQ(kept("Left"), "675");
+}
+
+TEST_F(HistoryWindow, ItClosesOnceAndItsTimerWithIt) {
+    open();
+    window->close();
+    EXPECT_FALSE(part<QTimer>("tmrHist").isActive());
+    values->texts[{"History", "Left"}] = "of another";
+    QCloseEvent oneMore;
+    QCoreApplication::sendEvent(window, &oneMore);
+    EXPECT_EQ(kept("Left"), "of another");
 }
 
 TEST_F(HistoryWindow, APlaceBeyondTheScreenIsNotUsed) {

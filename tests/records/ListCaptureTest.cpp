@@ -168,6 +168,7 @@ TEST_F(ListCapture, AHandleStandsBetweenTheTitleAndTheFirstColonOfTheLine) {
     const Case cases[] = {{"History for Anders:\r\n", "Anders"},
                           {"fics% History for Anders:", "Anders"},
                           {"History for A B: or C:", "A B"},
+                          {"History for  Anders :", " Anders "},
                           {"12:30 History for Anders:", nullptr},
                           {"History for Anders\r\n", nullptr},
                           {"History for :\r\n", nullptr},

@@ -358,6 +358,26 @@ TEST_F(HistoryThroughSocket, TheTimeOutDoesNotEndTheCapture) {
     EXPECT_EQ(rows(), 2);
 }
 
+// No connection clears it: the server's first words are taken for the answer, unless Verbose Mode lets all through.
+TEST_F(HistoryThroughSocket, AListAskedForWithoutAConnectionSwallowsTheLogOnButForVerboseMode) {
+    start();
+    historyRoads.emplace(client->historyRoads());
+    type("hi bob");
+    ASSERT_TRUE(waitUntil([] { return modChess.HistoryCapture; }));
+    chooseEntry(*client->menus.mnuConnect[1]);
+    ASSERT_TRUE(waitUntil([this] { return loopback.hasClient() && socketState() == 7; }));
+    loopback.send("Welcome!\n\rlogin: ");
+    expectStillCaptured();
+    EXPECT_THAT(console(), Not(HasSubstr("Welcome!")));
+    EXPECT_EQ(client->session.pipeline.login, 0);
+    entry("mnuStupid").trigger();
+    loopback.send("\n\rlogin: ");
+    ASSERT_TRUE(consoleHas("login: "));
+    EXPECT_EQ(client->session.pipeline.login, 1);
+    EXPECT_TRUE(modChess.HistoryCapture);
+    EXPECT_EQ(loopback.received, "");
+}
+
 TEST_F(HistoryThroughSocket, APromptWithALineEndIsSwallowedAndTheNextOneEndsTheCapture) {
     openFor("foo");
     ask();
