@@ -17,6 +17,7 @@
 #include <QPointer>
 #include <QRegularExpression>
 #include <QTimer>
+#include <QWindow>
 
 #include <memory>
 
@@ -87,8 +88,22 @@ std::optional<std::int32_t> realColour(QWidget* parent, std::int32_t start) {
     return askWith(box, [](const QColorDialog& accepted) { return colorValue(accepted.selectedColor()); });
 }
 
+// Its own questions first: they run on its stack.
+void dismiss(QDialog& box) {
+    for (QDialog* question : box.findChildren<QDialog*>()) question->reject();
+    box.reject();
+}
+
+// A file dialog puts its own questions ("... already exists") on its stack, so it must not be deleted under them: it is
+// no child of its window, and only told when that goes.
 QFileDialog* fileBox(QWidget* parent, const std::string& title, const std::string& start, const std::string& filter) {
-    return new QFileDialog(owner(parent), shownText(title), QFile::decodeName(start.c_str()), shownText(filter));
+    auto* box = new QFileDialog(nullptr, shownText(title), QFile::decodeName(start.c_str()), shownText(filter));
+    if (QWidget* over = owner(parent)) {
+        box->winId(); // makes its window, which stays above the other from then on
+        box->windowHandle()->setTransientParent(over->windowHandle());
+        QObject::connect(over, &QObject::destroyed, box, [box] { dismiss(*box); });
+    }
+    return box;
 }
 
 std::optional<std::string> askForPath(const QPointer<QFileDialog>& box) {

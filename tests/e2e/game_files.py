@@ -5,7 +5,7 @@ import tempfile
 import unittest
 
 from managed import ManagedDisplay
-from rig import SCALE, TWIPS, Client, waitFor
+from rig import SCALE, TWIPS, Client, nameFile, waitFor
 from scripted import ScriptedServer
 
 BOARD, DIALOG, PANEL = "Brightrank - Board", "Open Game File", "Evaluate Player"
@@ -41,8 +41,7 @@ class GameFiles(unittest.TestCase):
     def openChooser(self):
         self.choose("alt+f", "r")
         self.display.awaitActive(DIALOG)
-        self.display.type(str(self.file))
-        self.display.keys("Return")
+        nameFile(self.display, self.file, lambda: self.display.activeTitle() != DIALOG)
         self.display.awaitActive(str(self.file))
         return self.display.settled(str(self.file))
 

@@ -9,7 +9,7 @@ import unittest
 from learn import learnPieces
 from managed import ManagedDisplay
 from peers import Partner, PracticeServer, Wire
-from rig import LOG_ON, QUIET, RIGHT, SCALE, Client, Display, waitFor
+from rig import LOG_ON, QUIET, RIGHT, SCALE, Client, Display, nameFile, waitFor
 from screen import Screen
 
 START = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
@@ -148,8 +148,7 @@ class KeptGames(unittest.TestCase):
             path = pathlib.Path(folder, "mine.pgn")
             self.chooseEntry(SAVE)
             self.display.awaitActive("Save Game")
-            self.display.type(str(path.with_suffix("")))
-            self.display.keys("Return")
+            nameFile(self.display, path.with_suffix(""), lambda: self.display.activeTitle() != "Save Game")
             self.awaitSent("smoves Rookery  0")
             text = waitFor(lambda: path.exists() and path.read_text("latin-1"), "the file")
             self.assertIn('[White "Pupil"]\n[Black "Rookery"]\n[WhiteElo "1200"]\n[BlackElo "1640"]\n'
@@ -158,8 +157,7 @@ class KeptGames(unittest.TestCase):
             self.display.keys("alt+f")
             self.display.keys("r")
             self.display.awaitActive("Open Game File")
-            self.display.type(str(path))
-            self.display.keys("Return")
+            nameFile(self.display, path, lambda: self.display.activeTitle() != "Open Game File")
             self.display.awaitActive(str(path))
             self.display.keys("Return")
             self.find("Pupil - Rookery  1-0")

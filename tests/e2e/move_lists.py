@@ -10,7 +10,7 @@ import unittest
 
 from learn import learnPieces
 from peers import Partner, PracticeServer, Wire
-from rig import LOG_ON, QUIET, SCALE, Client, Display, waitFor
+from rig import LOG_ON, QUIET, SCALE, Client, Display, nameFile, waitFor
 from screen import Screen
 from style12 import GAME
 
@@ -113,12 +113,13 @@ class MoveLists(unittest.TestCase):
         self.display.awaitMenu()
         self.display.keys("p")  # Store PGN
         window = self.display.awaitDialog("Save Game")
-        self.display.keys("ctrl+a")
-        self.display.type(str(path))
-        self.display.keys("Return")
         if replace:
+            nameFile(self.display, path, lambda: len(self.display.windows("Save Game")) == 2)
+            self.display.awaitFocus(self.display.windows("Save Game")[-1])
             self.display.keys("alt+y")
-        self.display.awaitGone(window)
+            self.display.awaitGone(window)
+        else:
+            nameFile(self.display, path, lambda: self.display.isGone(window))
 
 
 if __name__ == "__main__":

@@ -1,5 +1,6 @@
 """The built program with a settings store of its own. The tests see what a user sees, the screen, and what a server
 receives."""
+import contextlib
 import os
 import pathlib
 import re
@@ -82,6 +83,18 @@ class Client:
         if status != 0:
             raise AssertionError(f"the program ended with status {status}")
         return store
+
+
+def nameFile(display, path, taken):
+    """Types a name into the file dialog that has the keyboard, until `taken()`: the list of names that drops down while
+    one types may take a Return for itself."""
+    display.keys("ctrl+a")
+    display.type(str(path))
+    for _ in range(5):
+        display.keys("Return")
+        with contextlib.suppress(AssertionError):
+            return waitFor(taken, "the name to be taken", 3)
+    raise AssertionError(f"{path} could not be named")
 
 
 def awaitLifting():

@@ -211,6 +211,23 @@ TEST_F(BoxesTest, ADialogOfTheToolkitWhoseParentDiesMeanwhileGivesNothing) {
     EXPECT_EQ(answered, 4);
 }
 
+// The dialog's question stands on the dialog's stack.
+TEST_F(BoxesTest, AWindowThatDiesUnderTheQuestionOfItsFileDialogTakesBothAlong) {
+    QFile file(QString::fromStdString(inFolder("old.pgn")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    auto* parent = new QWidget;
+    parent->show();
+    next([this, parent](QWidget& dialog) {
+        next([parent](QWidget& question) {
+            EXPECT_NE(dynamic_cast<QMessageBox*>(&question), nullptr);
+            delete parent;
+        });
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    EXPECT_EQ(real.fileSave(parent, "Save", inFolder("old.pgn"), "PGN Files (*.pgn)"), std::nullopt);
+    EXPECT_EQ(answered, 2);
+}
+
 TEST_F(BoxesTest, ATestReplacesABoxByItsNextAnswer) {
     const Boxes before = boxes;
     boxes.yesNo = [](QWidget*, const std::string&, const std::string& text) { return text == "Sure?"; };
