@@ -86,11 +86,12 @@ class Client:
 
 
 def nameFile(display, path, taken):
-    """Types a name into the file dialog that has the keyboard, until `taken()`: the list of names that drops down while
-    one types may take a Return for itself."""
-    display.keys("ctrl+a")
-    display.type(str(path))
+    """Types a name into the file dialog that has the keyboard, until `taken()`. The dialog may not listen from the first
+    letter on, and then asks about a file that is not there; the list of names that drops down may take the Return."""
     for _ in range(5):
+        time.sleep(QUIET)
+        display.keys("ctrl+a")
+        display.type(str(path))
         display.keys("Return")
         with contextlib.suppress(AssertionError):
             return waitFor(taken, "the name to be taken", 3)
