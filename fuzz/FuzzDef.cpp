@@ -1,29 +1,13 @@
 // Fuzzes the reader of .def files: from bytes and, the same bytes, from a file.
+#include "MemoryFile.h"
 #include "Require.h"
 #include "settings/DefFile.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <sys/mman.h>
-#include <unistd.h>
 
 namespace {
-
-// A file without a name, gone when it is closed.
-struct MemoryFile {
-    int handle = memfd_create("def", 0);
-
-    explicit MemoryFile(std::string_view bytes) {
-        require(handle >= 0, "a file can be made");
-        require(write(handle, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()), "it can be written");
-    }
-    ~MemoryFile() { close(handle); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    std::string path() const { return "/proc/self/fd/" + std::to_string(handle); }
-};
 
 void takeAll(DefValues values) {
     float place = 0.5F;

@@ -1,4 +1,5 @@
 // Fuzzes the reader of game files: lines, tags, the moves of each game, and the board that takes them over.
+#include "MemoryFile.h"
 #include "PgnModel.h"
 #include "Require.h"
 #include "board/QuietGame.h"
@@ -6,27 +7,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <sys/mman.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr std::size_t MostLoaded = 3; // games of an input, which take the longest
-
-// A file without a name, gone when it is closed.
-struct MemoryFile {
-    int handle = memfd_create("pgn", 0);
-
-    explicit MemoryFile(std::string_view bytes) {
-        require(handle >= 0, "a file can be made");
-        require(write(handle, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()), "it can be written");
-    }
-    ~MemoryFile() { close(handle); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    std::string path() const { return "/proc/self/fd/" + std::to_string(handle); }
-};
 
 const std::map<std::string, std::string PgnGame::*> Fields{
     {"event", &PgnGame::Event},

@@ -7,6 +7,7 @@
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
 #include "platform/MessageLoop.h"
+#include "platform/NamedControl.h"
 #include "platform/StreamText.h"
 #include "records/FileDialogs.h"
 #include "records/MoveListRequest.h"
@@ -25,19 +26,6 @@ constexpr int LastGame = 99;          // of vscGame
 constexpr int GameWidth = 4;          // digits of txtGame
 constexpr int Gap = 6;                // pixels
 constexpr std::int16_t ToFile = -1;   // MovesTarget
-
-template <typename Control>
-Control* named(Control* control, const char* name) {
-    control->setObjectName(QString::fromLatin1(name));
-    return control;
-}
-
-QLabel* labelOf(QWidget* parent, const char* name, const QString& caption, QWidget* field) {
-    auto* label = named(new QLabel(caption, parent), name);
-    label->setBuddy(field);
-    field->setAccessibleName(label->text().remove(u'&'));
-    return label;
-}
 
 QString inCapitals(QString text) {
     for (QChar& character : text) character = character.toUpper();

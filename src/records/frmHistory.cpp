@@ -8,6 +8,7 @@
 #include "platform/LoadedWindow.h"
 #include "platform/MenuEntry.h"
 #include "platform/MessageLoop.h"
+#include "platform/NamedControl.h"
 #include "platform/StreamText.h"
 #include "records/FileDialogs.h"
 #include "records/HistoryTable.h"
@@ -33,12 +34,6 @@ constexpr std::int16_t ToReviewBoard = -2;
 constexpr std::int16_t ToFile = -1;
 
 bool isStored(std::int16_t kind) { return &lookOf(kind) == &lookOf(HistoryKindStored); }
-
-template <typename Control>
-Control* named(Control* control, const char* name) {
-    control->setObjectName(QString::fromLatin1(name));
-    return control;
-}
 
 } // namespace
 

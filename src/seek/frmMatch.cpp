@@ -4,6 +4,7 @@
 #include "common/modChess.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
+#include "platform/NamedControl.h"
 #include "platform/StreamText.h"
 
 #include <QCloseEvent>
@@ -19,19 +20,6 @@ constexpr int NumberWidth = 64;
 ListChoice choiceOf(const QComboBox& box) {
     const int index = box.currentIndex();
     return {index, bytesOf(index < 0 ? box.placeholderText() : box.currentText())};
-}
-
-template <typename Control>
-Control* named(Control* control, const char* name) {
-    control->setObjectName(QString::fromLatin1(name));
-    return control;
-}
-
-QLabel* labelOf(QWidget* parent, const char* name, const QString& caption, QWidget* field) {
-    auto* label = named(new QLabel(caption, parent), name);
-    label->setBuddy(field);
-    field->setAccessibleName(label->text().remove(u'&'));
-    return label;
 }
 
 QLineEdit* numberBox(QWidget* parent, const char* name, const std::string& text) {
