@@ -4,6 +4,7 @@
 #include "board/Style12Line.h"
 #include "board/frmChessBoard.h"
 #include "common/modChess.h"
+#include "platform/QuietDoors.h"
 #include "settings/MemoryStore.h"
 
 #include <memory>
@@ -38,6 +39,7 @@ struct BenchBoard {
         .showMatch = [] {},
         .showSeek = [] {},
         .showExamine = [](std::int32_t) {},
+        .doors = quietDoors(),
         .consoleFrame = [] { return QRect(); },
         .typingFont = [] { return QFont(); },
         .enableBoardMenu = [] {},

@@ -67,14 +67,14 @@ void StreamRig::goFor(const std::string& command) {
     constexpr int Turn = 10; // ms
     const std::weak_ptr<RigHistory> window = history_;
     zGo(command, session_.historyLists,
-        {.BusyTest = TextPipeline::BusyTest,
-         .secondsOfDay = [this] { return clock_.millisecondsOfDay() / 1000.0; },
-         .pump =
-             [this] {
-                 mayWait();
-                 pass(Turn);
-             },
-         .isOpen = [window] { return !window.expired(); },
+        {.turn = {.BusyTest = TextPipeline::BusyTest,
+                  .secondsOfDay = [this] { return clock_.millisecondsOfDay() / 1000.0; },
+                  .pump =
+                      [this] {
+                          mayWait();
+                          pass(Turn);
+                      },
+                  .isOpen = [window] { return !window.expired(); }},
          .player = [window] { return window.lock()->player; },
          .setCaption = [window](const std::string& caption) { window.lock()->caption = caption; },
          .zSetstate = [this](std::int16_t state) { session_.pipeline.zSetstate(state); },

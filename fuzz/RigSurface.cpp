@@ -65,7 +65,6 @@ ClientSurface StreamRig::clientSurface() {
         .promptCaption = [this] { return promptCaption_; },
         .setPromptCaption = [this](const std::string& caption) { promptCaption_ = caption; },
         .ticksChanged = [] {},
-        .fillTestPanel = [] {},
     };
 }
 
@@ -76,6 +75,9 @@ WindowSurface StreamRig::windowSurface() {
         .showSeek = [this] { showSeek(); },
         .unloadSeek = [] { openWindows.unload("frmSeek"); },
         .startHistory = [this] { startHistory(); },
+        .startHelp = [] {},
+        .zParseVars = [] {},
+        .zParseNotes = [] {},
     };
 }
 

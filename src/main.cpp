@@ -51,6 +51,9 @@ struct Program {
         .showHistory = [this] { frmHistory::showIt(history); },
         .startHistory = [this] { frmHistory::startIt(history); },
         .showExamine = [this](std::int32_t id) { frmExamine::showIt(examine, id); },
+        .doors = panelDoors(),
+        .zParseVars = [] {},
+        .zParseNotes = [] {},
     };
     frmChessClient client{roads};
     BoardRoads boards = client.boardRoads();
@@ -58,6 +61,18 @@ struct Program {
     SeekRoads seek = client.seekRoads(match);
     ExamineRoads examine = client.examineRoads(&frmChessBoard::windowOf);
     HistoryRoads history = client.historyRoads();
+    PanelRoads panels = client.panelRoads();
+
+    PanelDoors panelDoors() {
+        return {
+            .showVars = [] {},
+            .showNotes = [] {},
+            .showOptions = [] {},
+            .showHelp = [] {},
+            .startHelp = [] {},
+            .showSelfCheck = [] {},
+        };
+    }
 
     void openBoard() {
         auto* board = new frmChessBoard(boards); // deletes itself after closing

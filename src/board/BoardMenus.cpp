@@ -41,20 +41,20 @@ void BoardMenus::build(QMenuBar& bar) {
     mnuDraw = addEntry(actions, "mnuDraw", "&Draw");
     mnuRes = addEntry(actions, "mnuRes", "&Resign");
     mnuExamine = addEntry(actions, "mnuExamine", "&Eval Player");
-    mnuSelfCheck = addUnbuilt(actions, "mnuSelfCheck", "Self &Check");
+    mnuSelfCheck = addEntry(actions, "mnuSelfCheck", "Self &Check");
     mnuSelfCheck->setVisible(false);
 
     QMenu* panels = addMenu(bar, "mnuIfc", "&Interface");
     mnuSeekGrf = addEntry(panels, "mnuSeekGrf", "&Seek Graph");
-    addUnbuilt(panels, "mnuVars", "&Variables");
-    addUnbuilt(panels, "mnuNotes", "&Notes");
-    addUnbuilt(panels, "mnuOptions", "&Options");
+    mnuVars = addEntry(panels, "mnuVars", "&Variables");
+    mnuNotes = addEntry(panels, "mnuNotes", "&Notes");
+    mnuOptions = addEntry(panels, "mnuOptions", "&Options");
 
     QMenu* help = addMenu(bar, "mnuMHelp", "&Help");
     QAction* manual = addEntry(help, "mnuBRHelp", "&Brightrank Help");
     manual->setShortcut(QKeySequence(Qt::Key_F1));
     onChosen(manual, &bar, [&bar] { showHelpFile(bar.window()); });
-    addUnbuilt(help, "mnuHelp", "&FICS Help Panel");
+    mnuHelp = addEntry(help, "mnuHelp", "&FICS Help Panel");
     help->addSeparator();
     mnuAbout = addEntry(help, "mnuAbout", "&About");
     mnuExit1 = addEntry(help, "mnuExit1", "&Exit");

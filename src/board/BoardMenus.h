@@ -23,10 +23,14 @@ struct BoardMenus {
     QAction* mnuRes = nullptr;
     QAction* mnuExamine = nullptr;
     QAction* mnuSelfCheck = nullptr; // not shown but with a command line that holds "est"
+    QAction* mnuVars = nullptr;
+    QAction* mnuNotes = nullptr;
+    QAction* mnuOptions = nullptr;
+    QAction* mnuHelp = nullptr;
     QAction* mnuAbout = nullptr;
     QAction* mnuExit1 = nullptr;
 
-    // Fills `bar`; entries whose windows are not built yet are there and cannot be chosen.
+    // Fills `bar`.
     void build(QMenuBar& bar);
     // Check marks of the piece sets: 0 Bookup, 1 Quorl, any other GNU.
     void checkPieces(int set);

@@ -4,6 +4,7 @@
 #include "common/CommandHistory.h"
 #include "common/GameRecord.h"
 #include "common/Needed.h"
+#include "platform/PanelDoors.h"
 #include "settings/SettingsStore.h"
 
 #include <QFont>
@@ -35,6 +36,7 @@ struct BoardRoads {
     Needed<void()> showSeek;
     // Shows frmExamine for the board with this id.
     Needed<void(std::int32_t id)> showExamine;
+    PanelDoors doors;
     // The console with its frame, in pixels of the screen; empty while there is none.
     Needed<QRect()> consoleFrame;
     // The font of the console's command line.

@@ -128,6 +128,11 @@ void frmChessBoard::connectMenus() {
     onChosen(menus_.mnuDraw, this, [this] { offerDraw(); });
     onChosen(menus_.mnuRes, this, [this] { resign(); });
     onChosen(menus_.mnuExamine, this, [this] { zExamine(); });
+    onChosen(menus_.mnuSelfCheck, this, roads_.doors.showSelfCheck);
+    onChosen(menus_.mnuVars, this, roads_.doors.showVars);
+    onChosen(menus_.mnuNotes, this, roads_.doors.showNotes);
+    onChosen(menus_.mnuOptions, this, roads_.doors.showOptions);
+    onChosen(menus_.mnuHelp, this, roads_.doors.showHelp);
     onChosen(menus_.mnuAbout, this, [this] { showAbout(this); });
     for (QAction* exit : {menus_.mnuExit, menus_.mnuExit1}) onChosen(exit, this, [this] { close(); });
 }

@@ -50,14 +50,6 @@ void ServerRoad::forgetPassword() {
     modChess.gLastCmd.clear();
 }
 
-void ServerRoad::askInPlaceOfPanel(const std::string& command) {
-    if (hooks.socketState() == Connected && hooks.login() == 0) {
-        zSendMsg(command + std::exchange(modChess.gHelpTopic, {}));
-    } else {
-        hooks.tell(command + "asks the server, and you are not logged on.\r\n");
-    }
-}
-
 void ServerRoad::countIdle(bool connected) {
     constexpr std::int32_t Round = 20;
     const std::int32_t next = connected ? idleSeconds + 1 : -1;

@@ -20,8 +20,6 @@ struct RoadHooks {
     Needed<std::string()> handle;
     // Prints `text`, which ends in CR LF, at the end of the console in Color_Copy, and goes back to Color_Main.
     Needed<void(const std::string& text)> echo;
-    // Prints `text`, which ends in CR LF, at the end of the console in Color_Main.
-    Needed<void(const std::string& text)> tell;
     // Opens the help or the history panel, or starts it anew if it is open, with modChess.gHelpTopic.
     Needed<void()> showHelp;
     Needed<void()> showHistory;
@@ -52,10 +50,6 @@ struct ServerRoad {
     void sendPassword(const std::string& password);
     // A sent password has been answered: it is not kept as the last command any longer.
     void forgetPassword();
-
-    // Stands in for a panel that is not built, whose answer then goes to the console: asks the server `command`, which
-    // ends in a blank, of modChess.gHelpTopic, and clears that. Before the log-on it only tells the user so.
-    void askInPlaceOfPanel(const std::string& command);
 
     // A second has passed; counts it while `connected`.
     void countIdle(bool connected);

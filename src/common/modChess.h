@@ -31,6 +31,13 @@ struct ModChess {
     std::int16_t MovesTarget = 0; // game number, -1 a PGN file, -2 the review board
     bool ExamineNoMoves = false;  // no move list could be asked for an examined game
 
+    // Answers of the server for the panels
+    std::string VarsBlock;                  // lines of the variables, end to end
+    FixedArray<std::string, 9> NotesText;   // the user's own finger notes
+    FixedArray<std::string, 500> HelpLines; // of one help page
+    std::int16_t HelpCount = 0;             // lines of it that are held
+    std::int16_t HelpBlock = 0;             // blocks of it that have come
+
     // Games as records
     GameRecord MovesRecord;     // the move list captured last, or being captured
     std::string MovesFile;      // path of the PGN file for MovesTarget -1
@@ -67,9 +74,10 @@ struct ModChess {
     bool gSeekOn = false;       // the seek graph is in use
 
     // Games
-    Style12Record Record;     // the shared record: always the line just read
-    bool GameRunning = false; // a live game has its clock going
-    bool SelfCheckOK = true;
+    Style12Record Record;       // the shared record: always the line just read
+    bool GameRunning = false;   // a live game has its clock going
+    bool SelfCheckOpen = false; // frmSelfCheck is loaded
+    bool SelfCheckOK = true;    // a board may take a move
 
     // Options: what the program starts with, and then what the settings store holds or gives in its place
     std::string RegistryState = "No";

@@ -26,10 +26,3 @@ template <typename Answer>
 void onChosen(const QAction* entry, QObject* context, Answer answer) {
     QObject::connect(entry, &QAction::triggered, context, std::move(answer), Qt::QueuedConnection);
 }
-
-// An entry whose window is not built yet: it is there and cannot be chosen.
-inline QAction* addUnbuilt(QMenu* menu, const char* name, const char* caption) {
-    QAction* entry = addEntry(menu, name, caption);
-    entry->setEnabled(false);
-    return entry;
-}

@@ -16,6 +16,8 @@ struct OpenWindow {
     std::any content = {};        // a pointer to the window-free part that others ask for: a board's game, a box's chat
     // Shows the answer of the server that was captured for this window.
     std::function<void()> answered = [] {};
+    // Takes the colours and the font of the options, which have changed.
+    std::function<void()> takeLook = [] {};
     // Of a "frmChessBoard": fits and repaints it whole.
     std::function<void()> zBoardSetup = [] {};
 };
@@ -28,6 +30,11 @@ struct OpenWindows {
 
     void remove(const void* window) {
         std::erase_if(windows, [window](const OpenWindow& open) { return open.window == window; });
+    }
+
+    // True from the window's load until it closes.
+    bool holds(const void* window) const {
+        return std::ranges::find(windows, window, &OpenWindow::window) != windows.end();
     }
 
     // How many windows of the class are loaded.

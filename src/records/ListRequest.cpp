@@ -3,25 +3,12 @@
 
 namespace {
 
-constexpr double Patience = 4; // seconds
 constexpr std::int16_t HistoryState = 9;
-
-// False when it gives up.
-bool waitForOthers(const ListRequestHooks& hooks) {
-    const double start = hooks.secondsOfDay();
-    while (hooks.BusyTest()) {
-        const double passed = hooks.secondsOfDay() - start;
-        if (passed < 0 || passed >= Patience) return false;
-        hooks.pump();
-        if (!hooks.isOpen()) return false;
-    }
-    return true;
-}
 
 } // namespace
 
 void zGo(const std::string& command, HistoryLists& lists, const ListRequestHooks& hooks) {
-    if (!waitForOthers(hooks)) return;
+    if (!awaitTurn(hooks.turn)) return;
     lists.HistCount = 0;
     lists.HistHandle.clear();
     const std::string player = hooks.player();

@@ -3,13 +3,12 @@
 
 #include "common/modChess.h"
 #include "platform/Boxes.h"
-#include "platform/Clock.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
 #include "platform/MenuEntry.h"
-#include "platform/MessageLoop.h"
 #include "platform/NamedControl.h"
 #include "platform/StreamText.h"
+#include "platform/WindowTurn.h"
 #include "records/FileDialogs.h"
 #include "records/HistoryTable.h"
 #include "settings/WindowSettings.h"
@@ -27,7 +26,6 @@
 namespace {
 
 constexpr int FirstTick = 100;    // milliseconds
-constexpr double LoopTurn = 0.01; // seconds; lets the processor rest while another answer is waited for
 constexpr int OpponentColumn = 2; // of stored games
 constexpr std::int16_t MovesState = 4;
 constexpr std::int16_t ToReviewBoard = -2;
@@ -208,10 +206,7 @@ ListRequestHooks frmHistory::requestHooks() {
     const QPointer<frmHistory> self(this);
     const HistoryRoads& roads = roads_;
     return {
-        .BusyTest = roads.BusyTest,
-        .secondsOfDay = wallClock.secondsOfDay,
-        .pump = [] { zWait(LoopTurn); },
-        .isOpen = [self] { return self && !self->closed_; },
+        .turn = turnOf(this, roads.BusyTest),
         .player = [self] { return self->player(); },
         .setCaption = [self](const std::string& caption) { self->setWindowTitle(shownText(caption)); },
         .zSetstate = roads.zSetstate,

@@ -72,6 +72,10 @@ void frmChessClient::connectMenus() {
     });
     onChosen(menus.mnuHistory, this, [this] { roads_.showHistory(); });
     onChosen(menus.mnuSeekGrf, this, [this] { wantSeek(); });
+    onChosen(menus.mnuVars, this, roads_.doors.showVars);
+    onChosen(menus.mnuNotes, this, roads_.doors.showNotes);
+    onChosen(menus.mnuOptions, this, roads_.doors.showOptions);
+    onChosen(menus.mnuHelp, this, roads_.doors.showHelp);
     on(menus.mnuTest, [this] { dumpRegistry(); });
     onChosen(menus.mnuAbout, this, [this] { showAbout(this); });
 }

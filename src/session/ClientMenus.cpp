@@ -45,16 +45,16 @@ void buildWindows(ClientMenus& menus, QMenu* menu) {
     menus.mnuHistory = addEntry(menu, "mnuHistory", "H&istory");
     menus.mnuHistory->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
     menu->addSeparator();
-    addUnbuilt(menu, "mnuVars", "&Variables");
-    addUnbuilt(menu, "mnuNotes", "&Notes");
-    addUnbuilt(menu, "mnuOptions", "&Options");
+    menus.mnuVars = addEntry(menu, "mnuVars", "&Variables");
+    menus.mnuNotes = addEntry(menu, "mnuNotes", "&Notes");
+    menus.mnuOptions = addEntry(menu, "mnuOptions", "&Options");
 }
 
 void buildHelp(ClientMenus& menus, QMenu* menu) {
     QAction* help = addEntry(menu, "mnuBRHelp", "&Brightrank Help");
     help->setShortcut(QKeySequence(Qt::Key_F1));
     onChosen(help, menu, [menu] { showHelpFile(menu->parentWidget()->window()); });
-    addUnbuilt(menu, "mnuHelp", "&FICS Help Panel");
+    menus.mnuHelp = addEntry(menu, "mnuHelp", "&FICS Help Panel");
     menu->addSeparator();
     menus.mnuTest = addEntry(menu, "mnuTest", "Resgistry Dump");
     menus.mnuAbout = addEntry(menu, "mnuAbout", "&About");

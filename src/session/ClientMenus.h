@@ -26,9 +26,13 @@ struct ClientMenus {
     QAction* mnuMatch = nullptr;
     QAction* mnuChat = nullptr;
     QAction* mnuHistory = nullptr;
+    QAction* mnuVars = nullptr;
+    QAction* mnuNotes = nullptr;
+    QAction* mnuOptions = nullptr;
+    QAction* mnuHelp = nullptr;
     QAction* mnuTest = nullptr;
     QAction* mnuAbout = nullptr;
 
-    // Fills `bar`; entries whose windows are not built yet are there and cannot be chosen.
+    // Fills `bar`.
     void build(QMenuBar& bar);
 };

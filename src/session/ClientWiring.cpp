@@ -78,7 +78,6 @@ ClientSurface frmChessClient::clientSurface() {
         .promptCaption = [this] { return bytesOf(lblPrompt->text()); },
         .setPromptCaption = [this](const std::string& caption) { lblPrompt->setText(shownText(caption)); },
         .ticksChanged = [this] { takeMenuTicks(); },
-        .fillTestPanel = [] {}, // there is no such panel
     };
 }
 
@@ -93,6 +92,9 @@ WindowSurface frmChessClient::windowSurface() {
         .showSeek = [this] { roads_.showSeek(); },
         .unloadSeek = [] { openWindows.unload("frmSeek"); },
         .startHistory = [this] { roads_.startHistory(); },
+        .startHelp = [this] { roads_.doors.startHelp(); },
+        .zParseVars = [this] { roads_.zParseVars(); },
+        .zParseNotes = [this] { roads_.zParseNotes(); },
     };
 }
 
@@ -155,6 +157,15 @@ HistoryRoads frmChessClient::historyRoads() {
     };
 }
 
+PanelRoads frmChessClient::panelRoads() {
+    return {
+        .store = roads_.store,
+        .zSendMsg = [this](const std::string& text) { session.road.zSendMsg(text); },
+        .BusyTest = TextPipeline::BusyTest,
+        .zSetstate = [this](std::int16_t state) { session.pipeline.zSetstate(state); },
+    };
+}
+
 ExamineRoads frmChessClient::examineRoads(const Needed<QWidget*(std::int32_t id)>& board) {
     return {
         .board = board,
@@ -201,6 +212,7 @@ BoardRoads frmChessClient::boardRoads() {
         .showMatch = roads_.showMatch,
         .showSeek = [this] { wantSeek(); },
         .showExamine = roads_.showExamine,
+        .doors = roads_.doors,
         .consoleFrame = [this] { return frameGeometry(); },
         .typingFont = [this] { return txtSend->font(); },
         .enableBoardMenu = [this] { menus.mnuBoard->setEnabled(true); },

@@ -147,7 +147,6 @@ void Connection::tmrTCPTimer() {
     }
     const int interval = modChess.gTestOpen ? 200 : 1000;
     if (interval != std::exchange(tickInterval_, interval)) hooks.setTickInterval(interval);
-    if (modChess.gTestOpen) hooks.fillTestPanel();
 }
 
 void Connection::stateChanged(int state) {

@@ -26,8 +26,7 @@ struct ConnectionHooks {
     Needed<void()> checksChanged;                   // one of the three check marks below has a new value
     Needed<void(int milliseconds)> setTickInterval; // of `tmrTCP`
     Needed<void(bool on)> enableCloseTimer;         // `tmrClose`, 550 ms
-    Needed<void()> fillTestPanel;
-    Needed<void(bool connected)> countIdle; // a tick that found the state of the tick before
+    Needed<void(bool connected)> countIdle;         // a tick that found the state of the tick before
 
     // The user
     Needed<void()> beep;

@@ -124,8 +124,7 @@ RoadHooks Session::roadHooks() {
                 outside.console.moveToEnd();
                 outside.console.setColor(modChess.ColorMain);
             },
-        .tell = [this](const std::string& text) { print(text); },
-        .showHelp = [this] { road.askInPlaceOfPanel("Help "); },
+        .showHelp = outside.windows.startHelp,
         .showHistory = outside.windows.startHistory,
     };
 }
@@ -183,7 +182,6 @@ ConnectionHooks Session::connectionHooks() {
                 on ? outside.timers.start(SessionTimer::tmrClose, CloseTick)
                    : outside.timers.stop(SessionTimer::tmrClose);
             },
-        .fillTestPanel = outside.client.fillTestPanel,
         .countIdle = [this](bool connected) { road.countIdle(connected); },
         .beep = outside.user.beep,
         .message = [this](const std::string& text) { tell(text); },

@@ -56,7 +56,6 @@ struct ClientSurface {
     Needed<std::string()> promptCaption; // lblPrompt
     Needed<void(const std::string& caption)> setPromptCaption;
     Needed<void()> ticksChanged; // one of the ticks that the session keeps has a new value
-    Needed<void()> fillTestPanel;
 };
 
 // The other windows.
@@ -66,6 +65,10 @@ struct WindowSurface {
     Needed<void()> showSeek;  // frmSeek
     Needed<void()> unloadSeek;
     Needed<void()> startHistory; // frmHistory, which takes modChess.gHelpTopic
+    Needed<void()> startHelp;    // frmChessHelp, the same
+    // Hand the complete answer to frmICSVars or frmNotes, which is loaded first, not shown, if it is not.
+    Needed<void()> zParseVars;
+    Needed<void()> zParseNotes;
 };
 
 struct UserSurface {

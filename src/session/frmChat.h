@@ -2,9 +2,9 @@
 #pragma once
 
 #include "common/Needed.h"
+#include "platform/Console.h"
 #include "platform/TypingLine.h"
 #include "session/ChatBox.h"
-#include "session/Console.h"
 #include "settings/SettingsStore.h"
 #include "settings/WindowPlacer.h"
 

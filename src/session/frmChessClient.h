@@ -3,6 +3,9 @@
 
 #include "board/BoardRoads.h"
 #include "common/Needed.h"
+#include "panels/PanelRoads.h"
+#include "platform/Console.h"
+#include "platform/PanelDoors.h"
 #include "platform/TypingLine.h"
 #include "platform/tcpClient.h"
 #include "records/HistoryRoads.h"
@@ -10,7 +13,6 @@
 #include "seek/SeekRoads.h"
 #include "session/ClientMenus.h"
 #include "session/CommandRow.h"
-#include "session/Console.h"
 #include "session/Session.h"
 #include "session/TimesealBridge.h"
 #include "session/frmChat.h"
@@ -43,6 +45,10 @@ struct ClientRoads {
     Needed<void()> startHistory;
     // Shows frmExamine for the board with this id.
     Needed<void(std::int32_t id)> showExamine;
+    PanelDoors doors;
+    // Hand the complete answer to frmICSVars or frmNotes, which is loaded first, not shown, if it is not.
+    Needed<void()> zParseVars;
+    Needed<void()> zParseNotes;
 };
 
 // Lives as long as the program. Everything is decided in `session`; the window carries events to it and its results to
@@ -65,6 +71,8 @@ public:
     SeekRoads seekRoads(const MatchRoads& match);
     // The same of the lists of games.
     HistoryRoads historyRoads();
+    // The same of the panels that ask the server.
+    PanelRoads panelRoads();
     // The same of the panel that evaluates a player; `board` gives the window of the board with an id, or null.
     ExamineRoads examineRoads(const Needed<QWidget*(std::int32_t id)>& board);
 

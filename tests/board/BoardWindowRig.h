@@ -6,6 +6,7 @@
 #include "platform/Boxes.h"
 #include "platform/ChosenEntry.h"
 #include "platform/OpenWindows.h"
+#include "platform/QuietDoors.h"
 #include "platform/WaitUntil.h"
 #include "settings/MemoryStore.h"
 
@@ -112,6 +113,7 @@ protected:
         .showMatch = [] {},
         .showSeek = [] {},
         .showExamine = [this](std::int32_t id) { examined.push_back(id); },
+        .doors = quietDoors(),
         .consoleFrame = [] { return QRect(); },
         .typingFont = [] { return QFont(); },
         .enableBoardMenu = [this] { ++menuEnabled; },

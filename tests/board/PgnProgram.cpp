@@ -3,6 +3,7 @@
 #include "common/modChess.h"
 #include "platform/Application.h"
 #include "platform/LoadedWindow.h"
+#include "platform/QuietDoors.h"
 #include "records/frmPGN.h"
 #include "settings/MemoryStore.h"
 
@@ -34,6 +35,7 @@ struct Program {
         .showMatch = [] {},
         .showSeek = [] {},
         .showExamine = [](std::int32_t) {},
+        .doors = quietDoors(),
         .consoleFrame = [] { return QRect(); },
         .typingFont = [] { return QFont(); },
         .enableBoardMenu = [] {},

@@ -17,7 +17,6 @@ struct ServerRoadTest : testing::Test {
     ServerRoad& road = session.road;
     std::string sent;
     std::string echoed;
-    std::string told;
     std::int16_t state = 7;
     std::int16_t login = 0;
     int helps = 0;
@@ -33,7 +32,6 @@ struct ServerRoadTest : testing::Test {
         road.hooks.login = [this] { return login; };
         road.hooks.handle = [] { return std::string("Own"); };
         road.hooks.echo = [this](const std::string& text) { echoed += text; };
-        road.hooks.tell = [this](const std::string& text) { told += text; };
         road.hooks.showHelp = [this] { ++helps; };
         road.hooks.showHistory = [this] { ++histories; };
     }
@@ -137,26 +135,6 @@ TEST_F(ServerRoadTest, HelpOpensWhileNotConnectedButATypedLineFaults) {
     road.zSend("help");
     EXPECT_EQ(helps, 1);
     EXPECT_THROW(road.zSend("who"), Fault);
-}
-
-TEST_F(ServerRoadTest, InPlaceOfAPanelTheServerIsAskedAndTheTopicIsUsedUp) {
-    modChess.gHelpTopic = "tactics";
-    road.askInPlaceOfPanel("Help ");
-    EXPECT_EQ(sent, "Help tactics\n");
-    EXPECT_EQ(modChess.gHelpTopic, "");
-    EXPECT_EQ(told, "");
-}
-
-TEST_F(ServerRoadTest, InPlaceOfAPanelNothingIsAskedBeforeTheLogOn) {
-    const std::pair<int, int> cases[] = {{0, 0}, {7, 1}, {7, 2}};
-    for (const auto& [socket, prompt] : cases) {
-        state = static_cast<std::int16_t>(socket);
-        login = static_cast<std::int16_t>(prompt);
-        told.clear();
-        road.askInPlaceOfPanel("Help ");
-        EXPECT_EQ(told, "Help asks the server, and you are not logged on.\r\n");
-    }
-    EXPECT_EQ(sent, "");
 }
 
 TEST(ServerRoadUnset, HooksAreHarmlessAndTheSocketCountsAsClosed) {

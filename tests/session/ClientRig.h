@@ -6,6 +6,7 @@
 #include "platform/Boxes.h"
 #include "platform/ChosenEntry.h"
 #include "platform/OpenWindows.h"
+#include "platform/QuietDoors.h"
 #include "platform/WaitUntil.h"
 #include "session/ScriptedServer.h"
 #include "session/frmChessClient.h"
@@ -127,6 +128,9 @@ protected:
         .showHistory = [] {},
         .startHistory = [] {},
         .showExamine = [](std::int32_t) {},
+        .doors = quietDoors(),
+        .zParseVars = [] {},
+        .zParseNotes = [] {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     ScriptedServer loopback;

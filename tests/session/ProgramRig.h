@@ -2,8 +2,9 @@
 #pragma once
 
 #include "board/frmChessBoard.h"
+#include "platform/Console.h"
+#include "platform/QuietDoors.h"
 #include "platform/TelnetFilter.h"
-#include "session/Console.h"
 #include "session/ScriptedServer.h"
 #include "session/frmChessClient.h"
 #include "settings/MemoryStore.h"
@@ -81,6 +82,9 @@ public:
         .showHistory = [] {},
         .startHistory = [] {},
         .showExamine = [](std::int32_t) {},
+        .doors = quietDoors(),
+        .zParseVars = [] {},
+        .zParseNotes = [] {},
     };
     std::optional<BoardRoads> boardRoads; // of `client`
     std::unique_ptr<frmChessClient> client;

@@ -74,32 +74,15 @@ TEST_F(TypingWindow, FunctionKeysReplaceTheTextByTheirWord) {
     }
 }
 
-TEST_F(TypingWindow, HelpIsAskedForAsItsPanelWillAsk) {
+TEST_F(TypingWindow, HelpOpensThePanelWithItsTopicAndTheServerGetsNothing) {
+    std::vector<std::string> topics;
+    roads.doors.startHelp = [&topics] { topics.push_back(modChess.gHelpTopic); };
     connected();
     type("he tactics");
-    EXPECT_TRUE(serverGot("Help tactics\n"));
-    EXPECT_EQ(modChess.gHelpTopic, "") << "no panel takes it up later";
-    EXPECT_TRUE(consoleHas("he tactics"));
     type("h");
-    EXPECT_TRUE(serverGot("Help tactics\nh\n"));
-}
-
-TEST_F(TypingWindow, HelpWhileNotConnectedSaysWhatIsMissing) {
-    start();
-    type("help");
-    EXPECT_TRUE(consoleHas("Help asks the server, and you are not logged on."));
-}
-
-TEST_F(TypingWindow, HelpAtTheLogOnIsNoHandleAndNoPassword) {
-    connected();
-    for (const std::int16_t login : {std::int16_t{1}, std::int16_t{2}}) {
-        client->session.pipeline.login = login;
-        type("help");
-    }
-    client->session.pipeline.login = 0;
-    type("who");
-    EXPECT_TRUE(serverGot("who\n"));
-    EXPECT_TRUE(consoleHas("Help asks the server, and you are not logged on."));
+    EXPECT_TRUE(serverGot("h\n"));
+    EXPECT_EQ(topics, std::vector<std::string>{"tactics"});
+    EXPECT_TRUE(consoleHas("he tactics"));
 }
 
 TEST_F(TypingWindow, ATellButtonSendsItsToolTipByTheTypedRoute) {

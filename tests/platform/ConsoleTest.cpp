@@ -1,5 +1,5 @@
 // The console as a surface: insertion point, colours, keys, mouse, following view.
-#include "session/Console.h"
+#include "platform/Console.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,5 +1,5 @@
 // What the console paints as text arrives: as much as has changed, and in the end what it would paint anew.
-#include "session/Console.h"
+#include "platform/Console.h"
 
 #include <QPaintEvent>
 #include <QScreen>

@@ -1,5 +1,5 @@
 // The text surface of the console and of the chat boxes: coloured text that goes in at the insertion point.
-#include "session/Console.h"
+#include "platform/Console.h"
 
 #include "common/TypingKey.h"
 #include "platform/Colors.h"

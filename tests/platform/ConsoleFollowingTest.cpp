@@ -1,5 +1,5 @@
 // What the console's view does as text arrives and the window changes: it follows the end, or keeps a reader's place.
-#include "session/Console.h"
+#include "platform/Console.h"
 
 #include <QScrollBar>
 #include <QTest>

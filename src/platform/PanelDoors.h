@@ -1,0 +1,15 @@
+// The ways to the panels that every window's menu leads to.
+#pragma once
+
+#include "common/Needed.h"
+
+// Given to the console and to the boards by whoever knows the windows; each shows its window, or brings the one that is
+// open to the front. Every member must be given.
+struct PanelDoors {
+    Needed<void()> showVars;      // frmICSVars
+    Needed<void()> showNotes;     // frmNotes
+    Needed<void()> showOptions;   // frmOptions
+    Needed<void()> showHelp;      // frmChessHelp
+    Needed<void()> startHelp;     // the same, and it takes modChess.gHelpTopic
+    Needed<void()> showSelfCheck; // frmSelfCheck
+};
