@@ -3,6 +3,7 @@
 #include "practice/commands/Subjects.h"
 #include "practice/games/Assessment.h"
 #include "practice/games/Scores.h"
+#include "practice/text/Pages.h"
 #include "practice/text/Text.h"
 
 #include <algorithm>
@@ -122,9 +123,15 @@ Answer assess(Hall& hall, Player& player, const Arguments& arguments) {
     return {assessmentTable(*one, *other)};
 }
 
-Answer help(Hall&, Player&, const Arguments& arguments) { return {helpOn(arguments.rest)}; }
+Answer next(Hall&, Player& player, const Arguments&) {
+    if (player.unread.empty()) return {"There is no more."};
+    return {takePage(player.unread, player.variables.value("height"))};
+}
 
-Answer next(Hall&, Player&, const Arguments&) { return {"There is no more."}; }
+Answer help(Hall& hall, Player& player, const Arguments& arguments) {
+    player.unread = helpOn(arguments.rest);
+    return next(hall, player, {});
+}
 
 Answer variables(Hall& hall, Player& player, const Arguments& arguments) {
     const Player* about = arguments.words.empty() ? &player : hall.findByHead(arguments.word(0));

@@ -37,6 +37,7 @@ struct Player {
     std::string lastOpponent;   // for "say" after the game
     Terms lastTerms;            // of the last game, for "rematch"
     std::string lastTold;       // for "tell ."
+    std::string unread;         // of the latest help, for "next"
     std::int64_t since = 0;
     std::int64_t lastTyped = 0;
     std::function<void(const std::string&)> show = [](const std::string&) {}; // a block that was not asked for

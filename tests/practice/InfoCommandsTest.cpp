@@ -1,8 +1,11 @@
 // Tests of commands about players and settings, and of finding a command at all.
 #include "practice/HallRig.h"
+#include "practice/commands/HelpTexts.h"
 #include "practice/play/Departure.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace practice {
 namespace {
@@ -121,6 +124,31 @@ TEST_F(InfoCommandsTest, ArrivalsAreToldToThoseWhoWantThem) {
 TEST_F(InfoCommandsTest, HelpIsGiven) {
     EXPECT_TRUE(rig.type("Ada", "help seek").starts_with("seek "));
     EXPECT_TRUE(rig.type("Ada", "help nosuch").starts_with("No help available"));
+}
+
+TEST_F(InfoCommandsTest, LongHelpComesInPiecesOfTheScreensHeight) {
+    rig.type("Ada", "set height 12");
+    std::string whole;
+    std::string piece = rig.type("Ada", "help variables");
+    const std::string invitation = "\nType [next] to see next page.";
+    int pieces = 1;
+    for (; piece.ends_with(invitation); ++pieces) {
+        EXPECT_EQ(std::count(piece.begin(), piece.end(), '\n'), 11);
+        whole += piece.substr(0, piece.size() - invitation.size()) + "\n";
+        piece = rig.type("Ada", "next");
+    }
+    EXPECT_EQ(pieces, 5);
+    EXPECT_EQ(whole + piece, helpOn("variables"));
+    EXPECT_EQ(rig.type("Ada", "next"), "There is no more.");
+}
+
+TEST_F(InfoCommandsTest, EveryReaderHasHisOwnPlaceInHelp) {
+    rig.type("Ada", "help manual");
+    EXPECT_EQ(rig.type("Bert", "next"), "There is no more.");
+    rig.type("Ada", "who");
+    EXPECT_TRUE(rig.type("Ada", "next").ends_with("Type [next] to see next page."));
+    rig.type("Ada", "help date");
+    EXPECT_EQ(rig.type("Ada", "next"), "There is no more.");
 }
 
 TEST_F(InfoCommandsTest, WhatIsNotThereSaysSo) {
