@@ -28,9 +28,18 @@ Answer stored(Hall& hall, Player& player, const Arguments& arguments) {
     return {storedTable(hall.archive, name, [&](const std::string& other) { return hall.find(other) != nullptr; })};
 }
 
+// Everybody reads his own.
+bool mayReadJournal(Hall& hall, const Player& player, const std::string& owner) {
+    const Variables* settings = hall.settingsOf(owner);
+    return owner == player.name || !settings || settings->value("jprivate") == 0;
+}
+
+std::string privateJournal(const std::string& owner) { return "The journal of " + owner + " is private."; }
+
 Answer journal(Hall& hall, Player& player, const Arguments& arguments) {
     const std::string name = handleMeant(hall, player, arguments.word(0));
-    return name.empty() ? noSuchPlayer(arguments.word(0)) : Answer{journalTable(hall.archive, name)};
+    if (name.empty()) return noSuchPlayer(arguments.word(0));
+    return {mayReadJournal(hall, player, name) ? journalTable(hall.archive, name) : privateJournal(name)};
 }
 
 // "A" or "a" is slot 1 of a journal; 0 for a word that names none.
@@ -54,6 +63,7 @@ Wanted wantedGame(Hall& hall, const Player& player, const std::vector<std::strin
     const std::string name = handleMeant(hall, player, named);
     if (name.empty()) return {nullptr, noSuchPlayer(named).text};
     if (const int slot = slotMeant(which)) {
+        if (!mayReadJournal(hall, player, name)) return {nullptr, privateJournal(name)};
         const KeptGamePtr game = hall.archive.inJournal(name, slot);
         return {game, game ? "" : "Journal entry " + slotName(slot) + " is not available for " + name + "."};
     }

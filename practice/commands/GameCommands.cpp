@@ -47,7 +47,7 @@ Answer seek(Hall& hall, Player& player, const Arguments& arguments) {
     Terms standard;
     standard.minutes = player.variables.value("time");
     standard.increment = player.variables.value("inc");
-    standard.rated = !player.isGuest();
+    standard.rated = player.variables.value("rated") != 0 && !player.isGuest();
     const TermsReading reading = readTerms(arguments.words, standard);
     return {reading.error.empty() ? postSeek(hall, player, reading.terms) : reading.error};
 }

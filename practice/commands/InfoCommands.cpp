@@ -52,11 +52,10 @@ Answer who(Hall& hall, Player&, const Arguments&) {
 }
 
 // " 1: text", the number in two columns: clients look for the colon in the third.
-std::string notesText(const Variables& variables) {
+std::string notesText(const Variables& variables, std::size_t width) {
     std::string text;
-    for (std::size_t i = 0; i < variables.notes.size(); ++i) {
-        const std::string& note = variables.notes[i];
-        if (!note.empty()) text += "\n" + padLeft(static_cast<int>(i) + 1, 2) + ": " + note;
+    for (int i = 1; i <= variables.noteCount(); ++i) {
+        text += "\n" + wrapped(padLeft(i, 2) + ": " + variables.notes[static_cast<std::size_t>(i - 1)], width);
     }
     return text.empty() ? text : "\n" + text;
 }
@@ -71,14 +70,13 @@ std::string recordText(const Hall& hall, const std::string& name, const std::str
 }
 
 // Of a registered player who is not here.
-std::string fingerOfAbsent(const Hall& hall, const Account& account) {
-    const auto kept = hall.remembered.find(lower(account.name));
+std::string fingerOfAbsent(Hall& hall, const Account& account, std::size_t width) {
+    const Variables* kept = hall.settingsOf(account.name);
     return "Finger of " + account.name + ":\n\n" + account.name + " is not logged on.\n\n" +
-           recordText(hall, account.name, account.ratingText()) +
-           (kept == hall.remembered.end() ? std::string() : notesText(kept->second));
+           recordText(hall, account.name, account.ratingText()) + (kept ? notesText(*kept, width) : std::string());
 }
 
-std::string fingerOf(Hall& hall, const Player& about) {
+std::string fingerOf(Hall& hall, const Player& about, std::size_t width) {
     const auto now = hall.outside.now();
     std::string text = "Finger of " + about.titled() + ":\n\nOn for: " + spanText(now - about.since) +
                        "   Idle: " + spanText(about.computer ? 0 : now - about.lastTyped) + "\n";
@@ -86,14 +84,15 @@ std::string fingerOf(Hall& hall, const Player& about) {
         text +=
             "(playing game " + std::to_string(game->number) + ": " + game->names[0] + " vs. " + game->names[1] + ")\n";
     }
-    return text + "\n" + recordText(hall, about.name, about.rating) + notesText(about.variables);
+    return text + "\n" + recordText(hall, about.name, about.rating) + notesText(about.variables, width);
 }
 
 Answer finger(Hall& hall, Player& player, const Arguments& arguments) {
     const std::string name = arguments.word(0);
-    if (const Player* about = name.empty() ? &player : hall.findByHead(name)) return {fingerOf(hall, *about)};
+    const auto width = static_cast<std::size_t>(player.variables.value("width"));
+    if (const Player* about = name.empty() ? &player : hall.findByHead(name)) return {fingerOf(hall, *about, width)};
     const Account* account = hall.accounts.find(name);
-    return account ? Answer{fingerOfAbsent(hall, *account)} : noSuchPlayer(name);
+    return account ? Answer{fingerOfAbsent(hall, *account, width)} : noSuchPlayer(name);
 }
 
 // Somebody who is here, or a registered player who is not.
@@ -133,10 +132,15 @@ Answer help(Hall& hall, Player& player, const Arguments& arguments) {
     return next(hall, player, {});
 }
 
+// A registered player who has not been here yet has the settings that all have at first.
 Answer variables(Hall& hall, Player& player, const Arguments& arguments) {
-    const Player* about = arguments.words.empty() ? &player : hall.findByHead(arguments.word(0));
-    if (!about) return noSuchPlayer(arguments.word(0));
-    return {variablesTable(about->name, about->variables)};
+    const std::string word = arguments.word(0);
+    const Player* about = word.empty() ? &player : hall.findByHead(word);
+    if (about) return {variablesTable(about->name, about->variables)};
+    const Account* account = hall.accounts.find(word);
+    if (!account) return noSuchPlayer(word);
+    const Variables* kept = hall.settingsOf(account->name);
+    return {variablesTable(account->name, kept ? *kept : Variables())};
 }
 
 Answer set(Hall&, Player& player, const Arguments& arguments) {

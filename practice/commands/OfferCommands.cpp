@@ -60,7 +60,7 @@ Answer match(Hall& hall, Player& player, const Arguments& arguments) {
     Terms standard;
     standard.minutes = player.variables.value("time");
     standard.increment = player.variables.value("inc");
-    standard.rated = !player.isGuest() && !to->isGuest();
+    standard.rated = player.variables.value("rated") != 0 && !player.isGuest() && !to->isGuest();
     const TermsReading reading = readTerms({arguments.words.begin() + 1, arguments.words.end()}, standard);
     return {reading.error.empty() ? challenge(hall, player, *to, reading.terms) : reading.error};
 }

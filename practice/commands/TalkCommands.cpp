@@ -19,6 +19,23 @@ void speak(const Player& to, const std::string& text) { to.show(wrappedFor(to, t
 
 bool isOn(const Player& player, int channel) { return player.channels.count(channel) > 0; }
 
+bool hearsChannel(const Player& listener, const Player& speaker) {
+    const Variables& settings = listener.variables;
+    if (settings.value("chanoff") != 0) return false;
+    return &listener == &speaker ||
+           (!listener.playsInSilence() && (!speaker.isGuest() || settings.value("ctell") != 0));
+}
+
+bool hearsShout(const Player& listener, const Player& speaker) {
+    return !listener.computer && &listener != &speaker && listener.variables.value("shout") != 0 &&
+           !listener.playsInSilence();
+}
+
+bool hearsKibitz(const Player& listener, const Player& speaker) {
+    return &listener != &speaker && listener.variables.value("kibitz") != 0 &&
+           speaker.ratingValue() >= listener.variables.value("kiblevel");
+}
+
 // Ada(50): hello
 Answer tellChannel(Hall& hall, Player& player, int channel, const std::string& text) {
     const std::string number = std::to_string(channel);
@@ -26,7 +43,7 @@ Answer tellChannel(Hall& hall, Player& player, int channel, const std::string& t
     const std::string line = player.titled() + "(" + number + "): " + text;
     int heard = 0;
     for (const Player& other : hall.players) {
-        if (!isOn(other, channel) || other.variables.value("chanoff") != 0) continue;
+        if (!isOn(other, channel) || !hearsChannel(other, player)) continue;
         if (&other != &player) speak(other, line);
         ++heard;
     }
@@ -78,7 +95,7 @@ Answer say(Hall& hall, Player& player, const Arguments& arguments) {
 Answer shoutLine(Hall& hall, Player& player, const std::string& line, const std::string& verb) {
     int heard = 0;
     for (const Player& other : hall.players) {
-        if (other.computer || &other == &player || other.variables.value("shout") == 0) continue;
+        if (!hearsShout(other, player)) continue;
         speak(other, line);
         ++heard;
     }
@@ -102,8 +119,7 @@ Answer comment(Hall& hall, Player& player, const Game& game, const std::string& 
     int heard = 0;
     for (const Player& other : hall.players) {
         const bool plays = (!whisper && game.sideOf(other.name) >= 0) || game.isExaminer(other.name);
-        if ((!game.isObserver(other.name) && !plays) || &other == &player || other.variables.value("kibitz") == 0)
-            continue;
+        if ((!game.isObserver(other.name) && !plays) || !hearsKibitz(other, player)) continue;
         speak(other, line);
         ++heard;
     }

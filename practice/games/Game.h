@@ -47,6 +47,7 @@ struct Game {
     PositionFacts facts;
     std::mt19937 dice; // the game's own, so that others do not change its course
     bool pending = false;
+    bool isPrivate = false;          // nobody may observe it
     std::map<std::string, int> seen; // how often each position stood, by its repetition key
     std::uint64_t course = 0;        // grows with each move made or taken back
     int computerScore = 0;           // what the computer at the board thought of its chances, in hundredths of a pawn

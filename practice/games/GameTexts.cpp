@@ -102,7 +102,7 @@ std::string gamesRow(const Game& game, std::int64_t now) {
     const auto clock = [&](int side) { return clockText(game.clock.remaining(side, game.toMove(), now)); };
     return padLeft(game.number, 3) + " " + padLeft(game.ratings[0], 4) + " " +
            padRight(game.names[0].substr(0, 11), 11) + " " + padLeft(game.ratings[1], 4) + " " +
-           padRight(game.names[1].substr(0, 10), 10) + " [ " + kindLetters(game.terms) +
+           padRight(game.names[1].substr(0, 10), 10) + " [" + (game.isPrivate ? "p" : " ") + kindLetters(game.terms) +
            padLeft(game.terms.minutes, 3) + " " + padLeft(game.terms.increment, 3) + "] " + padLeft(clock(0), 6) +
            " -" + padLeft(clock(1), 6) + " (" + padLeft(materialStrength(position, true), 2) + "-" +
            padLeft(materialStrength(position, false), 2) + ") " + (game.toMove() == 0 ? "W" : "B") + ":" +

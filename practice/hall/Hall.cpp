@@ -36,6 +36,12 @@ Player* Hall::findByHead(const std::string& name) {
     return found;
 }
 
+const Variables* Hall::settingsOf(const std::string& name) {
+    if (const Player* player = find(name)) return &player->variables;
+    const auto kept = remembered.find(lower(name));
+    return kept == remembered.end() ? nullptr : &kept->second;
+}
+
 Game* Hall::game(int number) {
     const auto at = games.find(number);
     return at == games.end() ? nullptr : &at->second;
@@ -66,6 +72,7 @@ Player& Hall::enter(const std::string& name, const std::string& title, const std
     player.name = name;
     player.title = title;
     player.rating = rating;
+    if (player.isGuest()) player.variables.numbers["rated"] = 0;
     if (const auto kept = remembered.find(lower(name)); kept != remembered.end()) player.variables = kept->second;
     player.since = player.lastTyped = outside.now();
     tellArrival(*this, player.titled(), true);

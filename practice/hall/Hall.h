@@ -43,6 +43,9 @@ struct Hall {
     // The player whose handle is `name` or alone begins with it; null if there is none or more than one.
     Player* findByHead(const std::string& name);
 
+    // The settings of a player who is here, or of a registered one as he left; null if there are none.
+    const Variables* settingsOf(const std::string& name);
+
     // The running game of this number or serial; null if there is none.
     Game* game(int number);
     Game* gameBySerial(std::uint64_t serial);

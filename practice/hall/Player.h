@@ -47,6 +47,9 @@ struct Player {
     // Somebody without an account.
     bool isGuest() const { return title == "(U)"; }
 
+    // True for a game of his own and the setting to be left alone in it.
+    bool playsInSilence() const { return playing != 0 && variables.value("silence") != 0; }
+
     // The rating without the blanks that fill its four columns, and as a number: 0 for none.
     std::string shortRating() const;
     int ratingValue() const;

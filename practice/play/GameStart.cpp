@@ -73,6 +73,7 @@ void startGame(Hall& hall, Player& first, Player& second, const Terms& terms) {
     for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
         game.names[side] = sides[side]->name;
         game.ratings[side] = sides[side]->shortRating();
+        game.isPrivate = game.isPrivate || sides[side]->variables.value("private") != 0;
     }
     seatBoth(hall, game, "Creating");
     learnPosition(hall, game);

@@ -13,6 +13,9 @@ std::string complaintAbout(const Player& from, const Player& to) {
     if (&from == &to) return "You can't match yourself.";
     // Who plays now may be asked later, but not who is closed to all.
     if (to.variables.value("open") == 0) return to.name + " is not open to match requests.";
+    if (to.variables.value("ropen") == 0 && from.variables.value("rated") != to.variables.value("rated")) {
+        return to.name + " is open to those alone who have the same setting of \"rated\".";
+    }
     if (to.playing != 0) return to.name + " is playing a game.";
     if (to.examining != 0) return to.name + " is examining a game.";
     return {};

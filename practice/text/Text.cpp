@@ -71,11 +71,11 @@ std::string wrapped(const std::string& text, std::size_t width) {
     std::string result;
     std::string rest = text;
     while (rest.size() > width) {
-        std::size_t cut = rest.rfind(' ', width);
+        const std::size_t blank = rest[width] == ' ' ? width : rest.rfind(' ', width - 1) + 1;
         // A blank inside the indent of a further line is no place to cut: the loop would never end.
-        if (cut == std::string::npos || cut < 5) cut = width;
+        const std::size_t cut = blank <= 5 ? width : blank;
         result += rest.substr(0, cut) + "\n";
-        rest = "\\   " + rest.substr(rest[cut] == ' ' ? cut + 1 : cut);
+        rest = "\\   " + rest.substr(cut);
     }
     return result + rest;
 }

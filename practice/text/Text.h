@@ -45,7 +45,8 @@ int lowestFree(const Map& taken) {
     return number;
 }
 
-// `text` cut at blanks into lines of at most `width` characters; further lines begin with "\   ".
+// `text` cut behind blanks into lines of at most `width` characters, which is more than 5; further lines begin with
+// "\   ".
 std::string wrapped(const std::string& text, std::size_t width);
 
 // `text` with control characters left out, so that nobody can forge lines on another screen.

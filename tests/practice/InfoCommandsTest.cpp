@@ -53,7 +53,18 @@ TEST_F(InfoCommandsTest, FingerTellsAboutOneself) {
 TEST_F(InfoCommandsTest, FingerShowsTheNotes) {
     rig.type("Ada", "set 1 I like endgames.");
     rig.type("Ada", "set 10 And openings.");
-    EXPECT_TRUE(rig.type("Bert", "fi ada").ends_with("\n\n 1: I like endgames.\n10: And openings."));
+    EXPECT_TRUE(
+        rig.type("Bert", "fi ada")
+            .ends_with("\n\n 1: I like endgames.\n 2: \n 3: \n 4: \n 5: \n 6: \n 7: \n 8: \n 9: \n10: And openings."));
+    EXPECT_EQ(rig.type("Ada", "finger"), rig.type("Bert", "finger ada"));
+}
+
+TEST_F(InfoCommandsTest, NotesAreWrappedToTheReadersWidth) {
+    rig.type("Ada", "set 1 one two three four five six seven eight nine ten");
+    rig.type("Bert", "set width 40");
+    EXPECT_TRUE(rig.type("Bert", "finger ada")
+                    .ends_with("\n\n 1: one two three four five six seven \n"
+                               "\\   eight nine ten"));
 }
 
 TEST_F(InfoCommandsTest, FingerCountsTheGamesThatHistoryLists) {
@@ -90,13 +101,28 @@ TEST_F(InfoCommandsTest, FingerOfARegisteredPlayerWhoLeftKeepsGamesAndNotes) {
     rig.match("Ada", "Bert");
     rig.type("Ada", "resign");
     leaveHall(rig.hall, "Ada");
-    EXPECT_TRUE(rig.type("Bert", "finger ada")
-                    .ends_with("\nBlitz      1711     80.0       0       1       0       1\n\n 2: Back tomorrow."));
+    EXPECT_TRUE(
+        rig.type("Bert", "finger ada")
+            .ends_with("\nBlitz      1711     80.0       0       1       0       1\n\n 1: \n 2: Back tomorrow."));
 }
 
 TEST_F(InfoCommandsTest, VariablesOfOneselfAndOthers) {
     EXPECT_TRUE(rig.type("Ada", "Vars").starts_with("Variable settings of Ada:\n"));
     EXPECT_TRUE(rig.type("Ada", "variables bert").starts_with("Variable settings of Bert:\n"));
+}
+
+TEST_F(InfoCommandsTest, VariablesOfARegisteredPlayerWhoIsNotHere) {
+    rig.hall.accounts.users = {{"Ada", "secret", 1711}, {"Dora", "secret", 1500}};
+    rig.type("Ada", "set time 17");
+    leaveHall(rig.hall, "Ada");
+    EXPECT_TRUE(rig.type("Bert", "variables ada").starts_with("Variable settings of Ada:\n\ntime=17 "));
+    EXPECT_TRUE(rig.type("Bert", "variables dora").starts_with("Variable settings of Dora:\n\ntime=2 "));
+    EXPECT_EQ(rig.type("Bert", "variables emil"), "There is no player matching the name emil.");
+}
+
+TEST_F(InfoCommandsTest, GuestsAskForUnratedGamesUnlessTheySayMore) {
+    EXPECT_NE(rig.type("Bert", "variables").find("\nrated=0 "), std::string::npos);
+    EXPECT_NE(rig.type("Ada", "variables").find("\nrated=1 "), std::string::npos);
 }
 
 TEST_F(InfoCommandsTest, SettingsKeepTheRestOfTheLine) {
@@ -105,12 +131,21 @@ TEST_F(InfoCommandsTest, SettingsKeepTheRestOfTheLine) {
 }
 
 TEST_F(InfoCommandsTest, SettingsOfARegisteredPlayerAreRemembered) {
-    rig.type("Ada", "set width 100");
-    rig.type("Bert", "set width 100");
+    for (const char* name : {"Ada", "Bert"}) {
+        for (const char* setting : {"width 100", "prompt go>", "4 Fourth."}) {
+            rig.type(name, std::string("set ") + setting);
+        }
+    }
     leaveHall(rig.hall, "Ada");
     leaveHall(rig.hall, "Bert");
-    EXPECT_EQ(rig.enter("Ada", "1711").variables.value("width"), 100);
-    EXPECT_EQ(rig.enter("Bert").variables.value("width"), 79);
+    const Variables ada = rig.enter("Ada", "1711").variables;
+    const Variables bert = rig.enter("Bert").variables;
+    EXPECT_EQ(ada.value("width"), 100);
+    EXPECT_EQ(ada.prompt, "go> ");
+    EXPECT_EQ(ada.notes[3], "Fourth.");
+    EXPECT_EQ(bert.value("width"), 79);
+    EXPECT_EQ(bert.prompt, "fics% ");
+    EXPECT_EQ(bert.noteCount(), 0);
 }
 
 TEST_F(InfoCommandsTest, ArrivalsAreToldToThoseWhoWantThem) {

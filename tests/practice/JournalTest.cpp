@@ -32,6 +32,18 @@ std::string columns(const std::string& row, std::size_t first, std::size_t count
 
 std::string lastLine(const std::string& text) { return text.substr(text.rfind('\n') + 1); }
 
+TEST_F(JournalTest, APrivateJournalIsReadByItsOwnerAlone) {
+    rig.type("Ada", "jsave B Ada 0");
+    rig.type("Ada", "set jprivate 1");
+    EXPECT_EQ(rig.type("Bert", "journal ada"), "The journal of Ada is private.");
+    EXPECT_EQ(rig.type("Bert", "smoves ada b"), "The journal of Ada is private.");
+    EXPECT_TRUE(rig.type("Ada", "journal").starts_with("Journal for Ada:"));
+    EXPECT_TRUE(rig.type("Bert", "smoves ada 0").starts_with("\n"));
+    leaveHall(rig.hall, "Ada");
+    rig.hall.accounts.users = {{"Ada", "secret", 1711}};
+    EXPECT_EQ(rig.type("Bert", "journal ada"), "The journal of Ada is private.");
+}
+
 TEST_F(JournalTest, AGameIsPutIntoASlotAndListed) {
     EXPECT_EQ(rig.type("Ada", "journal"), "Ada has no journal entries.");
     EXPECT_EQ(rig.type("Ada", "jsave B Ada 0"), "Game Ada 0 saved in slot B in journal.");

@@ -41,7 +41,7 @@ TEST_F(MatchRoomTest, EachFormOfTheComposerIsUnderstood) {
     EXPECT_EQ(challengeFor("Match bert 5 0 Crazyhouse u White "),
               "Challenge: Ada (1711) [white] Bert (1500) unrated crazyhouse 5 0.");
     EXPECT_EQ(challengeFor("Match bert 2 12 Wild fr u Black "),
-              "Challenge: Ada (1711) [black] Bert (1500) unrated wild 2 12 Loaded from\n\\   wild/fr.");
+              "Challenge: Ada (1711) [black] Bert (1500) unrated wild 2 12 Loaded from \n\\   wild/fr.");
     EXPECT_EQ(challengeFor("Match bert 15 0 Wild 5 r "),
               "Challenge: Ada (1711) Bert (1500) rated wild 15 0 Loaded from wild/5.");
     EXPECT_EQ(challengeFor("Match bert 1 0 Suicide u "), "Challenge: Ada (1711) Bert (1500) unrated suicide 1 0.");
@@ -54,6 +54,26 @@ TEST_F(MatchRoomTest, WithoutWordsTheServersSettingsHold) {
     rig.type("Ada", "set time 15");
     rig.takeShown("Bert");
     EXPECT_EQ(challengeFor("Match Bert "), "Challenge: Ada (1711) Bert (1500) rated standard 15 12.");
+}
+
+TEST_F(MatchRoomTest, WhetherAGameIsRatedComesFromTheSettingsIfUnsaid) {
+    rig.type("Ada", "set rated 0");
+    EXPECT_EQ(challengeFor("Match Bert 5 0"), "Challenge: Ada (1711) Bert (1500) unrated blitz 5 0.");
+    EXPECT_EQ(challengeFor("Match Bert 5 0 r"), "Challenge: Ada (1711) Bert (1500) rated blitz 5 0.");
+    rig.type("Ada", "seek 5 0");
+    EXPECT_FALSE(rig.hall.seeks.open.at(1).terms.rated);
+    rig.type("Bert", "seek 5 0");
+    EXPECT_TRUE(rig.hall.seeks.open.at(2).terms.rated);
+}
+
+TEST_F(MatchRoomTest, WithoutROpenOnlyThoseWithTheSameRatedSettingMayAsk) {
+    rig.type("Bert", "set ropen 0");
+    EXPECT_EQ(challengeFor("Match Bert 5 0 u"), "Challenge: Ada (1711) Bert (1500) unrated blitz 5 0.");
+    rig.type("Ada", "withdraw");
+    rig.type("Ada", "set rated 0");
+    EXPECT_EQ(rig.type("Ada", "match bert 5 0"), "Bert is open to those alone who have the same setting of \"rated\".");
+    rig.type("Bert", "set rated 0");
+    EXPECT_TRUE(has(rig.type("Ada", "match bert 5 0"), "Issuing: "));
 }
 
 TEST_F(MatchRoomTest, SeeksOfTheComposerAreUnderstoodToo) {
@@ -131,7 +151,7 @@ TEST_F(MatchRoomTest, PendingListsOffersOfBothDirections) {
               "There are no offers pending TO other players.\n\nThere are no offers pending FROM other players.");
     rig.type("Ada", "match bert 3 0 u black");
     EXPECT_TRUE(has(rig.type("Ada", "pending"), "Offers TO other players:\n 1: Ada is offering a challenge: Ada (1711) "
-                                                "[black] Bert (1500) unrated blitz 3\n\\   0.\n\nIf you wish to"));
+                                                "[black] Bert (1500) unrated blitz 3\n\\    0.\n\nIf you wish to"));
     EXPECT_TRUE(has(rig.type("Bert", "pending"), "Offers FROM other players:\n 1: Ada is offering a challenge: "));
     EXPECT_TRUE(rig.type("Bert", "pending")
                     .ends_with("\n\nIf you wish to accept any of these offers type 'accept n'\n"

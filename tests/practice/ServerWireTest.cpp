@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <initializer_list>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -119,8 +122,15 @@ TEST(ServerWire, EachAnswerLeavesInOnePieceWithItsPrompt) {
     TestClient client(server.port());
     client.enterAsGuest("Ada");
     client.takePackets();
-    for (const char* command : {"who", "sought", "help commands", "help match", "finger", "uptime", "games", "foo",
-                                "observe 1", "moves 1", "unobserve", "seek 5 0", "unseek", "tell ada hello", ""}) {
+    // What "ask" waits for stands within the answer to "variables", so nothing comes behind it.
+    const std::vector<std::string> commands{"who",         "sought",         "help commands", "help match",
+                                            "finger",      "uptime",         "games",         "foo",
+                                            "observe 1",   "moves 1",        "unobserve",     "seek 5 0",
+                                            "unseek",      "tell ada hello", "set time 5",    "set 1 a note",
+                                            "finger ada",  "set 1",          "help manual",   "next",
+                                            "help nosuch", "set height 240", "help manual",   "",
+                                            "variables"};
+    for (const std::string& command : commands) {
         client.ask(command);
         expectWholeMessages(client, command);
     }
@@ -166,6 +176,35 @@ TEST(ServerWire, WhatAMoveBringsLeavesInOnePieceWithItsPrompt) {
     }
     for (TestClient* each : {&ada, &bert}) each->until("Bert checkmated} 1-0\n\rfics% ");
     cora.until("Removing game 2 from observation list.\n\rfics% ");
+}
+
+TEST(ServerWire, ANewPromptStandsBehindTheAnswerThatSetsIt) {
+    TestServer server;
+    TestClient client(server.port());
+    client.enterAsGuest("Ada");
+    client.line("Set Prompt box$");
+    EXPECT_EQ(client.until("box$ \".\n\rbox$ "), "prompt set to \"box$ \".\n\rbox$ ");
+    client.line("vars");
+    const std::string table = client.until("\n\rbox$ ");
+    EXPECT_NE(table.find("\n\rPrompt: box$ \n\r"), std::string::npos) << table;
+    client.line("Set Prompt");
+    client.until("fics% \".\n\rfics% ");
+}
+
+// The first prompt behind the last invitation ends the page for a client.
+TEST(ServerWire, EachPieceOfAHelpPageHasOnePromptAndAllButTheLastAnInvitation) {
+    TestServer server;
+    TestClient client(server.port());
+    client.enterAsGuest("Ada");
+    std::string piece = client.ask("Help manual");
+    int pieces = 1;
+    for (; piece.find("\n\rType [next] to see next page.\n\rfics% ") != std::string::npos; ++pieces) {
+        EXPECT_EQ(std::count(piece.begin(), piece.end(), '\r'), 24);
+        piece = client.ask("Next");
+    }
+    EXPECT_EQ(pieces, 15);
+    EXPECT_EQ(piece.find("[next]"), std::string::npos);
+    EXPECT_EQ(client.ask("next"), "There is no more.\n\rfics% ");
 }
 
 } // namespace

@@ -143,14 +143,42 @@ TEST_F(TalkCommandsTest, AKibitzReachesPlayersAndAWhisperObserversOnly) {
 TEST_F(TalkCommandsTest, LongTalkIsWrappedToTheReadersWidth) {
     rig.type("Bert", "set width 40");
     rig.type("Ada", "tell bert " + std::string("word word word word word word word word word word"));
-    EXPECT_EQ(rig.takeShown("Bert"), "|Ada tells you: word word word word word\n\\   word word word word word");
+    EXPECT_EQ(rig.takeShown("Bert"), "|Ada tells you: word word word word word \n\\   word word word word word");
 }
 
 TEST_F(TalkCommandsTest, WhoCommentsReadsHisOwnWordsWrappedToo) {
     rig.match("Ada", "Bert");
     rig.type("Ada", "set width 40");
-    EXPECT_EQ(rig.type("Ada", "kibitz word word word word word"), "Ada(1711)[1] kibitzes: word word word\n"
+    EXPECT_EQ(rig.type("Ada", "kibitz word word word word word"), "Ada(1711)[1] kibitzes: word word word \n"
                                                                   "\\   word word\n(kibitzed to 1 player)");
+}
+
+TEST_F(TalkCommandsTest, WhoPlaysInSilenceHearsNeitherShoutsNorChannels) {
+    rig.type("Ada", "set silence 1");
+    rig.type("Bert", "shout before");
+    EXPECT_EQ(rig.takeShown("Ada"), "|Bert(U) shouts: before");
+    rig.match("Ada", "Bert");
+    EXPECT_EQ(rig.type("Bert", "shout hello"), "Bert(U) shouts: hello\n(shouted to 1 player)");
+    EXPECT_EQ(rig.type("Bert", "tell 50 hello"), "Bert(U)(50): hello\n(told 2 players in channel 50)");
+    rig.type("Bert", "tell ada gl");
+    EXPECT_EQ(rig.takeShown("Ada"), "|Bert(U) tells you: gl");
+}
+
+TEST_F(TalkCommandsTest, WithoutCTellGuestsAreNotHeardInChannels) {
+    rig.type("Cora", "set ctell 0");
+    rig.type("Bert", "tell 50 from a guest");
+    rig.type("Ada", "tell 50 from a member");
+    EXPECT_EQ(rig.takeShown("Cora"), "|Ada(50): from a member");
+}
+
+TEST_F(TalkCommandsTest, KibitzesOfLowerRatingsThanTheLevelAreNotHeard) {
+    rig.match("Ada", "Bert");
+    rig.type("Bert", "set kiblevel 1711");
+    rig.type("Ada", "kibitz equal");
+    EXPECT_EQ(rig.takeShown("Bert"), "|Ada(1711)[1] kibitzes: equal");
+    rig.type("Bert", "set kiblevel 1712");
+    EXPECT_EQ(rig.type("Ada", "kibitz lower"), "Ada(1711)[1] kibitzes: lower\n(kibitzed to 0 players)");
+    EXPECT_EQ(rig.takeShown("Bert"), "");
 }
 
 TEST_F(TalkCommandsTest, ControlCharactersNeverReachAnotherScreen) {

@@ -46,8 +46,21 @@ TEST(Text, CountedHasSingularAndPlural) {
 }
 
 TEST(Text, WrappedLinesBeginWithABackslashAndThreeBlanks) {
-    EXPECT_EQ(wrapped("one two three", 9), "one two\n\\   three");
+    EXPECT_EQ(wrapped("one two three", 9), "one two \n\\   three");
     EXPECT_EQ(wrapped("short", 8), "short");
+}
+
+TEST(Text, ABlankForWhichALineHasNoRoomBeginsTheNext) {
+    EXPECT_EQ(wrapped("one two three four five", 13), "one two three\n\\    four \n\\   five");
+}
+
+// As public servers have it.
+TEST(Text, ALineOf79ColumnsIsCutBehindItsLastBlank) {
+    EXPECT_EQ(wrapped(" 2: A second note, which is long enough to be wrapped by the server since it has more than "
+                      "seventy nine characters in it",
+                      79),
+              " 2: A second note, which is long enough to be wrapped by the server since it \n"
+              "\\   has more than seventy nine characters in it");
 }
 
 TEST(Text, WrappingCutsAWordThatIsLongerThanALine) {

@@ -36,6 +36,16 @@ TEST_F(WatchCommandsTest, ObservingShowsTitleAndBoard) {
     EXPECT_EQ(rig.type("Cora", "ref"), board);
 }
 
+TEST_F(WatchCommandsTest, APrivateGameIsListedWithALetterAndCannotBeObserved) {
+    rig.type("Bert", "set private 1");
+    rig.match("Ada", "Bert");
+    EXPECT_NE(rig.type("Cora", "games").find(" Bert       [pbu  5   0]"), std::string::npos);
+    EXPECT_EQ(rig.type("Cora", "observe 1"), "Game 1 is private.");
+    rig.type("Ada", "resign");
+    rig.type("Ada", "examine -1");
+    EXPECT_TRUE(rig.type("Cora", "observe 1").starts_with("You are now observing game 1."));
+}
+
 TEST_F(WatchCommandsTest, AGameIsFoundByAPlayersFirstLetters) {
     rig.match("Ada", "Bert");
     EXPECT_TRUE(rig.type("Cora", "ob be").starts_with("You are now observing game 1.\n"));
