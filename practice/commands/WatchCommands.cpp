@@ -56,7 +56,7 @@ Answer observe(Hall& hall, Player& player, const Arguments& arguments) {
     Game* game = arguments.words.empty() ? &hall.games.begin()->second : gameNamed(hall, arguments.word(0));
     if (!game) return noSuchGame;
     const std::string number = std::to_string(game->number);
-    if (game->isPrivate && !game->isExamined()) return {"Game " + number + " is private."};
+    if (game->isPrivate) return {"Game " + number + " is private."};
     if (std::count(player.observing.begin(), player.observing.end(), game->number) > 0) {
         return {"You are already observing game " + number + "."};
     }

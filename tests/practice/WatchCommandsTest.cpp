@@ -46,6 +46,18 @@ TEST_F(WatchCommandsTest, APrivateGameIsListedWithALetterAndCannotBeObserved) {
     EXPECT_TRUE(rig.type("Cora", "observe 1").starts_with("You are now observing game 1."));
 }
 
+TEST_F(WatchCommandsTest, OneOfTheTwoIsEnoughToMakeAGamePrivate) {
+    for (const char* shy : {"Ada", "Bert"}) {
+        rig.type(shy, "set private 1");
+        rig.match("Ada", "Bert");
+        EXPECT_EQ(rig.type("Cora", "observe 1"), "Game 1 is private.") << shy;
+        rig.type("Ada", "resign");
+        rig.type(shy, "set private 0");
+    }
+    rig.match("Ada", "Bert");
+    EXPECT_TRUE(rig.type("Cora", "observe 1").starts_with("You are now observing game 1."));
+}
+
 TEST_F(WatchCommandsTest, AGameIsFoundByAPlayersFirstLetters) {
     rig.match("Ada", "Bert");
     EXPECT_TRUE(rig.type("Cora", "ob be").starts_with("You are now observing game 1.\n"));
