@@ -40,7 +40,7 @@ std::string helpOn(const std::string& topic) {
     if (wanted == "commands") return commandList();
     if (wanted == "manual") return manual();
     for (const HelpPages* pages : {&commandPages(), &guidePages()}) {
-        if (const std::string page = pageIn(*pages, wanted); !page.empty()) return page;
+        if (std::string page = pageIn(*pages, wanted); !page.empty()) return page;
     }
     return "No help available on \"" + wanted + "\".";
 }

@@ -177,8 +177,8 @@ std::string setInterface(Variables& variables, const std::string& value) {
 }
 
 std::string cell(const Variables& variables, std::string_view name) {
+    if (name.find('=') != std::string_view::npos) return std::string(name); // nobody can change it
     const std::string key(name);
-    if (name.find('=') != std::string_view::npos) return key; // nobody can change it
     const auto room =
         std::find_if(valueRooms.begin(), valueRooms.end(), [&](const auto& r) { return r.first == name; });
     return key + "=" + padRight(std::to_string(variables.value(key)), room == valueRooms.end() ? 0 : room->second);
