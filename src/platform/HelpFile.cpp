@@ -83,7 +83,6 @@ protected:
 QTextBrowser* openBrowser(QWidget* parent, const QString& file) {
     auto* browser = new HelpBrowser(parent);
     browser->setObjectName(QStringLiteral("helpFile"));
-    browser->setAccessibleName(QTextBrowser::tr("Help"));
     browser->setWindowFlag(Qt::Window);
     browser->setAttribute(Qt::WA_DeleteOnClose);
     browser->setWindowTitle(QStringLiteral("Brightrank Help"));
