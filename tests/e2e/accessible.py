@@ -63,9 +63,9 @@ class Node:
                 yield child
             yield from child.all(role, name)
 
-    def one(self, role, name):
+    def one(self, role=None, name=None):
         """The first of them, as soon as there is one."""
-        return waitFor(lambda: next(self.all(role, name), None), f"a {role} {name!r} in {self.name!r}")
+        return waitFor(lambda: next(self.all(role, name), None), f"a {role or 'thing'} {name!r} in {self.name!r}")
 
     def press(self):
         """Its first action, which is what a click on it does."""

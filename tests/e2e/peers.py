@@ -22,8 +22,9 @@ def hangUp(*sockets):
 class Wire:
     """Listens for the program, hands its bytes on to the practice server and the answers back, and keeps them."""
 
-    def __init__(self, serverPort):
-        self.listener = socket.create_server(("127.0.0.1", 0))
+    def __init__(self, serverPort, port=0):
+        """`port` is that of one that has ended; 0 for a free one."""
+        self.listener = socket.create_server(("127.0.0.1", port))
         self.port = self.listener.getsockname()[1]
         self.serverPort = serverPort
         self.sent = bytearray()  # by the program
