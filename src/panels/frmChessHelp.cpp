@@ -207,14 +207,11 @@ void frmChessHelp::showProgress(const QString& text) {
 
 // Room
 
-// The height of the row's tallest part.
+// The height of the row, with the parts that stand lower.
 int frmChessHelp::rowNeeds() const {
-    int tallest = RowHeight;
-    for (const QWidget* part : {static_cast<QWidget*>(txtHelp_), static_cast<QWidget*>(cmdGo_),
-                                static_cast<QWidget*>(chkAuto_), static_cast<QWidget*>(lblRcvData_)}) {
-        tallest = std::max(tallest, part->sizeHint().height());
-    }
-    return tallest;
+    const auto needs = [](const QWidget* part) { return part->sizeHint().height(); };
+    return std::max(
+        {RowHeight, needs(txtHelp_), needs(cmdGo_), needs(chkAuto_) + 2 * Lower, needs(lblRcvData_) + 2 * Lower});
 }
 
 // The width of the label, which keeps its room while it is hidden.
