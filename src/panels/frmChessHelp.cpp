@@ -35,11 +35,12 @@ constexpr int Beside = 120 / TwipsPerPixelX;
 constexpr int Below = 795 / TwipsPerPixelY;
 constexpr int RowAboveBottom = 780 / TwipsPerPixelY;
 constexpr int Lower = 60 / TwipsPerPixelY; // the tick box and the label stand
-constexpr int RowHeight = 34;
+constexpr int RowHeight = 38;
 constexpr int BottomMargin = 6;
 constexpr int Gap = 6;
 constexpr int LeastPane = 60;
-constexpr int LeastTopic = 10; // letters
+constexpr int LeastTopic = 14; // letters
+constexpr int Indent = 2;      // of the topic
 
 QString sendingText() { return QStringLiteral("Sending Help Cmd"); }
 
@@ -65,6 +66,7 @@ void frmChessHelp::buildRow() {
     txtHelp_ = named(new TypingLine(this), "txtHelp");
     txtHelp_->setAccessibleName(tr("Help topic"));
     txtHelp_->setPlaceholderText(tr("Topic"));
+    txtHelp_->setTextMargins(Indent, 0, Indent, 0);
     cmdGo_ = button("cmdGo", tr("&Go"));
     cmdClear_ = button("cmdClear", tr("&Clear"));
     cmdExit_ = button("cmdExit", tr("E&xit"));

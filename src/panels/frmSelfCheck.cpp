@@ -8,10 +8,12 @@
 #include "platform/NamedControl.h"
 #include "platform/OpenWindows.h"
 
+#include <QBoxLayout>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QScreen>
 
 #include <array>
 
@@ -19,6 +21,7 @@ namespace {
 
 constexpr std::array Captions{"Pieces on-take", "Pawn threats", "Possible pins/skewres", "Possible forks",
                               "Possible checks"};
+constexpr int TitleBar = 40; // pixels at most
 
 } // namespace
 
@@ -28,12 +31,12 @@ frmSelfCheck::frmSelfCheck() {
     setWindowTitle(QStringLiteral("Self Check"));
     chkForced_ = named(new QCheckBox(tr("&Forced Move"), this), "chkForced");
     connect(chkForced_, &QCheckBox::clicked, this, [this](bool ticked) { sheet.force(ticked); });
-    auto* frames = new QHBoxLayout;
-    frames->addWidget(buildFrame("txtAgainst", tr("&Against me"), tr("against me"), sheet.txtAgainst));
-    frames->addWidget(buildFrame("txtBy", tr("&By me"), tr("by me"), sheet.txtBy));
+    frames_ = new QBoxLayout(QBoxLayout::LeftToRight);
+    frames_->addWidget(buildFrame("txtAgainst", tr("&Against me"), tr("against me"), sheet.txtAgainst));
+    frames_->addWidget(buildFrame("txtBy", tr("&By me"), tr("by me"), sheet.txtBy));
     auto* column = new QVBoxLayout(this);
     column->addWidget(chkForced_);
-    column->addLayout(frames);
+    column->addLayout(frames_);
     column->setSizeConstraint(QLayout::SetFixedSize);
     sheet.shownAnew = [this] { showSheet(); };
     SelfCheckSheet::load();
@@ -63,10 +66,17 @@ void frmSelfCheck::showSheet() {
     for (TallyBox* box : boxes_) box->showTally();
 }
 
+// One above the other they leave more of the board to be seen.
+void frmSelfCheck::fitFrames(const QSize& screen) {
+    frames_->setDirection(QBoxLayout::TopToBottom);
+    if (sizeHint().height() + TitleBar > screen.height()) frames_->setDirection(QBoxLayout::LeftToRight);
+}
+
 frmSelfCheck& frmSelfCheck::showIt(const QWidget* board) {
     auto* window = loadedWindow<frmSelfCheck>();
     if (window == nullptr) {
         window = new frmSelfCheck; // deletes itself after closing
+        window->fitFrames(window->screen()->availableSize());
         if (board) placeBeside(*window, *board);
     }
     bringInFront(*window);

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class QBoxLayout;
 class QCheckBox;
 class QGroupBox;
 class TallyBox;
@@ -32,7 +33,9 @@ private:
     QGroupBox* buildFrame(const char* boxName, const QString& caption, const QString& spoken,
                           SelfCheckSheet::Tallies& tallies);
     void showSheet();
+    void fitFrames(const QSize& screen);
 
     QCheckBox* chkForced_ = nullptr;
+    QBoxLayout* frames_ = nullptr;
     std::vector<TallyBox*> boxes_;
 };
