@@ -20,8 +20,8 @@ class SelfCheck(PlayedByHand):
         self.display.moveWindow(self.panel, self.display.width - self.panel.width, 0)
 
     def toSheet(self):
+        """A click on a window gives it the keys."""
         self.display.click(self.display.width - self.panel.width + 5, 5)
-        self.display.x11.XSetInputFocus(self.display.connection, self.panel.number, 1, 0)
         self.display.awaitFocus(self.panel)
 
     def fill(self):
