@@ -80,7 +80,7 @@ MoveInputSurface StreamRig::mouseSurface(RigBoard& board) {
         .popupDrop = [&board](const DropEntries& entries) { board.drops = entries; },
         .popupPromote = [this, &board] { popupPromote(board); },
         .focusTyping = [] {},
-        .moveMade = [] {},
+        .moveMade = [this] { moveMade(); },
     };
 }
 

@@ -87,6 +87,10 @@ enum : int {
 
     // The window of listed games; `choice` is what is pressed
     Lists,
+
+    // The panels; `choice` is what is pressed
+    Help = 80,
+    SelfCheck,
 };
 
 constexpr bool takesText(int kind) {

@@ -33,6 +33,10 @@ void StreamRig::lineEvent(const Tape::Segment& segment) {
         return;
     case Event::Lists:
         return listsEvent(segment.choice());
+    case Event::Help:
+        return helpEvent(segment.choice());
+    case Event::SelfCheck:
+        return selfCheckEvent(segment.choice());
     default:
         return;
     }
@@ -62,9 +66,10 @@ bool StreamRig::takeStep(std::int64_t until) {
     const auto firing = clock_.next();
     const auto poll = seek_ ? seek_->due : std::nullopt;
     const auto asking = history_ ? history_->due : std::nullopt;
+    const auto helping = help_ ? help_->due : std::nullopt;
     constexpr std::int64_t Never = std::numeric_limits<std::int64_t>::max();
-    const std::int64_t at =
-        std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never), asking.value_or(Never)});
+    const std::int64_t at = std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never),
+                                      asking.value_or(Never), helping.value_or(Never)});
     if (at == Never || at > until) return false;
     const bool textFirst = text == at;
     clock_.now = std::max(clock_.now, at);
@@ -79,8 +84,10 @@ bool StreamRig::takeStep(std::int64_t until) {
         fire(firing->timer);
     } else if (poll == at) {
         seek_->fire();
-    } else {
+    } else if (asking == at) {
         tmrHist();
+    } else {
+        tmrHelp();
     }
     return true;
 }

@@ -63,18 +63,22 @@ void StreamRig::askForList(std::int16_t kind) {
     goFor(lookOf(kind).command);
 }
 
-void StreamRig::goFor(const std::string& command) {
+TurnHooks StreamRig::turnOf(std::function<bool()> isOpen) {
     constexpr int Turn = 10; // ms
+    return {.BusyTest = TextPipeline::BusyTest,
+            .secondsOfDay = [this] { return clock_.millisecondsOfDay() / 1000.0; },
+            .pump =
+                [this] {
+                    mayWait();
+                    pass(Turn);
+                },
+            .isOpen = std::move(isOpen)};
+}
+
+void StreamRig::goFor(const std::string& command) {
     const std::weak_ptr<RigHistory> window = history_;
     zGo(command, session_.historyLists,
-        {.turn = {.BusyTest = TextPipeline::BusyTest,
-                  .secondsOfDay = [this] { return clock_.millisecondsOfDay() / 1000.0; },
-                  .pump =
-                      [this] {
-                          mayWait();
-                          pass(Turn);
-                      },
-                  .isOpen = [window] { return !window.expired(); }},
+        {.turn = turnOf([window] { return !window.expired(); }),
          .player = [window] { return window.lock()->player; },
          .setCaption = [window](const std::string& caption) { window.lock()->caption = caption; },
          .zSetstate = [this](std::int16_t state) { session_.pipeline.zSetstate(state); },

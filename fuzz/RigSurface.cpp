@@ -75,7 +75,7 @@ WindowSurface StreamRig::windowSurface() {
         .showSeek = [this] { showSeek(); },
         .unloadSeek = [] { openWindows.unload("frmSeek"); },
         .startHistory = [this] { startHistory(); },
-        .startHelp = [] {},
+        .startHelp = [this] { startHelp(); },
         .zParseVars = [] {},
         .zParseNotes = [] {},
     };
@@ -142,12 +142,12 @@ void StreamRig::lookOn() {
     };
 }
 
-// Stand-ins for the readers that their panels will bring; move lists, the seek graph and lists of games have their own.
+// Stand-ins for the readers that their panels will bring; the others have their own.
 // An answer ends with a line that holds its end word.
 void StreamRig::readCaptures() {
     Captures& captures = session_.captures;
     const auto takesLine = [](std::string& line, int) { return line.find("end") != line.npos; };
-    for (CaptureConsumer* each : {&captures.help, &captures.vars, &captures.notes}) {
+    for (CaptureConsumer* each : {&captures.vars, &captures.notes}) {
         *each = {takesLine, [] {}};
     }
     captures.writePgn = [] { pgnText(modChess.MovesRecord); }; // no file is touched

@@ -119,6 +119,7 @@ void StreamRig::checkRest() noexcept {
     checkChats();
     checkSeek();
     checkLists();
+    checkHelp();
 }
 
 void StreamRig::checkBoard(const RigBoard& board) const noexcept {

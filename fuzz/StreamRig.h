@@ -5,6 +5,7 @@
 #include "RigBoard.h"
 #include "RigChat.h"
 #include "RigClock.h"
+#include "RigHelp.h"
 #include "RigHistory.h"
 #include "RigSeek.h"
 #include "RigSocket.h"
@@ -154,8 +155,25 @@ private:
     void tmrHist();
     void askForList(std::int16_t kind);
     void goFor(const std::string& command);
+    TurnHooks turnOf(std::function<bool()> isOpen);
     void showList();
     void checkLists() const noexcept;
+
+    // The help panel and the self check, HelpEvents.cpp
+    void helpEvent(int choice);
+    void openHelp();
+    void startHelp();
+    void closeHelp();
+    void tmrHelp();
+    void goForHelp();
+    void askForHelp();
+    void showHelp();
+    void selfCheckEvent(int choice);
+    void workBox(int choice);
+    void openSelfCheck();
+    void closeSelfCheck();
+    void moveMade();
+    void checkHelp() const noexcept;
 
     // Batches and lines, BatchChecks.cpp
     void parseBatch(const std::string& batch, const std::function<void()>& act);
@@ -201,4 +219,6 @@ private:
     std::vector<std::unique_ptr<RigChat>> chats_;   // open
     std::unique_ptr<RigSeek> seek_;                 // while it is open
     std::shared_ptr<RigHistory> history_;           // while it is open
+    std::shared_ptr<RigHelp> help_;                 // while it is open
+    std::unique_ptr<RigSelfCheck> selfCheck_;       // while it is open
 };

@@ -1,5 +1,7 @@
 // The program: the only place that knows every window. Builds them, joins them, and ends them.
 #include "board/frmChessBoard.h"
+#include "panels/frmChessHelp.h"
+#include "panels/frmSelfCheck.h"
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
@@ -28,6 +30,8 @@ RunningWindows runningWindows() {
                 if (name == MatchSection.name && match) return match->place();
                 const auto* seek = loadedWindow<frmSeek>();
                 if (name == SeekSection.name) return seek ? seek->place() : frmSeek::startPlace();
+                const auto* help = loadedWindow<frmChessHelp>();
+                if (name == HelpSection.name) return help ? help->place() : frmChessHelp::startPlace();
                 return WindowPlace{};
             },
         .match =
@@ -62,15 +66,16 @@ struct Program {
     ExamineRoads examine = client.examineRoads(&frmChessBoard::windowOf);
     HistoryRoads history = client.historyRoads();
     PanelRoads panels = client.panelRoads();
+    HelpRoads help = client.helpRoads();
 
     PanelDoors panelDoors() {
         return {
             .showVars = [] {},
             .showNotes = [] {},
             .showOptions = [] {},
-            .showHelp = [] {},
-            .startHelp = [] {},
-            .showSelfCheck = [] {},
+            .showHelp = [this] { frmChessHelp::showIt(help); },
+            .startHelp = [this] { frmChessHelp::startIt(help); },
+            .showSelfCheck = [](const QWidget* board) { frmSelfCheck::showIt(board); },
         };
     }
 

@@ -116,6 +116,12 @@ class Display:
         self.press(button)
         self.release(button)
 
+    def turnWheel(self, up):
+        """By one notch, where the pointer is."""
+        wheel = 4 if up else 5
+        self.press(wheel)
+        self.release(wheel)
+
     def keys(self, *names):
         """Keys by their names, such as "Return" or "shift+F9"; they go to the window that has the focus."""
         subprocess.run(["xdotool", "key", *names], env=self.environment(), check=True)

@@ -2,6 +2,7 @@
 #include "board/BoardInput.h"
 
 #include "board/BoardParts.h"
+#include "panels/SelfCheckSheet.h"
 #include "platform/Boxes.h"
 #include "platform/MenuEntry.h"
 #include "settings/MouseSlips.h"
@@ -62,7 +63,7 @@ MoveInputSurface BoardInput::surface() {
         .popupDrop = [this](const DropEntries& entries) { popupDrop(entries); },
         .popupPromote = [this] { popupPromote(); },
         .focusTyping = [this] { parts_.txtSend->setFocus(); },
-        .moveMade = [] {}, // there is no self-check panel yet
+        .moveMade = resetSelfCheck,
     };
 }
 

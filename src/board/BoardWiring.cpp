@@ -128,7 +128,7 @@ void frmChessBoard::connectMenus() {
     onChosen(menus_.mnuDraw, this, [this] { offerDraw(); });
     onChosen(menus_.mnuRes, this, [this] { resign(); });
     onChosen(menus_.mnuExamine, this, [this] { zExamine(); });
-    onChosen(menus_.mnuSelfCheck, this, roads_.doors.showSelfCheck);
+    onChosen(menus_.mnuSelfCheck, this, [this] { roads_.doors.showSelfCheck(this); });
     onChosen(menus_.mnuVars, this, roads_.doors.showVars);
     onChosen(menus_.mnuNotes, this, roads_.doors.showNotes);
     onChosen(menus_.mnuOptions, this, roads_.doors.showOptions);

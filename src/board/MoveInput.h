@@ -35,7 +35,7 @@ struct MoveInputSurface {
     Needed<void(const DropEntries& entries)> popupDrop; // mnuDrop; drop() answers
     Needed<void()> popupPromote;                        // mnuPromote; promote() answers, from the message loop
     Needed<void()> focusTyping;                         // txtSend
-    Needed<void()> moveMade;                            // a piece was dropped; the self-check panel counts from here
+    Needed<void()> moveMade;                            // a piece was dropped, wherever it went; resetSelfCheck
 };
 
 // The move in hand of one board, whose state is in its game: no move (FromSet 0, Dragging false); lifted (FromSet 1,

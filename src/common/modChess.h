@@ -12,6 +12,9 @@
 inline constexpr std::int32_t DefaultColorWhite = 13495025; // red 241, green 234, blue 205
 inline constexpr std::int32_t DefaultColorBlack = 3048380;  // red 188, green 131, blue 46
 
+// The lines of a page of the server's help, as received.
+using HelpPage = FixedArray<std::string, 500, "lines of a help page">;
+
 // Colours are 0xBBGGRR. One instance, `modChess`; everything runs on the one thread of the message loop.
 struct ModChess {
     // The stream
@@ -32,11 +35,11 @@ struct ModChess {
     bool ExamineNoMoves = false;  // no move list could be asked for an examined game
 
     // Answers of the server for the panels
-    std::string VarsBlock;                  // lines of the variables, end to end
-    FixedArray<std::string, 9> NotesText;   // the user's own finger notes
-    FixedArray<std::string, 500> HelpLines; // of one help page
-    std::int16_t HelpCount = 0;             // lines of it that are held
-    std::int16_t HelpBlock = 0;             // blocks of it that have come
+    std::string VarsBlock;                // lines of the variables, end to end
+    FixedArray<std::string, 9> NotesText; // the user's own finger notes
+    HelpPage HelpLines;
+    std::int16_t HelpCount = 0; // lines of it that are held
+    std::int16_t HelpBlock = 0; // blocks of it that have come
 
     // Games as records
     GameRecord MovesRecord;     // the move list captured last, or being captured

@@ -3,8 +3,11 @@
 
 #include <QEvent>
 #include <QLayout>
+#include <QScreen>
 #include <QWidget>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace {
 
@@ -31,9 +34,27 @@ private:
     QWidget& window_;
 };
 
+constexpr int Gap = 6; // pixels between two frames
+
+// The left edge of a window beside another or, where the screen has room on neither side, within it.
+int leftBeside(const QRect& other, int width, const QRect& screen) {
+    for (const int left : {other.right() + 1 + Gap, other.left() - Gap - width}) {
+        if (left >= screen.left() && left + width <= screen.right() + 1) return left;
+    }
+    return std::max(std::min(other.right(), screen.right()) + 1 - width, screen.left());
+}
+
 } // namespace
 
 void placeFrame(QWidget& window, QPoint corner) {
     window.move(corner);
     if (!window.isVisible()) new FrameSettler(window); // goes as the window shows
+}
+
+void placeBeside(QWidget& window, const QWidget& other) {
+    const QRect screen = other.screen()->availableGeometry();
+    const QRect frame = other.frameGeometry();
+    const QSize whole = window.sizeHint() + frame.size() - other.size();
+    const int top = std::max(std::min(frame.top(), screen.bottom() + 1 - whole.height()), screen.top());
+    placeFrame(window, {leftBeside(frame, whole.width(), screen), top});
 }

@@ -17,7 +17,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
-#include <QScreen>
 
 namespace {
 
@@ -30,14 +29,6 @@ constexpr std::int16_t ToFile = -1;   // MovesTarget
 QString inCapitals(QString text) {
     for (QChar& character : text) character = character.toUpper();
     return text;
-}
-
-// The left edge of a window beside another or, where the screen has room on neither side, within it.
-int leftBeside(const QRect& other, int width, const QRect& screen) {
-    for (const int left : {other.right() + 1 + Gap, other.left() - Gap - width}) {
-        if (left >= screen.left() && left + width <= screen.right() + 1) return left;
-    }
-    return std::max(std::min(other.right(), screen.right()) + 1 - width, screen.left());
 }
 
 } // namespace
@@ -134,16 +125,7 @@ void frmExamine::load() {
     if (!modChess.ExamineGame.empty()) txtGame_->setText(shownText(modChess.ExamineGame));
     txtHandle_->setText(shownText(roads_.handle()));
     txtHandle_->setFocus();
-    if (const QWidget* board = roads_.board(frmCBx)) placeBeside(*board);
-}
-
-// Both windows have the same frame.
-void frmExamine::placeBeside(const QWidget& board) {
-    const QRect screen = board.screen()->availableGeometry();
-    const QRect other = board.frameGeometry();
-    const QSize whole = sizeHint() + other.size() - board.size();
-    const int top = std::max(std::min(other.top(), screen.bottom() + 1 - whole.height()), screen.top());
-    placeFrame(*this, {leftBeside(other, whole.width(), screen), top});
+    if (const QWidget* board = roads_.board(frmCBx)) placeBeside(*this, *board);
 }
 
 frmExamine& frmExamine::showIt(const ExamineRoads& roads, std::int32_t board) {

@@ -52,7 +52,6 @@ private:
     QPushButton* sender(QWidget* parent, const char* name, const QString& caption, const std::string& command,
                         bool withGame);
     void load();
-    void placeBeside(const QWidget& board);
     void txtGameChanged(const QString& text);
     void vscGameChanged(int number);
     void cmdGame();

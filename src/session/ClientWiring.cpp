@@ -166,6 +166,14 @@ PanelRoads frmChessClient::panelRoads() {
     };
 }
 
+HelpRoads frmChessClient::helpRoads() {
+    return {
+        .panel = panelRoads(),
+        .capture = session.helpCapture,
+        .typingFont = [this] { return txtSend->font(); },
+    };
+}
+
 ExamineRoads frmChessClient::examineRoads(const Needed<QWidget*(std::int32_t id)>& board) {
     return {
         .board = board,

@@ -46,6 +46,7 @@ Session::Session(SessionSurface surface)
     captures.journal = {readerOf(zJournalLines), answersTo("frmHistory")};
     captures.stored = {readerOf(zStoredLines), answersTo("frmHistory")};
     readMoveLists();
+    readHelp();
 }
 
 void Session::readMoveLists() {
@@ -64,6 +65,13 @@ void Session::readMoveLists() {
 std::function<bool(std::string& line, int index)> Session::readerOf(bool (*lines)(HistoryLists& lists,
                                                                                   const std::string& line)) {
     return [this, lines](const std::string& line, int) { return lines(historyLists, line); };
+}
+
+void Session::readHelp() {
+    const HelpHooks hooks{.zSendMsg = [this](const std::string& text) { road.zSendMsg(text); },
+                          .zSetstate = [this](std::int16_t state) { pipeline.zSetstate(state); }};
+    captures.help = {[this, hooks](const std::string& line, int) { return zHandleHelp(helpCapture, line, hooks); },
+                     answersTo("frmChessHelp")};
 }
 
 PipelineHooks Session::pipelineHooks() {

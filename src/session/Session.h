@@ -4,6 +4,7 @@
 #include "board/GameRouting.h"
 #include "common/GameRecord.h"
 #include "common/ServerRoad.h"
+#include "panels/HelpCapture.h"
 #include "records/HistoryLists.h"
 #include "seek/SeekAds.h"
 #include "session/BlockMode.h"
@@ -31,6 +32,7 @@ struct Session {
     ServerLines serverLines;
     SeekTable seekAds;
     HistoryLists historyLists;
+    HelpCapture helpCapture;
     Captures captures;
     TextPipeline pipeline;
     LineClassifier classifier;
@@ -77,6 +79,7 @@ private:
     BridgeHooks bridgeHooks();
     GameRoutingHooks routingHooks();
     void readMoveLists();
+    void readHelp();
     void readBatch(const std::string& batch);
     void showMessages();
     void takeKeyboard();

@@ -3,6 +3,7 @@
 
 #include "board/BoardRoads.h"
 #include "common/Needed.h"
+#include "panels/HelpRoads.h"
 #include "panels/PanelRoads.h"
 #include "platform/Console.h"
 #include "platform/PanelDoors.h"
@@ -73,6 +74,7 @@ public:
     HistoryRoads historyRoads();
     // The same of the panels that ask the server.
     PanelRoads panelRoads();
+    HelpRoads helpRoads();
     // The same of the panel that evaluates a player; `board` gives the window of the board with an id, or null.
     ExamineRoads examineRoads(const Needed<QWidget*(std::int32_t id)>& board);
 

@@ -114,6 +114,31 @@ class Console(unittest.TestCase):
         self.display.keys("Next", "Next")
         waitFor(lambda: self.tellRows(CONSOLE), "the tell in the console")
 
+    def consolePicture(self):
+        """The text of the console, without its edges."""
+        left, top, width, height = self.display.areaOf(CONSOLE)
+        return self.display.picture(left + 30 * SCALE, top + 60 * SCALE, width - 90 * SCALE, height - 160 * SCALE)
+
+    def testWhatIsReadWithTheWheelStaysWhereItIsWhileTextStreamsInAndTheEndIsFollowedAgain(self):
+        self.fillConsole()
+        left, top, width, height = self.display.areaOf(CONSOLE)
+        self.display.move(left + width // 2, top + height // 2)
+        for _ in range(5):
+            self.display.turnWheel(up=True)
+        time.sleep(2 * QUIET)
+        read = self.consolePicture()
+        for number in range(30):
+            self.server.say(f"\n\rRookery tells you: good evening {number}" + PROMPT)
+            time.sleep(0.02)
+        time.sleep(2 * QUIET)
+        now = self.consolePicture()
+        self.assertEqual(now.part(0, 0, now.width, now.height), read.part(0, 0, read.width, read.height))
+        for _ in range(60):
+            self.display.turnWheel(up=False)
+        waitFor(lambda: self.tellRows(CONSOLE), "the tells in the console")
+        self.server.say("".join(f"\n\rnumber {number}" for number in range(60)) + PROMPT)
+        waitFor(lambda: not self.tellRows(CONSOLE), "the tells to be gone above")
+
     def testInASmallerChatBoxTheLastTellShows(self):
         self.fillConsole()  # a short one puts a tell into the midst of the box
         self.server.say("\n\rRookery tells you: good evening" + PROMPT)

@@ -34,9 +34,9 @@ class Client:
     """The built program with a store of its own, on a display of the test's."""
 
     def __init__(self, display, port, handle="Pupil", password="practice", program=BUILD / "brightrank",
-                 boardWidth=10500, boardHeight=9000, beside=None, points=None, **settings):
+                 boardWidth=10500, boardHeight=9000, beside=None, points=None, arguments=(), **settings):
         """`beside` are files in the program's current directory, as names and what they link to; `points` is the size
-        of the desktop's font."""
+        of the desktop's font, `arguments` stand in the program's command line."""
         self.folder = tempfile.mkdtemp(prefix="brightrank-e2e-")
         for name, target in (beside or {}).items():
             pathlib.Path(self.folder, name).symlink_to(target)
@@ -47,7 +47,7 @@ class Client:
         self.store.write_text(section("Client", client) + section("Board", board))
         self.log = open(pathlib.Path(self.folder, "log"), "w+b")
         surroundings = display.environment() | {"XDG_CONFIG_HOME": self.folder + "/config"}
-        self.process = subprocess.Popen([str(program)], cwd=self.folder, stdout=self.log, stderr=self.log,
+        self.process = subprocess.Popen([str(program), *arguments], cwd=self.folder, stdout=self.log, stderr=self.log,
                                         env=surroundings | self.desktop(points))
 
     def desktop(self, points):

@@ -323,3 +323,78 @@ TEST_F(ConsoleFollowing, TheRightButtonTakesAReaderToTheEndWhereItFollowsAgain) 
     say(numbered(10));
     EXPECT_TRUE(endShows());
 }
+
+TEST_F(ConsoleFollowing, OfAReaderTheViewStaysAsAMegabyteComesAtOnce) {
+    say(numbered(200, Words));
+    scrollUp();
+    const std::string first = firstShown();
+    say(numbered(11000, Words));
+    EXPECT_EQ(firstShown(), first);
+    EXPECT_FALSE(endShows());
+}
+
+TEST_F(ConsoleFollowing, AMegabyteAtOnceIsFollowed) {
+    say(numbered(200, Words));
+    say(numbered(11000, Words));
+    EXPECT_TRUE(endShows());
+}
+
+// What Block Mode has held back goes in at the end of the text in one piece.
+TEST_F(ConsoleFollowing, ThePileOfBlockModeLeavesAReadersViewAndIsFollowedAtTheEnd) {
+    for (const bool reading : {true, false}) {
+        console.clearScreen();
+        say(numbered(200, Words));
+        if (reading) scrollUp();
+        const std::string first = firstShown();
+        console.moveToEnd();
+        say(numbered(500, Words));
+        EXPECT_EQ(endShows(), !reading);
+        EXPECT_TRUE(!reading || firstShown() == first);
+    }
+}
+
+TEST_F(ConsoleFollowing, OfAReaderWhoHasSelectedTextViewAndSelectionStay) {
+    say(numbered(200, Words));
+    scrollUp();
+    QTextCursor selection = console.cursorForPosition(QPoint(3, 30));
+    selection.movePosition(QTextCursor::Down, QTextCursor::KeepAnchor, 2);
+    console.setTextCursor(selection);
+    const std::string first = firstShown();
+    const QString selected = console.textCursor().selectedText();
+    ASSERT_FALSE(selected.isEmpty());
+    say(numbered(100, Words));
+    console.setColor(255);
+    console.resize(500, 200);
+    settle();
+    EXPECT_EQ(firstShown(), first);
+    EXPECT_EQ(console.textCursor().selectedText(), selected);
+}
+
+TEST_F(ConsoleFollowing, NewColoursForPaperAndTextLeaveAReadersView) {
+    say(numbered(200, Words));
+    scrollUp();
+    const std::string first = firstShown();
+    console.setPaper(0xFFFFFF);
+    console.setColor(0x112233);
+    settle();
+    EXPECT_EQ(firstShown(), first);
+    say(numbered(10));
+    EXPECT_EQ(firstShown(), first);
+}
+
+TEST_F(ConsoleFollowing, OfAReaderTheKeyboardsArrivalAndTheInsertionPointMoveNothing) {
+    say(numbered(200, Words));
+    scrollUp();
+    const std::string first = firstShown();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    console.activateWindow();
+    console.setFocus();
+    console.moveTo(3);
+    settle();
+    EXPECT_EQ(firstShown(), first);
+    console.moveTo(1000000);
+    settle();
+    EXPECT_EQ(firstShown(), first);
+}

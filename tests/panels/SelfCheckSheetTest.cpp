@@ -1,0 +1,177 @@
+// The tallies of the self check, and when they let a move through.
+#include "panels/SelfCheckSheet.h"
+
+#include "common/modChess.h"
+#include "platform/OpenWindows.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct SelfCheckSheetTest : testing::Test {
+    SelfCheckSheetTest() {
+        modChess = {};
+        openWindows.windows.clear();
+        SelfCheckSheet::load();
+    }
+    ~SelfCheckSheetTest() override {
+        modChess = {};
+        openWindows.windows.clear();
+    }
+
+    // The ten, in the order of the rows.
+    std::array<SelfCheckSheet::Tally*, 10> all() {
+        std::array<SelfCheckSheet::Tally*, 10> boxes{};
+        for (int row = 0; row < 5; ++row) {
+            boxes.at(static_cast<std::size_t>(2 * row)) = &sheet.txtAgainst[row];
+            boxes.at(static_cast<std::size_t>(2 * row + 1)) = &sheet.txtBy[row];
+        }
+        return boxes;
+    }
+    void fill() {
+        for (SelfCheckSheet::Tally* each : all()) sheet.press(*each, true);
+    }
+    bool isEmpty() {
+        return std::ranges::none_of(all(), [](const auto* each) { return each->has_value(); });
+    }
+
+    SelfCheckSheet sheet;
+    SelfCheckSheet::Tally& box = sheet.txtBy[2];
+};
+
+} // namespace
+
+TEST_F(SelfCheckSheetTest, ItsLoadRaisesItsFlagAndTheBoardsWait) {
+    EXPECT_TRUE(modChess.SelfCheckOpen);
+    EXPECT_FALSE(modChess.SelfCheckOK);
+}
+
+TEST_F(SelfCheckSheetTest, ItsUnloadFreesTheBoards) {
+    SelfCheckSheet::unload();
+    EXPECT_FALSE(modChess.SelfCheckOpen);
+    EXPECT_TRUE(modChess.SelfCheckOK);
+}
+
+TEST_F(SelfCheckSheetTest, AnyButtonOnAnEmptyBoxGivesIt0) {
+    sheet.press(box, true);
+    EXPECT_EQ(box, 0);
+    box.reset();
+    sheet.press(box, false);
+    EXPECT_EQ(box, 0);
+}
+
+TEST_F(SelfCheckSheetTest, TheLeftButtonCountsUpAndAnyOtherDownNotBelow0) {
+    for (int i = 0; i < 4; ++i) sheet.press(box, true);
+    EXPECT_EQ(box, 3);
+    sheet.press(box, false);
+    EXPECT_EQ(box, 2);
+    for (int i = 0; i < 4; ++i) sheet.press(box, false);
+    EXPECT_EQ(box, 0);
+}
+
+TEST_F(SelfCheckSheetTest, TypedDigitsMakeANumberOfThreeAtMost) {
+    for (const int digit : {0, 1, 2, 3, 4}) sheet.type(box, digit);
+    EXPECT_EQ(box, 123);
+}
+
+TEST_F(SelfCheckSheetTest, DigitsAreErasedUntilTheBoxIsEmpty) {
+    box = 12;
+    sheet.eraseDigit(box);
+    EXPECT_EQ(box, 1);
+    sheet.eraseDigit(box);
+    EXPECT_EQ(box, std::nullopt);
+    sheet.eraseDigit(box);
+    EXPECT_EQ(box, std::nullopt);
+    box = 12;
+    sheet.empty(box);
+    EXPECT_EQ(box, std::nullopt);
+}
+
+TEST_F(SelfCheckSheetTest, TenClicksFillItForABoxWith0Counts) {
+    int clicks = 0;
+    for (SelfCheckSheet::Tally* each : all()) {
+        EXPECT_FALSE(modChess.SelfCheckOK) << clicks;
+        sheet.press(*each, true);
+        ++clicks;
+    }
+    EXPECT_TRUE(modChess.SelfCheckOK);
+}
+
+TEST_F(SelfCheckSheetTest, AnyOneEmptyBoxHoldsTheMoveBack) {
+    for (SelfCheckSheet::Tally* left : all()) {
+        sheet.zReset();
+        for (SelfCheckSheet::Tally* each : all()) {
+            if (each != left) sheet.type(*each, 5);
+        }
+        EXPECT_FALSE(modChess.SelfCheckOK);
+    }
+}
+
+TEST_F(SelfCheckSheetTest, TypingFillsItToo) {
+    for (SelfCheckSheet::Tally* each : all()) sheet.type(*each, 0);
+    EXPECT_TRUE(modChess.SelfCheckOK);
+}
+
+TEST_F(SelfCheckSheetTest, AForcedMoveOpensTheWayWithAllBoxesEmpty) {
+    sheet.force(true);
+    EXPECT_TRUE(modChess.SelfCheckOK);
+}
+
+TEST_F(SelfCheckSheetTest, UntickedTheWayIsClosedUnlessAllBoxesAreFilled) {
+    sheet.force(true);
+    sheet.force(false);
+    EXPECT_FALSE(modChess.SelfCheckOK);
+    fill();
+    sheet.force(true);
+    sheet.force(false);
+    EXPECT_TRUE(modChess.SelfCheckOK);
+}
+
+TEST_F(SelfCheckSheetTest, ABoxThatIsEmptiedAgainDoesNotCloseTheWay) {
+    fill();
+    sheet.empty(box);
+    EXPECT_TRUE(modChess.SelfCheckOK);
+    sheet.force(false);
+    EXPECT_FALSE(modChess.SelfCheckOK) << "only a click on the tick box lowers the flag";
+}
+
+TEST_F(SelfCheckSheetTest, ZEvalNeverLowersTheFlag) {
+    modChess.SelfCheckOK = true;
+    sheet.zEval();
+    EXPECT_TRUE(modChess.SelfCheckOK);
+}
+
+TEST_F(SelfCheckSheetTest, ZResetEmptiesAllUnticksAndClosesTheWay) {
+    fill();
+    sheet.force(true);
+    bool shown = false;
+    sheet.shownAnew = [&] { shown = true; };
+    sheet.zReset();
+    EXPECT_TRUE(isEmpty());
+    EXPECT_FALSE(sheet.chkForced);
+    EXPECT_FALSE(modChess.SelfCheckOK);
+    EXPECT_TRUE(shown);
+}
+
+TEST_F(SelfCheckSheetTest, APieceThatWasDroppedResetsTheSheetOfTheOpenPanel) {
+    openWindows.add({"frmChessClient", this, [] {}});
+    openWindows.add({"frmSelfCheck", &sheet, [] {}, &sheet});
+    fill();
+    resetSelfCheck();
+    EXPECT_TRUE(isEmpty());
+    EXPECT_FALSE(modChess.SelfCheckOK);
+}
+
+TEST_F(SelfCheckSheetTest, WithoutThePanelNothingHoldsTheNextMoveBack) {
+    SelfCheckSheet::unload();
+    openWindows.add({"frmSelfCheck", &sheet, [] {}, &sheet});
+    resetSelfCheck();
+    EXPECT_TRUE(modChess.SelfCheckOK);
+    modChess.SelfCheckOpen = true;
+    openWindows.windows.clear();
+    resetSelfCheck();
+    EXPECT_TRUE(modChess.SelfCheckOK);
+}
