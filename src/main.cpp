@@ -1,5 +1,7 @@
 // The program: the only place that knows every window. Builds them, joins them, and ends them.
 #include "board/frmChessBoard.h"
+#include "panels/frmICSVars.h"
+#include "panels/frmNotes.h"
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
@@ -28,6 +30,10 @@ RunningWindows runningWindows() {
                 if (name == MatchSection.name && match) return match->place();
                 const auto* seek = loadedWindow<frmSeek>();
                 if (name == SeekSection.name) return seek ? seek->place() : frmSeek::startPlace();
+                const auto* vars = loadedWindow<frmICSVars>();
+                if (name == VarsSection.name && vars) return vars->place();
+                const auto* notes = loadedWindow<frmNotes>();
+                if (name == NotesSection.name && notes) return notes->place();
                 return WindowPlace{};
             },
         .match =
@@ -52,8 +58,8 @@ struct Program {
         .startHistory = [this] { frmHistory::startIt(history); },
         .showExamine = [this](std::int32_t id) { frmExamine::showIt(examine, id); },
         .doors = panelDoors(),
-        .zParseVars = [] {},
-        .zParseNotes = [] {},
+        .zParseVars = [this] { loadedPanel<frmICSVars>(panels).zParseVars(); },
+        .zParseNotes = [this] { loadedPanel<frmNotes>(panels).zParseNotes(); },
     };
     frmChessClient client{roads};
     BoardRoads boards = client.boardRoads();
@@ -65,8 +71,8 @@ struct Program {
 
     PanelDoors panelDoors() {
         return {
-            .showVars = [] {},
-            .showNotes = [] {},
+            .showVars = [this] { showPanel<frmICSVars>(panels); },
+            .showNotes = [this] { showPanel<frmNotes>(panels); },
             .showOptions = [] {},
             .showHelp = [] {},
             .startHelp = [] {},
