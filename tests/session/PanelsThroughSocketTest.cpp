@@ -152,6 +152,10 @@ const std::string NotesShown =
     "First note of Berta|A second note, which is long enough to be wrapped by the server since "
     "it |note three||||seven|eight|||";
 
+bool allShort(const std::vector<std::string>& lines) {
+    return std::ranges::all_of(lines, [](const std::string& line) { return line.size() <= 15; });
+}
+
 std::vector<std::string> varsAnswer() {
     return answerOf("server-a/53_variables_notes_help.raw", "Variable settings of Berta");
 }
@@ -297,18 +301,32 @@ TEST_F(PanelsThroughSocket, TellsShoutsAndBoardUpdatesAmongTheLinesChangeNothing
             EXPECT_EQ(values(), VarsShown) << foreign << at;
         }
         for (std::size_t at = 0; at < finger.size(); ++at) {
+            if (foreign == record() && allShort({finger.begin() + static_cast<long>(at), finger.end()})) break;
             ask(7);
             std::vector<std::string> all = finger;
             all.insert(all.begin() + static_cast<long>(at), foreign);
             loopback.send(whole(all));
-            if (foreign == record() && at + 1 == finger.size()) { // its prompt goes with a board update
-                expectStillCaptured(&ModChess::gNotesCapture);
-                loopback.send("\n\rfics% ");
-            }
             ASSERT_TRUE(ended(&ModChess::gNotesCapture)) << foreign << at;
             EXPECT_EQ(lines(), NotesShown) << foreign << at;
         }
     }
+}
+
+// Lines of up to 15 characters behind a board update go with it, and with them short notes and the prompt.
+TEST_F(PanelsThroughSocket, ABoardUpdateBehindWhichOnlyShortNotesComeTakesThemAndThePrompt) {
+    openNotes();
+    loopback.send(Prompt);
+    ASSERT_TRUE(ended(&ModChess::gNotesCapture));
+    joinGame();
+    ask(7);
+    const std::vector<std::string> finger = notesAnswer();
+    const auto seven = std::ranges::find(finger, " 7: seven\n\r");
+    ASSERT_TRUE(allShort({seven, finger.end()}));
+    loopback.send(whole({finger.begin(), seven}) + record() + whole({seven, finger.end()}));
+    expectStillCaptured(&ModChess::gNotesCapture);
+    loopback.send("\n\rfics% ");
+    ASSERT_TRUE(ended(&ModChess::gNotesCapture));
+    EXPECT_EQ(lines(), NotesShown.substr(0, NotesShown.find("seven")) + "||||");
 }
 
 TEST_F(PanelsThroughSocket, InVerboseModeTheAnswersAreReadAndPrinted) {
