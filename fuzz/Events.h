@@ -87,6 +87,9 @@ enum : int {
 
     // The window of listed games; `choice` is what is pressed
     Lists,
+
+    // The panels of variables and notes; `choice` is what is done, by turns to the one and the other
+    Panels,
 };
 
 constexpr bool takesText(int kind) {

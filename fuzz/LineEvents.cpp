@@ -33,6 +33,8 @@ void StreamRig::lineEvent(const Tape::Segment& segment) {
         return;
     case Event::Lists:
         return listsEvent(segment.choice());
+    case Event::Panels:
+        return panelsEvent(segment.choice());
     default:
         return;
     }
@@ -63,8 +65,8 @@ bool StreamRig::takeStep(std::int64_t until) {
     const auto poll = seek_ ? seek_->due : std::nullopt;
     const auto asking = history_ ? history_->due : std::nullopt;
     constexpr std::int64_t Never = std::numeric_limits<std::int64_t>::max();
-    const std::int64_t at =
-        std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never), asking.value_or(Never)});
+    const std::int64_t at = std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never),
+                                      asking.value_or(Never), vars_.due.value_or(Never), notes_.due.value_or(Never)});
     if (at == Never || at > until) return false;
     const bool textFirst = text == at;
     clock_.now = std::max(clock_.now, at);
@@ -79,7 +81,7 @@ bool StreamRig::takeStep(std::int64_t until) {
         fire(firing->timer);
     } else if (poll == at) {
         seek_->fire();
-    } else {
+    } else if (!panelAsks(at)) {
         tmrHist();
     }
     return true;

@@ -6,6 +6,7 @@
 #include "RigChat.h"
 #include "RigClock.h"
 #include "RigHistory.h"
+#include "RigPanel.h"
 #include "RigSeek.h"
 #include "RigSocket.h"
 #include "Tape.h"
@@ -157,6 +158,15 @@ private:
     void showList();
     void checkLists() const noexcept;
 
+    // The panels of variables and notes, PanelEvents.cpp
+    void panelsEvent(int choice);
+    void loadPanel(RigPanel& panel);
+    static void closePanel(RigPanel& panel);
+    bool panelAsks(std::int64_t at);
+    void askFor(const RigPanel& panel);
+    void changePanel(RigPanel& panel);
+    void answerPanel(RigPanel& panel);
+
     // Batches and lines, BatchChecks.cpp
     void parseBatch(const std::string& batch, const std::function<void()>& act);
     void takeLine12(const std::string& line, bool delivered);
@@ -201,4 +211,7 @@ private:
     std::vector<std::unique_ptr<RigChat>> chats_;   // open
     std::unique_ptr<RigSeek> seek_;                 // while it is open
     std::shared_ptr<RigHistory> history_;           // while it is open
+    RigPanel vars_{"frmICSVars", &askForVars};
+    RigPanel notes_{"frmNotes", &askForNotes};
+    ServerVars said_; // in the panel
 };
