@@ -13,8 +13,8 @@
 namespace {
 
 constexpr EditPanelKind Kind{VarsSection, &askForVars};
-constexpr int NumberDigits = 6; // room for "-32768"
-constexpr int FlagRows = 9;     // three columns hold all flags, and fit on a low screen
+constexpr int Gap = 6;      // pixels, above the buttons
+constexpr int FlagRows = 9; // three columns hold all flags, and fit on a low screen
 
 // The letter of each number that leads to its field with Alt.
 constexpr std::array<const char*, numberVars.size()> NumberCaptions{"&Time",      "&Inc",   "&KibLevel", "&UnObserve",
@@ -33,10 +33,12 @@ frmICSVars::frmICSVars(const PanelRoads& roads) : panel_(this, roads, Kind) {
     groups->addWidget(buildFlags(), 1);
     column->addLayout(groups);
     column->addLayout(buildPrompt());
+    column->addSpacing(Gap);
     column->addLayout(
         panel_.buttons([this] { return [now = changes()](const ChangeRoad& road) { zSendChanges(now, road); }; },
                        [this] { zSetDisp(); }));
     column->setSizeConstraint(QLayout::SetFixedSize);
+    fitNumbers();
 }
 
 QGroupBox* frmICSVars::buildNumbers() {
@@ -87,6 +89,13 @@ QLayout* frmICSVars::buildPrompt() {
     return row;
 }
 
+// Room for the longest number that the server may send.
+void frmICSVars::fitNumbers() {
+    constexpr int Around = 18; // pixels, of frame, margins and caret
+    const int width = fontMetrics().horizontalAdvance(QStringLiteral("-32768")) + Around;
+    for (QLineEdit* field : txtVar_) field->setFixedWidth(width);
+}
+
 void frmICSVars::zParseVars() {
     said_.zParseVars(modChess.VarsBlock);
     zSetDisp();
@@ -125,6 +134,7 @@ VarsChanges frmICSVars::changes() const {
 void frmICSVars::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) mark();
+    if (event->type() == QEvent::FontChange) fitNumbers();
 }
 
 void frmICSVars::closeEvent(QCloseEvent* event) {

@@ -41,6 +41,7 @@ private:
     QGroupBox* buildNumbers();
     QGroupBox* buildFlags();
     QLayout* buildPrompt();
+    void fitNumbers();
     void mark();
     VarsChanges changes() const;
 

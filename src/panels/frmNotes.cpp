@@ -7,11 +7,16 @@
 
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace {
 
 constexpr EditPanelKind Kind{NotesSection, &askForNotes};
-constexpr int NoteLetters = 60; // room for a note that a server of 79 columns does not wrap, of common letters
+constexpr int NoteLetters = 75; // what a server of 79 columns does not wrap
+constexpr int Beside = 160;     // pixels of the screen that a note leaves to what stands beside it
+constexpr int Gap = 6;          // pixels, above the buttons
 
 std::string nameOf(const char* array, std::size_t index) { return array + ("(" + std::to_string(index) + ")"); }
 
@@ -28,6 +33,7 @@ frmNotes::frmNotes(const PanelRoads& roads) : panel_(this, roads, Kind) {
     auto* column = new QVBoxLayout(this);
     column->addLayout(buildNotes());
     column->addStretch();
+    column->addSpacing(Gap);
     column->addLayout(
         panel_.buttons([this] { return [now = changes()](const ChangeRoad& road) { zSendChanges(now, road); }; },
                        [this] { zSetDisp(); }));
@@ -47,7 +53,8 @@ QLayout* frmNotes::buildNotes() {
         grid->addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(field, row, 1);
     }
-    grid->setColumnMinimumWidth(1, NoteLetters * fontMetrics().averageCharWidth());
+    grid->setColumnMinimumWidth(
+        1, std::min(NoteLetters * fontMetrics().averageCharWidth(), screen()->availableSize().width() - Beside));
     return grid;
 }
 
