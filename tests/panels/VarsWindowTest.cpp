@@ -1,7 +1,6 @@
 // The panel of the user's variables: what it shows, what it marks, and what its buttons do.
 #include "common/Fault.h"
 #include "panels/PanelWindowRig.h"
-#include "platform/Spoken.h"
 
 #include <gmock/gmock.h>
 
