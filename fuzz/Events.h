@@ -88,7 +88,10 @@ enum : int {
     // The window of listed games; `choice` is what is pressed
     Lists,
 
-    // The panels; `choice` is what is pressed
+    // The panels of variables and notes; `choice` is what is done, by turns to the one and the other
+    Panels,
+
+    // The panel of help and the self check; `choice` is what is pressed
     Help = 80,
     SelfCheck,
 };

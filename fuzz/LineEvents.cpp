@@ -37,6 +37,8 @@ void StreamRig::lineEvent(const Tape::Segment& segment) {
         return helpEvent(segment.choice());
     case Event::SelfCheck:
         return selfCheckEvent(segment.choice());
+    case Event::Panels:
+        return panelsEvent(segment.choice());
     default:
         return;
     }
@@ -69,7 +71,8 @@ bool StreamRig::takeStep(std::int64_t until) {
     const auto helping = help_ ? help_->due : std::nullopt;
     constexpr std::int64_t Never = std::numeric_limits<std::int64_t>::max();
     const std::int64_t at = std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never),
-                                      asking.value_or(Never), helping.value_or(Never)});
+                                      asking.value_or(Never), helping.value_or(Never), vars_.due.value_or(Never),
+                                      notes_.due.value_or(Never)});
     if (at == Never || at > until) return false;
     const bool textFirst = text == at;
     clock_.now = std::max(clock_.now, at);
@@ -86,7 +89,7 @@ bool StreamRig::takeStep(std::int64_t until) {
         seek_->fire();
     } else if (asking == at) {
         tmrHist();
-    } else {
+    } else if (!panelAsks(at)) {
         tmrHelp();
     }
     return true;

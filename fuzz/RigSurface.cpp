@@ -76,8 +76,8 @@ WindowSurface StreamRig::windowSurface() {
         .unloadSeek = [] { openWindows.unload("frmSeek"); },
         .startHistory = [this] { startHistory(); },
         .startHelp = [this] { startHelp(); },
-        .zParseVars = [] {},
-        .zParseNotes = [] {},
+        .zParseVars = [this] { answerPanel(vars_); },
+        .zParseNotes = [this] { answerPanel(notes_); },
     };
 }
 
@@ -142,14 +142,8 @@ void StreamRig::lookOn() {
     };
 }
 
-// Stand-ins for the readers that their panels will bring; the others have their own.
-// An answer ends with a line that holds its end word.
 void StreamRig::readCaptures() {
     Captures& captures = session_.captures;
-    const auto takesLine = [](std::string& line, int) { return line.find("end") != line.npos; };
-    for (CaptureConsumer* each : {&captures.vars, &captures.notes}) {
-        *each = {takesLine, [] {}};
-    }
     captures.writePgn = [] { pgnText(modChess.MovesRecord); }; // no file is touched
     captures.zParseMoves = [this, own = captures.zParseMoves](int board) {
         takeRecord(boardWith(boardAt(board)), [&] { own(board); });

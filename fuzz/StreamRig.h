@@ -7,6 +7,7 @@
 #include "RigClock.h"
 #include "RigHelp.h"
 #include "RigHistory.h"
+#include "RigPanel.h"
 #include "RigSeek.h"
 #include "RigSocket.h"
 #include "Tape.h"
@@ -174,6 +175,14 @@ private:
     void closeSelfCheck();
     void moveMade();
     void checkHelp() const noexcept;
+    // The panels of variables and notes, PanelEvents.cpp
+    void panelsEvent(int choice);
+    void loadPanel(RigPanel& panel);
+    static void closePanel(RigPanel& panel);
+    bool panelAsks(std::int64_t at);
+    void askFor(const RigPanel& panel);
+    void changePanel(RigPanel& panel);
+    void answerPanel(RigPanel& panel);
 
     // Batches and lines, BatchChecks.cpp
     void parseBatch(const std::string& batch, const std::function<void()>& act);
@@ -221,4 +230,7 @@ private:
     std::shared_ptr<RigHistory> history_;           // while it is open
     std::shared_ptr<RigHelp> help_;                 // while it is open
     std::unique_ptr<RigSelfCheck> selfCheck_;       // while it is open
+    RigPanel vars_{"frmICSVars", &askForVars};
+    RigPanel notes_{"frmNotes", &askForNotes};
+    ServerVars said_; // in the panel
 };

@@ -2,6 +2,8 @@
 #include "board/frmChessBoard.h"
 #include "panels/frmChessHelp.h"
 #include "panels/frmSelfCheck.h"
+#include "panels/frmICSVars.h"
+#include "panels/frmNotes.h"
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
@@ -32,6 +34,10 @@ RunningWindows runningWindows() {
                 if (name == SeekSection.name) return seek ? seek->place() : frmSeek::startPlace();
                 const auto* help = loadedWindow<frmChessHelp>();
                 if (name == HelpSection.name) return help ? help->place() : frmChessHelp::startPlace();
+                const auto* vars = loadedWindow<frmICSVars>();
+                if (name == VarsSection.name && vars) return vars->place();
+                const auto* notes = loadedWindow<frmNotes>();
+                if (name == NotesSection.name && notes) return notes->place();
                 return WindowPlace{};
             },
         .match =
@@ -56,8 +62,8 @@ struct Program {
         .startHistory = [this] { frmHistory::startIt(history); },
         .showExamine = [this](std::int32_t id) { frmExamine::showIt(examine, id); },
         .doors = panelDoors(),
-        .zParseVars = [] {},
-        .zParseNotes = [] {},
+        .zParseVars = [this] { loadedPanel<frmICSVars>(panels).zParseVars(); },
+        .zParseNotes = [this] { loadedPanel<frmNotes>(panels).zParseNotes(); },
     };
     frmChessClient client{roads};
     BoardRoads boards = client.boardRoads();
@@ -70,8 +76,8 @@ struct Program {
 
     PanelDoors panelDoors() {
         return {
-            .showVars = [] {},
-            .showNotes = [] {},
+            .showVars = [this] { showPanel<frmICSVars>(panels); },
+            .showNotes = [this] { showPanel<frmNotes>(panels); },
             .showOptions = [] {},
             .showHelp = [this] { frmChessHelp::showIt(help); },
             .startHelp = [this] { frmChessHelp::startIt(help); },

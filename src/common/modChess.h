@@ -35,8 +35,8 @@ struct ModChess {
     bool ExamineNoMoves = false;  // no move list could be asked for an examined game
 
     // Answers of the server for the panels
-    std::string VarsBlock;                // lines of the variables, end to end
-    FixedArray<std::string, 9> NotesText; // the user's own finger notes
+    std::string VarsBlock; // lines of the variables, end to end
+    FixedArray<std::string, 9, "finger notes"> NotesText;
     HelpPage HelpLines;
     std::int16_t HelpCount = 0; // lines of it that are held
     std::int16_t HelpBlock = 0; // blocks of it that have come

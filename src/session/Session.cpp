@@ -3,6 +3,8 @@
 
 #include "common/RaisedFlag.h"
 #include "common/modChess.h"
+#include "panels/FingerNotes.h"
+#include "panels/ServerVars.h"
 #include "platform/OpenWindows.h"
 #include "records/ListCapture.h"
 #include "records/MoveListCapture.h"
@@ -42,6 +44,8 @@ Session::Session(SessionSurface surface)
                            return zSoughtLines(seekAds, line, [&] { serverLines.zClearLines(index); });
                        },
                        answersTo("frmSeek")};
+    captures.vars = {[](const std::string& line, int) { return zVarsLines(line); }, outside.windows.zParseVars};
+    captures.notes = {[](const std::string& line, int) { return zNotesLines(line); }, outside.windows.zParseNotes};
     captures.history = {readerOf(zHistoryLines), answersTo("frmHistory")};
     captures.journal = {readerOf(zJournalLines), answersTo("frmHistory")};
     captures.stored = {readerOf(zStoredLines), answersTo("frmHistory")};

@@ -207,6 +207,7 @@ TEST_F(SessionTest, ACompleteAnswerGoesToTheWindowThatAskedForIt) {
 }
 
 TEST_F(SessionTest, AnAnswerThatNothingReadsIsNotWaitedFor) {
+    session.captures.vars = {};
     session.pipeline.zSetstate(3);
     EXPECT_THROW(arrive("Variable settings\n\rfics% "), std::logic_error);
 }

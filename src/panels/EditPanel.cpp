@@ -1,0 +1,89 @@
+// What the panels of variables and of notes have in common.
+#include "panels/EditPanel.h"
+
+#include "common/modChess.h"
+#include "platform/MessageLoop.h"
+#include "platform/NamedControl.h"
+#include "platform/OpenWindows.h"
+#include "platform/WindowTurn.h"
+
+#include <QBoxLayout>
+#include <QPointer>
+#include <QPushButton>
+
+#include <utility>
+
+namespace {
+
+// It knows nothing of the window, which may go in a pause.
+ChangeRoad roadOf(const PanelRoads& roads) {
+    return {
+        .send =
+            [&roads](const std::string& text) {
+                const auto before = modChess.LinesSent;
+                if (!modChess.AppClosing) roads.zSendMsg(text);
+                return modChess.LinesSent != before;
+            },
+        .pause = [] { zWait(ChangePause); },
+    };
+}
+
+} // namespace
+
+EditPanel::EditPanel(QDialog* window, const PanelRoads& roads, const EditPanelKind& kind)
+    : window_(window), roads_(roads), kind_(kind), placer_(window) {
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    askTimer_.setSingleShot(true);
+    QObject::connect(&askTimer_, &QTimer::timeout, window, [this] { request(); });
+}
+
+EditPanel::~EditPanel() { openWindows.remove(window_); }
+
+QLayout* EditPanel::buttons(std::function<Sender()> changes, const std::function<void()>& current) {
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    const auto button = [this, row](const char* name, const QString& caption, auto pressed) {
+        auto* made = named(new QPushButton(caption, window_), name);
+        QObject::connect(made, &QPushButton::clicked, window_, pressed);
+        row->addWidget(made);
+        return made;
+    };
+    button("cmdOK", QWidget::tr("OK"), [this, changes] { sendAndClose(changes()); })->setDefault(true);
+    button("cmdCurrent", QWidget::tr("&Current"), current);
+    button("cmdCancel", QWidget::tr("Cancel"), [this] { window_->close(); });
+    return row;
+}
+
+void EditPanel::load() {
+    const Extent designed = twipsOf(window_->sizeHint());
+    WindowPlace read{0, 0, designed.Width, designed.Height};
+    readWindow(roads_.store, kind_.section, read);
+    placer_.moveTo(placed(read, designed, screenOf(*window_), kind_.section.limit));
+    openWindows.add({window_->objectName().toStdString(), window_, [window = window_] { window->close(); }});
+    ask();
+}
+
+// The window may be gone behind the wait.
+void EditPanel::request() const {
+    kind_.ask({
+        .turn = turnOf(window_, [&roads = roads_] { return roads.BusyTest(); }),
+        .zSetstate = [&roads = roads_](std::int16_t state) { roads.zSetstate(state); },
+        .zSendMsg = [&roads = roads_](const std::string& text) { roads.zSendMsg(text); },
+    });
+}
+
+// What was there at OK is sent whole, even if the window is closed in a pause; it takes no more input meanwhile.
+void EditPanel::sendAndClose(const Sender& sender) {
+    const QPointer<QDialog> self(window_);
+    window_->setEnabled(false);
+    sender(roadOf(roads_));
+    if (self) self->close();
+}
+
+void EditPanel::unload() {
+    if (std::exchange(closed_, true)) return;
+    askTimer_.stop();
+    placer_.unminimise();
+    zSaveReg(roads_.store, kind_.section, place());
+    openWindows.remove(window_);
+}
