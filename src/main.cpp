@@ -10,6 +10,7 @@
 #include "session/frmChessClient.h"
 #include "settings/IniStore.h"
 #include "settings/Sounds.h"
+#include "settings/frmOptions.h"
 
 #include <QIcon>
 
@@ -28,6 +29,8 @@ RunningWindows runningWindows() {
                 if (name == MatchSection.name && match) return match->place();
                 const auto* seek = loadedWindow<frmSeek>();
                 if (name == SeekSection.name) return seek ? seek->place() : frmSeek::startPlace();
+                const auto* options = loadedWindow<frmOptions>();
+                if (name == OptionsSection.name && options) return options->place();
                 return WindowPlace{};
             },
         .match =
@@ -62,12 +65,13 @@ struct Program {
     ExamineRoads examine = client.examineRoads(&frmChessBoard::windowOf);
     HistoryRoads history = client.historyRoads();
     PanelRoads panels = client.panelRoads();
+    OptionsRoads options = client.optionsRoads(sounds);
 
     PanelDoors panelDoors() {
         return {
             .showVars = [] {},
             .showNotes = [] {},
-            .showOptions = [] {},
+            .showOptions = [this] { frmOptions::showIt(options); },
             .showHelp = [] {},
             .startHelp = [] {},
             .showSelfCheck = [] {},

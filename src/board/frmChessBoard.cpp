@@ -39,6 +39,8 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
                      .window = this,
                      .unload = [this] { unload(); },
                      .content = &game,
+                     .takeTells = [this] { takeTells(); },
+                     .takeLook = [this] { takeColors(); },
                      .zBoardSetup = [this] { game.zBoardSetup(false); }});
 }
 
@@ -64,11 +66,7 @@ void frmChessBoard::load() {
     loadPlace();
     takeColors();
     parts_.panels[0]->setText(shownText(modChess.MyHandle));
-    for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
-        const QString text = shownText(roads_.tellText(static_cast<int>(index)));
-        parts_.cmdTell[index]->setToolTip(text);
-        parts_.cmdTell[index]->setEnabled(!text.isEmpty());
-    }
+    takeTells();
     frmBoardColors::loaded().zSave();
     show();
     game.finishLoad();
@@ -102,6 +100,14 @@ void frmChessBoard::loadPlace() {
     }
     cascade(read, lefts);
     placer_.moveTo(placedBoard(read, designed, screenOf(*this)));
+}
+
+void frmChessBoard::takeTells() {
+    for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
+        const QString text = shownText(roads_.tellText(static_cast<int>(index)));
+        parts_.cmdTell[index]->setToolTip(text);
+        parts_.cmdTell[index]->setEnabled(!text.isEmpty());
+    }
 }
 
 void frmChessBoard::takeColors() {

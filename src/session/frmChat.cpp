@@ -56,7 +56,11 @@ frmChat::frmChat(ServerRoad& road, const ChatRoads& roads) : box(road, hooks()),
     tmrStart_.setInterval(200);
     connect(&tmrStart_, &QTimer::timeout, this, &frmChat::askForBuddy);
     connectKeys();
-    openWindows.add({"frmChat", this, [this] { close(); }, &box});
+    openWindows.add({.className = "frmChat",
+                     .window = this,
+                     .unload = [this] { close(); },
+                     .content = &box,
+                     .takeLook = [this] { takeColors(); }});
 }
 
 frmChat::~frmChat() { openWindows.remove(this); }

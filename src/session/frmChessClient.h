@@ -17,8 +17,10 @@
 #include "session/TimesealBridge.h"
 #include "session/frmChat.h"
 #include "settings/ClientSettings.h"
+#include "settings/OptionsRoads.h"
 #include "settings/RegDump.h"
 #include "settings/SettingsStore.h"
+#include "settings/Sounds.h"
 #include "settings/WindowPlacer.h"
 
 #include <QMainWindow>
@@ -73,6 +75,8 @@ public:
     HistoryRoads historyRoads();
     // The same of the panels that ask the server.
     PanelRoads panelRoads();
+    // The same of the options dialog, which tries out sounds on `sounds`.
+    OptionsRoads optionsRoads(Sounds& sounds);
     // The same of the panel that evaluates a player; `board` gives the window of the board with an id, or null.
     ExamineRoads examineRoads(const Needed<QWidget*(std::int32_t id)>& board);
 
@@ -98,6 +102,7 @@ private:
     void fitMargins();
     void applySettings();
     void collectSettings();
+    void takeTells();
     void loadPlace();
     void takeLook();
 
