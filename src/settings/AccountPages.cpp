@@ -9,6 +9,8 @@
 #include <QGridLayout>
 #include <QGroupBox>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int CommandRows = 5; // of two columns
@@ -17,9 +19,13 @@ constexpr int CommandBox = 18;
 
 QLineEdit* textBox(QWidget* parent, const char* name, const std::string& text, int letters) {
     auto* box = named(new QLineEdit(shownText(text), parent), name);
+    box->setCursorPosition(0); // a long text shows its beginning
     box->setMinimumWidth(letters * box->fontMetrics().averageCharWidth());
     return box;
 }
+
+// Pixels of a label with the name of `box`.
+int labelWidth(const QLineEdit& box) { return box.fontMetrics().horizontalAdvance(box.accessibleName()); }
 
 QLabel* hint(QWidget* parent, const QString& text) {
     auto* label = new QLabel(text, parent);
@@ -34,6 +40,14 @@ AccountPage::AccountPage(const OptionsAccount& account, QWidget* parent) : QWidg
     column->addWidget(buildLogOn(account));
     column->addWidget(buildServer());
     column->addStretch();
+    alignBoxes();
+}
+
+// The boxes of both frames stand in one line.
+void AccountPage::alignBoxes() {
+    int widest = 0;
+    for (const auto* box : findChildren<QLineEdit*>()) widest = std::max(widest, labelWidth(*box));
+    for (auto* grid : findChildren<QGridLayout*>()) grid->setColumnMinimumWidth(0, widest);
 }
 
 QWidget* AccountPage::buildLogOn(const OptionsAccount& account) {

@@ -20,6 +20,7 @@ public:
 private:
     QWidget* buildLogOn(const OptionsAccount& account);
     QWidget* buildServer();
+    void alignBoxes();
 
     QLineEdit* txtHandle_ = nullptr;
     QLineEdit* txtPassword_ = nullptr;

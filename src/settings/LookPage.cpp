@@ -104,7 +104,7 @@ void LookPage::buildPreview(QWidget* frame, QGridLayout& grid) {
 QLabel* LookPage::previewLabel(QWidget* frame, const char* name, const char* caption) {
     auto* label = named(new QLabel(QString::fromLatin1(caption), frame), name);
     label->setTextFormat(Qt::PlainText);
-    label->setContentsMargins(Margin, 0, Margin, 0);
+    label->setIndent(Margin);
     return label;
 }
 
