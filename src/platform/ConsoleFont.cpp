@@ -5,6 +5,7 @@
 #include "platform/StreamText.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 namespace {
 

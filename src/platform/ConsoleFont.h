@@ -5,7 +5,7 @@
 
 #include <string>
 
-// The font of a stored name (Latin-1). Where the machine has none of that name a fixed-width one stands in, and the
+// The font of a stored name (Latin-1, not empty). Where the machine has none of that name a fixed-width one stands in, and the
 // font is still called by its first family.
 QFont consoleFont(const std::string& name);
 

@@ -27,12 +27,6 @@ QLineEdit* textBox(QWidget* parent, const char* name, const std::string& text, i
 // Pixels of a label with the name of `box`.
 int labelWidth(const QLineEdit& box) { return box.fontMetrics().horizontalAdvance(box.accessibleName()); }
 
-QLabel* hint(QWidget* parent, const QString& text) {
-    auto* label = new QLabel(text, parent);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    return label;
-}
-
 } // namespace
 
 AccountPage::AccountPage(const OptionsAccount& account, QWidget* parent) : QWidget(parent) {
@@ -60,7 +54,7 @@ QWidget* AccountPage::buildLogOn(const OptionsAccount& account) {
     grid->addWidget(txtHandle_, 0, 1);
     grid->addWidget(labelOf(frame, "lblPassword", tr("&Password"), txtPassword_), 1, 0);
     grid->addWidget(txtPassword_, 1, 1);
-    grid->addWidget(hint(frame, tr("For Auto-Logon, and the Up key at the server's questions.")), 2, 0, 1, 2);
+    grid->addWidget(new QLabel(tr("For Auto-Logon, and the Up key at the server's questions."), frame), 2, 0, 1, 2);
     return frame;
 }
 
@@ -76,7 +70,7 @@ QWidget* AccountPage::buildServer() {
     grid->addWidget(address, 0, 1);
     grid->addWidget(labelOf(frame, "lblPort", tr("P&ort"), port), 1, 0);
     grid->addWidget(port, 1, 1);
-    grid->addWidget(hint(frame, tr("These two change as you type, whether you cancel or not.")), 2, 0, 1, 2);
+    grid->addWidget(new QLabel(tr("These two change as you type, whether you cancel or not."), frame), 2, 0, 1, 2);
     return frame;
 }
 
@@ -105,7 +99,8 @@ QWidget* ButtonsPage::buildCommands(const OptionsAccount& account) {
         grid->addWidget(box, index % CommandRows, column + 1);
         txtTell_[static_cast<std::size_t>(index)] = box;
     }
-    grid->addWidget(hint(frame, tr("What the buttons of the console and of each board send.")), CommandRows, 0, 1, 4);
+    grid->addWidget(new QLabel(tr("What the buttons of the console and of each board send."), frame), CommandRows, 0, 1,
+                    4);
     return frame;
 }
 

@@ -55,13 +55,13 @@ void paint(QWidget& part, QPalette::ColorRole role, std::int32_t color) {
 
 LookPage::LookPage(const OptionsRoads& roads, QWidget* parent)
     : QWidget(parent), roads_(roads), font_(modChess.MainFont.empty() ? DesignedFont : modChess.MainFont) {
+    auto* row = new QHBoxLayout(this);
+    row->addWidget(buildConsole(), 1); // the first to be reached by Tab
     auto* side = new QVBoxLayout;
     side->addLayout(buildSchemes());
     side->addWidget(buildGraph());
     side->addStretch();
     side->addWidget(buildBoardColors());
-    auto* row = new QHBoxLayout(this);
-    row->addWidget(buildConsole(), 1);
     row->addLayout(side);
     showLook();
 }

@@ -412,6 +412,32 @@ TEST_F(OptionsWindow, EachPageIsReachedByALetterAndEveryKeyOfAPageIsItsOwn) {
     }
 }
 
+TEST_F(OptionsWindow, TabLeadsThroughEachPageFromItsFirstControlToOkAndCancel) {
+    const std::vector<std::vector<std::string>> orders{
+        {"txtHandle", "txtPassword", "txtICS_IP", "txtPort"},
+        {"txtTell(0)", "txtTell(1)", "txtTell(2)", "txtTell(3)", "txtTell(4)", "txtTell(5)", "txtTell(6)", "txtTell(7)",
+         "txtTell(8)", "txtTell(9)"},
+        {"chkSounds", "chkMoves", "optMoves(0)", "optMoves(1)", "chkGame", "optStart(0)", "optStart(1)", "chkTell",
+         "optTell(0)", "optTell(1)", "chkArrival"},
+        {"chkPreMove", "chkDrag", "cboSlip", "chkQueen", "chkCnfResign", "txtWarn", "chkSeekOff"},
+        {"cmdMain", "cmdTell", "cmdCopy", "cmdShout", "cmdBkGn", "cmdType", "cmdBar", "cboDefaults", "optSeekColors(0)",
+         "optSeekColors(1)", "cmdBoard"}};
+    open();
+    auto& pages = *hand.dialog().findChild<QTabWidget*>();
+    for (int page = 0; page < pages.count(); ++page) {
+        pages.setCurrentIndex(page);
+        pages.tabBar()->setFocus();
+        std::vector<std::string> expected = orders[static_cast<std::size_t>(page)];
+        expected.insert(expected.end(), {"cmdOK", "cmdCancel"});
+        std::vector<std::string> walked;
+        for (std::size_t step = 0; step < expected.size(); ++step) {
+            QTest::keyClick(hand.dialog().focusWidget(), Qt::Key_Tab);
+            walked.push_back(hand.dialog().focusWidget()->objectName().toStdString());
+        }
+        EXPECT_EQ(walked, expected) << "page " << page;
+    }
+}
+
 TEST_F(OptionsWindow, EveryControlHasANameForAssistiveTools) {
     open();
     QStringList radios;
