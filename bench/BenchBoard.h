@@ -41,7 +41,6 @@ struct BenchBoard {
         .showExamine = [](std::int32_t) {},
         .doors = quietDoors(),
         .consoleFrame = [] { return QRect(); },
-        .typingFont = [] { return QFont(); },
         .enableBoardMenu = [] {},
     };
     frmChessBoard board{roads};

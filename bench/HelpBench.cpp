@@ -25,7 +25,6 @@ struct Panel {
                   .BusyTest = [] { return false; },
                   .zSetstate = [this](std::int16_t state) { session.pipeline.zSetstate(state); }},
         .capture = session.helpCapture,
-        .typingFont = [] { return QFontDatabase::systemFont(QFontDatabase::FixedFont); },
     };
 
     Panel() {

@@ -1,9 +1,9 @@
 // The program: the only place that knows every window. Builds them, joins them, and ends them.
 #include "board/frmChessBoard.h"
 #include "panels/frmChessHelp.h"
-#include "panels/frmSelfCheck.h"
 #include "panels/frmICSVars.h"
 #include "panels/frmNotes.h"
+#include "panels/frmSelfCheck.h"
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
@@ -14,6 +14,7 @@
 #include "session/frmChessClient.h"
 #include "settings/IniStore.h"
 #include "settings/Sounds.h"
+#include "settings/frmOptions.h"
 
 #include <QIcon>
 
@@ -38,6 +39,8 @@ RunningWindows runningWindows() {
                 if (name == VarsSection.name && vars) return vars->place();
                 const auto* notes = loadedWindow<frmNotes>();
                 if (name == NotesSection.name && notes) return notes->place();
+                const auto* options = loadedWindow<frmOptions>();
+                if (name == OptionsSection.name && options) return options->place();
                 return WindowPlace{};
             },
         .match =
@@ -73,12 +76,13 @@ struct Program {
     HistoryRoads history = client.historyRoads();
     PanelRoads panels = client.panelRoads();
     HelpRoads help = client.helpRoads();
+    OptionsRoads options = client.optionsRoads(sounds);
 
     PanelDoors panelDoors() {
         return {
             .showVars = [this] { showPanel<frmICSVars>(panels); },
             .showNotes = [this] { showPanel<frmNotes>(panels); },
-            .showOptions = [] {},
+            .showOptions = [this] { frmOptions::showIt(options); },
             .showHelp = [this] { frmChessHelp::showIt(help); },
             .startHelp = [this] { frmChessHelp::startIt(help); },
             .showSelfCheck = [](const QWidget* board) { frmSelfCheck::showIt(board); },

@@ -7,7 +7,6 @@
 #include "platform/PanelDoors.h"
 #include "settings/SettingsStore.h"
 
-#include <QFont>
 #include <QRect>
 
 #include <cstdint>
@@ -39,8 +38,6 @@ struct BoardRoads {
     PanelDoors doors;
     // The console with its frame, in pixels of the screen; empty while there is none.
     Needed<QRect()> consoleFrame;
-    // The font of the console's command line.
-    Needed<QFont()> typingFont;
     // The console's mnuBoard becomes available again: the last board closes.
     Needed<void()> enableBoardMenu;
 };

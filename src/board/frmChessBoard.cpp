@@ -4,6 +4,7 @@
 #include "board/CloseRules.h"
 #include "common/Twips.h"
 #include "common/modChess.h"
+#include "platform/ConsoleFont.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
 #include "settings/WindowSettings.h"
@@ -39,6 +40,8 @@ frmChessBoard::frmChessBoard(const BoardRoads& roads) : roads_(roads) {
                      .window = this,
                      .unload = [this] { unload(); },
                      .content = &game,
+                     .takeTells = [this] { takeTells(); },
+                     .takeLook = [this] { takeColors(); },
                      .zBoardSetup = [this] { game.zBoardSetup(false); }});
 }
 
@@ -64,11 +67,7 @@ void frmChessBoard::load() {
     loadPlace();
     takeColors();
     parts_.panels[0]->setText(shownText(modChess.MyHandle));
-    for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
-        const QString text = shownText(roads_.tellText(static_cast<int>(index)));
-        parts_.cmdTell[index]->setToolTip(text);
-        parts_.cmdTell[index]->setEnabled(!text.isEmpty());
-    }
+    takeTells();
     frmBoardColors::loaded().zSave();
     show();
     game.finishLoad();
@@ -104,9 +103,17 @@ void frmChessBoard::loadPlace() {
     placer_.moveTo(placedBoard(read, designed, screenOf(*this)));
 }
 
+void frmChessBoard::takeTells() {
+    for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
+        const QString text = shownText(roads_.tellText(static_cast<int>(index)));
+        parts_.cmdTell[index]->setToolTip(text);
+        parts_.cmdTell[index]->setEnabled(!text.isEmpty());
+    }
+}
+
 void frmChessBoard::takeColors() {
     parts_.txtSend->setColors(modChess.ColorBar, modChess.ColorType);
-    parts_.txtSend->setFont(roads_.typingFont());
+    parts_.txtSend->setFont(consoleFont());
 }
 
 // What the window has round the inner surface: the menus and the margins. The status bar belongs to the inner size.

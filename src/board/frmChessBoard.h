@@ -26,6 +26,8 @@ public:
     void load();
     // Part of the board's interface, and does nothing.
     void zBuildMask(std::int16_t, std::int16_t) {}
+    // Takes the ten button commands of the options.
+    void takeTells();
     // Takes colours and font of the console's command line for the own one.
     void takeColors();
 

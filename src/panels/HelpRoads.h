@@ -1,17 +1,12 @@
 // What the help panel needs of the rest of the program.
 #pragma once
 
-#include "common/Needed.h"
 #include "panels/HelpCapture.h"
 #include "panels/PanelRoads.h"
-
-#include <QFont>
 
 // Given by whoever opens the panel; outlives it, and each call that it makes. Every member must be given.
 struct HelpRoads {
     PanelRoads panel;
     // The session's.
     HelpCapture& capture;
-    // The font of the console's command line.
-    Needed<QFont()> typingFont;
 };

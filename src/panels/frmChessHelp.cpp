@@ -4,6 +4,7 @@
 #include "common/Twips.h"
 #include "common/TypingKey.h"
 #include "platform/Console.h"
+#include "platform/ConsoleFont.h"
 #include "platform/HelpFile.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
@@ -123,9 +124,9 @@ void frmChessHelp::start() { tmrHelp_.start(); }
 void frmChessHelp::takeLook() {
     txtHelpInfo_->setPaper(modChess.ColorBackground);
     txtHelpInfo_->setColor(modChess.ColorMain);
-    txtHelpInfo_->setFont(roads_.typingFont());
+    txtHelpInfo_->setFont(consoleFont());
     txtHelp_->setColors(modChess.ColorBar, modChess.ColorType);
-    txtHelp_->setFont(roads_.typingFont());
+    txtHelp_->setFont(consoleFont());
     arrange();
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QColor>
+#include <QObject>
+#include <QString>
 
 #include <cstdint>
 
@@ -10,3 +12,9 @@ inline QColor colorOf(std::int32_t value) { return {value & 0xFF, (value >> 8) &
 
 // The 0xBBGGRR value of a colour.
 inline std::int32_t colorValue(const QColor& color) { return color.red() | color.green() << 8 | color.blue() << 16; }
+
+// The same to be read aloud.
+inline QString colorInWords(std::int32_t value) {
+    const QColor parts = colorOf(value);
+    return QObject::tr("red %1, green %2, blue %3").arg(parts.red()).arg(parts.green()).arg(parts.blue());
+}

@@ -139,6 +139,18 @@ void Console::changeEvent(QEvent* event) {
 
 void Console::setColor(std::int32_t color) { format_.setForeground(colorOf(color)); }
 
+void Console::setAllColor(std::int32_t color) {
+    flush();
+    setColor(color);
+    QTextCharFormat colored;
+    colored.setForeground(colorOf(color));
+    QTextCursor all(document());
+    all.select(QTextCursor::Document);
+    all.mergeCharFormat(colored);
+    following_ = true;
+    moveToEnd();
+}
+
 void Console::setEmphasis() { format_.setFontWeight(QFont::Bold); }
 
 void Console::setPaper(std::int32_t color) {

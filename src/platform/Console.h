@@ -37,6 +37,9 @@ public:
     std::size_t length();
     // The whole text, a line feed between lines.
     std::string text();
+    // All text takes this colour (0xBBGGRR), and so does what is inserted from now on; insertion point and view go to
+    // the end.
+    void setAllColor(std::int32_t color);
     // Empties the console.
     void clearScreen();
     // Lets the waiting text in now.

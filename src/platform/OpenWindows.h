@@ -16,7 +16,9 @@ struct OpenWindow {
     std::any content = {};        // a pointer to the window-free part that others ask for: a board's game, a box's chat
     // Shows the answer of the server that was captured for this window.
     std::function<void()> answered = [] {};
-    // Takes the colours and the font of the options, which have changed.
+    // Takes the ten button commands of the options, which have changed.
+    std::function<void()> takeTells = [] {};
+    // The same of their colours and their font.
     std::function<void()> takeLook = [] {};
     // Of a "frmChessBoard": fits and repaints it whole.
     std::function<void()> zBoardSetup = [] {};

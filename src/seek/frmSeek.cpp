@@ -121,14 +121,19 @@ void frmSeek::load() {
     readWindow(roads_.store, SeekSection, read);
     placer_.moveTo(placed(read, twipsOf(DesignedSize), screenOf(*this), SeekSection.limit));
     zSize();
-    openWindows.add({"frmSeek",
-                     this,
-                     [this] {
-                         userCloses_ = false;
-                         close();
-                     },
-                     {},
-                     [this] { zGraph(); }});
+    openWindows.add({.className = "frmSeek",
+                     .window = this,
+                     .unload =
+                         [this] {
+                             userCloses_ = false;
+                             close();
+                         },
+                     .answered = [this] { zGraph(); },
+                     .takeLook =
+                         [this] {
+                             takeColors();
+                             zSize();
+                         }});
     modChess.gSeekOn = true;
     cmddummy_->setFocus();
     takeColors();

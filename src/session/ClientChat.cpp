@@ -1,6 +1,7 @@
 // The console window: how chat boxes are opened.
 #include "session/frmChessClient.h"
 
+#include "platform/ConsoleFont.h"
 #include "platform/HelpFile.h"
 #include "platform/MenuEntry.h"
 #include "session/frmChat.h"
@@ -8,7 +9,6 @@
 ChatRoads frmChessClient::chatRoads() {
     return {
         .store = roads_.store,
-        .typingFont = [this] { return txtSend->font(); },
         .showHelp = [this] { showHelpFile(this); },
     };
 }

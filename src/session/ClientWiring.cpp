@@ -4,10 +4,12 @@
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
+#include "platform/ConsoleFont.h"
 #include "platform/MessageLoop.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
 #include "records/MoveListRequest.h"
+#include "view/frmBoardColors.h"
 
 #include <QApplication>
 
@@ -170,7 +172,26 @@ HelpRoads frmChessClient::helpRoads() {
     return {
         .panel = panelRoads(),
         .capture = session.helpCapture,
-        .typingFont = [this] { return txtSend->font(); },
+    };
+}
+
+OptionsRoads frmChessClient::optionsRoads(Sounds& sounds) {
+    return {
+        .store = roads_.store,
+        .account =
+            [this] {
+                return OptionsAccount{session.logOn.handle, session.logOn.password, settings.Tell};
+            },
+        .takeAccount =
+            [this](const OptionsAccount& account) {
+                settings.Tell = account.Tell;
+                takeTells();
+                session.logOn.handle = account.handle;
+                session.logOn.password = account.password;
+            },
+        .testWave = [&sounds](std::string_view name) { sounds.testWave(name); },
+        .testBeep = [&sounds] { sounds.testBeep(); },
+        .showBoardColors = frmBoardColors::showAt,
     };
 }
 
@@ -222,7 +243,6 @@ BoardRoads frmChessClient::boardRoads() {
         .showExamine = roads_.showExamine,
         .doors = roads_.doors,
         .consoleFrame = [this] { return frameGeometry(); },
-        .typingFont = [this] { return txtSend->font(); },
         .enableBoardMenu = [this] { menus.mnuBoard->setEnabled(true); },
     };
 }

@@ -4,6 +4,7 @@
 #include "common/Twips.h"
 #include "common/modChess.h"
 #include "platform/Boxes.h"
+#include "platform/ConsoleFont.h"
 #include "platform/InFront.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
@@ -56,7 +57,11 @@ frmChat::frmChat(ServerRoad& road, const ChatRoads& roads) : box(road, hooks()),
     tmrStart_.setInterval(200);
     connect(&tmrStart_, &QTimer::timeout, this, &frmChat::askForBuddy);
     connectKeys();
-    openWindows.add({"frmChat", this, [this] { close(); }, &box});
+    openWindows.add({.className = "frmChat",
+                     .window = this,
+                     .unload = [this] { close(); },
+                     .content = &box,
+                     .takeLook = [this] { takeColors(); }});
 }
 
 frmChat::~frmChat() { openWindows.remove(this); }
@@ -97,8 +102,8 @@ void frmChat::takeColors() {
     txtChat->setColor(modChess.ColorTell);
     txtChat->setPaper(modChess.ColorBackground);
     txtTell->setColors(modChess.ColorBar, modChess.ColorType);
-    txtChat->setFont(roads_.typingFont());
-    txtTell->setFont(roads_.typingFont());
+    txtChat->setFont(consoleFont());
+    txtTell->setFont(consoleFont());
 }
 
 void frmChat::loadPlace() {

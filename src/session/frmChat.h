@@ -14,8 +14,6 @@
 // What a box needs of the rest of the program; outlives it. Every member must be given.
 struct ChatRoads {
     SettingsStore store; // section "Chat"
-    // The font of the console's command line.
-    Needed<QFont()> typingFont;
     // F1 was pressed.
     Needed<void()> showHelp;
 };

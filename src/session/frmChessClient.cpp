@@ -3,7 +3,7 @@
 
 #include "common/Fault.h"
 #include "common/modChess.h"
-#include "platform/Colors.h"
+#include "platform/ConsoleFont.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
 #include "settings/Settings.h"
@@ -11,15 +11,13 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
-#include <QFontDatabase>
 #include <QMenuBar>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr QSize DesignedSize(760, 560); // pixels
-constexpr int ConsolePointSize = 9;
-constexpr int FirstTick = 1000; // milliseconds, of tmrTCP
+constexpr int FirstTick = 1000;         // milliseconds, of tmrTCP
 
 // Pixels. What the console leaves of the window, and how that is shared out.
 constexpr int Beside = 37;
@@ -28,15 +26,6 @@ constexpr int TallTitleBar = 9;
 constexpr int TopMargin = 6;
 constexpr int RowGap = 7;
 constexpr int LeastMargin = 2;
-
-// The prescribed font is a bitmap font of old; where it is missing the system's fixed font stands in.
-QFont consoleFont() {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setFamilies({QStringLiteral("fixedsys"), font.family(), QStringLiteral("monospace")});
-    font.setStyleHint(QFont::TypeWriter);
-    font.setPointSize(ConsolePointSize);
-    return font;
-}
 
 } // namespace
 
@@ -51,7 +40,10 @@ frmChessClient::frmChessClient(const ClientRoads& roads) : roads_(roads) {
     connectKeys();
     connectMenus();
     connectChat();
-    openWindows.add({"frmChessClient", this, [this] { close(); }});
+    openWindows.add({.className = "frmChessClient",
+                     .window = this,
+                     .unload = [this] { close(); },
+                     .takeLook = [this] { takeLook(); }});
 }
 
 frmChessClient::~frmChessClient() { openWindows.remove(this); }
@@ -115,13 +107,11 @@ void frmChessClient::loadPlace() {
 }
 
 void frmChessClient::takeLook() {
-    QFont font = consoleFont();
-    txtOutput->setColor(modChess.ColorMain);
     txtOutput->setPaper(modChess.ColorBackground);
+    txtOutput->setFont(consoleFont());
+    txtOutput->setAllColor(modChess.ColorMain);
     txtSend->setColors(modChess.ColorBar, modChess.ColorType);
-    if (!modChess.MainFont.empty()) font.setFamilies({shownText(modChess.MainFont)});
-    txtOutput->setFont(font);
-    txtSend->setFont(font);
+    txtSend->setFont(consoleFont());
 }
 
 void frmChessClient::closeEvent(QCloseEvent* event) {
@@ -162,6 +152,10 @@ void frmChessClient::applySettings() {
     menus.mnuSeekGrf->setChecked(settings.mnuSeekGrf);
     menus.mnuXP->setChecked(settings.mnuXP);
     takeMenuTicks();
+    takeTells();
+}
+
+void frmChessClient::takeTells() {
     for (std::size_t index = 0; index < row_->cmdTell.size(); ++index) {
         const QString command = shownText(settings.Tell[long(index)]);
         row_->cmdTell[index]->setToolTip(command);

@@ -18,8 +18,10 @@
 #include "session/TimesealBridge.h"
 #include "session/frmChat.h"
 #include "settings/ClientSettings.h"
+#include "settings/OptionsRoads.h"
 #include "settings/RegDump.h"
 #include "settings/SettingsStore.h"
+#include "settings/Sounds.h"
 #include "settings/WindowPlacer.h"
 
 #include <QMainWindow>
@@ -75,6 +77,8 @@ public:
     // The same of the panels that ask the server.
     PanelRoads panelRoads();
     HelpRoads helpRoads();
+    // The same of the options dialog, which tries out sounds on `sounds`.
+    OptionsRoads optionsRoads(Sounds& sounds);
     // The same of the panel that evaluates a player; `board` gives the window of the board with an id, or null.
     ExamineRoads examineRoads(const Needed<QWidget*(std::int32_t id)>& board);
 
@@ -100,6 +104,7 @@ private:
     void fitMargins();
     void applySettings();
     void collectSettings();
+    void takeTells();
     void loadPlace();
     void takeLook();
 

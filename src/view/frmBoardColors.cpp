@@ -32,11 +32,6 @@ constexpr int Gap = 8;
 constexpr int MaskSide = 39;
 constexpr std::int32_t MaskGreen = 32768;
 
-QString colorInWords(std::int32_t color) {
-    const QColor parts = colorOf(color);
-    return QObject::tr("red %1, green %2, blue %3").arg(parts.red()).arg(parts.green()).arg(parts.blue());
-}
-
 BoardColor bandColor(int band) { return band % 2 == 0 ? BlackSquares : WhiteSquares; }
 
 // Every piece stands on a black and on a white square.

@@ -115,7 +115,6 @@ protected:
         .showExamine = [this](std::int32_t id) { examined.push_back(id); },
         .doors = quietDoors(),
         .consoleFrame = [] { return QRect(); },
-        .typingFont = [] { return QFont(); },
         .enableBoardMenu = [this] { ++menuEnabled; },
     };
     std::vector<QPointer<frmChessBoard>> made;

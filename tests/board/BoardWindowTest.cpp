@@ -22,12 +22,11 @@ TEST_F(BoardWindow, TheUsersHandleAndTheLastMoveAreShownCharacterByCharacter) {
 TEST_F(BoardWindow, TheCommandLineTakesTheConsolesColoursAndFont) {
     modChess.ColorBar = 0x112233;
     modChess.ColorType = 0x445566;
-    roads.typingFont = [] { return QFont(QStringLiteral("monospace"), 17); };
+    modChess.MainFont = "Some Typewriter";
     const auto& txtSend = part<TypingLine>(open(), "txtSend");
     EXPECT_EQ(txtSend.palette().color(QPalette::Base), QColor(0x33, 0x22, 0x11));
     EXPECT_EQ(txtSend.palette().color(QPalette::Text), QColor(0x66, 0x55, 0x44));
-    EXPECT_EQ(txtSend.font().pointSize(), 17);
-    EXPECT_EQ(txtSend.font().family(), QStringLiteral("monospace"));
+    EXPECT_EQ(txtSend.font().family(), QStringLiteral("Some Typewriter"));
 }
 
 TEST_F(BoardWindow, TheRowsOfTheGridAreCountedByTheEndOfTheLoad) {

@@ -37,7 +37,6 @@ struct Program {
         .showExamine = [](std::int32_t) {},
         .doors = quietDoors(),
         .consoleFrame = [] { return QRect(); },
-        .typingFont = [] { return QFont(); },
         .enableBoardMenu = [] {},
     };
     frmChessBoard board{roads};

@@ -13,7 +13,6 @@
 
 #include <QCheckBox>
 #include <QDir>
-#include <QFontDatabase>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -83,15 +82,8 @@ protected:
         return found == values->texts.end() ? "(absent)" : found->second;
     }
 
-    static QFont fixedFont(int points) {
-        QFont made = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-        made.setPointSize(points);
-        return made;
-    }
-
     std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
     HelpCapture capture;
-    QFont font = fixedFont(9);
     std::vector<std::string> asked;
     bool busy = false;
     HelpRoads roads{
@@ -100,7 +92,6 @@ protected:
                   .BusyTest = [this] { return busy; },
                   .zSetstate = [this](std::int16_t state) { asked.push_back("state " + std::to_string(state)); }},
         .capture = capture,
-        .typingFont = [this] { return font; },
     };
     QPointer<frmChessHelp> window;
     QString startFolder = QDir::currentPath();

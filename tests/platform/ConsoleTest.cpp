@@ -41,6 +41,39 @@ TEST(Console, TextGoesInAtTheInsertionPointInTheColourInForce) {
     EXPECT_EQ(colorAt(console, 5), QColor(0, 0, 255));
 }
 
+TEST(Console, AllTextTakesAColourTheWaitingOneAndWhatComesToo) {
+    Console console;
+    console.setColor(0x0000FF);
+    console.insert("red\r\n");
+    console.flush();
+    console.setColor(0xFF0000);
+    console.insert("waiting");
+    console.setAllColor(0x00FF00);
+    console.insert("later");
+    for (const int position : {0, 5, 12}) EXPECT_EQ(colorAt(console, position), QColor(0, 255, 0)) << position;
+    EXPECT_EQ(console.text(), "red\nwaitinglater");
+}
+
+TEST(Console, AColourForAllTextTakesInsertionPointAndViewToTheEndAndTheSelectionAway) {
+    Console console;
+    console.resize(200, 100);
+    console.show();
+    console.insert(lines(200) + std::string(2000, 'x'));
+    console.flush();
+    console.verticalScrollBar()->setValue(0);
+    QTextCursor selection(console.document());
+    selection.setPosition(5, QTextCursor::KeepAnchor);
+    console.setTextCursor(selection);
+    console.setAllColor(0x00FF00);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(console.textCursor().atEnd());
+    EXPECT_FALSE(console.textCursor().hasSelection());
+    EXPECT_EQ(console.verticalScrollBar()->value(), console.verticalScrollBar()->maximum());
+    console.insert("\r\nnew");
+    console.flush();
+    EXPECT_EQ(console.verticalScrollBar()->value(), console.verticalScrollBar()->maximum()) << "it follows again";
+}
+
 TEST(Console, InsertingLeavesTheInsertionPointWhereItStandsInOldText) {
     Console console;
     console.insert("ab\r\ncd");
