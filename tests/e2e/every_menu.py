@@ -8,6 +8,7 @@ import unittest
 from accessible import AccessibleDisplay, menusOf
 from rig import QUIET, Client, waitFor
 from scripted import ScriptedServer
+from style12 import PROMPT
 
 CLIENT, BOARD = "Brightrank - Client", "Brightrank - Board"
 LEARNT = 1.3  # seconds of silence, behind which the program knows the server's prompt
@@ -39,7 +40,7 @@ CONSOLE_WINDOWS = {
     ("Help", "About"): ("Brightrank", []),
 }
 BOARD_WINDOWS = {
-    ("File", "Read PGN"): ("Load Game", []),
+    ("File", "Read PGN"): ("Open Game File", []),
     ("Board", "Colors"): ("Board Colors", []),
     ("Actions", "Seek"): ("Seek", []),
     ("Actions", "Match"): ("Match", []),
@@ -54,6 +55,7 @@ BOARD_WINDOWS = {
     ("Help", "FICS Help Panel"): ("Help Panel", []),
     ("Help", "About"): ("Brightrank", []),
 }
+ANSWERS = {"sought": "0 ads displayed.", "Vars": "Prompt: fics% ", "Fi": "", "Set Seek 0": ""}
 # Each of these has a test of its own below.
 CONSOLE_OTHERS = [("Connect", "FICS"), ("Connect", "Close Connection"), ("Connect", "Exit"), ("Console", "Clear Screen"),
                   ("Windows", "Board"), ("Help", "Resgistry Dump")]
@@ -84,9 +86,11 @@ class EveryMenu(unittest.TestCase):
         return [window.name for window in self.display.windows()]
 
     def sent(self, lines):
-        """These and no others go out, in any order."""
+        """These and no others go out, in any order, and are answered."""
         found = sorted(self.server.lines.get(timeout=30)[1] for _ in lines)
         self.assertEqual(found, sorted(lines))
+        for line in lines:
+            self.server.say(f"{ANSWERS[line]}\n\r{PROMPT.lstrip()}")
 
     def closeAllBut(self, titles):
         """A window that opened another one closes behind that."""

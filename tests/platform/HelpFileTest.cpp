@@ -2,6 +2,7 @@
 #include "platform/HelpFile.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
@@ -185,16 +186,44 @@ TEST_F(HelpFileTest, BackFromAnAnchorThePageIsStillReadAsMarkdown) {
 
 TEST_F(HelpFileTest, EveryLinkAndPictureOfTheManualIsFound) {
     QTextBrowser& browser = open();
+    std::vector<QUrl> pages{browser.source()};
+    int pictures = 0;
+    for (std::size_t page = 0; page < pages.size(); ++page) {
+        browser.setSource(pages[page]);
+        ASSERT_FALSE(browser.toPlainText().isEmpty()) << pages[page].toString().toStdString();
+        pictures += picturesOf(browser);
+        for (const QString& link : linksOf(browser)) {
+            const QUrl target = pages[page].resolved(QUrl(link));
+            const QUrl whole = target.adjusted(QUrl::RemoveFragment);
+            if (target.isLocalFile() && std::ranges::find(pages, whole) == pages.end()) pages.push_back(whole);
+        }
+    }
+    EXPECT_GT(pages.size(), 15U);
+    EXPECT_GT(pictures, 20);
+}
+
+TEST_F(HelpFileTest, EveryPageOfTheManualIsReachedFromTheFirst) {
+    QTextBrowser& browser = open();
     const QUrl manual = browser.source();
-    const QStringList links = linksOf(browser);
-    EXPECT_THAT(links, Not(IsEmpty()));
-    EXPECT_GT(picturesOf(browser), 5);
-    for (const QString& link : links) {
-        const QUrl target = manual.resolved(QUrl(link));
-        if (!target.isLocalFile()) continue;
-        browser.setSource(target);
-        EXPECT_FALSE(browser.toPlainText().isEmpty()) << link.toStdString();
-        if (!target.hasFragment()) continue;
-        EXPECT_THAT(anchorsOf(browser), testing::Contains(target.fragment().toStdString()));
+    QStringList pages{QFileInfo(manual.toLocalFile()).fileName()};
+    for (const QString& link : linksOf(browser)) pages.push_back(QFileInfo(QUrl(link).path()).fileName());
+    for (const QString& page : QFileInfo(manual.toLocalFile()).dir().entryList({QStringLiteral("*.md")})) {
+        EXPECT_TRUE(pages.contains(page)) << page.toStdString();
+    }
+}
+
+TEST_F(HelpFileTest, EveryLinkToAHeadingOfTheManualFindsIt) {
+    QTextBrowser& browser = open();
+    const QDir pages = QFileInfo(browser.source().toLocalFile()).dir();
+    for (const QString& page : pages.entryList({QStringLiteral("*.md")})) {
+        const QUrl source = QUrl::fromLocalFile(pages.filePath(page));
+        browser.setSource(source);
+        for (const QString& link : linksOf(browser)) {
+            const QUrl target = source.resolved(QUrl(link));
+            if (!target.isLocalFile() || !target.hasFragment()) continue;
+            browser.setSource(target);
+            EXPECT_THAT(anchorsOf(browser), testing::Contains(target.fragment().toStdString())) << page.toStdString();
+            browser.setSource(source);
+        }
     }
 }
