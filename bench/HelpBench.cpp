@@ -1,15 +1,12 @@
-// Benchmarks the help panel: a page of 400 lines from the server's bytes to the painted pane, and how long the panel
-// and the self check take to stand.
+// Benchmarks the help panel: a page of 400 lines from the server's bytes to the painted pane.
 #include "panels/HelpPage.h"
 #include "panels/frmChessHelp.h"
-#include "panels/frmSelfCheck.h"
 #include "platform/OpenWindows.h"
 #include "session/QuietSurface.h"
 #include "session/Session.h"
 #include "settings/MemoryStore.h"
 
 #include <QApplication>
-#include <QFontDatabase>
 
 #include <benchmark/benchmark.h>
 
@@ -74,29 +71,5 @@ void showPage(benchmark::State& state) {
     end(window);
 }
 BENCHMARK(showPage)->Unit(benchmark::kMillisecond);
-
-void openHelpPanel(benchmark::State& state) {
-    Panel panel;
-    for (auto _ : state) {
-        frmChessHelp& window = frmChessHelp::showIt(panel.roads);
-        QCoreApplication::processEvents();
-        state.PauseTiming();
-        end(window);
-        state.ResumeTiming();
-    }
-}
-BENCHMARK(openHelpPanel)->Unit(benchmark::kMillisecond);
-
-void openSelfCheck(benchmark::State& state) {
-    Panel panel;
-    for (auto _ : state) {
-        frmSelfCheck& window = frmSelfCheck::showIt(nullptr);
-        QCoreApplication::processEvents();
-        state.PauseTiming();
-        end(window);
-        state.ResumeTiming();
-    }
-}
-BENCHMARK(openSelfCheck)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,4 +1,4 @@
-// Benchmarks the options dialog: until it stands, its OK with forty boards open, and what is left of it after closing.
+// Benchmarks the OK of the options dialog: with forty boards open, and on a console of a megabyte.
 #include "BenchBoard.h"
 #include "platform/Console.h"
 #include "platform/LoadedWindow.h"
@@ -9,7 +9,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <fstream>
 #include <vector>
 
 namespace {
@@ -23,18 +22,6 @@ const OptionsRoads roads{
     .showBoardColors = [](QPoint) {},
 };
 
-// Resident, in kilobytes.
-double resident() {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-        if (word != "VmRSS:") continue;
-        double kilobytes = 0;
-        status >> kilobytes;
-        return kilobytes;
-    }
-    return 0;
-}
-
 void paint() { QCoreApplication::processEvents(); }
 
 frmOptions& open() {
@@ -47,18 +34,6 @@ void closeIt(const char* button) {
     loadedWindow<frmOptions>()->findChild<QAbstractButton*>(QString::fromLatin1(button))->click();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
-
-void optionsOpened(benchmark::State& state) {
-    modChess = {};
-    for (auto _ : state) {
-        open();
-        state.PauseTiming();
-        closeIt("cmdCancel");
-        state.ResumeTiming();
-    }
-    if (loadedWindow<frmOptions>()) state.SkipWithError("the dialog did not close");
-}
-BENCHMARK(optionsOpened)->Unit(benchmark::kMillisecond);
 
 void optionsOk(benchmark::State& state) {
     modChess = {};
@@ -96,23 +71,5 @@ void consoleRecolored(benchmark::State& state) {
     }
 }
 BENCHMARK(consoleRecolored)->Unit(benchmark::kMillisecond);
-
-// A thousand times, the first hundred of which fill what is kept for good.
-void optionsClosed(benchmark::State& state) {
-    modChess = {};
-    for (auto _ : state) {
-        for (int time = 0; time < 100; ++time) {
-            open();
-            closeIt("cmdCancel");
-        }
-        const double before = resident();
-        for (int time = 0; time < 900; ++time) {
-            open();
-            closeIt("cmdCancel");
-        }
-        state.counters["growth_kB"] = resident() - before;
-    }
-}
-BENCHMARK(optionsClosed)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
