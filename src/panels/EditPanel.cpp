@@ -63,10 +63,13 @@ void EditPanel::load() {
     ask();
 }
 
-// The window may be gone behind the wait.
-void EditPanel::request() const {
+// The window may be gone behind the wait. A later request, which comes out of the loop that this one runs, takes its
+// place: two would ask twice, and the second answer would take back what the user has changed meanwhile.
+void EditPanel::request() {
+    TurnHooks turn = turnOf(window_, [&roads = roads_] { return roads.BusyTest(); });
+    turn.isOpen = [this, isOpen = turn.isOpen, mine = ++requests_] { return isOpen() && requests_ == mine; };
     kind_.ask({
-        .turn = turnOf(window_, [&roads = roads_] { return roads.BusyTest(); }),
+        .turn = turn,
         .zSetstate = [&roads = roads_](std::int16_t state) { roads.zSetstate(state); },
         .zSendMsg = [&roads = roads_](const std::string& text) { roads.zSendMsg(text); },
     });

@@ -46,7 +46,7 @@ public:
     WindowPlace place() const { return placer_.place(); }
 
 private:
-    void request() const;
+    void request();
     void sendAndClose(const Sender& sender);
 
     QDialog* window_;
@@ -54,6 +54,7 @@ private:
     const EditPanelKind& kind_;
     WindowPlacer placer_;
     QTimer askTimer_;
+    int requests_ = 0;
     bool closed_ = false;
 };
 

@@ -13,8 +13,9 @@
 namespace {
 
 constexpr EditPanelKind Kind{VarsSection, &askForVars};
-constexpr int Gap = 6;      // pixels, above the buttons
-constexpr int FlagRows = 9; // three columns hold all flags, and fit on a low screen
+constexpr int Gap = 6;       // pixels, above the buttons
+constexpr int FlagRows = 9;  // three columns hold all flags, and fit on a low screen
+constexpr int ColumnGap = 3; // letters
 
 // The letter of each number that leads to its field with Alt.
 constexpr std::array<const char*, numberVars.size()> NumberCaptions{"&Time",      "&Inc",   "&KibLevel", "&UnObserve",
@@ -63,6 +64,7 @@ QGroupBox* frmICSVars::buildNumbers() {
 QGroupBox* frmICSVars::buildFlags() {
     auto* group = new QGroupBox(tr("&Switches"), this);
     auto* grid = new QGridLayout(group);
+    grid->setHorizontalSpacing(ColumnGap * fontMetrics().averageCharWidth());
     for (std::size_t index = 0; index < flagVars.size(); ++index) {
         auto* box = chkVar_[index] =
             named(new QCheckBox(QString::fromLatin1(flagVars[index].caption), group), nameOf("chkVar", index).c_str());

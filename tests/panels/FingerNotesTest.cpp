@@ -114,6 +114,12 @@ TEST_F(NotesLines, ANumberOutsideOneToTenFaults) {
     EXPECT_EQ(all(), "");
 }
 
+TEST_F(NotesLines, OneIsTakenOffTheNumberBeforeItIsRounded) {
+    EXPECT_FALSE(faults(".5: half a note\r\n"));
+    EXPECT_EQ(note(1), "half a note");
+    EXPECT_TRUE(faults(".4: not even half\r\n"));
+}
+
 TEST_F(NotesLines, AShortLineWithSuchANumberIsDropped) {
     EXPECT_FALSE(faults("11: a\r\n"));
     EXPECT_FALSE(faults(" 0: a\r\n"));

@@ -59,6 +59,15 @@ TEST_F(NotesWindow, AnotherTextMarksItsLabelAndTheSameOneUnmarksIt) {
     EXPECT_EQ(text("txtNote(9)"), "");
 }
 
+TEST_F(NotesWindow, InADarkPaletteTheMarkIsALighterRed) {
+    answered();
+    type("txtNote(9)", "Tenth");
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(40, 40, 40));
+    window->setPalette(dark);
+    EXPECT_EQ(part<QLabel>("lblNote(9)").palette().color(QPalette::WindowText), QColor(255, 128, 128));
+}
+
 TEST_F(NotesWindow, OKSendsTheEditedLinesWithPausesAndCloses) {
     answered();
     type("txtNote(9)", "Tenth");

@@ -75,6 +75,13 @@ TEST_F(VarsLines, ThePromptMayStandBehindValues) {
     EXPECT_EQ(modChess.VarsBlock.substr(0, 9), "simopen=0");
 }
 
+TEST_F(VarsLines, NoBlankIsNeededBehindThePromptsColon) {
+    EXPECT_TRUE(read({"Prompt:go> \r\n"}));
+    ServerVars said;
+    said.zParseVars(modChess.VarsBlock);
+    EXPECT_EQ(said.VarPrompt, "go> ");
+}
+
 TEST_F(VarsLines, ATitleWinsOverAPromptInItsLine) {
     EXPECT_FALSE(read({"time=2\r\n", "Variable settings, Prompt: x\r\n"}));
     EXPECT_EQ(modChess.VarsBlock, "");
@@ -241,7 +248,9 @@ TEST_F(SentVars, BehindALineThatDidNotGoOutNothingIsSentAndThereIsNoPause) {
     VarsChanges changes;
     changes.lblVar.fill(true);
     changes.lblPrompt = true;
+    changes.txtPrompt = "go>";
     refuseFrom = 2;
     zSendChanges(changes, road());
     EXPECT_THAT(events, ElementsAre("Set Time ", "pause", "Set Inc ", "pause", "refused Set KibLevel "));
+    EXPECT_EQ(modChess.gPrompt, "go> ") << "sent or not";
 }

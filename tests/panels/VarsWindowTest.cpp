@@ -126,6 +126,19 @@ TEST_F(VarsWindow, OneThatWasNeverShownIsShownByTheMenuAndAsksAnew) {
     EXPECT_EQ(openWindows.count("frmICSVars"), 1);
 }
 
+TEST_F(VarsWindow, OneThatWaitsUnseenAndIsShownByTheMenuAsksOnce) {
+    busy = true;
+    answerVars(Answer);
+    QTimer::singleShot(20, [this] {
+        EXPECT_FALSE(loadedWindow<frmICSVars>()->isVisible());
+        open<frmICSVars>();
+    });
+    QTimer::singleShot(80, [this] { busy = false; });
+    ASSERT_TRUE(waitUntil([this] { return asked.size() >= 2; }));
+    runFor(50);
+    EXPECT_THAT(asked, ElementsAre("state 3", "Vars"));
+}
+
 // Answers
 
 TEST_F(VarsWindow, AnAnswerFillsTheControls) {
@@ -280,9 +293,13 @@ TEST_F(VarsWindow, ClosedInAPauseTheRestIsStillSent) {
     answered();
     type("txtVar(0)", "9");
     type("txtVar(1)", "8");
-    QTimer::singleShot(50, window, [this] { window->close(); });
+    QTimer::singleShot(50, window, [this] {
+        window->close();
+        stored("ICS_Vars", "Left", "777"); // by another one, which the user has opened and closed since
+    });
     press("cmdOK");
     EXPECT_THAT(asked, ElementsAre("Set Time 9", "Set Inc 8"));
+    EXPECT_EQ(kept("ICS_Vars", "Left"), "777") << "it writes its place once";
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(window.isNull());
 }
@@ -373,7 +390,28 @@ TEST_F(VarsWindow, OneThatWasNeverShownKeepsThePlaceInTheStore) {
     EXPECT_TRUE(window.isNull());
 }
 
+TEST_F(VarsWindow, ClosedMinimisedItKeepsItsPlace) {
+    opened<frmICSVars>();
+    window->move(45, 60);
+    window->showMinimized();
+    window->close();
+    EXPECT_FALSE(window->isMinimized());
+    EXPECT_EQ(kept("ICS_Vars", "Left"), "675");
+}
+
 // Look
+
+TEST_F(VarsWindow, SwitchesStandWellApartAndTheNumbersGrowWithTheFont) {
+    answered();
+    int widest = 0; // of the first column
+    for (int index = 0; index < 9; ++index) widest = std::max(widest, box(index).sizeHint().width());
+    EXPECT_GE(box(9).x(), box(0).x() + widest + 2 * window->fontMetrics().averageCharWidth());
+    const int before = field("txtVar(0)").width();
+    QFont large = window->font();
+    large.setPointSize(2 * large.pointSize());
+    window->setFont(large);
+    EXPECT_GT(field("txtVar(0)").width(), before + before / 3);
+}
 
 TEST_F(VarsWindow, AtEverySizeOfTheFontAllIsWholeOnALowScreen) {
     const QFont before = QApplication::font();
