@@ -2,14 +2,13 @@
 #include "panels/EditPanel.h"
 
 #include "common/modChess.h"
+#include "platform/DialogButtons.h"
 #include "platform/MessageLoop.h"
-#include "platform/NamedControl.h"
 #include "platform/OpenWindows.h"
 #include "platform/WindowTurn.h"
 
 #include <QBoxLayout>
 #include <QPointer>
-#include <QPushButton>
 
 #include <utility>
 
@@ -42,15 +41,11 @@ EditPanel::~EditPanel() { openWindows.remove(window_); }
 QLayout* EditPanel::buttons(std::function<Sender()> changes, const std::function<void()>& current) {
     auto* row = new QHBoxLayout;
     row->addStretch();
-    const auto button = [this, row](const char* name, const QString& caption, auto pressed) {
-        auto* made = named(new QPushButton(caption, window_), name);
-        QObject::connect(made, &QPushButton::clicked, window_, pressed);
-        row->addWidget(made);
-        return made;
-    };
-    button("cmdOK", QWidget::tr("OK"), [this, changes] { sendAndClose(changes()); })->setDefault(true);
-    button("cmdCurrent", QWidget::tr("&Current"), current);
-    button("cmdCancel", QWidget::tr("Cancel"), [this] { window_->close(); });
+    addButton(*row, window_, "cmdOK", QWidget::tr("OK"), [this, changes] {
+        sendAndClose(changes());
+    })->setDefault(true);
+    addButton(*row, window_, "cmdCurrent", QWidget::tr("&Current"), current);
+    addButton(*row, window_, "cmdCancel", QWidget::tr("Cancel"), [this] { window_->close(); });
     return row;
 }
 

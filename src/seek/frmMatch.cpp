@@ -2,6 +2,7 @@
 #include "seek/frmMatch.h"
 
 #include "common/modChess.h"
+#include "platform/DialogButtons.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
 #include "platform/NamedControl.h"
@@ -136,16 +137,8 @@ QWidget* frmMatch::buildSettings() {
 }
 
 QLayout* frmMatch::buildButtons() {
-    auto* row = new QHBoxLayout;
+    QBoxLayout* row = okAndCancel(this, [this] { cmdOK(); });
     row->setSpacing(Gap);
-    auto* ok = named(new QPushButton(tr("OK"), this), "cmdOK");
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, [this] { cmdOK(); });
-    auto* cancel = named(new QPushButton(tr("Cancel"), this), "cmdCancel");
-    connect(cancel, &QPushButton::clicked, this, [this] { close(); });
-    row->addStretch();
-    row->addWidget(ok);
-    row->addWidget(cancel);
     return row;
 }
 

@@ -1,9 +1,9 @@
 // The dialog for the options that all windows share.
 #include "settings/frmOptions.h"
 
+#include "platform/DialogButtons.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
-#include "platform/NamedControl.h"
 #include "settings/AccountPages.h"
 #include "settings/GamesPage.h"
 #include "settings/LookPage.h"
@@ -11,7 +11,6 @@
 #include "settings/WindowSettings.h"
 
 #include <QCloseEvent>
-#include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -55,16 +54,7 @@ void frmOptions::buildPages() {
 }
 
 QLayout* frmOptions::buildButtons() {
-    auto* row = new QHBoxLayout;
-    auto* ok = named(new QPushButton(tr("OK"), this), "cmdOK");
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, [this] { cmdOK(); });
-    auto* cancel = named(new QPushButton(tr("Cancel"), this), "cmdCancel");
-    connect(cancel, &QPushButton::clicked, this, [this] { close(); });
-    row->addStretch();
-    row->addWidget(ok);
-    row->addWidget(cancel);
-    return row;
+    return okAndCancel(this, [this] { cmdOK(); });
 }
 
 void frmOptions::load() {

@@ -6,12 +6,11 @@ import time
 import unittest
 
 from accessible import AccessibleDisplay, menusOf
-from rig import QUIET, Client, waitFor
-from scripted import ScriptedServer
+from rig import QUIET, waitFor
+from scripted import ScriptedCase
 from style12 import PROMPT
 
 CLIENT, BOARD = "Brightrank - Client", "Brightrank - Board"
-LEARNT = 1.3  # seconds of silence, behind which the program knows the server's prompt
 
 # What cannot be chosen while console and board stand and nothing is played, and why.
 REASONS = {
@@ -62,18 +61,9 @@ CONSOLE_OTHERS = [("Connect", "FICS"), ("Connect", "Close Connection"), ("Connec
 BOARD_OTHERS = [("File", "New Game"), ("File", "Exit"), ("Board", "Flip"), ("Board", "Clean"), ("Help", "Exit")]
 
 
-class EveryMenu(unittest.TestCase):
+class EveryMenu(ScriptedCase):
     def setUp(self):
-        self.display = self.enterContext(AccessibleDisplay())
-        self.server = ScriptedServer()
-        self.addCleanup(self.server.end)
-        self.client = Client(self.display, self.server.port)
-        self.addCleanup(self.endClient)
-        self.server.logOn()
-        time.sleep(LEARNT)
-
-    def endClient(self):
-        return None if self.client.log.closed else self.client.end()
+        self.logOn(self.enterContext(AccessibleDisplay()))
 
     def entry(self, title, menu, name):
         return next(entry for above, entry in menusOf(self.display.window(title))

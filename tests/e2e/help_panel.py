@@ -5,13 +5,12 @@ import time
 import unittest
 
 from managed import ManagedDisplay
-from rig import QUIET, SCALE, Client, waitFor
+from rig import QUIET, SCALE, waitFor
 from screen import iter4
-from scripted import ScriptedServer
+from scripted import ScriptedCase
 from style12 import PROMPT
 
 CONSOLE, PANEL = "Brightrank - Client", "Help Panel"
-LEARNT = 1.3  # seconds of silence, behind which the program knows the server's prompt
 INK = b"\x00\x80\xff"  # the default colour of the console's text, as the screen holds it
 BARE = PROMPT.lstrip("\n\r")
 NEXT = "Type [next] to see next page.\n\r" + BARE
@@ -21,21 +20,13 @@ def lines(count, first=1):
     return "".join(f"line {number} of the page\n\r" for number in range(first, first + count))
 
 
-class HelpPanel(unittest.TestCase):
+class HelpPanel(ScriptedCase):
     @classmethod
     def setUpClass(cls):
         cls.display = cls.enterClassContext(ManagedDisplay())
 
     def setUp(self):
-        self.server = ScriptedServer()
-        self.addCleanup(self.server.end)
-        self.client = Client(self.display, self.server.port)
-        self.addCleanup(self.endClient)
-        self.server.logOn()
-        time.sleep(LEARNT)
-
-    def endClient(self):
-        return None if self.client.log.closed else self.client.end()
+        self.logOn(self.display)
 
     def typeInConsole(self, line):
         self.display.activate(CONSOLE)

@@ -5,11 +5,10 @@ import time
 import unittest
 
 from managed import ManagedDisplay
-from rig import QUIET, RIGHT, SCALE, Client
-from scripted import ScriptedServer
+from rig import QUIET, RIGHT, SCALE
+from scripted import ScriptedCase
 from style12 import PROMPT
 
-LEARNT = 1.3  # seconds of silence, behind which the program knows the server's prompt
 ROW = 3  # the one that is picked, from 0
 
 GAMES = "                  Opponent      Type         ECO End Date\n" + "".join(
@@ -20,18 +19,9 @@ STORED = "    C Opponent       On Type          Str  M    ECO Date\n" + "".join(
     f" {number}: W PyChess{number}        Y [psu  2  12] 39-39 W3   C20 Sun Jan 11, 17:40 ??? 2009\n" for number in range(10))
 
 
-class HistoryLists(unittest.TestCase):
+class HistoryLists(ScriptedCase):
     def setUp(self):
-        self.display = self.enterContext(ManagedDisplay())
-        self.server = ScriptedServer()
-        self.addCleanup(self.server.end)
-        self.client = Client(self.display, self.server.port)
-        self.addCleanup(self.endClient)
-        self.server.logOn()
-        time.sleep(LEARNT)
-
-    def endClient(self):
-        return None if self.client.log.closed else self.client.end()
+        self.logOn(self.enterContext(ManagedDisplay()))
 
     def typeInConsole(self, line):
         self.display.activate("Brightrank - Client")

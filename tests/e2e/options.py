@@ -5,8 +5,8 @@ import time
 import unittest
 
 from managed import ManagedDisplay
-from rig import QUIET, SCALE, TWIPS, Client, endProcess, waitFor
-from scripted import ScriptedServer
+from rig import QUIET, SCALE, TWIPS, endProcess, waitFor
+from scripted import ScriptedCase
 
 CONSOLE, BOARD, OPTIONS = "Brightrank - Client", "Brightrank - Board", "Options"
 PASTEL = b"\xc0\xff\xff"  # the paper of a scheme, in the order in which the program keeps colours
@@ -14,19 +14,10 @@ BLACK = b"\x00\x00\x00"
 PAGES = {"Account": "alt+a", "Buttons": "alt+b", "Sounds": "alt+s", "Games": "alt+g", "Colors": "alt+c"}
 
 
-class Options(unittest.TestCase):
+class Options(ScriptedCase):
     @classmethod
     def setUpClass(cls):
         cls.display = cls.enterClassContext(ManagedDisplay())
-
-    def begin(self, **settings):
-        self.server = ScriptedServer()
-        self.addCleanup(self.server.end)
-        self.client = Client(self.display, self.server.port, **settings)
-        self.addCleanup(self.endClient)
-
-    def endClient(self):
-        return None if self.client.log.closed else self.client.end()
 
     def openOptions(self):
         self.display.activate(CONSOLE)
@@ -68,12 +59,12 @@ class Options(unittest.TestCase):
         self.endClient()
         client = kept.split("[Client]")[1].split("\n[")[0]
         settings = dict(line.split("=", 1) for line in client.splitlines() if "=" in line)
-        self.begin(**{key: value for key, value in settings.items() if key not in ("Handle", "Password", "Port")},
+        self.begin(self.display, **{key: value for key, value in settings.items() if key not in ("Handle", "Password", "Port")},
                    handle=settings["Handle"], password=settings["Password"])
         return settings
 
     def testAThingOnEachPageIsSeenAndThereAgainAtTheNextStart(self):
-        self.begin()
+        self.begin(self.display)
         self.server.logOn()
         self.assertEqual(self.paper(), BLACK)
         self.openOptions()
@@ -102,7 +93,7 @@ class Options(unittest.TestCase):
         self.server.awaitLine("sought all")
 
     def testTheBoardsButtonsSendTheNewCommand(self):
-        self.begin()
+        self.begin(self.display)
         self.server.logOn()
         self.openOptions()
         self.page("Buttons")
@@ -115,7 +106,7 @@ class Options(unittest.TestCase):
     def testTheButtonsByPointer(self):
         for button, right, kept in ("Cancel", 46, "Pupil"), ("OK", 131, "Carla"):
             with self.subTest(button):
-                self.begin()
+                self.begin(self.display)
                 self.server.logOn()
                 self.openOptions()
                 self.box("alt+h", "Carla")
@@ -126,7 +117,7 @@ class Options(unittest.TestCase):
                 self.doCleanups()
 
     def testEscapeKeepsOnlyWhatIsLive(self):
-        self.begin()
+        self.begin(self.display)
         self.server.logOn()
         self.openOptions()
         self.box("alt+h", "Berta")
@@ -140,7 +131,7 @@ class Options(unittest.TestCase):
         self.assertEqual(stored, {"Handle": "Pupil", "Port": "6123", "Warn_Time": "33", "AutoQueen": "0"})
 
     def testItsPlaceIsKept(self):
-        self.begin()
+        self.begin(self.display)
         self.server.logOn()
         self.openOptions()
         self.display.put(OPTIONS, 60 * SCALE, 45 * SCALE)
@@ -151,7 +142,7 @@ class Options(unittest.TestCase):
         self.assertIn(f"Top={45 * TWIPS}\n", kept)
 
     def testAnEmptiedPortEndsTheProgramInOrder(self):
-        self.begin()
+        self.begin(self.display)
         self.server.logOn()
         self.openOptions()
         self.display.keys("alt+o", "ctrl+a", "Delete")
@@ -165,7 +156,7 @@ class Options(unittest.TestCase):
     def testWithSmallAndLargeLettersEveryButtonIsOnTheScreen(self):
         for points in 8, 20:
             with self.subTest(points=points):
-                self.begin(points=points)
+                self.begin(self.display, points=points)
                 self.server.logOn()
                 self.openOptions()
                 for page in PAGES:

@@ -3,9 +3,10 @@ import queue
 import socket
 import threading
 import time
+import unittest
 
 from peers import hangUp
-from rig import LIMIT
+from rig import LIMIT, Client
 from style12 import PROMPT
 
 
@@ -66,3 +67,24 @@ class ScriptedServer:
 
     def end(self):
         hangUp(self.listener, getattr(self, "client", None))
+
+
+class ScriptedCase(unittest.TestCase):
+    """A program on `display` that talks with a scripted server; both end with the test."""
+    LEARNT = 1.3  # seconds of silence, behind which the program knows the server's prompt
+
+    def begin(self, display, **settings):
+        self.display = display
+        self.server = ScriptedServer()
+        self.addCleanup(self.server.end)
+        self.client = Client(display, self.server.port, **settings)
+        self.addCleanup(self.endClient)
+
+    def logOn(self, display):
+        self.begin(display)
+        self.server.logOn()
+        time.sleep(self.LEARNT)
+
+    def endClient(self):
+        """What its store holds then; the second time nothing."""
+        return None if self.client.log.closed else self.client.end()

@@ -5,11 +5,10 @@ import time
 import unittest
 
 from managed import ManagedDisplay
-from rig import QUIET, SCALE, Client
-from scripted import ScriptedServer
+from rig import QUIET, SCALE
+from scripted import ScriptedCase
 from style12 import PROMPT
 
-LEARNT = 1.3  # seconds of silence, behind which the program knows the server's prompt
 PAUSE = 0.22  # seconds behind each command
 TITLE = "Variables"  # of both panels
 
@@ -31,18 +30,9 @@ NOTES = """Finger of Pupil:
 """
 
 
-class ServerVariables(unittest.TestCase):
+class ServerVariables(ScriptedCase):
     def setUp(self):
-        self.display = self.enterContext(ManagedDisplay())
-        self.server = ScriptedServer()
-        self.addCleanup(self.server.end)
-        self.client = Client(self.display, self.server.port)
-        self.addCleanup(self.endClient)
-        self.server.logOn()
-        time.sleep(LEARNT)
-
-    def endClient(self):
-        return None if self.client.log.closed else self.client.end()
+        self.logOn(self.enterContext(ManagedDisplay()))
 
     def openPanel(self, key, question, answer):
         """Ends up with its fields filled."""
