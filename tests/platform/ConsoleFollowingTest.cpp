@@ -300,6 +300,20 @@ TEST_F(ConsoleFollowing, BackAtTheEndItFollowsAgain) {
     EXPECT_TRUE(endShows());
 }
 
+TEST_F(ConsoleFollowing, AWindowThatGrowsUntilItHoldsAllFollowsAgain) {
+    say(numbered(25));
+    bar().setValue(0);
+    ASSERT_FALSE(endShows());
+    console.resize(500, 700);
+    settle();
+    ASSERT_TRUE(endShows());
+    console.resize(500, 300);
+    settle();
+    EXPECT_TRUE(endShows());
+    say(numbered(30));
+    EXPECT_TRUE(endShows());
+}
+
 TEST_F(ConsoleFollowing, OfAReaderTheViewStaysAsTheInsertionPointGoesToTheEnd) {
     say(numbered(200, Words));
     scrollUp();
