@@ -68,8 +68,12 @@ void frmSelfCheck::showSheet() {
 
 // One above the other they leave more of the board to be seen.
 void frmSelfCheck::fitFrames(const QSize& screen) {
-    frames_->setDirection(QBoxLayout::TopToBottom);
-    if (sizeHint().height() + TitleBar > screen.height()) frames_->setDirection(QBoxLayout::LeftToRight);
+    const auto arrange = [this](QBoxLayout::Direction direction) {
+        frames_->setDirection(direction);
+        layout()->invalidate(); // which is not told
+    };
+    arrange(QBoxLayout::TopToBottom);
+    if (sizeHint().height() + TitleBar > screen.height()) arrange(QBoxLayout::LeftToRight);
 }
 
 frmSelfCheck& frmSelfCheck::showIt(const QWidget* board) {

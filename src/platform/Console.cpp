@@ -147,7 +147,6 @@ void Console::setAllColor(std::int32_t color) {
     QTextCursor all(document());
     all.select(QTextCursor::Document);
     all.mergeCharFormat(colored);
-    following_ = true;
     moveToEnd();
 }
 

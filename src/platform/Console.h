@@ -37,8 +37,8 @@ public:
     std::size_t length();
     // The whole text, a line feed between lines.
     std::string text();
-    // All text takes this colour (0xBBGGRR), and so does what is inserted from now on; insertion point and view go to
-    // the end.
+    // All text takes this colour (0xBBGGRR), and so does what is inserted from now on; the insertion point goes to the
+    // end as with moveToEnd.
     void setAllColor(std::int32_t color);
     // Empties the console.
     void clearScreen();

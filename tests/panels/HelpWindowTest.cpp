@@ -220,6 +220,22 @@ TEST_F(HelpWindow, ClosedInTheWaitItAsksNothing) {
     EXPECT_THAT(asked, IsEmpty());
 }
 
+TEST_F(HelpWindow, GoLetsTheLoopRunBeforeItAsksAndClosedMeanwhileItAsksNothing) {
+    opened();
+    QTimer::singleShot(0, window, [this] { window->close(); });
+    press("cmdGo");
+    EXPECT_THAT(asked, IsEmpty());
+}
+
+TEST_F(HelpWindow, ClosedBeforeItsFirstTickItLeavesTheTopic) {
+    modChess.gHelpTopic = "seek";
+    open();
+    window->close();
+    runFor(150);
+    EXPECT_THAT(asked, IsEmpty());
+    EXPECT_EQ(modChess.gHelpTopic, "seek");
+}
+
 TEST_F(HelpWindow, ATopicThatWasPastedInTwoLinesIsOneCommand) {
     ask("seek\nquit");
     EXPECT_EQ(asked.back(), "Help seek quit");
@@ -449,6 +465,7 @@ TEST_F(HelpWindow, ClosingWritesItsSectionAMinimisedOneToo) {
         size(700, 500);
         if (minimised) window->showMinimized();
         window->close();
+        EXPECT_FALSE(window->isMinimized());
         EXPECT_EQ(kept("Left"), "900");
         EXPECT_EQ(kept("Top"), "750");
         EXPECT_EQ(kept("Width"), "10500");

@@ -322,6 +322,23 @@ TEST_F(SelfCheckWindow, ItsFramesStandAboveEachOtherWhereTheScreenIsHighEnough) 
     EXPECT_LT(panel->height(), panel->screen()->availableSize().height());
 }
 
+TEST_F(SelfCheckWindow, WithItsFramesSideBySideItStandsAsFarLeftAsItsWidthWants) {
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSize(28);
+    QApplication::setFont(large);
+    QWidget board;
+    const QRect screen = board.screen()->availableGeometry();
+    board.setGeometry(screen.adjusted(0, 0, -10, -200));
+    board.show();
+    panel = &frmSelfCheck::showIt(&board);
+    QApplication::setFont(before);
+    const QList<QGroupBox*> frames = panel->findChildren<QGroupBox*>();
+    ASSERT_GT(frames[1]->geometry().left(), frames[0]->geometry().right());
+    EXPECT_EQ(panel->frameGeometry().left(),
+              std::max(board.frameGeometry().right() + 1 - panel->frameGeometry().width(), screen.left()));
+}
+
 TEST_F(SelfCheckWindow, NothingIsCutInAnyFont) {
     const QFont before = QApplication::font();
     for (const int points : {8, 11, 14, 20}) {

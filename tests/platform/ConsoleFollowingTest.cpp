@@ -300,6 +300,20 @@ TEST_F(ConsoleFollowing, BackAtTheEndItFollowsAgain) {
     EXPECT_TRUE(endShows());
 }
 
+TEST_F(ConsoleFollowing, AWindowThatGrowsUntilItHoldsAllFollowsAgain) {
+    say(numbered(25));
+    bar().setValue(0);
+    ASSERT_FALSE(endShows());
+    console.resize(500, 700);
+    settle();
+    ASSERT_TRUE(endShows());
+    console.resize(500, 300);
+    settle();
+    EXPECT_TRUE(endShows());
+    say(numbered(30));
+    EXPECT_TRUE(endShows());
+}
+
 TEST_F(ConsoleFollowing, OfAReaderTheViewStaysAsTheInsertionPointGoesToTheEnd) {
     say(numbered(200, Words));
     scrollUp();
@@ -380,6 +394,38 @@ TEST_F(ConsoleFollowing, NewColoursForPaperAndTextLeaveAReadersView) {
     EXPECT_EQ(firstShown(), first);
     say(numbered(10));
     EXPECT_EQ(firstShown(), first);
+}
+
+TEST_F(ConsoleFollowing, ANewColourForAllTextLeavesAReadersViewAndIsFollowedAtTheEnd) {
+    say(numbered(200, Words));
+    scrollUp();
+    const std::string first = firstShown();
+    console.setAllColor(0x112233);
+    settle();
+    EXPECT_EQ(firstShown(), first);
+    say(numbered(10));
+    EXPECT_EQ(firstShown(), first);
+    bar().setValue(bar().maximum());
+    console.setAllColor(0x332211);
+    settle();
+    EXPECT_TRUE(endShows());
+    say(numbered(10, Words));
+    EXPECT_TRUE(endShows());
+}
+
+TEST_F(ConsoleFollowing, PaperFontAndColourTogetherLeaveAReadersView) {
+    say(numbered(200, Words));
+    scrollUp();
+    const std::string first = firstShown();
+    QFont font = console.font();
+    for (const int points : {14, 8}) {
+        font.setPointSize(points);
+        console.setPaper(0xFFFFFF);
+        console.setFont(font);
+        console.setAllColor(0x112233);
+        settle();
+        EXPECT_EQ(firstShown(), first) << points;
+    }
 }
 
 TEST_F(ConsoleFollowing, OfAReaderTheKeyboardsArrivalAndTheInsertionPointMoveNothing) {

@@ -54,24 +54,16 @@ TEST(Console, AllTextTakesAColourTheWaitingOneAndWhatComesToo) {
     EXPECT_EQ(console.text(), "red\nwaitinglater");
 }
 
-TEST(Console, AColourForAllTextTakesInsertionPointAndViewToTheEndAndTheSelectionAway) {
+TEST(Console, AColourForAllTextTakesTheInsertionPointToTheEndAndTheSelectionAway) {
     Console console;
-    console.resize(200, 100);
-    console.show();
-    console.insert(lines(200) + std::string(2000, 'x'));
+    console.insert(lines(20));
     console.flush();
-    console.verticalScrollBar()->setValue(0);
     QTextCursor selection(console.document());
     selection.setPosition(5, QTextCursor::KeepAnchor);
     console.setTextCursor(selection);
     console.setAllColor(0x00FF00);
-    QCoreApplication::processEvents();
     EXPECT_TRUE(console.textCursor().atEnd());
     EXPECT_FALSE(console.textCursor().hasSelection());
-    EXPECT_EQ(console.verticalScrollBar()->value(), console.verticalScrollBar()->maximum());
-    console.insert("\r\nnew");
-    console.flush();
-    EXPECT_EQ(console.verticalScrollBar()->value(), console.verticalScrollBar()->maximum()) << "it follows again";
 }
 
 TEST(Console, InsertingLeavesTheInsertionPointWhereItStandsInOldText) {

@@ -379,6 +379,21 @@ TEST_F(HelpThroughSocket, APromptBehindABoardUpdateGoesWithItAndEndsNothing) {
     EXPECT_THAT(page(), Not(HasSubstr("line 3")));
 }
 
+// It came before the answer, and stands in front of the page's first line.
+TEST_F(HelpThroughSocket, AMovesPromptThatArrivesWithThePageEndsItAndItsLinesArePrinted) {
+    openPanel();
+    loopback.send("\n\r" + LineOf{.game = 12, .relation = 0}.text(" 0 0\n\r") + Prompt);
+    ASSERT_TRUE(serverGot("moves 12\n"));
+    client->session.timerFired(SessionTimer::tmrState);
+    ask();
+    const auto next = LineOf{.ranks = AfterE4, .turn = "B", .game = 12, .relation = 0, .pretty = "e4"};
+    loopback.send("\n\r" + next.text(" 0 0\n\r") + Prompt + "the first line of the page\n\r" + onWire(helpLines(2)) +
+                  Prompt);
+    ASSERT_TRUE(answered());
+    EXPECT_TRUE(consoleHas("line 1\nline 2"));
+    EXPECT_EQ(page(), "\n");
+}
+
 TEST_F(HelpThroughSocket, TellsAndShoutsAmongTheLinesBecomeLinesOfThePageAndStayOffTheConsole) {
     openPanel();
     for (const std::string foreign : {"Berta tells you: hi\n\r", "Berta shouts: hi all\n\r", "\n\r"}) {

@@ -143,20 +143,30 @@ TEST_F(OptionsOnWindows, AWindowThatOpensLaterLooksAsTheOthersDo) {
     EXPECT_EQ(lines().size(), 5U);
 }
 
-TEST_F(OptionsOnWindows, TheConsoleLosesTheColoursOfTellsAndItsViewGoesToTheEnd) {
+TEST_F(OptionsOnWindows, TheConsoleLosesTheColoursOfTellsAndItsInsertionPointGoesToTheEnd) {
     begin();
     for (int line = 0; line < 300; ++line) client->session.print("line\r\n");
     txtOutput().setColor(0x0000FF);
     txtOutput().insert("Bob tells you: hi\r\n");
     txtOutput().flush();
     ASSERT_EQ(textColors(txtOutput()).size(), 2U);
-    txtOutput().verticalScrollBar()->setValue(0);
     openOptions();
     hand.ok();
     EXPECT_THAT(textColors(txtOutput()), Each(modChess.ColorMain));
     EXPECT_EQ(txtOutput().verticalScrollBar()->value(), txtOutput().verticalScrollBar()->maximum());
     EXPECT_TRUE(txtOutput().textCursor().atEnd());
     EXPECT_FALSE(txtOutput().textCursor().hasSelection());
+}
+
+TEST_F(OptionsOnWindows, WhoHasScrolledUpInTheConsoleStaysWhereHeReads) {
+    begin();
+    for (int line = 0; line < 300; ++line) client->session.print("line\r\n");
+    txtOutput().flush();
+    txtOutput().verticalScrollBar()->setValue(100);
+    openOptions();
+    hand.ok();
+    EXPECT_EQ(txtOutput().verticalScrollBar()->value(), 100);
+    EXPECT_TRUE(txtOutput().textCursor().atEnd());
 }
 
 TEST_F(OptionsOnWindows, WhatArrivesAfterwardsHasItsOwnColourAgain) {
