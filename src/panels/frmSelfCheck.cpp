@@ -30,7 +30,7 @@ frmSelfCheck::frmSelfCheck() {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Self Check"));
     chkForced_ = named(new QCheckBox(tr("&Forced Move"), this), "chkForced");
-    connect(chkForced_, &QCheckBox::clicked, this, [this](bool ticked) { sheet.force(ticked); });
+    connect(chkForced_, &QCheckBox::toggled, this, [this](bool ticked) { sheet.force(ticked); });
     frames_ = new QBoxLayout(QBoxLayout::LeftToRight);
     frames_->addWidget(buildFrame("txtAgainst", tr("&Against me"), tr("against me"), sheet.txtAgainst));
     frames_->addWidget(buildFrame("txtBy", tr("&By me"), tr("by me"), sheet.txtBy));

@@ -34,7 +34,7 @@ QWidget* GamesPage::buildMoves() {
     column->addWidget(boxes_.add(frame, AlwaysQueen));
     column->addStretch();
     enableSlip(modChess.DragMode > 0);
-    connect(drag, &QCheckBox::clicked, this, &GamesPage::enableSlip);
+    connect(drag, &QCheckBox::toggled, this, &GamesPage::enableSlip);
     return frame;
 }
 

@@ -9,8 +9,8 @@
 
 // Where the dump gets the running values of the other windows. Both members must be given.
 struct RunningWindows {
-    // The window's current place; of one that is not loaded the start values (0, 0 and its designed size, or all 0 of
-    // one that is not built yet).
+    // The window's current place; of one that is not loaded the start values (0, 0 and its designed size, or 0 where
+    // the section has no size).
     Needed<WindowPlace(const WindowSection&)> place;
     // The dialog values of frmMatch; of one that is not loaded all 0.
     Needed<MatchSettings()> match;

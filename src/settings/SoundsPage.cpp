@@ -14,7 +14,7 @@ SoundsPage::SoundsPage(const OptionsRoads& roads, QWidget* parent) : QWidget(par
     auto* grid = new QGridLayout(frame);
     for (std::size_t row = 0; row < rows_.size(); ++row) rows_[row] = buildRow(*grid, soundOptions[row]);
     QCheckBox* arrival = boxes_.add(frame, ArrivalSound);
-    connect(arrival, &QCheckBox::clicked, this, [this](bool ticked) {
+    connect(arrival, &QCheckBox::toggled, this, [this](bool ticked) {
         if (ticked) roads_.testBeep();
     });
     grid->addWidget(arrival, grid->rowCount(), 0);
@@ -23,28 +23,39 @@ SoundsPage::SoundsPage(const OptionsRoads& roads, QWidget* parent) : QWidget(par
     column->addStretch();
 }
 
-// Only clicks sound, not the filling of the controls.
+// Filled before it is listened to, which sounds nothing. An assistive tool that ticks or chooses clicks nothing, so the
+// change is what counts.
 SoundsPage::Row SoundsPage::buildRow(QGridLayout& grid, const SoundOption& option) {
-    const SoundSetting setting = soundSettingOf(modChess.*option.held);
     QWidget* frame = grid.parentWidget();
     auto* box = named(new QCheckBox(QString::fromLatin1(option.caption), frame), option.name);
-    box->setChecked(setting.ticked);
+    box->setChecked(soundSettingOf(modChess.*option.held).ticked);
     auto* choices = new QButtonGroup(this);
     const int row = grid.rowCount();
     grid.addWidget(box, row, 0);
     for (const int index : {0, 1}) {
-        auto* choice = new QRadioButton(QString::fromLatin1(index == 0 ? option.first : option.second), frame);
-        choice->setObjectName(QStringLiteral("%1(%2)").arg(QString::fromLatin1(option.choices)).arg(index));
+        QRadioButton* choice = buildChoice(frame, option, index);
         choice->setAccessibleName(QString(box->text() + QStringLiteral(": ") + choice->text()).remove(u'&'));
-        choice->setChecked(setting.second == (index == 1));
         choices->addButton(choice, index);
         grid.addWidget(choice, row, 1 + index);
-        connect(choice, &QRadioButton::clicked, this, [=, this] { test(index == 1, option.changedWave); });
     }
-    connect(box, &QCheckBox::clicked, this, [=, this](bool ticked) {
+    connect(box, &QCheckBox::toggled, this, [=, this](bool ticked) {
         if (ticked) test(choices->checkedId() == 1, option.tickedWave);
     });
     return {box, choices};
+}
+
+// One that is chosen already is pressed to be heard again.
+QRadioButton* SoundsPage::buildChoice(QWidget* frame, const SoundOption& option, int index) {
+    const bool second = index == 1;
+    auto* choice = new QRadioButton(QString::fromLatin1(second ? option.second : option.first), frame);
+    choice->setObjectName(QStringLiteral("%1(%2)").arg(QString::fromLatin1(option.choices)).arg(index));
+    choice->setChecked(soundSettingOf(modChess.*option.held).second == second);
+    const auto play = [this, second, wave = option.changedWave](bool chosen) {
+        if (chosen) test(second, wave);
+    };
+    connect(choice, &QRadioButton::toggled, this, play);
+    connect(choice, &QRadioButton::pressed, this, [=] { play(choice->isChecked()); });
+    return choice;
 }
 
 void SoundsPage::test(bool wave, const char* name) const {

@@ -10,6 +10,7 @@
 #include <array>
 
 class QGridLayout;
+class QRadioButton;
 
 // What the user ticks or chooses can be heard at once.
 class SoundsPage : public QWidget {
@@ -28,6 +29,7 @@ private:
     };
 
     Row buildRow(QGridLayout& grid, const SoundOption& option);
+    QRadioButton* buildChoice(QWidget* frame, const SoundOption& option, int index);
     void test(bool wave, const char* name) const;
 
     const OptionsRoads& roads_;

@@ -228,6 +228,15 @@ TEST_F(SelfCheckWindow, AssistiveToolsMaySetANumber) {
     EXPECT_EQ(text(), "7");
 }
 
+TEST_F(SelfCheckWindow, ForcedMoveTickedByAnAssistiveToolOpensTheWayToo) {
+    openPanel();
+    auto* actions = QAccessible::queryAccessibleInterface(&chkForced())->actionInterface();
+    for (const bool open : {true, false}) {
+        actions->doAction(QAccessibleActionInterface::toggleAction());
+        EXPECT_EQ(modChess.SelfCheckOK, open);
+    }
+}
+
 // With a board
 
 TEST_F(SelfCheckWindow, TheBoardsEntryOpensItOnce) {

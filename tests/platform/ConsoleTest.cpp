@@ -54,6 +54,19 @@ TEST(Console, AllTextTakesAColourTheWaitingOneAndWhatComesToo) {
     EXPECT_EQ(console.text(), "red\nwaitinglater");
 }
 
+TEST(Console, AColourForAllTextLeavesBoldAsItIs) {
+    Console console;
+    console.insert("a");
+    console.setEmphasis();
+    console.insert("b");
+    console.setAllColor(0x00FF00);
+    QTextCursor cursor(console.document());
+    cursor.setPosition(1);
+    EXPECT_NE(cursor.charFormat().fontWeight(), QFont::Bold);
+    cursor.setPosition(2);
+    EXPECT_EQ(cursor.charFormat().fontWeight(), QFont::Bold);
+}
+
 TEST(Console, AColourForAllTextTakesTheInsertionPointToTheEndAndTheSelectionAway) {
     Console console;
     console.insert(lines(20));

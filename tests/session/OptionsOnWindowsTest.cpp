@@ -169,6 +169,35 @@ TEST_F(OptionsOnWindows, WhoHasScrolledUpInTheConsoleStaysWhereHeReads) {
     EXPECT_TRUE(txtOutput().textCursor().atEnd());
 }
 
+TEST_F(OptionsOnWindows, OkTakesASelectionAwayAndColoursTheTextThatWaitsBehindIt) {
+    begin();
+    client->session.print("first\r\n");
+    txtOutput().flush();
+    txtOutput().selectAll();
+    txtOutput().setColor(0x0000FF);
+    txtOutput().insert("waiting\r\n");
+    choose(2);
+    EXPECT_FALSE(txtOutput().textCursor().hasSelection());
+    EXPECT_TRUE(txtOutput().textCursor().atEnd());
+    EXPECT_THAT(textColors(txtOutput()), Each(colorSchemes[1].colors.Main));
+    txtOutput().insert("last");
+    EXPECT_TRUE(console().ends_with("first\nwaiting\nlast")) << console();
+}
+
+TEST_F(OptionsOnWindows, OkLeavesThePileOfBlockModeWhichThenComesInTheNewColour) {
+    connected();
+    options.emplace(client->optionsRoads(sounds));
+    chooseEntry(entry("mnuBlocked"));
+    loopback.send("held back\n\r");
+    ASSERT_TRUE(waitUntil([] { return !modChess.BlockedText.empty(); }));
+    choose(2);
+    EXPECT_EQ(console().find("held back"), std::string::npos);
+    EXPECT_NE(modChess.BlockedText.find("held back"), std::string::npos);
+    chooseEntry(entry("mnuBlocked"));
+    EXPECT_NE(console().find("held back"), std::string::npos);
+    EXPECT_THAT(textColors(txtOutput()), Each(colorSchemes[1].colors.Main));
+}
+
 TEST_F(OptionsOnWindows, WhatArrivesAfterwardsHasItsOwnColourAgain) {
     connected();
     options.emplace(client->optionsRoads(sounds));

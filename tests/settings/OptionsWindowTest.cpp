@@ -371,11 +371,19 @@ TEST_F(OptionsWindow, ALineBreakThatWasPastedInIsTheBlankThatIsShown) {
     EXPECT_EQ(account.Tell[3], "tell 4 hi resign");
 }
 
-TEST_F(OptionsWindow, CharactersBeyondAsciiComeBackAsTheyWere) {
-    account.handle = "J\xF6rg\xE9";
+TEST_F(OptionsWindow, OkLeavesEveryCharacterOfATextAsItWas) {
+    std::string all;
+    for (int code = 0; code <= 255; ++code) {
+        if (code != '\r' && code != '\n') all += static_cast<char>(code);
+    }
+    all = "  " + all + "  ";
+    account = {.handle = all, .password = all, .Tell = {}};
+    account.Tell[9] = all;
     open();
     hand.ok();
-    EXPECT_EQ(account.handle, "J\xF6rg\xE9");
+    EXPECT_EQ(account.handle, all);
+    EXPECT_EQ(account.password, all);
+    EXPECT_EQ(account.Tell[9], all);
 }
 
 TEST_F(OptionsWindow, TheProgramsEndUnloadsItAsCancelDoes) {
@@ -385,6 +393,13 @@ TEST_F(OptionsWindow, TheProgramsEndUnloadsItAsCancelDoes) {
     EXPECT_EQ(account.handle, "fred");
     EXPECT_EQ(kept("Left"), "0");
     EXPECT_THAT(openWindows.windows, IsEmpty());
+}
+
+TEST_F(OptionsWindow, AMinimisedOneIsSetBackToNormalBeforeItStoresItsPlace) {
+    frmOptions& dialog = open();
+    dialog.showMinimized();
+    dialog.close();
+    EXPECT_FALSE(dialog.isMinimized());
 }
 
 TEST_F(OptionsWindow, DeletesItselfAfterClosing) {
