@@ -70,9 +70,9 @@ bool StreamRig::takeStep(std::int64_t until) {
     const auto asking = history_ ? history_->due : std::nullopt;
     const auto helping = help_ ? help_->due : std::nullopt;
     constexpr std::int64_t Never = std::numeric_limits<std::int64_t>::max();
-    const std::int64_t at = std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never),
-                                      asking.value_or(Never), helping.value_or(Never), vars_.due.value_or(Never),
-                                      notes_.due.value_or(Never)});
+    const std::int64_t at =
+        std::min({text.value_or(Never), firing ? firing->at : Never, poll.value_or(Never), asking.value_or(Never),
+                  helping.value_or(Never), vars_.due.value_or(Never), notes_.due.value_or(Never)});
     if (at == Never || at > until) return false;
     const bool textFirst = text == at;
     clock_.now = std::max(clock_.now, at);
