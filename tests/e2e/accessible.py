@@ -3,6 +3,7 @@ the system's own python3, for which the distribution packs the bus's library."""
 import atexit
 import os
 import subprocess
+import tempfile
 
 from managed import ManagedDisplay
 from rig import endProcess, waitFor
@@ -11,7 +12,11 @@ LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 
 
 def startBus():
-    """A session bus of the test's own, as which this process and all that it starts know it."""
+    """A session bus of the test's own, as which this process and all that it starts know it. The assistive tools' bus
+    has its socket in the runtime folder, which is the test's own too."""
+    folder = tempfile.TemporaryDirectory(prefix="brightrank-bus-")
+    atexit.register(folder.cleanup)
+    os.environ["XDG_RUNTIME_DIR"] = folder.name
     bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE,
                            stderr=subprocess.DEVNULL, text=True)
     atexit.register(endProcess, bus)
@@ -24,9 +29,23 @@ def startBus():
 startBus()  # before the library looks for it
 
 import gi  # noqa: E402
+from gi.repository import Gio, GLib  # noqa: E402
+
+
+def busAnswers():
+    """True when the launcher has the bus of the assistive tools ready."""
+    try:
+        session = Gio.bus_get_sync(Gio.BusType.SESSION)
+        return session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
+                                 Gio.DBusCallFlags.NONE, 5000)
+    except GLib.Error:
+        return None
+
+
+waitFor(busAnswers, "the bus of the assistive tools")
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
+from gi.repository import Atspi  # noqa: E402
 
 STATES = {name: getattr(Atspi.StateType, name.upper()) for name in ("enabled", "checked", "focused", "showing", "visible")}
 
@@ -83,6 +102,8 @@ class AccessibleDisplay(ManagedDisplay):
 
     def program(self):
         def found():
+            while GLib.MainContext.default().iteration(False):
+                pass  # hears which programs have come and gone
             desktop = Atspi.get_desktop(0)
             desktop.clear_cache()
             each = [desktop.get_child_at_index(index) for index in range(desktop.get_child_count())]

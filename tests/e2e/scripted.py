@@ -72,10 +72,11 @@ class ScriptedServer:
 class ScriptedCase(unittest.TestCase):
     """A program on `display` that talks with a scripted server; both end with the test."""
     LEARNT = 1.3  # seconds of silence, behind which the program knows the server's prompt
+    Server = ScriptedServer
 
     def begin(self, display, **settings):
         self.display = display
-        self.server = ScriptedServer()
+        self.server = self.Server()
         self.addCleanup(self.server.end)
         self.client = Client(display, self.server.port, **settings)
         self.addCleanup(self.endClient)
