@@ -4,10 +4,10 @@
 #include "panels/frmICSVars.h"
 #include "panels/frmNotes.h"
 #include "panels/frmSelfCheck.h"
-#include "platform/QuietDoors.h"
 #include "records/frmHistory.h"
 #include "seek/frmMatch.h"
 #include "seek/frmSeek.h"
+#include "session/QuietRoads.h"
 #include "session/frmChessClient.h"
 #include "settings/MemoryStore.h"
 #include "settings/Sounds.h"
@@ -41,21 +41,7 @@ long residentNow() {
 // A console that is not connected, with what it gives the other windows.
 struct Program {
     Sounds sounds;
-    ClientRoads roads{
-        .store = memoryStore(std::make_shared<MemoryValues>()),
-        .runningWindows = {.place = [](const WindowSection&) { return WindowPlace{}; },
-                           .match = [] { return MatchSettings{}; }},
-        .playSound = [](std::string_view, std::int16_t) {},
-        .openBoard = [] {},
-        .showMatch = [] {},
-        .showSeek = [] {},
-        .showHistory = [] {},
-        .startHistory = [] {},
-        .showExamine = [](std::int32_t) {},
-        .doors = quietDoors(),
-        .zParseVars = [] {},
-        .zParseNotes = [] {},
-    };
+    ClientRoads roads = quietClientRoads(memoryStore(std::make_shared<MemoryValues>()));
     frmChessClient client{roads};
     BoardRoads boards = client.boardRoads();
     MatchRoads match{.store = roads.store, .zSendMsg = boards.zSendMsg};

@@ -50,10 +50,7 @@ QLayout* EditPanel::buttons(std::function<Sender()> changes, const std::function
 }
 
 void EditPanel::load() {
-    const Extent designed = twipsOf(window_->sizeHint());
-    WindowPlace read{0, 0, designed.Width, designed.Height};
-    readWindow(roads_.store, kind_.section, read);
-    placer_.moveTo(placed(read, designed, screenOf(*window_), kind_.section.limit));
+    placer_.restore(roads_.store, kind_.section, twipsOf(window_->sizeHint()));
     openWindows.add({window_->objectName().toStdString(), window_, [window = window_] { window->close(); }});
     ask();
 }

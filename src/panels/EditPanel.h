@@ -1,7 +1,6 @@
 // What the panels of variables and of notes have in common: their place, their question, and their three buttons.
 #pragma once
 
-#include "common/Needed.h"
 #include "panels/ChangeRoad.h"
 #include "panels/PanelRequest.h"
 #include "panels/PanelRoads.h"
@@ -14,7 +13,6 @@
 #include <QTimer>
 
 #include <functional>
-#include <vector>
 
 class QLayout;
 

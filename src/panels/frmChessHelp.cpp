@@ -107,9 +107,7 @@ QPushButton* frmChessHelp::button(const char* name, const QString& caption) {
 
 void frmChessHelp::load() {
     takeLook();
-    WindowPlace read = startPlace();
-    readWindow(roads_.panel.store, HelpSection, read);
-    placer_.moveTo(placed(read, twipsOf(DesignedSize), screenOf(*this), HelpSection.limit));
+    placer_.restore(roads_.panel.store, HelpSection, twipsOf(DesignedSize));
     roads_.capture.blockRead = [this](const std::string& progress) { showProgress(shownText(progress)); };
     openWindows.add({.className = "frmChessHelp",
                      .window = this,
@@ -130,10 +128,7 @@ void frmChessHelp::takeLook() {
     arrange();
 }
 
-WindowPlace frmChessHelp::startPlace() {
-    const Extent designed = twipsOf(DesignedSize);
-    return {0, 0, designed.Width, designed.Height};
-}
+WindowPlace frmChessHelp::startPlace() { return designedPlace(twipsOf(DesignedSize)); }
 
 frmChessHelp& frmChessHelp::showIt(const HelpRoads& roads) {
     auto* window = loadedWindow<frmChessHelp>();

@@ -120,10 +120,7 @@ void frmHistory::buildJournalMenu() {
 }
 
 void frmHistory::load() {
-    const Extent designed = twipsOf(sizeHint().boundedTo(screen()->availableSize()));
-    WindowPlace read{0, 0, designed.Width, designed.Height};
-    readWindow(roads_.store, HistorySection, read);
-    placer_.moveTo(placed(read, designed, screenOf(*this), HistorySection.limit));
+    placer_.restore(roads_.store, HistorySection, twipsOf(sizeHint().boundedTo(screen()->availableSize())));
     roads_.lists.handleRead = [this](const std::string& title) {
         txtPlayer_->setText(shownText(roads_.lists.HistHandle));
         setWindowTitle(shownText(title + roads_.lists.HistHandle));

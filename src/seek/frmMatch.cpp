@@ -144,7 +144,7 @@ QLayout* frmMatch::buildButtons() {
 
 void frmMatch::load() {
     const Extent designed = twipsOf(sizeHint());
-    WindowPlace read{0, 0, designed.Width, designed.Height};
+    WindowPlace read = designedPlace(designed);
     if (readMatch(roads_.store, read, fields_)) fill();
     placer_.moveTo(placed(read, designed, screenOf(*this), MatchSection.limit));
 }

@@ -117,9 +117,7 @@ void frmSeek::buildMenu() {
 
 void frmSeek::load() {
     roads_.zSendMsg("Set Seek 0"); // the table tells what the announcements would
-    WindowPlace read = startPlace();
-    readWindow(roads_.store, SeekSection, read);
-    placer_.moveTo(placed(read, twipsOf(DesignedSize), screenOf(*this), SeekSection.limit));
+    placer_.restore(roads_.store, SeekSection, twipsOf(DesignedSize));
     zSize();
     openWindows.add({.className = "frmSeek",
                      .window = this,
@@ -140,10 +138,7 @@ void frmSeek::load() {
     poll_.start();
 }
 
-WindowPlace frmSeek::startPlace() {
-    const Extent designed = twipsOf(DesignedSize);
-    return {0, 0, designed.Width, designed.Height};
-}
+WindowPlace frmSeek::startPlace() { return designedPlace(twipsOf(DesignedSize)); }
 
 void frmSeek::takeColors() {
     const bool white = modChess.SeekWhite != 0;

@@ -106,16 +106,9 @@ void frmChat::takeColors() {
     txtTell->setFont(consoleFont());
 }
 
-void frmChat::loadPlace() {
-    WindowPlace read = startPlace();
-    readWindow(roads_.store, ChatSection, read);
-    placer_.moveTo(placed(read, twipsOf(DesignedSize), screenOf(*this), ChatSection.limit));
-}
+void frmChat::loadPlace() { placer_.restore(roads_.store, ChatSection, twipsOf(DesignedSize)); }
 
-WindowPlace frmChat::startPlace() {
-    const Extent designed = twipsOf(DesignedSize);
-    return {0, 0, designed.Width, designed.Height};
-}
+WindowPlace frmChat::startPlace() { return designedPlace(twipsOf(DesignedSize)); }
 
 // The program may close the box while the question is up.
 void frmChat::askForBuddy() {

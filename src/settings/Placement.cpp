@@ -6,9 +6,11 @@
 WindowPlace placed(const WindowPlace& read, Extent designed, Extent screen, std::optional<int> limit) {
     const bool beyond = read.Left >= screen.Width || read.Top >= screen.Height;
     const bool below = limit && (read.Left < static_cast<float>(*limit) || read.Top < static_cast<float>(*limit));
-    if (beyond || below) return {0, 0, designed.Width, designed.Height};
+    if (beyond || below) return designedPlace(designed);
     return read;
 }
+
+WindowPlace designedPlace(Extent designed) { return {0, 0, designed.Width, designed.Height}; }
 
 WindowPlace centred(Extent size, Extent screen) {
     return {(screen.Width - size.Width) / 2, (screen.Height - size.Height) / 2, size.Width, size.Height};

@@ -28,6 +28,9 @@ inline constexpr int ClientLimit = 0;
 // designed size in `read` too.
 WindowPlace placed(const WindowPlace& read, Extent designed, Extent screen, std::optional<int> limit);
 
+// Where a window starts of which nothing was read: the corner of the screen, in its designed size.
+WindowPlace designedPlace(Extent designed);
+
 // The first start of the client window: `size` in the middle of the screen. The placement rule, which runs behind it,
 // takes its effect away again.
 WindowPlace centred(Extent size, Extent screen);

@@ -34,6 +34,12 @@ void WindowPlacer::moveTo(const WindowPlace& at) {
     window_->resize(int(at.Width) / TwipsPerPixelX, int(at.Height) / TwipsPerPixelY);
 }
 
+void WindowPlacer::restore(const SettingsStore& store, const WindowSection& section, Extent designed) {
+    WindowPlace read = designedPlace(designed);
+    readWindow(store, section, read);
+    moveTo(placed(read, designed, screenOf(*window_), section.limit));
+}
+
 void WindowPlacer::unminimise() {
     if (window_->isMinimized()) window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
 }

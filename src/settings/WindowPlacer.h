@@ -2,6 +2,7 @@
 #pragma once
 
 #include "settings/Placement.h"
+#include "settings/WindowSettings.h"
 
 #include <QObject>
 #include <QPoint>
@@ -28,6 +29,10 @@ public:
 
     // Puts the window there.
     void moveTo(const WindowPlace& at);
+
+    // Puts the window where its section of the store has it; what is not there is `designed`, at the corner of the
+    // screen.
+    void restore(const SettingsStore& store, const WindowSection& section, Extent designed);
 
     // Sets a minimised window back to what it was, for its real place.
     void unminimise();

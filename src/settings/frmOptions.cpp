@@ -57,12 +57,7 @@ QLayout* frmOptions::buildButtons() {
     return okAndCancel(this, [this] { cmdOK(); });
 }
 
-void frmOptions::load() {
-    const Extent designed = twipsOf(sizeHint());
-    WindowPlace read{0, 0, designed.Width, designed.Height};
-    readWindow(roads_.store, OptionsSection, read);
-    placer_.moveTo(placed(read, designed, screenOf(*this), OptionsSection.limit));
-}
+void frmOptions::load() { placer_.restore(roads_.store, OptionsSection, twipsOf(sizeHint())); }
 
 void frmOptions::cmdOK() {
     OptionsAccount account;

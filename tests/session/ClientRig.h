@@ -6,8 +6,8 @@
 #include "platform/Boxes.h"
 #include "platform/ChosenEntry.h"
 #include "platform/OpenWindows.h"
-#include "platform/QuietDoors.h"
 #include "platform/WaitUntil.h"
+#include "session/QuietRoads.h"
 #include "session/ScriptedServer.h"
 #include "session/frmChessClient.h"
 #include "settings/MemoryStore.h"
@@ -43,6 +43,10 @@ protected:
             return okay;
         };
         boxes.confirm = boxes.yesNo;
+        roads.openBoard = [this] {
+            auto* board = new frmChessBoard(*boardRoads);
+            board->load();
+        };
         set("Use_Timeseal", "False");
         set("IP", "127.0.0.1");
         set("Port", std::to_string(loopback.port()));
@@ -113,25 +117,7 @@ protected:
     }
 
     std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
-    ClientRoads roads{
-        .store = memoryStore(values),
-        .runningWindows = {.place = [](const WindowSection&) { return WindowPlace{}; },
-                           .match = [] { return MatchSettings{}; }},
-        .playSound = [](std::string_view, std::int16_t) {},
-        .openBoard =
-            [this] {
-                auto* board = new frmChessBoard(*boardRoads);
-                board->load();
-            },
-        .showMatch = [] {},
-        .showSeek = [] {},
-        .showHistory = [] {},
-        .startHistory = [] {},
-        .showExamine = [](std::int32_t) {},
-        .doors = quietDoors(),
-        .zParseVars = [] {},
-        .zParseNotes = [] {},
-    };
+    ClientRoads roads = quietClientRoads(memoryStore(values));
     std::optional<BoardRoads> boardRoads; // of `client`
     ScriptedServer loopback;
     std::unique_ptr<frmChessClient> client;

@@ -33,6 +33,12 @@ ProgramRig::ProgramRig() {
         return false;
     };
     boxes.confirm = boxes.yesNo;
+    roads.playSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); };
+    roads.openBoard = [this] {
+        inDrain(0);
+        auto* board = new frmChessBoard(*boardRoads);
+        board->load();
+    };
     fillStore();
     client = std::make_unique<frmChessClient>(roads);
     boardRoads.emplace(client->boardRoads());

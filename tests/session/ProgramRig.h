@@ -3,8 +3,8 @@
 
 #include "board/frmChessBoard.h"
 #include "platform/Console.h"
-#include "platform/QuietDoors.h"
 #include "platform/TelnetFilter.h"
+#include "session/QuietRoads.h"
 #include "session/ScriptedServer.h"
 #include "session/frmChessClient.h"
 #include "settings/MemoryStore.h"
@@ -66,26 +66,7 @@ public:
 
     ScriptedServer server;
     std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
-    ClientRoads roads{
-        .store = memoryStore(values),
-        .runningWindows = {.place = [](const WindowSection&) { return WindowPlace{}; },
-                           .match = [] { return MatchSettings{}; }},
-        .playSound = [this](std::string_view name, std::int16_t) { sounds.emplace_back(name); },
-        .openBoard =
-            [this] {
-                inDrain(0);
-                auto* board = new frmChessBoard(*boardRoads);
-                board->load();
-            },
-        .showMatch = [] {},
-        .showSeek = [] {},
-        .showHistory = [] {},
-        .startHistory = [] {},
-        .showExamine = [](std::int32_t) {},
-        .doors = quietDoors(),
-        .zParseVars = [] {},
-        .zParseNotes = [] {},
-    };
+    ClientRoads roads = quietClientRoads(memoryStore(values));
     std::optional<BoardRoads> boardRoads; // of `client`
     std::unique_ptr<frmChessClient> client;
 
