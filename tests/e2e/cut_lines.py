@@ -39,13 +39,11 @@ def linesOf(delivered):
     return [line for line in re.split(r"[\r\n]+", text) if len(line) > 16]
 
 
-class CutLines(unittest.TestCase):
-    def setUp(self):
-        self.display = self.enterContext(AccessibleDisplay())
-        self.servers = [PracticeServer(), PracticeServer()]
-        for server in self.servers:
-            self.addCleanup(server.end)
-        self.line = Proxy(self.servers[0].port)
+class OverAProxy(unittest.TestCase):
+    """The program, logged on over a line with these faults."""
+
+    def begin(self, serverPort, **faults):
+        self.line = Proxy(serverPort, **faults)
         self.addCleanup(self.line.end)
         self.client = Client(self.display, self.line.port)
         self.addCleanup(self.client.end)
@@ -68,6 +66,87 @@ class CutLines(unittest.TestCase):
 
     def console(self):
         return self.display.window(CLIENT).one("text", "Console").text()
+
+
+class Answers(OverAProxy):
+    """Panels show over a bad line what they show over a good one."""
+    PANELS = ("History for Rookery", "Help Panel", "Variables", "Seek Graph", "Rookery")  # the last is a game to review
+
+    @classmethod
+    def setUpClass(cls):
+        cls.display = cls.enterClassContext(AccessibleDisplay())
+        cls.server = PracticeServer()
+        cls.addClassCleanup(cls.server.end)
+        white, black = Partner(cls.server.port), Partner(cls.server.port, "Tester")
+        white.say("match Tester 10 0 u white")
+        black.await_("Challenge")
+        black.say("accept")
+        for player in white, black:
+            player.await_("<12> ")
+        for mover, other, move, pretty in ((white, black, "e2e4", "e4"), (black, white, "e7e5", "e5"),
+                                           (white, black, "g1f3", "Nf3")):
+            mover.say(move)
+            other.await_(f"[)] {pretty} ")
+        black.say("resign")
+        white.await_("Tester resigns")
+        white.end()
+        black.end()
+
+    def texts(self, title):
+        """All that an assistive tool finds in the window."""
+        window = self.display.window(title)
+        return [(node.role, node.name, node.has("checked"), node.text() if node.role == "text" else "")
+                for node in window.all()]
+
+    def settled(self, title):
+        last = []
+
+        def still():
+            last.append(self.texts(title))
+            time.sleep(QUIET)
+            return len(last) > 1 and last[-1] == last[-2] and last[-1]
+
+        return waitFor(still, f"{title!r} to stand still")
+
+    def shownOver(self, **faults):
+        self.begin(self.server.port, **faults)
+        self.line.sayForUser("set seek 1")  # the graph of an earlier program has unset it
+        self.typeIn("history Rookery")
+        self.display.awaitActive("History for Rookery")
+        games = self.display.window("History for Rookery")
+        waitFor(lambda: any("Tester" in cell.name for cell in games.all()), "the game in the list")
+        self.display.keys("shift+Tab", "Home", "Return")
+        waitFor(lambda: self.display.windows("Rookery"), "the board with the game")
+        self.typeIn("help seek")
+        self.display.awaitActive("Help Panel")
+        page = self.display.window("Help Panel").one("text", "Help page")
+        waitFor(lambda: len(page.text()) > 200, "the page")
+        self.choose("Windows", "Variables")
+        self.display.awaitActive("Variables")
+        panel = self.display.window("Variables")
+        waitFor(lambda: panel.one("check box", "Shout").has("checked"), "the variables")
+        self.choose("Windows", "Seek Graph")
+        waitFor(lambda: re.search(r"\([1-9]\d* Ads\)", self.display.window("Seek Graph").name), "the ads")
+        found = {title: self.settled(title) for title in self.PANELS}
+        self.doCleanups()
+        return found
+
+    def testComeOutAsOverAGoodLine(self):
+        good = self.shownOver()
+        for title, texts in good.items():
+            self.assertGreater(len(texts), 5, title)
+        bad = self.shownOver(piece=1, delay=0.3, jitter=0.2)
+        for title, texts in good.items():
+            self.assertEqual(bad[title], texts, title)
+
+
+class CutLines(OverAProxy):
+    def setUp(self):
+        self.display = self.enterContext(AccessibleDisplay())
+        self.servers = [PracticeServer(), PracticeServer()]
+        for server in self.servers:
+            self.addCleanup(server.end)
+        self.begin(self.servers[0].port)
 
     def partner(self):
         partner = Partner(self.servers[0].port if not self.line.before else self.servers[1].port)

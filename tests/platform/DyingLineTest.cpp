@@ -1,4 +1,5 @@
 // What the socket makes of a line that dies: in silence, by a reset, in the middle of a text.
+#include "platform/Clock.h"
 #include "platform/DeafSocket.h"
 #include "platform/LineWatch.h"
 #include "platform/TcpClientRig.h"
@@ -133,6 +134,27 @@ TEST_F(DyingLine, CanBeClosedAndReplacedWhileItSwallowsEverything) {
     say("new\n\r");
     EXPECT_TRUE(waitUntil([&] { return received == "new\n\r"; }));
     EXPECT_THAT(events, ElementsAre("Connect"));
+}
+
+// Half a telnet command and half a line of the old one wait in the socket, for time stands still.
+TEST_F(DyingLine, ThatIsReplacedLeavesNothingToTheNextOne) {
+    std::int64_t now = 0;
+    wallClock.steadyMs = [&now] { return now; };
+    say("half a line\xFF");
+    ASSERT_TRUE(waitUntil([this] { return client->findChild<QTcpSocket*>()->bytesAvailable() == 0 && allArrived(); }));
+    runFor(20);
+    EXPECT_EQ(received, "");
+    events.clear();
+    const std::unique_ptr<QTcpSocket> old = std::move(peer);
+    connectClient();
+    now += 1000;
+    say("\xFB\x01new\n\r");
+    EXPECT_TRUE(waitUntil([&] {
+        now += 50;
+        return !received.empty();
+    }));
+    EXPECT_EQ(received, "\xFB\x01new\n\r");
+    wallClock = Clock{};
 }
 
 TEST_F(DyingLine, ThatIsResetIsAClose) {
