@@ -53,8 +53,12 @@ class OverAProxy(unittest.TestCase):
         waitFor(lambda: self.line.text() == LOG_ON, lambda: f"the log-on and not {self.line.text()!r}")
         waitFor(lambda: b"tyle 12 set" in self.line.received, "the answer")
         time.sleep(LEARNT)
+        waitFor(self.promptShows, "the prompt to be learnt")
 
     # What a user does and sees
+
+    def promptShows(self):
+        return any(label.name.strip() in (PROMPT.strip(), "***") for label in self.display.window(CLIENT).all("label"))
 
     def choose(self, menu, name):
         next(entry for above, entry in menusOf(self.display.window(CLIENT)) if (above, entry.name) == (menu, name)).press()
@@ -111,10 +115,13 @@ class Answers(OverAProxy):
     def shownOver(self, **faults):
         self.begin(self.server.port, **faults)
         self.line.sayForUser("set seek 1")  # the graph of an earlier program has unset it
+        waitFor(lambda: b"seek ads." in self.line.received, "the answer")
+        time.sleep(2 * QUIET)
         self.typeIn("history Rookery")
         self.display.awaitActive("History for Rookery")
         games = self.display.window("History for Rookery")
-        waitFor(lambda: any("Tester" in cell.name for cell in games.all()), "the game in the list")
+        waitFor(lambda: any("Tester" in cell.name for cell in games.all()),
+                "the game in the list")
         self.display.keys("shift+Tab", "Home", "Return")
         waitFor(lambda: self.display.windows("Rookery"), "the board with the game")
         self.typeIn("help seek")
