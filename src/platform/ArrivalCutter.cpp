@@ -14,12 +14,6 @@ std::size_t behindLastBreak(std::string_view text) {
     return last == text.npos ? 0 : last + 1;
 }
 
-bool rests(std::string_view text, std::string_view prompt) {
-    if (!prompt.empty() && text.ends_with(prompt)) return true;
-    const auto lastLine = text.substr(behindLastBreak(text));
-    return contains(lastLine, "login:") || contains(lastLine, "password:");
-}
-
 std::size_t behindLastPrompt(std::string_view text, std::string_view prompt) {
     if (prompt.empty()) return 0;
     auto at = text.rfind(prompt);
@@ -28,6 +22,19 @@ std::size_t behindLastPrompt(std::string_view text, std::string_view prompt) {
         at = text.rfind(prompt, at - 1);
     }
     return at == text.npos ? 0 : at + prompt.size();
+}
+
+// A line may tell of the prompt: "Lang=English                    Prompt: fics% ". One prompt behind the other is one.
+bool endsInPrompt(std::string_view text, std::string_view prompt) {
+    if (prompt.empty() || !text.ends_with(prompt)) return false;
+    while (text.ends_with(prompt)) text.remove_suffix(prompt.size());
+    return text.empty() || isBreak(text.back());
+}
+
+bool rests(std::string_view text, std::string_view prompt) {
+    if (endsInPrompt(text, prompt)) return true;
+    const auto lastLine = text.substr(behindLastBreak(text));
+    return contains(lastLine, "login:") || contains(lastLine, "password:");
 }
 
 // A line ends in CR, in LF, or in a pair of them in either order.

@@ -12,9 +12,9 @@
 // that were appended.
 //
 // What waits is given whole, as one arrival, as soon as it rests, or `PatienceMs` after its last byte. It rests when it
-// ends in the learnt prompt, or when its last line holds "login:" or "password:". While bytes keep coming without a
-// rest, what has waited for `PatienceMs` goes ahead: up to behind the last prompt at a line's front or, without one, up
-// to the last whole line. Over `Limit` bytes the same cut is made at once, within the limit.
+// ends in the learnt prompt at a line's front, or when its last line holds "login:" or "password:". While bytes keep
+// coming without a rest, what has waited for `PatienceMs` goes ahead: up to behind the last prompt at a line's front
+// or, without one, up to the last whole line. Over `Limit` bytes the same cut is made at once, within the limit.
 class ArrivalCutter {
 public:
     static constexpr std::size_t Limit = 8192; // bytes

@@ -2,6 +2,7 @@
 #include "platform/tcpClient.h"
 
 #include "platform/Clock.h"
+#include "platform/LineWatch.h"
 #include "platform/StreamText.h"
 
 #include <QNetworkProxy>
@@ -34,6 +35,8 @@ std::string describe(QAbstractSocket::SocketError error, const QString& systemTe
     }
 }
 
+int descriptorOf(const QTcpSocket& socket) { return static_cast<int>(socket.socketDescriptor()); }
+
 // A handler may replace or destroy what calls it, so it runs on a copy.
 template <typename Handler, typename... Arguments>
 void fire(Handler handler, Arguments... arguments) {
@@ -43,7 +46,7 @@ void fire(Handler handler, Arguments... arguments) {
 // Says that nothing more will be sent, as soon as all of it is with the system. A plain close would cut the connection
 // hard while text of the server waits unread, and the peer could lose what was sent to it.
 void endSending(QTcpSocket& socket) {
-    if (socket.bytesToWrite() == 0) ::shutdown(static_cast<int>(socket.socketDescriptor()), SHUT_WR);
+    if (socket.bytesToWrite() == 0) ::shutdown(descriptorOf(socket), SHUT_WR);
 }
 
 // Lets a closed connection send its rest and die by itself.
@@ -107,13 +110,16 @@ void tcpClient::listenTo(QTcpSocket& socket) {
     });
     connect(&socket, &QTcpSocket::disconnected, this, &tcpClient::peerClosed);
     connect(&socket, &QTcpSocket::errorOccurred, this, [this](QAbstractSocket::SocketError error) {
-        const bool closedByPeer = error == QAbstractSocket::RemoteHostClosedError && state_ == SocketStates::Connected;
-        if (!closedByPeer) fail(describe(error, socket_->errorString()));
+        const bool connected = state_ == SocketStates::Connected;
+        if (connected && error == QAbstractSocket::RemoteHostClosedError) return;  // `disconnected` follows
+        const bool lineDied = connected && error == QAbstractSocket::NetworkError; // no road, no network
+        fail(describe(lineDied ? QAbstractSocket::SocketTimeoutError : error, socket_->errorString()));
     });
 }
 
 void tcpClient::connected() {
     socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    watchLine(descriptorOf(*socket_));
     state_ = SocketStates::Connected;
     connectDue_ = true;
     schedule();
@@ -169,8 +175,9 @@ std::string tcpClient::GetData() {
     return std::exchange(arrived_, {});
 }
 
+// Writing to a dead connection would throw away what has come on it and was not read yet.
 void tcpClient::SendData(const std::string& bytes) {
-    if (state_ != SocketStates::Connected) return;
+    if (state_ != SocketStates::Connected || lineIsDead(descriptorOf(*socket_))) return;
     socket_->write(bytes.data(), static_cast<qint64>(bytes.size()));
     socket_->flush();
 }

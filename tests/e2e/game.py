@@ -46,7 +46,7 @@ class PlayedByHand(unittest.TestCase):
         self.expected = None
         self.lists = []  # what was asked of games that began: behind how many other commands, and the command
         self.addCleanup(self.display.release)
-        self.wire = Wire(self.practice.port)
+        self.wire = self.line()
         self.addCleanup(self.wire.end)
         self.display.move(self.display.width - 20, self.display.height - 20)
         self.client = Client(self.display, self.wire.port, beside=self.beside, **{**self.settings, **settings})
@@ -57,6 +57,10 @@ class PlayedByHand(unittest.TestCase):
         waitFor(lambda: len(self.wire.sent) >= len(LOG_ON), "the log-on")
         self.assertEqual(self.wire.text(), LOG_ON)
         time.sleep(2 * QUIET)
+
+    def line(self):
+        """What lies between program and server."""
+        return Wire(self.practice.port)
 
     def greet(self):
         """Whatever the program asks before it connects."""

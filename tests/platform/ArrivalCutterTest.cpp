@@ -59,7 +59,18 @@ TEST_F(ArrivalCutterTest, NothingWaitingGivesNothing) {
 TEST_F(ArrivalCutterTest, WhatEndsInTheLearntPromptGoesAtOnceAndWhole) {
     EXPECT_EQ(arrivalsOf("told Anders\n\rfics% "), "told Anders\n\rfics% |");
     EXPECT_EQ(arrivalsOf("fics% "), "fics% |");
-    EXPECT_EQ(arrivalsOf("read it to.fics% "), "read it to.fics% |") << "also in the middle of a line";
+    EXPECT_EQ(arrivalsOf("fics% fics% "), "fics% fics% |");
+}
+
+TEST_F(ArrivalCutterTest, APromptInTheMiddleOfALineDoesNotRest) {
+    EXPECT_EQ(arrivalsOf("read it to.fics% "), "");
+    EXPECT_EQ(arrivalsAfter(Ms30), "read it to.fics% |") << "it waits like any other text";
+}
+
+TEST_F(ArrivalCutterTest, ALineThatTellsOfThePromptComesWholeHoweverSmallItsPackets) {
+    const std::string answer = "Lang=English   Prompt: fics% \n\r\n\rFormula: none\n\rfics% ";
+    for (const char c : answer.substr(0, answer.size() - 1)) EXPECT_EQ(arrivalsAfter(1, {&c, 1}), "") << c;
+    EXPECT_EQ(arrivalsOf(" "), answer + "|");
 }
 
 TEST_F(ArrivalCutterTest, PromptsWithinDoNotCutIt) {
@@ -254,7 +265,7 @@ TEST_F(ArrivalCutterTest, AfterTheEndNothingWaits) {
 }
 
 TEST_F(ArrivalCutterTest, NulBytesPassUnchanged) {
-    const std::string text("a\0b\0fics% ", 10);
+    const std::string text("a\0b\0\nfics% ", 11);
     append(text);
     EXPECT_EQ(take(), text);
 }
@@ -320,8 +331,11 @@ struct Model {
     }
     bool rests(const std::string& prompt) const {
         const std::string all = text();
-        if (!prompt.empty() && all.size() >= prompt.size() && all.substr(all.size() - prompt.size()) == prompt)
-            return true;
+        std::size_t front = all.size(); // of the prompts at the end
+        const auto isPrompt = [&](std::size_t at) { return all.compare(at, prompt.size(), prompt) == 0; };
+        while (!prompt.empty() && front >= prompt.size() && isPrompt(front - prompt.size())) front -= prompt.size();
+        const bool atFront = front == 0 || all[front - 1] == '\r' || all[front - 1] == '\n';
+        if (front < all.size() && atFront) return true;
         const std::string lastLine = all.substr(all.find_last_of("\r\n") + 1);
         return lastLine.find("login:") != all.npos || lastLine.find("password:") != all.npos;
     }

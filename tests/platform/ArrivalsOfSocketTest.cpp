@@ -214,6 +214,6 @@ TEST_F(ArrivalsOfSocket, TheNextConnectionBeginsWithoutTheFrontOfACommand) {
     client.Connect();
     ASSERT_TRUE(waitUntil([&] { return client.State() == 7 && server.hasPendingConnections(); }));
     peer.reset(server.nextPendingConnection());
-    packet("text\xFF\xF0 fics% ");
-    EXPECT_EQ(arrivals, Arrivals{"text\xFF\xF0 fics% "});
+    packet("text\xFF\xF0\nfics% ");
+    EXPECT_EQ(arrivals, Arrivals{"text\xFF\xF0\nfics% "});
 }

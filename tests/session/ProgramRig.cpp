@@ -112,7 +112,29 @@ void ProgramRig::holdTime() {
 
 void ProgramRig::connectNow() {
     client->session.connection.tmrTCPTimer();
+    awaitConnection();
+}
+
+void ProgramRig::awaitConnection() {
     ASSERT_TRUE(waitUntil([this] { return server.hasClient() && client->session.road.hooks.socketState() == 7; }));
+}
+
+void ProgramRig::cutLine() {
+    sent_ += std::exchange(wire_, {}).finish().size();
+    server.cutOff();
+    EXPECT_TRUE(waitUntil([this] {
+        steady_ += LinePatienceMs;
+        return client->session.road.hooks.socketState() == 0 || fault;
+    }));
+    EXPECT_EQ(fetched_, sent_) << "bytes that came and were not read";
+    client->session.timerFired(SessionTimer::tmrTCP);
+    if (!client->session.pipeline.PendingText.empty()) client->session.timerFired(SessionTimer::tmrArrival);
+    client->session.timerFired(SessionTimer::tmrState);
+}
+
+void ProgramRig::connectAgain() {
+    client->session.connection.mnuConnectClick(1);
+    awaitConnection();
 }
 
 void ProgramRig::learnPrompt() {

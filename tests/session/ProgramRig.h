@@ -49,6 +49,11 @@ public:
     void replayMessages(std::string_view script, const Pace& pace);
     // Everything sent has been classified, also what was held for the prompt.
     void settle();
+    // The line ends without a goodbye while the client's system has all that `send` got; what the client holds of it
+    // for its prompt is released, and the timers of what the connection had have run.
+    void cutLine();
+    // Connects as the menu's FICS does.
+    void connectAgain();
     // The client has fetched all bytes that `send` got; they may still be held for the prompt.
     void fetchAll();
     void send(std::string_view bytes);
@@ -85,6 +90,7 @@ private:
     void fillStore();
     void noteTraffic();
     void answerLogOn();
+    void awaitConnection();
     std::size_t replayLogOn(const std::vector<std::string_view>& script);
     void sendPackets(std::string_view text, const Pace& pace);
     bool hasRead() const;
