@@ -195,6 +195,14 @@ class Entry:
         return [each for each in self.file["Desktop Entry"]["Actions"].split(";") if each]
 
 
+def keepPicture(display):
+    """What the screen shows when something fails."""
+    handle, path = tempfile.mkstemp(prefix="brightrank-install-", suffix=".png")
+    os.close(handle)
+    display.save(path)
+    print(f"what the screen shows: {path}", file=sys.stderr)
+
+
 @contextlib.contextmanager
 def started(system, display, command):
     """A command of the desktop entry, which has to end in order by the time that the block ends."""
@@ -206,6 +214,7 @@ def started(system, display, command):
             if status != 0:
                 raise AssertionError(f"{command} ended with status {status}")
         except BaseException:
+            keepPicture(display)
             log.seek(0)
             sys.stderr.write(log.read().decode(errors="replace"))
             raise
@@ -259,7 +268,7 @@ def playGame(display, partner):
     display.keys("Return")
     partner.await_("Creating")
     screen = Screen(display, flipped=True)
-    board = display.number("Brightrank - Board")
+    board = display.number("Rookery")
     area = display.areaNow(board)
     waitFor(lambda: screen.find(Window(int(board), "", False, *area)), "the board")
     awaitLifting()
@@ -279,18 +288,6 @@ def drag(display, screen, move):
     display.release()
 
 
-@contextlib.contextmanager
-def pictureOfFailure(display):
-    """What the screen shows when something fails is kept."""
-    try:
-        yield
-    except BaseException:
-        path = pathlib.Path(tempfile.gettempdir(), "brightrank-install-test.png")
-        display.save(path)
-        print(f"what the screen shows: {path}", file=sys.stderr)
-        raise
-
-
 def expectNothingLeft(before, after):
     differing = sorted(path for path in before.keys() | after.keys() if before.get(path) != after.get(path))
     # A folder's date says only that something in it came or went.
@@ -304,7 +301,7 @@ def testOn(system):
     added = system.files().keys() - before.keys()
     print(f"installed: {len(added)} files and folders")
     entry = Entry(system)
-    with ManagedDisplay(1400, 900) as display, pictureOfFailure(display):
+    with ManagedDisplay(1400, 900) as display:
         startAlone(system, display, entry)
         print(f"started: {shlex.join(entry.command())}, and closed again")
         practise(system, display, entry)
@@ -328,6 +325,8 @@ def main():
     chosen = parser.parse_args()
     if os.geteuid() != 0:
         return passOver("only root can install packages")
+    if not chosen.package.exists():
+        return passOver(f"there is no {chosen.package.name}")
     kind = ThisMachine if chosen.here else BareDebian
     with contextlib.ExitStack() as stack:
         try:
