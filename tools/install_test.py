@@ -170,6 +170,7 @@ def factsBelow(root, top):
 
 
 def factOf(path):
+    """Without the date of a folder, which says only that something in it came or went."""
     facts = path.lstat()
     if stat.S_ISREG(facts.st_mode):
         return facts.st_mode, facts.st_uid, facts.st_size, facts.st_mtime_ns
@@ -290,7 +291,6 @@ def drag(display, screen, move):
 
 def expectNothingLeft(before, after):
     differing = sorted(path for path in before.keys() | after.keys() if before.get(path) != after.get(path))
-    # A folder's date says only that something in it came or went.
     if differing:
         raise AssertionError("left or changed: " + ", ".join(differing[:40]))
 
