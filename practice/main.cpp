@@ -56,6 +56,7 @@ void tellPort(quint16 port) {
 
 int main(int argc, char* argv[]) {
     QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion(QStringLiteral(BRIGHTRANK_VERSION));
     int exitCode = 0;
     const auto options = practice::readOptions(QCoreApplication::arguments(), exitCode);
     if (!options) return exitCode;

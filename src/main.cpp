@@ -18,6 +18,7 @@
 
 #include <QIcon>
 
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -99,10 +100,16 @@ struct Program {
 } // namespace
 
 int main(int argc, char** argv) {
+    // It needs no display, and no file of settings comes of it.
+    if (argc == 2 && std::string_view(argv[1]) == "--version") {
+        std::puts("brightrank " BRIGHTRANK_VERSION);
+        return 0;
+    }
     Application application(argc, argv);
     Application::setApplicationName(QStringLiteral("Brightrank"));
     Application::setApplicationDisplayName(QString()); // else it would be put behind every caption
     Application::setApplicationVersion(QStringLiteral(BRIGHTRANK_VERSION));
+    Application::setDesktopFileName(QStringLiteral("net.brightrank.brightrank")); // whose icon a desktop then shows
     Application::setWindowIcon(QIcon(QStringLiteral(":/icon/brightrank.svg")));
     Application::setQuitOnLastWindowClosed(false);
 

@@ -33,6 +33,7 @@ void addOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(description());
     parser.addOptions({
         {QStringLiteral("help"), QStringLiteral("Shows this text.")},
+        {QStringLiteral("version"), QStringLiteral("Shows the version.")},
         {QStringLiteral("port"), QStringLiteral("Port to listen on; 0 takes a free one (default 0)."),
          QStringLiteral("N")},
         {QStringLiteral("seed"), QStringLiteral("Makes the computers' games come out the same again."),
@@ -141,6 +142,11 @@ std::optional<Options> readOptions(const QStringList& arguments, int& exitCode) 
     }
     if (parser.isSet(QStringLiteral("help"))) {
         std::fputs(qPrintable(parser.helpText()), stdout);
+        exitCode = 0;
+        return std::nullopt;
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        std::printf("brightrank-practice %s\n", qPrintable(QCoreApplication::applicationVersion()));
         exitCode = 0;
         return std::nullopt;
     }

@@ -1,0 +1,119 @@
+#!/usr/bin/env python3
+"""The command that plays offline: client and practice server start together and end together, in a store of their own."""
+import pathlib
+import re
+import signal
+import socket
+import subprocess
+import tempfile
+import unittest
+
+from peers import Partner
+from rig import BUILD, LIMIT, Display, waitFor
+
+CLIENT = "Brightrank - Client"
+
+
+class Offline(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.display = cls.enterClassContext(Display())
+
+    def setUp(self):
+        self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix="brightrank-e2e-")))
+
+    def start(self, *arguments, **surroundings):
+        whole = self.display.environment() | {"HOME": str(self.folder)} | surroundings
+        whole.pop("XDG_DATA_HOME", None)
+        whole = {name: value for name, value in whole.items() if value is not None}
+        process = subprocess.Popen([str(BUILD / "brightrank-play"), *arguments], env=whole, stdout=subprocess.PIPE,
+                                   stderr=subprocess.STDOUT, text=True)
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(lambda: process.poll() is None and (process.terminate(), process.wait(LIMIT)))
+        return process
+
+    def awaitStore(self, process):
+        """The folder of the run, as soon as its client has been started."""
+        for line in process.stdout:
+            if found := re.match("Settings and logs: (.*)", line):
+                return pathlib.Path(found[1])
+        raise AssertionError(f"ended with {process.wait()}")
+
+    def port(self, store):
+        return int(re.search(r"127\.0\.0\.1:(\d+)", (store / "server.log").read_text())[1])
+
+    def begin(self, *arguments):
+        """A run whose user is logged on; gives it with its store and port."""
+        process = self.start(*arguments)
+        store = self.awaitStore(process)
+        port = self.port(store)
+        partner = Partner(port)
+        for _ in range(60):
+            partner.say("who")
+            if "Pupil" in partner.await_(r"(?s)who.*?players|.*fics% ", 5)[0]:
+                break
+        partner.end()
+        return process, store, port
+
+    def assertEnded(self, process, status, port):
+        self.assertEqual(process.wait(LIMIT), status)
+        with self.assertRaises(ConnectionRefusedError), socket.create_connection(("127.0.0.1", port)):
+            pass
+        waitFor(lambda: not self.display.windows(CLIENT), "the client to be gone")
+
+    def test_the_server_ends_with_the_client(self):
+        process, store, port = self.begin()
+        self.assertEqual(store, self.folder / ".local/share/brightrank/practice")
+        self.display.closeWindow(self.display.awaitWindow(CLIENT))
+        self.assertEnded(process, 0, port)
+
+    def test_both_end_with_the_command(self):
+        for number, status in (signal.SIGTERM, 143), (signal.SIGHUP, 129), (signal.SIGINT, 130):
+            with self.subTest(number.name):
+                process, store, port = self.begin()
+                self.display.awaitWindow(CLIENT)
+                process.send_signal(number)
+                self.assertEnded(process, status, port)
+                self.assertIn("Handle=Pupil", (store / "config/Brightrank/Brightrank.ini").read_text())
+
+    def test_it_ends_by_itself_after_some_seconds(self):
+        process = self.start("--seconds", "1")
+        port = self.port(self.awaitStore(process))
+        self.assertIn("Ended after 1 seconds.", process.stdout.read())
+        self.assertEnded(process, 0, port)
+
+    def test_a_second_run_has_a_store_of_its_own(self):
+        first = self.start("--store", str(self.folder / "games"))
+        self.assertEqual(self.awaitStore(first), self.folder / "games")
+        second = self.start("--store", str(self.folder / "games"))
+        self.assertEqual(self.awaitStore(second), self.folder / "games2")
+        self.assertNotEqual(self.port(self.folder / "games"), self.port(self.folder / "games2"))
+
+    def test_what_the_user_chose_stays_and_where_to_connect_is_new(self):
+        file = self.folder / "config/Brightrank/Brightrank.ini"
+        file.parent.mkdir(parents=True)
+        file.write_text("[Client]\nHandle=Novice\nPort=1\nSeek_Graph=False\n\n[Board]\nLeft=300\n")
+        process = self.start("--store", str(self.folder))
+        port = self.port(self.awaitStore(process))
+        kept = file.read_text()
+        self.assertIn("Handle=Novice\n", kept)
+        self.assertIn("Seek_Graph=False\n", kept)
+        self.assertIn(f"Port={port}\n", kept)
+        self.assertIn("[Board]\nLeft=300\n", kept)
+        self.assertEqual(file.stat().st_mode & 0o777, 0o600)
+
+    def test_without_a_display_it_says_so(self):
+        process = self.start(DISPLAY=None)
+        self.assertIn("there is no display", process.stdout.read())
+        self.assertEqual(process.wait(LIMIT), 1)
+
+    def test_a_command_line_that_makes_no_sense_is_refused(self):
+        for arguments in ("--seconds",), ("--seconds", "0"), ("--seconds", "x"), ("--store", ""), ("game",):
+            with self.subTest(arguments):
+                process = self.start(*arguments)
+                self.assertIn("brightrank-play", process.stdout.read())
+                self.assertEqual(process.wait(LIMIT), 2)
+
+
+if __name__ == "__main__":
+    unittest.main()
