@@ -1,5 +1,5 @@
-// Joined to a test program by tools/break_rules.py: says which break is chosen, and writes down which functions each test
-// enters.
+// Joined to a test program by tools/break_rules.py: says which break is chosen, and writes down which functions each
+// test enters.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

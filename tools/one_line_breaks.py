@@ -167,12 +167,13 @@ class Layout:
     def addValue(self, begin, end):
         if self.tokens[begin].text in ("using", "static_assert", "template", "friend") if begin < end else True:
             return
-        for index in range(begin, end):
-            if self.tokens[index].text == "=" and not self.tokens[index].template:
+        index = begin
+        while index < end and self.tokens[index].text != "(":
+            token = self.tokens[index]
+            if token.text == "=" and not token.template:
                 self.values.append((index + 1, end))
                 return
-            if self.tokens[index].text == "(":
-                return
+            index = token.partner + 1 if token.text in OPENING and token.partner is not None else index + 1
 
 
 class Finder:
@@ -381,7 +382,7 @@ class Finder:
 
     def nameAll(self):
         """Keys that outlive the moving of lines: function, text of the line, change, and which of several alike it is."""
-        self.breaks.sort(key=lambda one: one.edits[0])
+        self.breaks.sort(key=lambda one: one.edits[0][:2])
         seen = {}
         for one in self.breaks:
             at = one.edits[0][0]
