@@ -245,7 +245,8 @@ class Finder:
             if plain:
                 self.replace(token, str(float(plain[1].replace("'", "")) + 1) + plain[2])
             return
-        value = int(found[1].replace("'", ""), 16 if found[1][:2].lower() == "0x" else 10)
+        digits = found[1].replace("'", "")
+        value = int(digits, 16 if digits[:2].lower() == "0x" else 8 if digits[0] == "0" and len(digits) > 1 else 10)
         self.replace(token, str(value + 1) + found[2])
         if value > 0:
             self.replace(token, str(value - 1) + found[2])
@@ -395,10 +396,10 @@ class Finder:
 
 def independent(one, other):
     """Whether both set something, and neither names what the other sets: their order is no rule."""
-    sets = [re.match(r"([\w.\->\[\]]+) = (.*)", text, re.S) for text in (one, other)]
+    sets = [re.match(r"([\w.\->\[\]]+)(?: = |\.clear\(\))(.*)", text, re.S) for text in (one, other)]
     if not all(sets) or sets[0][1] == sets[1][1]:
         return False
-    named = [re.findall(r"\w+", found[1])[-1] for found in sets]
+    named = [re.findall(r"\w+", re.sub(r"\[.*?\]", "", found[1]))[-1] for found in sets]
     return not any(re.search(rf"\b{named[1 - number]}\b", found[2]) for number, found in enumerate(sets))
 
 
