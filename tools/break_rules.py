@@ -13,6 +13,7 @@ survived that is not in tools/equivalent_breaks.txt.
 """
 import argparse
 import concurrent.futures
+import hashlib
 import os
 import random
 import re
@@ -26,6 +27,8 @@ import one_line_breaks
 
 ROOMS = ["common", "platform", "settings", "view", "records", "seek", "panels", "board", "session"]
 LEAST_WAIT = 10  # seconds, for tests that take none
+NEAREST = 40  # tests that are asked first
+LONG = 0.05  # seconds; what takes longer is asked last
 MEMORY = 6 << 30
 
 
@@ -125,6 +128,26 @@ class Workshop:
         done = run(words, cwd=self.folder)
         return "" if done.returncode == 0 else done.stderr
 
+    def memory(self, source):
+        mark = hashlib.sha1((source.code + self.commands[source.name]).encode()).hexdigest()
+        return os.path.join(self.scratch, mark + ".wrong")
+
+    def remembered(self, source):
+        """The breaks of this very file that did not compile in an earlier run; they leave at once."""
+        wrong = set()
+        if os.path.exists(self.memory(source)):
+            with open(self.memory(source), encoding="utf-8") as file:
+                wrong = set(file.read().split("\n"))
+        for one in source.breaks:
+            if one.key in wrong:
+                one.fate = "no program"
+        return wrong
+
+    def remember(self, source, wrong):
+        wrong = wrong | {one.key for one in source.breaks if one.fate == "no program"}
+        with open(self.memory(source), "w", encoding="utf-8") as file:
+            file.write("\n".join(sorted(wrong)))
+
     def link(self, target, objects, program):
         line = must(["ninja", "-C", self.folder, "-t", "commands", target]).splitlines()[-1]
         words = shlex.split(line.replace(": &&", "").replace("&& :", ""))
@@ -142,6 +165,7 @@ class Tests:
         self.program = os.path.join(workshop.scratch, target)
         workshop.link(target, [workshop.runner, *objects], self.program)
         self.seconds, self.entered, self.failing, self.outside = {}, {}, [], set()
+        self.width = {}  # how many functions a test enters: what enters few says most about each
         trace = self.program + ".trace"
         done = self.start(self.program, {"BREAK_TRACE": trace}, ["--gtest_brief=1"], 3600)
         if done is None:
@@ -158,6 +182,7 @@ class Tests:
             self.failing.append(words[0][1:])
         else:
             self.seconds[words[0]] = int(words[1]) / 1000
+            self.width[words[0]] = len(functions)
             for function in functions:
                 self.entered.setdefault(function, []).append(words[0])
 
@@ -174,21 +199,17 @@ class Tests:
             return None
 
     def ofFunctions(self, functions):
-        """The tests to run for a break in these functions, quick ones first."""
-        if self.outside & functions:
-            return sorted(self.seconds, key=self.seconds.get)
+        """The tests to run for a break in these functions, in the order in which they are asked."""
         named = {test for function in functions for test in self.entered.get(function, [])}
-        return sorted(named, key=self.seconds.get)
+        if self.outside & functions:
+            named = set(self.seconds)
+        return sorted(named, key=lambda test: (self.seconds[test] >= LONG, self.width[test], test))
 
     def notice(self, tests, number, program=None):
         """Whether a test of `tests` fails with the break `number`, or the program with it."""
-        if not tests:
-            return False
-        half = [test for test in tests if self.seconds[test] < 0.05]
-        for part in (half, [test for test in tests if self.seconds[test] >= 0.05]):
-            if part and self.fails(part, number, program or self.program):
-                return True
-        return False
+        quick = [test for test in tests if self.seconds[test] < LONG]
+        parts = (quick[:NEAREST], quick[NEAREST:], tests[len(quick) :])
+        return any(part and self.fails(part, number, program or self.program) for part in parts)
 
     def fails(self, tests, number, program):
         flags = f"{self.program}.{os.getpid()}.{number}.flags"
@@ -224,6 +245,10 @@ class Campaign:
             chosen = random.Random(self.options.seed).sample(everything, min(self.options.sample, len(everything)))
         if self.options.only:
             chosen = [one for one in chosen if self.options.only in one.key]
+        if self.options.again:
+            with open(self.options.again, encoding="utf-8") as file:
+                told = {re.sub(r"^(\S+?):\d+: ", r"\1 | ", line.rstrip("\n")) for line in file}
+            chosen = [one for one in chosen if one.key in told]
         if self.options.inside:
             chosen = [one for one in chosen if one.function]
         chosen = set(chosen)
@@ -240,11 +265,13 @@ class Campaign:
     def prepare(self, workshop, source):
         """Compiles a file with all breaks of its functions; those that do not compile leave."""
         source.object = os.path.join(workshop.scratch, source.name.replace("/", "_")[:-4] + ".o")
+        remembered = workshop.remembered(source)
         for _ in range(12):
             breaks = [one for one in source.together() if one.fate is None]
             code, owners = one_line_breaks.schema(source.code, source.finder, breaks, source.numbers.get)
             said = workshop.compile(source.name, code, source.object)
             if not said:
+                workshop.remember(source, remembered)
                 return
             places = re.findall(re.escape(source.object[:-2]) + r"\.cpp:(\d+):.*?(?:error|required from)", said)
             wrong = {owners[int(place)] for place in places if int(place) in owners}
@@ -265,12 +292,19 @@ class Campaign:
                 if tests.failing:
                     print(f"not counted, for they fail without a break: {' '.join(tests.failing)}")
                 print(f"{time.strftime('%H:%M:%S')} {len(tests.seconds)} tests of {target}", flush=True)
+                self.ends = time.monotonic() + 60 * (self.options.minutes or 0)
                 list(pool.map(lambda pair: self.judge(tests, *pair), self.open()))
 
     def open(self):
-        return [(source, one) for source in self.sources for one in source.breaks if one.fate in (None, "survived")]
+        """What is still to be judged; in an order by chance where time may end it, so that it ends in a fair sample."""
+        left = [(source, one) for source in self.sources for one in source.breaks if one.fate in (None, "survived")]
+        if self.options.minutes:
+            random.Random(self.options.seed).shuffle(left)
+        return left
 
     def judge(self, tests, source, one):
+        if self.options.minutes and time.monotonic() > self.ends:
+            return
         if one.function and not one.function.constant:
             functions = {source.numbers[one.function]}
             noticed = tests.notice(tests.ofFunctions(functions), one.number)
@@ -303,7 +337,7 @@ class Campaign:
 
     def report(self):
         """A line for each room; the open survivors stand above."""
-        print(f"{'room':10}{'breaks':>8}{'killed':>8}{'listed':>8}{'open':>8}{'killed of 100':>16}   not compiling")
+        print(f"{'room':10}{'breaks':>8}{'killed':>8}{'listed':>8}{'open':>8}{'killed of 100':>16}{'not reached':>14}")
         rooms = {}
         for one in self.every():
             rooms.setdefault(one.file.split("/")[1], []).append(one)
@@ -314,7 +348,7 @@ class Campaign:
             killed, open_ = count("killed"), count("survived") - listed
             rate = 100 * killed / max(1, killed + open_)
             made = killed + listed + open_
-            print(f"{room:10}{made:8}{killed:8}{listed:8}{open_:8}{rate:16.1f}   {count('no program')}")
+            print(f"{room:10}{made:8}{killed:8}{listed:8}{open_:8}{rate:16.1f}{count(None):14}")
         return 1 if any(one.fate == "survived" and not self.known.holds(one.key) for one in self.every()) else 0
 
 
@@ -324,9 +358,11 @@ def main():
     parser.add_argument("--room", action="append", choices=ROOMS, help="only this room of core; may be repeated")
     parser.add_argument("--file", action="append", help="only this file; may be repeated")
     parser.add_argument("--only", help="only breaks whose key holds this text")
+    parser.add_argument("--again", metavar="FILE", help="only breaks that this output of an earlier run tells")
     parser.add_argument("--inside", action="store_true", help="only breaks inside of functions, which are quick")
     parser.add_argument("--sample", type=int, help="only so many breaks, chosen by --seed")
     parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--minutes", type=float, help="stop after so long, and report what was reached")
     parser.add_argument("--jobs", type=int, default=1, help="how many test programs run at once")
     parser.add_argument("--windows", action="store_true", help="show what survives to window_tests as well")
     parser.add_argument("--build", default="build/break_rules", help="the build folder (%(default)s)")

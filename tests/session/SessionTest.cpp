@@ -206,6 +206,18 @@ TEST_F(SessionTest, ACompleteAnswerGoesToTheWindowThatAskedForIt) {
     EXPECT_EQ(events.size(), 1U) << "the window has been closed meanwhile";
 }
 
+TEST_F(SessionTest, AllListsOfGamesGoToOneWindow) {
+    openWindows.add({.className = "frmHistory", .window = &events, .unload = {}, .answered = [this] {
+                         events.emplace_back("answered");
+                     }});
+    for (const auto* list : {&session.captures.history, &session.captures.journal, &session.captures.stored}) {
+        events.clear();
+        list->done();
+        EXPECT_THAT(events, ElementsAre("answered"));
+    }
+    openWindows.remove(&events);
+}
+
 TEST_F(SessionTest, AnAnswerThatNothingReadsIsNotWaitedFor) {
     session.captures.vars = {};
     session.pipeline.zSetstate(3);
@@ -233,6 +245,11 @@ TEST_F(SessionTest, WhatIsToldUnderABoxWaitsForItsEnd) {
     };
     session.tell("one");
     EXPECT_THAT(events, ElementsAre("box one", "end of one", "box two", "end of two"));
+}
+
+TEST_F(SessionTest, WhatTheConnectionHasToTellIsToldInABox) {
+    session.connection.hooks.message("no such server");
+    EXPECT_THAT(events, ElementsAre("box no such server", "end of no such server"));
 }
 
 TEST_F(SessionTest, OnceTheProgramClosesNoFurtherBoxComesUp) {

@@ -72,6 +72,11 @@ TEST(IniText, HardTextsSurvive) {
     }
 }
 
+TEST(IniText, AnEscapeNamesOneByteAndWhatIsBeyondItIsAQuestionMark) {
+    EXPECT_EQ(valueOf("K=\\xff"), "\xFF");
+    EXPECT_EQ(valueOf("K=\\x100"), "?");
+}
+
 TEST(IniText, EveryByteAndEveryPairOfBytesSurvives) {
     for (int first = 0; first < 256; ++first) {
         for (int second = 0; second < 256; ++second) {

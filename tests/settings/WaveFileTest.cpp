@@ -53,6 +53,7 @@ TEST(WaveFile, SamplesBeforeTheirFormatOrNoneAreNotPlayable) {
     EXPECT_FALSE(isPlayableWave(wave(Data + format(1, 1, 44100, 16))));
     EXPECT_FALSE(isPlayableWave(wave(format(1, 1, 44100, 16) + "data" + number(0, 4) + "xy")));
     EXPECT_FALSE(isPlayableWave(wave(format(1, 1, 44100, 16) + "data" + number(0xFFFFFFFF, 4) + "xy")));
+    EXPECT_FALSE(isPlayableWave(wave(format(1, 1, 44100, 16) + "data" + number(0x01000002, 4) + "xy")));
 }
 
 TEST(WaveFile, RandomBytesAreReadWithoutHarm) {
