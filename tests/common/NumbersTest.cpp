@@ -36,6 +36,7 @@ TEST(Numbers, AnExponentMayLeadBeyondEveryNumberOrToNothing) {
     EXPECT_EQ(leadingNumber("2e3x"), 2000);
     EXPECT_GT(leadingNumber("1e999"), 1e300);
     EXPECT_LT(leadingNumber("-1e999"), -1e300);
+    EXPECT_LT(leadingNumber("-1e999e-"), -1e300) << "only the number's own sign counts";
     EXPECT_EQ(leadingNumber("1e-999"), 0);
     EXPECT_EQ(strictInt16("1E-999"), 0);
 }

@@ -218,6 +218,24 @@ TEST_F(SessionTest, AllListsOfGamesGoToOneWindow) {
     openWindows.remove(&events);
 }
 
+TEST_F(SessionTest, TextIsPutAtTheEndInItsColour) {
+    std::vector<std::string> steps;
+    session.outside.console.moveToEnd = [&] { steps.emplace_back("end"); };
+    session.outside.console.setColor = [&](std::int32_t color) { steps.push_back("color " + std::to_string(color)); };
+    session.outside.console.insert = [&](const std::string& text) { steps.push_back(text); };
+    modChess.ColorMain = 7;
+    session.print("words");
+    EXPECT_THAT(steps, ElementsAre("end", "color 7", "words", "end"));
+    steps.clear();
+    session.blockMode.hooks.insertAtEnd("block");
+    EXPECT_THAT(steps, ElementsAre("end", "block"));
+}
+
+TEST_F(SessionTest, TheConnectionsTickIsATimerOfTheSession) {
+    session.connection.hooks.setTickInterval(345);
+    EXPECT_EQ(running.at(SessionTimer::tmrTCP), 345);
+}
+
 TEST_F(SessionTest, AnAnswerThatNothingReadsIsNotWaitedFor) {
     session.captures.vars = {};
     session.pipeline.zSetstate(3);

@@ -75,6 +75,33 @@ TEST(IniText, HardTextsSurvive) {
 TEST(IniText, AnEscapeNamesOneByteAndWhatIsBeyondItIsAQuestionMark) {
     EXPECT_EQ(valueOf("K=\\xff"), "\xFF");
     EXPECT_EQ(valueOf("K=\\x100"), "?");
+    EXPECT_EQ(valueOf("K=a\\0b"), std::string("a\0b", 3));
+    EXPECT_EQ(valueOf("K=a\\1b"), "a\\1b");
+}
+
+TEST(IniText, ControlCharactersAreWrittenAsEscapesAndLatin1IsNot) {
+    const auto written = [](const std::string& value) {
+        IniText text;
+        text.set("S", "K", value);
+        return text.bytes();
+    };
+    for (const char* control : {"\x1F", "\x7F", "\x80", "\x9F"}) {
+        EXPECT_EQ(written(control).find(control), std::string::npos);
+    }
+    EXPECT_NE(written("\x7E").find('\x7E'), std::string::npos);
+    EXPECT_EQ(written("\xA0").find("\\x"), std::string::npos);
+}
+
+TEST(IniText, ANoteIsNoValueHoweverItLooks) {
+    const IniText text("[S]\n;a=1\n#b=2\n");
+    EXPECT_FALSE(text.find("S", ";a"));
+    EXPECT_FALSE(text.find("S", "#b"));
+}
+
+TEST(IniText, AByteOrderMarkAtTheFrontIsPassedOver) {
+    const IniText text("\xEF\xBB\xBF[S]\nK=1\n");
+    ASSERT_TRUE(text.find("S", "K"));
+    EXPECT_EQ(*text.find("S", "K"), "1");
 }
 
 TEST(IniText, EveryByteAndEveryPairOfBytesSurvives) {
