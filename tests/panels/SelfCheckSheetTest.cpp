@@ -85,6 +85,9 @@ TEST_F(SelfCheckSheetTest, DigitsAreErasedUntilTheBoxIsEmpty) {
     EXPECT_EQ(box, std::nullopt);
     sheet.eraseDigit(box);
     EXPECT_EQ(box, std::nullopt);
+    box = 199;
+    sheet.eraseDigit(box);
+    EXPECT_EQ(box, 19);
     box = 12;
     sheet.empty(box);
     EXPECT_EQ(box, std::nullopt);

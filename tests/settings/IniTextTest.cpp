@@ -77,6 +77,8 @@ TEST(IniText, AnEscapeNamesOneByteAndWhatIsBeyondItIsAQuestionMark) {
     EXPECT_EQ(valueOf("K=\\x100"), "?");
     EXPECT_EQ(valueOf("K=a\\0b"), std::string("a\0b", 3));
     EXPECT_EQ(valueOf("K=a\\1b"), "a\\1b");
+    EXPECT_EQ(valueOf("K=a\\nb"), "a\nb");
+    EXPECT_EQ(valueOf("K=a\\"), "a\\");
 }
 
 TEST(IniText, ControlCharactersAreWrittenAsEscapesAndLatin1IsNot) {
@@ -89,7 +91,20 @@ TEST(IniText, ControlCharactersAreWrittenAsEscapesAndLatin1IsNot) {
         EXPECT_EQ(written(control).find(control), std::string::npos);
     }
     EXPECT_NE(written("\x7E").find('\x7E'), std::string::npos);
-    EXPECT_EQ(written("\xA0").find("\\x"), std::string::npos);
+    EXPECT_NE(written("\xA0").find("K=\xC2\xA0"), std::string::npos);
+}
+
+TEST(IniText, NamesOfLettersDigitsHyphensPointsAndUnderscoresAreWrittenAsTheyStand) {
+    IniText text;
+    text.set("S", "a-b.c_d9", "1");
+    EXPECT_NE(text.bytes().find("a-b.c_d9=1"), std::string::npos);
+}
+
+TEST(IniText, APercentSignWithoutTwoDigitsBehindItStandsForItself) {
+    EXPECT_TRUE(IniText("[S]\na%4g=1\n").find("S", "a%4g"));
+    EXPECT_TRUE(IniText("[S]\na%g4=1\n").find("S", "a%g4"));
+    EXPECT_TRUE(IniText("[S]\na%41=1\n").find("S", "aA"));
+    EXPECT_TRUE(IniText("[S]\na%4=1\n").find("S", "a%4"));
 }
 
 TEST(IniText, ANoteIsNoValueHoweverItLooks) {
