@@ -30,6 +30,8 @@ TEST(Numbers, LenientReadsTheLeadingNumberAndGivesZeroWithoutOne) {
     EXPECT_EQ(leadingNumber("-"), 0);
     EXPECT_EQ(leadingNumber("nan"), 0);
     EXPECT_EQ(leadingNumber("inf"), 0);
+    EXPECT_EQ(leadingNumber(std::string_view("-5").substr(0, 1)), 0) << "what lies behind the text is no part of it";
+    EXPECT_EQ(leadingNumber(std::string_view(".5").substr(0, 1)), 0);
 }
 
 TEST(Numbers, AnExponentMayLeadBeyondEveryNumberOrToNothing) {

@@ -218,6 +218,15 @@ TEST_F(SessionTest, AllListsOfGamesGoToOneWindow) {
     openWindows.remove(&events);
 }
 
+TEST_F(SessionTest, AHelpPageGoesToTheHelpWindow) {
+    openWindows.add({.className = "frmChessHelp", .window = &events, .unload = {}, .answered = [this] {
+                         events.emplace_back("answered");
+                     }});
+    session.captures.help.done();
+    EXPECT_THAT(events, ElementsAre("answered"));
+    openWindows.remove(&events);
+}
+
 TEST_F(SessionTest, TextIsPutAtTheEndInItsColour) {
     std::vector<std::string> steps;
     session.outside.console.moveToEnd = [&] { steps.emplace_back("end"); };
@@ -231,9 +240,11 @@ TEST_F(SessionTest, TextIsPutAtTheEndInItsColour) {
     EXPECT_THAT(steps, ElementsAre("end", "block"));
 }
 
-TEST_F(SessionTest, TheConnectionsTickIsATimerOfTheSession) {
+TEST_F(SessionTest, TheTicksOfConnectionAndLogOnAreTimersOfTheSession) {
     session.connection.hooks.setTickInterval(345);
     EXPECT_EQ(running.at(SessionTimer::tmrTCP), 345);
+    session.logOn.hooks.startTimer(678);
+    EXPECT_EQ(running.at(SessionTimer::AutoLogon), 678);
 }
 
 TEST_F(SessionTest, AnAnswerThatNothingReadsIsNotWaitedFor) {
