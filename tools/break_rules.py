@@ -258,6 +258,7 @@ class Campaign:
             for function in source.finder.layout.functions:
                 functions += 1
                 source.numbers[function] = functions
+        self.sources = [source for source in self.sources if source.breaks]
 
     def every(self):
         return [one for source in self.sources for one in source.breaks]

@@ -204,6 +204,13 @@ TEST(GameLifecycle, MnuNewClearsTheBoard) {
     EXPECT_TRUE(rig.saw("save 0"));
 }
 
+TEST(GameLifecycle, ZExitMoveLeavesTheGridLightAsItIs) {
+    BoardRig rig;
+    rig.game.GridLightOn = true;
+    rig.game.zExitMove();
+    EXPECT_TRUE(rig.game.GridLightOn);
+}
+
 TEST(GameLifecycle, ZExitMoveGivesUpTheMoveInHandForFourSeconds) {
     BoardRig rig;
     rig.game.hand.Dragging = true;

@@ -90,6 +90,7 @@ TEST(IniText, ControlCharactersAreWrittenAsEscapesAndLatin1IsNot) {
     for (const char* control : {"\x1F", "\x7F", "\x80", "\x9F"}) {
         EXPECT_EQ(written(control).find(control), std::string::npos);
     }
+    EXPECT_NE(written("a b").find("K=a b"), std::string::npos);
     EXPECT_NE(written("\x7E").find('\x7E'), std::string::npos);
     EXPECT_NE(written("\xA0").find("K=\xC2\xA0"), std::string::npos);
 }
