@@ -32,7 +32,7 @@ bool playOneMove(TestClient& client, const std::string& number) {
     }
     client.until(board);
     const auto tokens = practice::words(client.until("\n\r"));
-    EXPECT_EQ(tokens[18], "1") << "the opponent has moved";
+    EXPECT_EQ(tokens.at(18), "1") << "the opponent has moved";
     client.line("resign");
     client.until("Tester resigns} ");
     client.until("fics% ");

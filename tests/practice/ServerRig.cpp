@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int patience = 20'000; // milliseconds
+constexpr int patience = 40'000; // milliseconds; a machine at work keeps the deepest searches waiting
 
 std::int64_t milliseconds() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();

@@ -147,6 +147,16 @@ std::string whole(const std::vector<std::string>& lines, std::size_t count = 100
     return text;
 }
 
+// `text` in pieces of `size`, of which none ends right behind `whole`.
+std::vector<std::string> piecesOf(const std::string& text, std::size_t size, const std::string& whole) {
+    const std::size_t never = whole.empty() ? std::string::npos : text.find(whole) + whole.size();
+    std::vector<std::string> pieces;
+    for (std::size_t at = 0; at < text.size(); at += pieces.back().size()) {
+        pieces.push_back(text.substr(at, at + size == never ? size + 1 : size));
+    }
+    return pieces;
+}
+
 const std::string VarsShown = "2 12 0 0 0 79 24 [1][3][14][15][16][17][18][19]fics% |";
 const std::string NotesShown =
     "First note of Berta|A second note, which is long enough to be wrapped by the server since "
@@ -202,8 +212,8 @@ TEST_F(PanelsThroughSocket, AnswersInAnyPiecesAreTheSame) {
     const std::string text = whole(varsAnswer());
     for (const std::size_t piece : {std::size_t{1}, std::size_t{7}, std::size_t{80}, text.size() - 3}) {
         ask(3);
-        for (std::size_t at = 0; at < text.size(); at += piece) {
-            loopback.send(text.substr(at, piece));
+        for (const std::string& each : piecesOf(text, piece, "Prompt: fics% ")) {
+            loopback.send(each);
             QCoreApplication::processEvents();
         }
         ASSERT_TRUE(ended(&ModChess::gVarsCapture)) << piece;
@@ -213,13 +223,26 @@ TEST_F(PanelsThroughSocket, AnswersInAnyPiecesAreTheSame) {
     const std::string finger = whole(notesAnswer());
     for (const std::size_t piece : {std::size_t{1}, std::size_t{7}, std::size_t{80}, finger.size() - 3}) {
         ask(7);
-        for (std::size_t at = 0; at < finger.size(); at += piece) {
-            loopback.send(finger.substr(at, piece));
+        for (const std::string& each : piecesOf(finger, piece, "")) {
+            loopback.send(each);
             QCoreApplication::processEvents();
         }
         ASSERT_TRUE(ended(&ModChess::gNotesCapture)) << piece;
         EXPECT_EQ(lines(), NotesShown) << piece;
     }
+}
+
+// The line has no end yet, and its last two characters count as one.
+TEST_F(PanelsThroughSocket, APromptLineThatArrivesWithoutItsEndLosesTwoCharacters) {
+    openVars();
+    const std::string text = whole(varsAnswer());
+    const std::string line = "Prompt: fics% ";
+    const auto cut = text.find(line) + line.size();
+    ask(3);
+    loopback.send(text.substr(0, cut));
+    ASSERT_TRUE(ended(&ModChess::gVarsCapture));
+    loopback.send(text.substr(cut));
+    EXPECT_EQ(values(), "2 12 0 0 0 79 24 [1][3][14][15][16][17][18][19]fic|");
 }
 
 TEST_F(PanelsThroughSocket, VariablesCutBehindAnyLineButThePromptsAreGivenUpByTheTimeOut) {
