@@ -28,7 +28,7 @@ std::optional<std::int16_t> targetAt(std::string_view text, long column) {
 // The code of a letter; none for one that is no piece, the pawn's included.
 std::optional<int> pieceOf(char letter) {
     const auto place = Pieces.find(letter);
-    if (letter == '\0' || place == Pieces.npos) return std::nullopt;
+    if (place == Pieces.npos) return std::nullopt;
     return static_cast<int>(place) + 1;
 }
 

@@ -52,6 +52,14 @@ TEST(EndGame, TheNumberIsReadBehindGameOfEitherCase) {
     }
 }
 
+TEST(EndGame, ALineThatNamesNoGameIsOfGameZero) {
+    EndRig rig(1);
+    openWindows.windows.erase(openWindows.windows.begin());
+    const Game& first = rig.addGame(1, 1);
+    rig.routing.zEndGame("nobody resigns} 1-0\r\n");
+    EXPECT_EQ(first.gameIndex, 1);
+}
+
 TEST(EndGame, ALineThatNamesNoGameEndsNone) {
     for (const char* line : {"nobody resigns} 1-0\r\n", "{12 (a vs b) a resigns} 1-0\r\n"}) {
         EndRig rig(1);

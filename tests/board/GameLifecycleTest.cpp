@@ -195,11 +195,20 @@ TEST(GameLifecycle, MnuNewClearsTheBoard) {
     EXPECT_EQ(rig.game.grdMoves.col, 1);
     EXPECT_EQ(rig.game.MoveRow, 1);
     EXPECT_EQ(rig.game.Turn, 1);
+    EXPECT_EQ(rig.game.grdMoves.text(1, 0), "");
     EXPECT_FALSE(rig.game.KingMoved[0]);
+    EXPECT_FALSE(rig.game.KingMoved[2]);
     EXPECT_FALSE(rig.game.GameLoaded);
     EXPECT_FALSE(rig.game.GridLightOn) << "a fresh set-up clears it";
     EXPECT_TRUE(rig.saw("title New Board"));
     EXPECT_TRUE(rig.saw("save 0"));
+}
+
+TEST(GameLifecycle, ZExitMoveLeavesTheGridLightAsItIs) {
+    BoardRig rig;
+    rig.game.GridLightOn = true;
+    rig.game.zExitMove();
+    EXPECT_TRUE(rig.game.GridLightOn);
 }
 
 TEST(GameLifecycle, ZExitMoveGivesUpTheMoveInHandForFourSeconds) {

@@ -31,6 +31,11 @@ TEST(GameRouting, WindowsOfOtherClassesAreNoBoards) {
     openWindows.add({"frmHistory", &rig, {}});
     EXPECT_EQ(zFindBoard(0), -1);
     EXPECT_THROW(boardAt(0), Fault);
+    try {
+        boardAt(0);
+    } catch (const Fault& fault) {
+        EXPECT_STREQ(fault.what(), "window 0 is no board");
+    }
 }
 
 TEST(GameRouting, ZFindBoardOrFreeFallsBackOnTheFirstIdleBoard) {

@@ -235,6 +235,12 @@ TEST(Walk, ToTheStartFillsTheListAndForgetsTheDivergence) {
     EXPECT_EQ(rig.game.grdMoves.row, 0);
 }
 
+TEST(Walk, ToTheStartPaintsEachSquareOfTheStart) {
+    EndedGame rig;
+    rig.game.zReposition(-2);
+    EXPECT_GE(rig.all("draw").size(), 32U);
+}
+
 TEST(Walk, ToTheStartIsWhitesTurnWhoeverWasToMove) {
     EndedGame rig;
     rig.game.zReposition(-1);

@@ -25,6 +25,7 @@ TEST(LastMoveMarks, ALongMoveMarksBothSquares) {
     EXPECT_EQ(marksOf("P/e2-e4"), (Marks{"draw 12 -1", "draw 28 -1"}));
     EXPECT_EQ(marksOf("Q/h8-a1"), (Marks{"draw 63 -1", "draw 0 -1"}));
     EXPECT_EQ(marksOf("P/e7-e8=Q"), (Marks{"draw 52 -1", "draw 60 -1"}));
+    EXPECT_EQ(marksOf("P/e21e4"), (Marks{"draw 12 -1", "draw 28 -1"})) << "two characters each, whatever follows";
 }
 
 TEST(LastMoveMarks, CastlingMarksTheKingsSquaresOfTheSideThatMoved) {
@@ -43,7 +44,7 @@ TEST(LastMoveMarks, ADropMarksOnlyItsTarget) {
 
 TEST(LastMoveMarks, ATextOfUnknownFormMarksNothing) {
     for (const char* text :
-         {"", "x", "garbage", "hello world", "P/", "P/i9-j0", "P/E2-E4", "\xFF\xFF\xFF\xFF\xFF\xFF\xFF"}) {
+         {"", "x", "garbage", "hello world", "P/", "P/i9-j0", "P/i2-j3", "P/E2-E4", "\xFF\xFF\xFF\xFF\xFF\xFF\xFF"}) {
         EXPECT_EQ(marksOf(text), Marks{}) << text;
     }
 }

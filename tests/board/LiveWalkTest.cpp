@@ -117,6 +117,14 @@ TEST(LiveWalk, AWatchedGameIsViewedInTheStore) {
     EXPECT_EQ(rig.game.MoveRow, 2) << "the game itself goes nowhere";
 }
 
+TEST(LiveWalk, AViewPaintsTheSquaresThatChangeAlone) {
+    LiveGame rig(0);
+    rig.game.zReposition(-2);
+    rig.effects.clear();
+    rig.game.zReposition(1);
+    EXPECT_EQ(rig.all("draw"), (Effects{"draw 12 0", "draw 28 0"}));
+}
+
 TEST(LiveWalk, ForwardLeadsToTheNewestPosition) {
     LiveGame rig(0);
     rig.game.zReposition(-2);

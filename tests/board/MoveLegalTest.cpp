@@ -243,6 +243,12 @@ TEST(CheckTest, FindsAnAttackOnTheOtherKing) {
     EXPECT_FALSE(MoveRig("Pe7 ke8").game.zCheckTest(1)) << "straight on is no attack";
 }
 
+TEST(CheckTest, APieceInHandGivesNone) {
+    MoveRig rig("ka8 Ke1");
+    rig.game.Board[64] = 3;
+    EXPECT_FALSE(rig.game.zCheckTest(1));
+}
+
 TEST(CheckTest, TheKingOnTheLowestSquareIsTheOneThatCounts) {
     EXPECT_FALSE(MoveRig("kd1 kd8 Re8").game.zCheckTest(1));
     EXPECT_TRUE(MoveRig("kd1 kd8 Re1").game.zCheckTest(1));

@@ -30,12 +30,15 @@ TEST(Numbers, LenientReadsTheLeadingNumberAndGivesZeroWithoutOne) {
     EXPECT_EQ(leadingNumber("-"), 0);
     EXPECT_EQ(leadingNumber("nan"), 0);
     EXPECT_EQ(leadingNumber("inf"), 0);
+    EXPECT_EQ(leadingNumber(std::string_view("-5").substr(0, 1)), 0) << "what lies behind the text is no part of it";
+    EXPECT_EQ(leadingNumber(std::string_view(".5").substr(0, 1)), 0);
 }
 
 TEST(Numbers, AnExponentMayLeadBeyondEveryNumberOrToNothing) {
     EXPECT_EQ(leadingNumber("2e3x"), 2000);
     EXPECT_GT(leadingNumber("1e999"), 1e300);
     EXPECT_LT(leadingNumber("-1e999"), -1e300);
+    EXPECT_LT(leadingNumber("-1e999e-"), -1e300) << "only the number's own sign counts";
     EXPECT_EQ(leadingNumber("1e-999"), 0);
     EXPECT_EQ(strictInt16("1E-999"), 0);
 }

@@ -20,6 +20,7 @@ struct ServerRoadTest : testing::Test {
     std::int16_t state = 7;
     std::int16_t login = 0;
     int helps = 0;
+    std::string topicShown; // that was there as the help was shown
     int histories = 0;
 
     ServerRoadTest() {
@@ -32,7 +33,10 @@ struct ServerRoadTest : testing::Test {
         road.hooks.login = [this] { return login; };
         road.hooks.handle = [] { return std::string("Own"); };
         road.hooks.echo = [this](const std::string& text) { echoed += text; };
-        road.hooks.showHelp = [this] { ++helps; };
+        road.hooks.showHelp = [this] {
+            ++helps;
+            topicShown = modChess.gHelpTopic;
+        };
         road.hooks.showHistory = [this] { ++histories; };
     }
 };
@@ -106,6 +110,7 @@ TEST_F(ServerRoadTest, HeWithATopicOpensHelpAndSendsNothing) {
     road.zSend("he tactics");
     EXPECT_EQ(helps, 1);
     EXPECT_EQ(modChess.gHelpTopic, "tactics");
+    EXPECT_EQ(topicShown, "tactics");
     EXPECT_EQ(sent, "");
     EXPECT_EQ(road.idleSeconds, -1);
     EXPECT_EQ(modChess.gLastCmd, "he tactics");

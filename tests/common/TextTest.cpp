@@ -36,6 +36,27 @@ TEST(Text, ALineEndingIsOneOfTwoCharactersOrBothInEitherOrder) {
 
 TEST(Text, LowerTouchesOnlyTheLettersAToZ) { EXPECT_EQ(lower("AbZ\xC4"), "abz\xC4"); }
 
+TEST(Text, Utf8OfALatin1CharacterIsThatCharacter) {
+    EXPECT_EQ(fromUtf8("abc"), "abc");
+    EXPECT_EQ(fromUtf8("\xC3\xA4x"), "\xE4x");
+    EXPECT_EQ(fromUtf8("\xC2\xA0\xC3\xBF"), "\xA0\xFF");
+}
+
+TEST(Text, Utf8OfAnyOtherCharacterIsOneQuestionMark) {
+    for (const char* character : {"\xC4\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xE2\x82\xAC", "\xEF\xBF\xBD",
+                                  "\xF0\x9F\x98\x80", "\xF4\x8F\xBF\xBF"}) {
+        EXPECT_EQ(fromUtf8(character), "?") << character;
+        EXPECT_EQ(fromUtf8(std::string(character) + "x"), "?x") << character;
+    }
+}
+
+TEST(Text, BytesThatAreNoUtf8StandForThemselves) {
+    for (const char* bytes : {"\xE4", "\xE4x", "\xC1\x81", "\x81", "\xBF", "\xE2\x82", "\xE2\x82x", "\xF0\x9F\x98",
+                              "\xF0\x9F\x98x", "\xF8\x88\x80\x80", "\xFF\xFE", "\xC3\xC3"}) {
+        EXPECT_EQ(fromUtf8(bytes), bytes);
+    }
+}
+
 TEST(Text, TrimTakesBlanksAtBothEnds) {
     EXPECT_EQ(trim("  a b "), "a b");
     EXPECT_EQ(trim("   "), "");

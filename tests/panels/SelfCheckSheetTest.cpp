@@ -75,6 +75,9 @@ TEST_F(SelfCheckSheetTest, TheLeftButtonCountsUpAndAnyOtherDownNotBelow0) {
 TEST_F(SelfCheckSheetTest, TypedDigitsMakeANumberOfThreeAtMost) {
     for (const int digit : {0, 1, 2, 3, 4}) sheet.type(box, digit);
     EXPECT_EQ(box, 123);
+    sheet.empty(box);
+    for (int times = 0; times < 4; ++times) sheet.type(box, 9);
+    EXPECT_EQ(box, 999);
 }
 
 TEST_F(SelfCheckSheetTest, DigitsAreErasedUntilTheBoxIsEmpty) {
@@ -85,6 +88,9 @@ TEST_F(SelfCheckSheetTest, DigitsAreErasedUntilTheBoxIsEmpty) {
     EXPECT_EQ(box, std::nullopt);
     sheet.eraseDigit(box);
     EXPECT_EQ(box, std::nullopt);
+    box = 199;
+    sheet.eraseDigit(box);
+    EXPECT_EQ(box, 19);
     box = 12;
     sheet.empty(box);
     EXPECT_EQ(box, std::nullopt);

@@ -49,6 +49,7 @@ TEST(LineFile, ALineAndAnEndMayLieAcrossTwoPieces) {
     EXPECT_THAT(PgnRig().lines(before + "\r\ny\r\n"), ElementsAre(before, "y")) << "CR last in its piece";
     EXPECT_THAT(PgnRig().lines(before + "\r"), ElementsAre(before));
     EXPECT_THAT(PgnRig().lines(before + "zz\n"), ElementsAre(before + "zz"));
+    EXPECT_THAT(PgnRig().lines(before + "zz"), ElementsAre(before + "zz")) << "one byte in the second piece";
     EXPECT_THAT(PgnRig().lines(before + "\r\n"), ElementsAre(before)) << "nothing behind the LF";
 }
 
@@ -67,6 +68,24 @@ TEST(LineFile, AFileThatIsNotThereAndAFolderAreFaults) {
     EXPECT_EQ(faultOf([&] { const LineFile file(rig.path()); }), "file");
     EXPECT_EQ(faultOf([&] { const LineFile file(rig.folder.path().string()); }), "file");
     EXPECT_EQ(modChess.FileOneHolder, nullptr) << "and nothing stays open";
+}
+
+TEST(LineFile, AFaultNamesTheFileAndWhatIsWrongWithIt) {
+    const PgnRig rig;
+    const auto said = [&](auto statement) {
+        try {
+            statement();
+        } catch (const Fault& fault) {
+            return std::string(fault.what());
+        }
+        return std::string();
+    };
+    EXPECT_EQ(said([&] { const LineFile file(rig.path()); }), rig.path() + ": No such file or directory");
+    rig.file("a\n");
+    LineFile file(rig.path());
+    std::string line;
+    file.take(line);
+    EXPECT_EQ(said([&] { file.take(line); }), rig.path() + ": the file ends within a game");
 }
 
 TEST(LineFile, OneIsOpenAtATime) {

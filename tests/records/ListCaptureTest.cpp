@@ -17,12 +17,16 @@ struct ListCapture : testing::Test {
     ListCapture() {
         modChess = {};
         modChess.gPrompt = "fics% ";
-        lists.handleRead = [this](const std::string& title) { titles.push_back(title); };
+        lists.handleRead = [this](const std::string& title) {
+            titles.push_back(title);
+            toldHandle = lists.HistHandle;
+        };
     }
     ~ListCapture() override { modChess = {}; }
 
     HistoryLists lists;
     std::vector<std::string> titles;
+    std::string toldHandle; // that was there as the latest title was told of
 };
 
 struct Kind {
@@ -170,6 +174,7 @@ TEST_F(ListCapture, AHandleStandsBetweenTheTitleAndTheFirstColonOfTheLine) {
                           {"History for A B: or C:", "A B"},
                           {"History for  Anders :", " Anders "},
                           {"12:30 History for Anders:", nullptr},
+                          {": History for Anders:", nullptr},
                           {"History for Anders\r\n", nullptr},
                           {"History for :\r\n", nullptr},
                           {"History for ", nullptr},
@@ -182,5 +187,8 @@ TEST_F(ListCapture, AHandleStandsBetweenTheTitleAndTheFirstColonOfTheLine) {
         zCheckHistHandle(lists, "History for ", each.line);
         EXPECT_EQ(lists.HistHandle, each.handle ? each.handle : "before") << each.line;
         EXPECT_EQ(titles.size(), each.handle ? 1U : 0U) << each.line;
+        if (each.handle) {
+            EXPECT_EQ(toldHandle, each.handle) << "it is there before anybody is told";
+        }
     }
 }

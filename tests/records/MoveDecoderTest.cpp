@@ -106,6 +106,15 @@ TEST(ReadMoveText, ByteValueDecidesWhatIsASmallLetter) {
 
 TEST(ReadMoveText, TheEmptyTextNamesNoPiece) { EXPECT_EQ(readMoveText("").piece, 0); }
 
+TEST(ReadMoveText, BehindTheEndOfATextThereIsNoFile) { EXPECT_LT(readMoveText("Nf").file, 0); }
+
+TEST(ReadMoveText, BehindAnXInTheSecondPlaceTheTargetStandsAtOnce) { EXPECT_EQ(target("Nxxe4"), "-"); }
+
+TEST(ReadMoveText, ATargetsSecondCharacterIsADigit) {
+    EXPECT_EQ(target("e:"), "-");
+    EXPECT_EQ(target("e/"), "-");
+}
+
 TEST(ReadMoveText, ADigitInTheSecondPlaceIsARank) {
     EXPECT_EQ(readMoveText("N1d2").rank, 0);
     EXPECT_EQ(target("N1d2"), "d2");
@@ -219,6 +228,19 @@ TEST(FindMove, TheSearchReachesFromTheFirstSquareOfItsFilterToTheLast) {
             EXPECT_EQ(search.find(text, 1, 20).from, square(only)) << text << " from " << only;
         }
     }
+}
+
+TEST(FindMove, TheSearchAsksAboutNoSquareOutsideOfItsFilter) {
+    Search search{};
+    search.board.fill(Knight);
+    search.find("N2d4");
+    EXPECT_EQ(search.asked.size(), 8U);
+    EXPECT_EQ(search.asked.front().first, square("a2"));
+    EXPECT_EQ(search.asked.back().first, square("h2"));
+    search.find("Nbd4");
+    EXPECT_EQ(search.asked.size(), 8U);
+    search.find("Nd4");
+    EXPECT_EQ(search.asked.size(), 64U) << "a piece in hand is not on the board";
 }
 
 TEST(FindMove, AFilterLeavesTheOtherFilesAndRanksAlone) {

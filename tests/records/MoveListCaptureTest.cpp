@@ -256,6 +256,9 @@ TEST_F(MoveListCapture, AHeaderWithoutANameIsKeptWithItsSite) {
     takes("() vs. nobody at all\r\n");
     EXPECT_EQ(record.Header, "() vs. nobody at all\r\n");
     EXPECT_EQ(record.Site, "FICS, Fremont, California USA");
+    record.White = "before";
+    takes("(x) vs. Anders (1500) vs. Berta (1600)\r\n");
+    EXPECT_EQ(record.White, "before") << "whatever bracket follows";
 }
 
 TEST_F(MoveListCapture, BlackAndTheDateAreLookedForBehindTheRatingInFrontOfThem) {
@@ -279,7 +282,11 @@ TEST_F(MoveListCapture, ARatingThatIsNoNumberIsZeroAndOneBeyondItsFieldFaults) {
 TEST_F(MoveListCapture, WhatStandsBehindAMissingPieceOfTheHeaderStays) {
     record.White = "White before";
     record.Black = "Black before";
+    record.WhiteElo = 2;
     record.BlackElo = 3;
+    takes("Anders) vs. Berta (1600\r\n");
+    EXPECT_EQ(record.WhiteElo, 2);
+    record.White = "White before";
     takes(" (1) vs. B (2) --- x ...\r\n");
     EXPECT_EQ(record.White, "White before") << "a bracket in column 2 has no name in front of it";
     takes("Anders) vs. nobody at all\r\n");
@@ -356,6 +363,11 @@ TEST_F(MoveListCapture, TheColonIsLookedForTwoBehindTheCommaAndTheYearTwoBehindT
     EXPECT_EQ(record.Time, "20:32") << "five columns";
 }
 
+TEST_F(MoveListCapture, ADayHasTwoDigits) {
+    header("Thu Oct 145, 20:36 PDT 2010\r\n");
+    EXPECT_TRUE(record.Date.ends_with(".10.14")) << record.Date;
+}
+
 TEST_F(MoveListCapture, MonthsHaveTheirNumbersAndAnUnknownOneIsZero) {
     const std::vector<std::string> months{"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul",
                                           "Aug", "Sep", "Oct", "Nov", "Dec", "Mai"};
@@ -374,6 +386,13 @@ TEST_F(MoveListCapture, TheMatchLineGivesEventAndTimeControl) {
     EXPECT_EQ(record.MatchLine, MatchLine);
     EXPECT_EQ(record.Event, "Rated blitz match");
     EXPECT_EQ(record.TimeControl, "5+12");
+}
+
+TEST_F(MoveListCapture, TheFirstWordsOfTheMatchLineCount) {
+    takes("initial time: 5 minutes, match, initial time: 7 minutes, increment: 1 seconds\r\n");
+    EXPECT_EQ(record.TimeControl, "5+1");
+    takes("increment: 3 seconds match, initial time: 5 minutes, increment: 4 seconds\r\n");
+    EXPECT_EQ(record.TimeControl, "5+3");
 }
 
 TEST_F(MoveListCapture, MinutesAreNumbersWithAFractionOnlyWhereThereIsOne) {

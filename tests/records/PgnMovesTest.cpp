@@ -106,6 +106,7 @@ TEST(PgnMoves, AWordThatIsNoMoveOfBlackEndsTheGame) {
     EXPECT_EQ(cut("1. e4 {Good move} e5 2. d4 * "), "1w e4, 1b -, / 1 1");
     EXPECT_EQ(cut("1. e4 $1 e5 2. d4 * "), "1w e4, 1b -, / 1 1");
     EXPECT_EQ(cut("1. e4 N@f3 2. d4 * "), "1w e4, 1b -, / 1 1") << "a drop too";
+    EXPECT_EQ(cut("1. e4 ~a3 2. d4 * "), "1w e4, 1b -, / 1 1");
 }
 
 TEST(PgnMoves, BetweenWholeMovesEveryWordIsPassedOver) {

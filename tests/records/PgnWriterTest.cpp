@@ -184,6 +184,15 @@ TEST_F(PgnWriter, ASaveMakesTheFileAndTellsSoInTheConsole) {
     EXPECT_THAT(told, ElementsAre("print \nGame was saved to games.pgn\n"));
 }
 
+TEST_F(PgnWriter, ANewFileMayBeReadAndWrittenAsFarAsTheUsersMaskAllows) {
+    const mode_t mask = ::umask(0);
+    write("games.pgn");
+    ::umask(mask);
+    struct stat status {};
+    ASSERT_EQ(::stat((folder.path() / "games.pgn").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0666U);
+}
+
 TEST_F(PgnWriter, TheConsoleSpellsTheNameOfTheFileAsTheUserDoes) {
     write("J\xC3\xB6rg \xE2\x82\xAC \xFF.pgn");
     EXPECT_THAT(told, ElementsAre("print \nGame was saved to J\xF6rg ? \xFF.pgn\n"));

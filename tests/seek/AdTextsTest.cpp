@@ -32,6 +32,7 @@ TEST(AdTexts, TheSeekerIsTheNameUpToItsFirstMark) {
 
 TEST(AdTexts, AMarkInOneOfTheFirstTwoColumnsIsPartOfTheName) {
     EXPECT_EQ(seekerOf(named("(C)")), "(C)");
+    EXPECT_EQ(seekerOf(named("(meru(C)")), "(meru(C)") << "whatever mark follows";
     EXPECT_EQ(seekerOf(named("a(C)")), "a(C)");
     EXPECT_EQ(seekerOf(named("ab(C)")), "ab");
 }

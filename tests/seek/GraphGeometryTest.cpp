@@ -56,6 +56,13 @@ TEST(GraphGeometryTest, TheLinesOfAWindow) {
     EXPECT_EQ(laid.geometry.TopY, 383); // 1.5957 cells
 }
 
+TEST(GraphGeometryTest, TheLinesOfAWideWindowStandAtThreeAndFifteenMinutes) {
+    const Laid laid({30000, 6900}); // 29.65 cells to a unit of ln(minutes)
+    const auto cells = [&](double minutes) { return std::round(laid.geometry.LogScale * std::log(minutes) + 3); };
+    EXPECT_EQ(laid.geometry.Line3X, cells(3) * 240 - 120);
+    EXPECT_EQ(laid.geometry.Line15X, cells(15) * 240 - 120);
+}
+
 TEST(GraphGeometryTest, HalvesOfACellGoToTheEvenTwip) {
     const Laid laid({6000, 780 + 25.5F * 45});
     ASSERT_EQ(laid.geometry.CellSize, 45);
@@ -87,6 +94,7 @@ TEST(GraphGeometryTest, TheLabelsFontIs10PointsOrA645thOfTheWidth) {
     EXPECT_FLOAT_EQ(Laid({6465, 6900}).geometry.FontPoints, 10);
     EXPECT_FLOAT_EQ(Laid({30000, 6900}).geometry.FontPoints, 10);
     EXPECT_FLOAT_EQ(Laid({3225, 6900}).geometry.FontPoints, 5);
+    EXPECT_FLOAT_EQ(Laid({6449, 6900}).geometry.FontPoints, 6449.0F / 645);
 }
 
 TEST(GraphGeometryTest, ARatingsLabelStandsOnItsRowAtTheRight) {

@@ -131,6 +131,17 @@ TEST_F(SeekGraphTest, ADotLeftOfItsBandMovesOneCellToTheRightAndNoMore) {
     EXPECT_EQ(column(15), 23);
 }
 
+TEST_F(SeekGraphTest, ADotExactlyOnTheLineOfItsBandStays) {
+    graph.geometry.Line3X = column(3) * 240;
+    graph.geometry.Line15X = column(15) * 240;
+    EXPECT_EQ(column(3) * 240, graph.geometry.Line3X);
+    EXPECT_EQ(column(15) * 240, graph.geometry.Line15X);
+    graph.geometry.Line15X = column(5) * 240;
+    EXPECT_EQ(column(5) * 240, graph.geometry.Line15X) << "from the left as well";
+    graph.geometry.Line3X = column(2) * 240;
+    EXPECT_EQ(column(2) * 240, graph.geometry.Line3X);
+}
+
 TEST_F(SeekGraphTest, ASecondDotOfTheSamePlaceStandsOneRowAboveTheFirst) {
     add(5, 0);
     add(5, 0);

@@ -33,6 +33,19 @@ std::string ofLength(std::size_t length) {
     return line + "\r\n";
 }
 
+// A line without a blank between its columns, which are `shift` to the right; no ad for what stands beside its
+// increment.
+std::string fullLine(long shift, char besideIncrement = '9') {
+    std::string line = "9999"
+                       "17119";
+    if (shift == 1) line += " ";
+    line += "Seventeen_letters ";
+    line += std::string("152") + besideIncrement + "345" + besideIncrement;
+    return line + "unrated!"
+                  "wild/twentyletters_!"
+                  "0-9999 mf!\r\n";
+}
+
 } // namespace
 
 TEST_F(SoughtCapture, AnAdIsReadByItsColumns) {
@@ -46,6 +59,29 @@ TEST_F(SoughtCapture, AnAdIsReadByItsColumns) {
     EXPECT_EQ(ad().AdType, "lightning");
     EXPECT_EQ(ad().AdRange, " 800-1300 mf");
     EXPECT_TRUE(ad().AdComputer);
+}
+
+TEST_F(SoughtCapture, EachColumnEndsWhereItsWidthEnds) {
+    for (const long shift : {0L, 1L}) {
+        read(fullLine(shift));
+        EXPECT_EQ(ad().AdNumber, 999);
+        EXPECT_EQ(ad().AdRating, 1711);
+        EXPECT_EQ(ad().AdName, "Seventeen_letters");
+        EXPECT_EQ(ad().AdTime, 152);
+        EXPECT_EQ(ad().AdInc, 345);
+        EXPECT_EQ(ad().AdRated, "unrated!");
+        EXPECT_EQ(ad().AdType, "wild/twentyletters_!");
+        EXPECT_EQ(ad().AdRange, "0-9999 mf!");
+        EXPECT_EQ(table.SeekAdCount, 0);
+    }
+}
+
+TEST_F(SoughtCapture, FullColumnsNeedNothingButTheBlanksBesideTheIncrement) {
+    for (const long shift : {0L, 1L}) {
+        EXPECT_TRUE(zSoughtLine(fullLine(shift, ' '))) << shift;
+        read(fullLine(shift, ' '));
+        EXPECT_EQ(table.SeekAdCount, shift + 1);
+    }
 }
 
 TEST_F(SoughtCapture, OnlyTheMarkCMakesAComputer) {
@@ -175,6 +211,20 @@ TEST_F(SoughtCapture, WhatIsNotAcceptedStaysInItsEntryUntilTheNextLineOverwrites
     EXPECT_EQ(table.SeekAdCount, 1);
 }
 
+TEST_F(SoughtCapture, WhatIsNotAcceptedLeavesTheMarkOfAComputer) {
+    read(SoughtLine{.name = "Engine(C)"});
+    table.SeekAdCount = 0;
+    read(SoughtLine{.rating = "   0", .name = "Rejected"});
+    EXPECT_EQ(ad().AdName, "Rejected");
+    EXPECT_TRUE(ad().AdComputer);
+}
+
+TEST_F(SoughtCapture, TheLastEntryTakesWhatIsNotAcceptedToo) {
+    table.SeekAdCount = 200;
+    read(SoughtLine{.rating = "   0", .name = "Rejected"});
+    EXPECT_EQ(ad(200).AdName, "Rejected");
+}
+
 TEST_F(SoughtCapture, TheCountLineEndsTheAnswerAndIsTaken) {
     EXPECT_TRUE(read("0 ads displayed.\r\n"));
     EXPECT_EQ(cleared, 1);
@@ -264,6 +314,14 @@ TEST(SoughtLineTest, ARatingOf0ANumberBelow0AndNoTimeAtAllDoNot) {
 TEST(SoughtLineTest, AnIncrementAloneIsATime) {
     EXPECT_TRUE(zSoughtLine(SoughtLine{.time = "0", .inc = "1"}.text()));
     EXPECT_TRUE(zSoughtLine(SoughtLine{.time = "0", .inc = "100"}.text()));
+}
+
+TEST(SoughtLineTest, ItsColumnsAreThoseOfTheTable) {
+    EXPECT_FALSE(zSoughtLine(SoughtLine{.number = "-50"}.text())) << "from the first character on";
+    EXPECT_TRUE(zSoughtLine(SoughtLine{.time = "5  "}.text())) << "from the first of its three";
+    SoughtLine moved{.name = " Detlef", .time = "0", .inc = "12"};
+    moved.name.resize(19, ' ');
+    EXPECT_TRUE(zSoughtLine(moved.text()));
 }
 
 TEST(SoughtLineTest, AnUntimedAdDoesNot) {

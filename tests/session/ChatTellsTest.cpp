@@ -46,6 +46,16 @@ TEST_F(ChatTellsTest, ATellGoesToItsBoxAndTheLineBeforeItGoesToo) {
     EXPECT_EQ(console(), "more text\r\nfics% ");
 }
 
+TEST_F(ChatTellsTest, AWindowThatIsNoChatBoxIsAFaultThatNamesIt) {
+    try {
+        chatAt(7);
+        FAIL() << "there are no windows";
+    } catch (const Fault& fault) {
+        EXPECT_EQ(fault.kind(), FaultKind::Subscript);
+        EXPECT_STREQ(fault.what(), "window 7 is no chat box");
+    }
+}
+
 TEST_F(ChatTellsTest, WithoutABoxTheTellIsPrinted) {
     open("Ann");
     batch("Bob tells you: hi\r\nfics% \r\nmore text\r\n");

@@ -39,7 +39,10 @@ protected:
         };
         hooks.socketState = [this] { return state; };
         hooks.setCaption = [this](const std::string& text) { caption = text; };
-        hooks.checksChanged = [this] { log.push_back("checks"); };
+        hooks.checksChanged = [this] {
+            log.push_back("checks");
+            ticksShown = {connection.mnuAutoCon, connection.mnuAutoLogon};
+        };
         hooks.setTickInterval = [this](int ms) { log.push_back("interval " + std::to_string(ms)); };
         hooks.enableCloseTimer = [this](bool on) { log.push_back(on ? "tmrClose on" : "tmrClose off"); };
         hooks.beep = [this] { log.push_back("beep"); };
@@ -87,6 +90,7 @@ protected:
     Session session{quietSurface()};
     Connection& connection = session.connection;
     Log log;
+    std::vector<bool> ticksShown; // of automatic connection and log-on, as the menu was told of them last
     std::string caption;
     std::string answer;
     int state = 0;
@@ -514,6 +518,14 @@ TEST_F(ConnectionTest, CheckingAutoConnectConnectsOnlyInState0) {
     EXPECT_EQ(log, (Log{"checks", "checks"})) << "unchecking never connects";
     connection.mnuAutoConClick();
     EXPECT_EQ(log.back(), "connect 167.114.65.195:5000");
+}
+
+TEST_F(ConnectionTest, AMarkIsSetBeforeItIsShown) {
+    state = 7;
+    connection.mnuAutoLogonClick();
+    EXPECT_EQ(ticksShown, (std::vector{false, true}));
+    connection.mnuAutoConClick();
+    EXPECT_EQ(ticksShown, (std::vector{true, true}));
 }
 
 TEST_F(ConnectionTest, AutoLogonAndUseTimeSealToggleTheirMarks) {

@@ -39,6 +39,12 @@ TEST_F(ServerLinesTest, EveryKindOfEndingBecomesCrLf) {
     EXPECT_EQ(tails, 0);
 }
 
+TEST_F(ServerLinesTest, AReturnWithoutAnyFeedBehindItEndsALine) {
+    EXPECT_EQ(lines.zParse("ab\rcd"), 2);
+    EXPECT_EQ(lines[0], "ab\r\n");
+    EXPECT_EQ(lines.PartialLine, "cd");
+}
+
 TEST_F(ServerLinesTest, TwoEqualEndingsAreTwoLines) {
     EXPECT_THAT(cut("a\n\nb\r\rc"), ElementsAre("a\r\n", "\r\n", "b\r\n", "\r\n", "c"));
 }

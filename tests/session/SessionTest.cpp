@@ -206,6 +206,47 @@ TEST_F(SessionTest, ACompleteAnswerGoesToTheWindowThatAskedForIt) {
     EXPECT_EQ(events.size(), 1U) << "the window has been closed meanwhile";
 }
 
+TEST_F(SessionTest, AllListsOfGamesGoToOneWindow) {
+    openWindows.add({.className = "frmHistory", .window = &events, .unload = {}, .answered = [this] {
+                         events.emplace_back("answered");
+                     }});
+    for (const auto* list : {&session.captures.history, &session.captures.journal, &session.captures.stored}) {
+        events.clear();
+        list->done();
+        EXPECT_THAT(events, ElementsAre("answered"));
+    }
+    openWindows.remove(&events);
+}
+
+TEST_F(SessionTest, AHelpPageGoesToTheHelpWindow) {
+    openWindows.add({.className = "frmChessHelp", .window = &events, .unload = {}, .answered = [this] {
+                         events.emplace_back("answered");
+                     }});
+    session.captures.help.done();
+    EXPECT_THAT(events, ElementsAre("answered"));
+    openWindows.remove(&events);
+}
+
+TEST_F(SessionTest, TextIsPutAtTheEndInItsColour) {
+    std::vector<std::string> steps;
+    session.outside.console.moveToEnd = [&] { steps.emplace_back("end"); };
+    session.outside.console.setColor = [&](std::int32_t color) { steps.push_back("color " + std::to_string(color)); };
+    session.outside.console.insert = [&](const std::string& text) { steps.push_back(text); };
+    modChess.ColorMain = 7;
+    session.print("words");
+    EXPECT_THAT(steps, ElementsAre("end", "color 7", "words", "end"));
+    steps.clear();
+    session.blockMode.hooks.insertAtEnd("block");
+    EXPECT_THAT(steps, ElementsAre("end", "block"));
+}
+
+TEST_F(SessionTest, TheTicksOfConnectionAndLogOnAreTimersOfTheSession) {
+    session.connection.hooks.setTickInterval(345);
+    EXPECT_EQ(running.at(SessionTimer::tmrTCP), 345);
+    session.logOn.hooks.startTimer(678);
+    EXPECT_EQ(running.at(SessionTimer::AutoLogon), 678);
+}
+
 TEST_F(SessionTest, AnAnswerThatNothingReadsIsNotWaitedFor) {
     session.captures.vars = {};
     session.pipeline.zSetstate(3);
@@ -233,6 +274,11 @@ TEST_F(SessionTest, WhatIsToldUnderABoxWaitsForItsEnd) {
     };
     session.tell("one");
     EXPECT_THAT(events, ElementsAre("box one", "end of one", "box two", "end of two"));
+}
+
+TEST_F(SessionTest, WhatTheConnectionHasToTellIsToldInABox) {
+    session.connection.hooks.message("no such server");
+    EXPECT_THAT(events, ElementsAre("box no such server", "end of no such server"));
 }
 
 TEST_F(SessionTest, OnceTheProgramClosesNoFurtherBoxComesUp) {

@@ -19,6 +19,11 @@ struct TellLineTest : testing::Test {
 
 } // namespace
 
+TEST_F(TellLineTest, ABlankAtTheFrontEndsAWordOfNoCharacters) {
+    EXPECT_EQ(zTellLine(" tells you: hi\r\n"), PersonalTell);
+    EXPECT_EQ(zTellLine(" Bob tells you: hi\r\n"), NoTell);
+}
+
 TEST_F(TellLineTest, ThePhraseBehindTheFirstWordDecides) {
     EXPECT_EQ(zTellLine("Bob tells you: hi\r\n"), PersonalTell);
     EXPECT_EQ(zTellLine("Bob(TM) tells you: hi\r\n"), PersonalTell);

@@ -73,6 +73,8 @@ TEST_F(TypingKeysTest, HelpAndHistoryOpenTheirPanelsWhileNotConnected) {
     EXPECT_TRUE(keys.zTxtSend(13));
     EXPECT_EQ(panels, 2);
     EXPECT_EQ(typing, "");
+    typing = "h bob";
+    EXPECT_FALSE(keys.zTxtSend(13)) << "one letter is neither";
 }
 
 TEST_F(TypingKeysTest, FunctionKeysReplaceTheLine) {

@@ -72,6 +72,54 @@ TEST(IniText, HardTextsSurvive) {
     }
 }
 
+TEST(IniText, AnEscapeNamesOneByteAndWhatIsBeyondItIsAQuestionMark) {
+    EXPECT_EQ(valueOf("K=\\xff"), "\xFF");
+    EXPECT_EQ(valueOf("K=\\x100"), "?");
+    EXPECT_EQ(valueOf("K=a\\0b"), std::string("a\0b", 3));
+    EXPECT_EQ(valueOf("K=a\\1b"), "a\\1b");
+    EXPECT_EQ(valueOf("K=a\\nb"), "a\nb");
+    EXPECT_EQ(valueOf("K=a\\"), "a\\");
+}
+
+TEST(IniText, ControlCharactersAreWrittenAsEscapesAndLatin1IsNot) {
+    const auto written = [](const std::string& value) {
+        IniText text;
+        text.set("S", "K", value);
+        return text.bytes();
+    };
+    for (const char* control : {"\x1F", "\x7F", "\x80", "\x9F"}) {
+        EXPECT_EQ(written(control).find(control), std::string::npos);
+    }
+    EXPECT_NE(written("a b").find("K=a b"), std::string::npos);
+    EXPECT_NE(written("\x7E").find('\x7E'), std::string::npos);
+    EXPECT_NE(written("\xA0").find("K=\xC2\xA0"), std::string::npos);
+}
+
+TEST(IniText, NamesOfLettersDigitsHyphensPointsAndUnderscoresAreWrittenAsTheyStand) {
+    IniText text;
+    text.set("S", "a-b.c_d9", "1");
+    EXPECT_NE(text.bytes().find("a-b.c_d9=1"), std::string::npos);
+}
+
+TEST(IniText, APercentSignWithoutTwoDigitsBehindItStandsForItself) {
+    EXPECT_TRUE(IniText("[S]\na%4g=1\n").find("S", "a%4g"));
+    EXPECT_TRUE(IniText("[S]\na%g4=1\n").find("S", "a%g4"));
+    EXPECT_TRUE(IniText("[S]\na%41=1\n").find("S", "aA"));
+    EXPECT_TRUE(IniText("[S]\na%4=1\n").find("S", "a%4"));
+}
+
+TEST(IniText, ANoteIsNoValueHoweverItLooks) {
+    const IniText text("[S]\n;a=1\n#b=2\n");
+    EXPECT_FALSE(text.find("S", ";a"));
+    EXPECT_FALSE(text.find("S", "#b"));
+}
+
+TEST(IniText, AByteOrderMarkAtTheFrontIsPassedOver) {
+    const IniText text("\xEF\xBB\xBF[S]\nK=1\n");
+    ASSERT_TRUE(text.find("S", "K"));
+    EXPECT_EQ(*text.find("S", "K"), "1");
+}
+
 TEST(IniText, EveryByteAndEveryPairOfBytesSurvives) {
     for (int first = 0; first < 256; ++first) {
         for (int second = 0; second < 256; ++second) {

@@ -92,7 +92,7 @@ constexpr Extent Wide{1920 * 15, 1080 * 15};
 TEST(Placement, ABoardGoesToTheRightOfTheConsole) {
     const auto place = beside({0, 0, 11400, 8400}, Board, Wide);
     ASSERT_TRUE(place);
-    EXPECT_GT(place->Left, 11400);
+    EXPECT_EQ(place->Left, 11400 + 180);
     EXPECT_LE(place->Left + Board.Width, Wide.Width);
     EXPECT_EQ(place->Top, 0);
     EXPECT_EQ(place->Width, Board.Width);
@@ -102,9 +102,11 @@ TEST(Placement, ABoardGoesToTheRightOfTheConsole) {
 TEST(Placement, ABoardGoesToTheLeftWhereThereIsNoRoomToTheRight) {
     const auto place = beside({15000, 300, 11400, 8400}, Board, Wide);
     ASSERT_TRUE(place);
-    EXPECT_LT(place->Left + Board.Width, 15000);
-    EXPECT_GE(place->Left, 0);
+    EXPECT_EQ(place->Left + Board.Width, 15000 - 180);
     EXPECT_EQ(place->Top, 300);
+    const auto atTheEdge = beside({Board.Width + 180, 300, 20000, 8400}, Board, Wide);
+    ASSERT_TRUE(atTheEdge);
+    EXPECT_EQ(atTheEdge->Left, 0);
 }
 
 TEST(Placement, WhereABoardFitsOnNeitherSideThereIsNoPlaceBeside) {

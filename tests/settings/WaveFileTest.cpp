@@ -27,6 +27,9 @@ const std::string Data = "data" + number(2, 4) + "xy";
 TEST(WaveFile, AWholeUncompressedFileIsPlayable) {
     EXPECT_TRUE(isPlayableWave(wave(format(1, 1, 44100, 16) + Data)));
     EXPECT_TRUE(isPlayableWave(wave(format(1, 2, 8000, 8) + Data)));
+    EXPECT_TRUE(isPlayableWave(wave(format(1, 8, 192000, 32) + "data" + number(1, 4) + "x")))
+        << "the widest, one byte long";
+    EXPECT_TRUE(isPlayableWave(wave(format(1, 1, 1000, 8) + Data)));
 }
 
 TEST(WaveFile, OtherChunksArePassedOver) {
@@ -35,8 +38,9 @@ TEST(WaveFile, OtherChunksArePassedOver) {
 }
 
 TEST(WaveFile, CompressedOrImpossibleFormatsAreNotPlayable) {
-    for (const auto& fmt : {format(2, 1, 44100, 16), format(1, 0, 44100, 16), format(1, 9, 44100, 16),
-                            format(1, 1, 0, 16), format(1, 1, 999999, 16), format(1, 1, 44100, 7)}) {
+    for (const auto& fmt :
+         {format(2, 1, 44100, 16), format(1, 0, 44100, 16), format(1, 9, 44100, 16), format(1, 1, 0, 16),
+          format(1, 1, 999, 16), format(1, 1, 192001, 16), format(1, 1, 999999, 16), format(1, 1, 44100, 7)}) {
         EXPECT_FALSE(isPlayableWave(wave(fmt + Data)));
     }
 }
@@ -53,6 +57,7 @@ TEST(WaveFile, SamplesBeforeTheirFormatOrNoneAreNotPlayable) {
     EXPECT_FALSE(isPlayableWave(wave(Data + format(1, 1, 44100, 16))));
     EXPECT_FALSE(isPlayableWave(wave(format(1, 1, 44100, 16) + "data" + number(0, 4) + "xy")));
     EXPECT_FALSE(isPlayableWave(wave(format(1, 1, 44100, 16) + "data" + number(0xFFFFFFFF, 4) + "xy")));
+    EXPECT_FALSE(isPlayableWave(wave(format(1, 1, 44100, 16) + "data" + number(0x01000002, 4) + "xy")));
 }
 
 TEST(WaveFile, RandomBytesAreReadWithoutHarm) {

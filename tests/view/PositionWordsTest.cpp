@@ -18,6 +18,11 @@ TEST(DescribePosition, NamesAllSixKindsFromTheKingDown) {
                                         "Black: king h8, queen g8, rook f8, bishop e8, knight d8, pawn c8");
 }
 
+TEST(DescribePosition, APieceInHandIsNotOnTheBoard) {
+    const auto inHand = [](int square) -> std::int16_t { return square == 64 ? 2 : 0; };
+    EXPECT_EQ(describePosition(inHand), "White: none; Black: none");
+}
+
 TEST(DescribePosition, ASideWithoutPiecesIsNoneAndACodeOfNoPieceIsNotNamed) {
     EXPECT_EQ(describePosition([](int) { return std::int16_t{127}; }), "White: none; Black: none");
 }

@@ -1,0 +1,69 @@
+// Joined to a test program by tools/break_rules.py: says which break is chosen, and writes down which functions each
+// test enters.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <set>
+
+extern int breakChosen;
+extern int breakTraced;
+void breakSeen(int function);
+
+namespace {
+
+int numberFrom(const char* name) {
+    const char* text = std::getenv(name);
+    return text == nullptr ? 0 : std::atoi(text);
+}
+
+std::set<int>* seen = nullptr;
+
+// "Suite.Test 12 3 4 5": the test took 12 ms and entered the functions 3, 4 and 5
+class Tracer : public testing::EmptyTestEventListener {
+public:
+    explicit Tracer(const char* path) : file_(path) {}
+
+private:
+    void OnTestStart(const testing::TestInfo&) override { writeOut("-", 0); }
+    void OnTestEnd(const testing::TestInfo& test) override {
+        const auto name = std::string(test.test_suite_name()) + "." + test.name();
+        writeOut(test.result()->Failed() ? "!" + name : name, test.result()->elapsed_time());
+    }
+    void OnTestProgramEnd(const testing::UnitTest&) override { writeOut("-", 0); }
+    void writeOut(const std::string& name, long milliseconds) {
+        file_ << name << ' ' << milliseconds;
+        for (const int function : *seen) file_ << ' ' << function;
+        file_ << std::endl;
+        seen->clear();
+    }
+    std::ofstream file_;
+};
+
+} // namespace
+
+void breakSeen(int function) {
+    if (seen == nullptr) seen = new std::set<int>;
+    seen->insert(function);
+}
+
+int breakChosen = 0;
+int breakTraced = 0;
+
+namespace {
+
+// Before every initialisation of the program's own, which may already run a broken function.
+__attribute__((constructor(101))) void choose() {
+    breakChosen = numberFrom("BREAK_CHOSEN");
+    breakTraced = std::getenv("BREAK_TRACE") == nullptr ? 0 : 1;
+}
+
+const bool listens = [] {
+    if (breakTraced == 0) return false;
+    if (seen == nullptr) seen = new std::set<int>;
+    testing::UnitTest::GetInstance()->listeners().Append(new Tracer(std::getenv("BREAK_TRACE")));
+    return true;
+}();
+
+} // namespace
