@@ -5,6 +5,7 @@
 #include "panels/frmNotes.h"
 #include "panels/frmSelfCheck.h"
 #include "platform/Application.h"
+#include "platform/ContrastStyle.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
 #include "records/frmExamine.h"
@@ -112,6 +113,7 @@ int main(int argc, char** argv) {
     Application::setDesktopFileName(QStringLiteral("net.brightrank.brightrank")); // whose icon a desktop then shows
     Application::setWindowIcon(QIcon(QStringLiteral(":/icon/brightrank.svg")));
     Application::setQuitOnLastWindowClosed(false);
+    Application::setStyle(new ContrastStyle);
 
     Program program;
     frmChessClient& client = program.client;

@@ -2,6 +2,7 @@
 #include "board/BoardInput.h"
 
 #include "board/BoardParts.h"
+#include "common/modChess.h"
 #include "panels/SelfCheckSheet.h"
 #include "platform/Boxes.h"
 #include "platform/MenuEntry.h"
@@ -14,6 +15,7 @@
 
 namespace {
 
+constexpr int LeftButton = 1;
 constexpr int MovePicture = 3; // of the pointers
 constexpr int PreMovePicture = 4;
 
@@ -34,6 +36,7 @@ void BoardInput::build(QWidget* window) {
     QObject::connect(tmrSlip_, &QTimer::timeout, window, [this] { moves.tmrSlip(); });
     makeMenus(window);
     connectMouse(window);
+    connectKeys(window);
 }
 
 void BoardInput::connectMouse(QWidget* window) {
@@ -44,6 +47,37 @@ void BoardInput::connectMouse(QWidget* window) {
                      [this](int button, float x, float y) { moves.mouseMoved(button, x, y); });
     QObject::connect(view, &BoardView::mouseUp, window,
                      [this](int button, float x, float y) { moves.mouseUp(button, x, y); });
+}
+
+// The keyboard is a pointer that stands in the middle of a square.
+void BoardInput::connectKeys(QWidget* window) {
+    const BoardView* view = parts_.picChess;
+    QObject::connect(view, &BoardView::squarePressed, window,
+                     [this](int button, int square) { pressSquare(button, square); });
+    QObject::connect(view, &BoardView::squareReached, window, [this, view](int square) {
+        if (!moves.game.hand.Dragging) return;
+        const BoardPoint point = centreOf(view->geometry(), view->geometry().DisplaySquare[square]);
+        moves.mouseMoved(LeftButton, point.x, point.y);
+    });
+}
+
+// In drag style a key that lifts a piece has no end, and the next one lets go.
+void BoardInput::pressSquare(int button, int square) {
+    const BoardGeometry& geometry = parts_.picChess->geometry();
+    const BoardPoint point = centreOf(geometry, geometry.DisplaySquare[square]);
+    if (button == LeftButton && moves.game.hand.Dragging && modChess.DragMode != 0) {
+        moves.mouseUp(button, point.x, point.y);
+    } else {
+        moves.mouseDown(button, point.x, point.y);
+    }
+}
+
+bool BoardInput::putBack() {
+    if (!moves.game.hand.Dragging) return false;
+    const BoardGeometry& geometry = parts_.picChess->geometry();
+    const BoardPoint origin = centreOf(geometry, geometry.DisplaySquare[moves.game.hand.DragFrom]);
+    moves.zMouseUp(origin.x, origin.y);
+    return true;
 }
 
 void BoardInput::showPointer(int picture) const {

@@ -17,6 +17,8 @@ struct BoardInput {
 
     // Makes menus and timer as children of `window`, and takes up the mouse; the parts are built by then.
     void build(QWidget* window);
+    // A piece in hand goes back to its square. False if there is none.
+    bool putBack();
     // Shows the pointer of GameSurface::setPointerPicture.
     void showPointer(int picture) const;
     // The window asks whether it may close, which takes a menu down: a promotion dismissed so waits until goOn.
@@ -29,6 +31,8 @@ struct BoardInput {
 private:
     MoveInputSurface surface();
     void connectMouse(QWidget* window);
+    void connectKeys(QWidget* window);
+    void pressSquare(int button, int square);
     void makeMenus(QWidget* window);
     void popupDrop(const DropEntries& entries);
     void popupPromote();

@@ -104,7 +104,7 @@ void BoardParts::buildButtons(QWidget* inner) {
     }
 }
 
-// From the command line to the buttons and the move list and back.
+// From the command line to the buttons, the move list and the board and back.
 void BoardParts::orderTabs() const {
     QWidget* last = txtSend;
     const auto next = [&last](QWidget* part) { QWidget::setTabOrder(std::exchange(last, part), part); };
@@ -112,6 +112,7 @@ void BoardParts::orderTabs() const {
     next(grdMoves);
     for (StepButton* scroll : cmdScroll) next(scroll);
     for (QPushButton* button : {cmdDraw, cmdRes, cmdUn}) next(button);
+    next(picChess);
 }
 
 // The board's lower edge, the move buttons' and the last tell button's are one line; the command line stands below it.

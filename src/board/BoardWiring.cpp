@@ -82,14 +82,15 @@ void frmChessBoard::showLastMove(const std::string& text) {
     const QString shown = shownStart(text);
     if (shown == parts_.lblMove->text()) return;
     parts_.lblMove->setText(shown);
+    parts_.txtSend->setAccessibleDescription(shownText(describeMove(text))); // heard where the keys are
     if (!text.empty()) announceDescription(parts_.picChess);
 }
 
 std::string frmChessBoard::movesInWords() const {
     std::string words = describeMove(bytesOf(parts_.lblMove->text()));
-    if (!game.PreMoveSet) return words;
     if (!words.empty()) words += "; ";
-    return words + describePreMove(game.PreFrom, game.PreTo);
+    if (game.PreMoveSet) words += describePreMove(game.PreFrom, game.PreTo) + "; ";
+    return words + (game.Turn == 1 ? "White to move" : "Black to move");
 }
 
 void frmChessBoard::connectTimers() {
@@ -183,5 +184,16 @@ bool frmChessBoard::answerTypingKey(int code, bool shift) {
 }
 
 void frmChessBoard::keyPressEvent(QKeyEvent* event) {
-    if (!answerButtonKey(focusWidget(), *event, *parts_.txtSend)) QMainWindow::keyPressEvent(event);
+    if (!answerKey(*event)) QMainWindow::keyPressEvent(event);
+}
+
+// What the part that has the focus leaves to the window.
+bool frmChessBoard::answerKey(const QKeyEvent& event) {
+    const bool onBoard = focusWidget() == parts_.picChess;
+    if (event.key() == Qt::Key_F6) {
+        (onBoard ? static_cast<QWidget*>(parts_.txtSend) : parts_.picChess)->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    if (!onBoard) return answerButtonKey(focusWidget(), event, *parts_.txtSend);
+    return (event.key() == Qt::Key_Escape && input_.putBack()) || goOnInLine(event, *parts_.txtSend);
 }

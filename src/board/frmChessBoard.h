@@ -95,6 +95,7 @@ private:
     void hideHoldings();
     void showUn(bool shown);
     std::string movesInWords() const;
+    bool answerKey(const QKeyEvent& event);
     bool answerTypingKey(int code, bool shift);
     QSize frame() const;
     QSize sizeFor(int square) const;

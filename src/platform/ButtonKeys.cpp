@@ -24,18 +24,23 @@ bool isCharacter(const QKeyEvent& event) {
     return !(event.modifiers() & Commands) && !event.text().isEmpty() && event.text().front().isPrint();
 }
 
+bool goOnInLine(const QKeyEvent& event, TypingLine& line) {
+    if (event.key() == Qt::Key_Escape) {
+        line.setFocus();
+        return true;
+    }
+    if (!isCharacter(event)) return false;
+    typeInto(line, event);
+    return true;
+}
+
 bool answerButtonKey(QWidget* focus, const QKeyEvent& event, TypingLine& line) {
     auto* button = qobject_cast<QAbstractButton*>(focus);
     if (button == nullptr && qobject_cast<QAbstractItemView*>(focus) == nullptr) return false;
     if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
         if (button == nullptr) return false;
         button->click();
-    } else if (event.key() == Qt::Key_Escape) {
-        line.setFocus();
-    } else if (isCharacter(event)) {
-        typeInto(line, event);
-    } else {
-        return false;
+        return true;
     }
-    return true;
+    return goOnInLine(event, line);
 }

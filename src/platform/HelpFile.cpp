@@ -87,7 +87,8 @@ QTextBrowser* openBrowser(QWidget* parent, const QString& file) {
     browser->setAttribute(Qt::WA_DeleteOnClose);
     browser->setWindowTitle(QStringLiteral("Brightrank Help"));
     browser->setOpenExternalLinks(true);
-    browser->resize(StartSize.boundedTo(parent->screen()->availableSize()));
+    const QSize frame = parent->window()->frameSize() - parent->window()->size(); // its own will be like it
+    browser->resize(StartSize.boundedTo(parent->screen()->availableSize() - frame));
     browser->setSource(QUrl::fromLocalFile(file));
     return browser;
 }

@@ -1,6 +1,8 @@
 // A scroll bar that follows a running text at little cost.
 #include "platform/LightScrollBar.h"
 
+#include "platform/ContrastStyle.h"
+
 #include <QPaintEvent>
 #include <QPainter>
 #include <QStyleOptionSlider>
@@ -43,7 +45,8 @@ void LightScrollBar::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), look.color(QPalette::Window));
     if (maximum() == minimum()) return;
     const QRect slider = part(QStyle::SC_ScrollBarSlider).adjusted(3, 1, -3, -1);
-    painter.fillRect(slider, look.color(isSliderDown() || underMouse() ? QPalette::Highlight : QPalette::Mid));
+    const QPalette::ColorRole resting = isStark(look) ? QPalette::WindowText : QPalette::Mid;
+    painter.fillRect(slider, look.color(isSliderDown() || underMouse() ? QPalette::Highlight : resting));
     paintArrow(painter, QStyle::SC_ScrollBarSubLine, value() > minimum());
     paintArrow(painter, QStyle::SC_ScrollBarAddLine, value() < maximum());
 }

@@ -52,6 +52,13 @@ void BoardGeometry::zGetXY(std::int16_t square, float& x, float& y) const {
     y = static_cast<float>((7 - rankOf(square)) * SquarePixels);
 }
 
+int BoardGeometry::neighbour(int square, int right, int up) const {
+    const int position = DisplaySquare[square];
+    const int file = std::clamp(fileOf(position) + right, 0, 7);
+    const int rank = std::clamp(rankOf(position) + up, 0, 7);
+    return DisplaySquare[8 * rank + file];
+}
+
 int BoardGeometry::pieceOffset() const { return std::max(0, rounded((SquarePixels - (ImagePixels - 1)) / 2.0)); }
 
 int BoardGeometry::highlightThickness() const { return rounded(ImagePixels / 20.0); }

@@ -56,6 +56,9 @@ struct BoardGeometry {
     // The top left pixel of a display square.
     void zGetXY(std::int16_t square, float& x, float& y) const;
 
+    // The square that stands so many files to the right and ranks up on the screen, as far as the board goes.
+    int neighbour(int square, int right, int up) const;
+
     // Where an image stands in its square, in pixels from the square's left and top edge; never below 0.
     int pieceOffset() const;
 

@@ -3,15 +3,18 @@
 
 #include "common/modChess.h"
 #include "platform/Colors.h"
-#include "platform/Described.h"
 #include "platform/StreamText.h"
+#include "view/BoardCells.h"
 #include "view/PointerPictures.h"
 #include "view/PositionWords.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -48,10 +51,10 @@ QPointF fromCorner(const QMouseEvent& event) {
 BoardView::BoardView(Needed<std::int16_t(int square)> pieces, QWidget* parent)
     : QWidget(parent), pieceAt(std::move(pieces)), beep([] { QApplication::beep(); }) {
     setObjectName(QStringLiteral("picChess"));
-    setFocusPolicy(Qt::NoFocus);
+    setFocusPolicy(Qt::TabFocus); // a click leaves the keys where they are
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    describe(this, QAccessible::Graphic, QStringLiteral("Chess board"), [this] { return description(); });
+    describeSquares(this, tr("Chess board"));
 }
 
 void BoardView::zBoardSetup(const BoardGeometry& geometry) {
@@ -64,6 +67,7 @@ void BoardView::zBoardSetup(const BoardGeometry& geometry) {
     const int side = 8 * geometry_.SquarePixels + 2 * BorderPixels;
     setFixedSize(side, side);
     update();
+    for (int square = 0; square < 64; ++square) announcePiece(this, square);
 }
 
 void BoardView::compose() {
@@ -97,6 +101,7 @@ void BoardView::zDrawSquare(std::int16_t square, std::int16_t mode, std::int16_t
     QPainter painter(&picture_);
     paintSquare(painter, square, mode, bare != 0);
     updatePixels(squareArea(square));
+    announcePiece(this, square);
 }
 
 void BoardView::paintSquare(QPainter& painter, int square, int mode, bool bare) const {
@@ -216,10 +221,19 @@ void BoardView::paintEvent(QPaintEvent* event) {
         painter.setClipRect(shown);
         painter.drawImage(shown.topLeft(), picture_, shown);
     }
-    if (layerAlpha_ == 0) return;
     painter.setClipRect(picture_.rect());
+    if (hasFocus()) paintChoice(painter);
+    if (layerAlpha_ == 0) return;
     painter.setOpacity(layerAlpha_ / 255.0);
     paintPiece(painter, toDevice(layer_), liftedImage_);
+}
+
+// Dark and light, so that it shows on every colour of a square.
+void BoardView::paintChoice(QPainter& painter) const {
+    const int thickness = std::max(1, static_cast<int>(std::lround(ratio_ * geometry_.SquarePixels / 24)));
+    const QRect area = toDevice(squareArea(chosen_));
+    paintFrame(painter, area, thickness, Qt::black);
+    paintFrame(painter, area.adjusted(thickness, thickness, -thickness, -thickness), thickness, Qt::white);
 }
 
 bool BoardView::isOnBoard(const QPointF& point) const {
@@ -244,3 +258,49 @@ void BoardView::mouseReleaseEvent(QMouseEvent* event) {
     const QPointF point = fromCorner(*event);
     Q_EMIT mouseUp(buttonsOf(event->button()), static_cast<float>(point.x()), static_cast<float>(point.y()));
 }
+
+// Keyboard
+
+void BoardView::choose(int square) {
+    updatePixels(squareArea(chosen_));
+    chosen_ = square;
+    updatePixels(squareArea(chosen_));
+    announceSquare(this, square);
+    Q_EMIT squareReached(square);
+}
+
+void BoardView::keyPressEvent(QKeyEvent* event) {
+    const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
+    const auto go = [this](int right, int up) { choose(geometry_.neighbour(chosen_, right, up)); };
+    switch (plain ? event->key() : 0) {
+    case Qt::Key_Left:
+        return go(-1, 0);
+    case Qt::Key_Right:
+        return go(1, 0);
+    case Qt::Key_Up:
+        return go(0, 1);
+    case Qt::Key_Down:
+        return go(0, -1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        if (!event->isAutoRepeat()) Q_EMIT squarePressed(1, chosen_);
+        return;
+    default:
+        event->ignore();
+    }
+}
+
+// The menu key; the button of the pointer is a press of its own.
+void BoardView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard) Q_EMIT squarePressed(2, chosen_);
+}
+
+void BoardView::focusInEvent(QFocusEvent*) {
+    updatePixels(squareArea(chosen_));
+    QTimer::singleShot(0, this, [this] { // behind what the toolkit says of the whole board
+        if (hasFocus()) announceSquare(this, chosen_);
+    });
+}
+
+void BoardView::focusOutEvent(QFocusEvent*) { updatePixels(squareArea(chosen_)); }

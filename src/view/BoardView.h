@@ -67,6 +67,15 @@ public:
     // The pointer over the board by what zMoveOK said: -1 may move now, 1 may pre-move, anything else the default.
     void showPointer(std::int16_t moveMode);
 
+    // The square that the keyboard is at, 0 to 63, a1 at first; it keeps its name in a flip, and shows while the board
+    // has the focus.
+    int chosenSquare() const { return chosen_; }
+    void choose(int square);
+    // Whether the square was painted without its piece, which hangs on the pointer.
+    bool isLifted(int square) const { return shownBare_[square]; }
+    // Where a square stands in the widget, in pixels.
+    QRect cellOf(int square) const { return squareArea(square).translated(BorderPixels, BorderPixels); }
+
     // Moves and position in words, for assistive tools; made anew on each call.
     QString description() const;
 
@@ -80,12 +89,20 @@ Q_SIGNALS:
     void mouseDown(int button, float x, float y);
     void mouseMoved(int button, float x, float y);
     void mouseUp(int button, float x, float y);
+    // A key stands for that button (1 left, 2 right) on the square.
+    void squarePressed(int button, int square);
+    // The keyboard, or an assistive tool, has gone to the square.
+    void squareReached(int square);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     QRect squareArea(int square) const;
@@ -96,6 +113,7 @@ private:
     void paintSquare(QPainter& painter, int square, int mode, bool bare) const;
     void paintPiece(QPainter& painter, const QRect& area, int image) const;
     void compose();
+    void paintChoice(QPainter& painter) const;
 
     BoardGeometry geometry_;
     QImage picture_;     // 8 squares in device pixels
@@ -108,4 +126,5 @@ private:
     QRect layer_;                 // where the lifted piece shows, in pixels; empty if nowhere
     std::uint8_t layerAlpha_ = 0; // 0 whenever layer_ is empty
     std::int16_t pointer_ = 0;
+    int chosen_ = 0;
 };

@@ -8,9 +8,10 @@
 
 namespace {
 
+constexpr std::array Words{"king", "queen", "rook", "bishop", "knight", "pawn"};
+
 // Of the side whose six images begin with `firstImage`.
 std::string describeSide(const std::function<std::int16_t(int)>& pieceAt, int firstImage) {
-    static constexpr std::array Words{"king", "queen", "rook", "bishop", "knight", "pawn"};
     std::string text;
     for (std::size_t kind = 0; kind < Words.size(); ++kind) {
         for (int square = 0; square < 64; ++square) {
@@ -26,6 +27,13 @@ std::string describeSide(const std::function<std::int16_t(int)>& pieceAt, int fi
 
 std::string describePosition(const std::function<std::int16_t(int square)>& pieceAt) {
     return "White: " + describeSide(pieceAt, 1) + "; Black: " + describeSide(pieceAt, 7);
+}
+
+std::string describeSquare(int square, std::int16_t code, bool lifted) {
+    const int image = pieceImage(code);
+    if (image == 0) return zSquareName(square) + ", empty";
+    const std::string piece = Words.at(static_cast<std::size_t>((image - 1) % 6));
+    return zSquareName(square) + (image <= 6 ? ", white " : ", black ") + piece + (lifted ? ", in hand" : "");
 }
 
 std::string describeMove(std::string_view move) {

@@ -36,7 +36,7 @@ protected:
 
 } // namespace
 
-TEST_F(BoardKeys, TabGoesFromTheLineOverEveryButtonAndTheListAndBackToIt) {
+TEST_F(BoardKeys, TabGoesFromTheLineOverEveryButtonTheListAndTheBoardAndBackToIt) {
     position(board->game, 0); // an observed game, which can be left
     std::vector<std::string> reached{focused()};
     do {
@@ -47,10 +47,10 @@ TEST_F(BoardKeys, TabGoesFromTheLineOverEveryButtonAndTheListAndBackToIt) {
     for (int index = 0; index < 10; ++index) wanted.push_back("cmdTell(" + std::to_string(index) + ")");
     wanted.emplace_back("grdMoves");
     for (int index = 0; index < 5; ++index) wanted.push_back("cmdScroll(" + std::to_string(index) + ")");
-    for (const char* name : {"cmdDraw", "cmdRes", "cmdUn", "txtSend"}) wanted.emplace_back(name);
+    for (const char* name : {"cmdDraw", "cmdRes", "cmdUn", "picChess", "txtSend"}) wanted.emplace_back(name);
     EXPECT_EQ(reached, wanted);
     press(Qt::Key_Backtab);
-    EXPECT_EQ(focused(), "cmdUn");
+    EXPECT_EQ(focused(), "picChess");
 }
 
 TEST_F(BoardKeys, AClickLeavesTheKeysInTheLine) {

@@ -21,10 +21,10 @@ TEST_F(BoardSpoken, EachArrivingMoveIsAnnouncedWithItsSignInWords) {
     EXPECT_TRUE(tool.heard.empty()) << "no move yet";
     receive(board, {.ranks = AfterE4, .turn = "B", .relation = 0, .moveNumber = 8, .pretty = "Bb5"});
     EXPECT_EQ(tool.heard, std::vector{picChess});
-    EXPECT_TRUE(described(board).startsWith(QStringLiteral("8. Bb5; White: king e1")));
+    EXPECT_TRUE(described(board).startsWith(QStringLiteral("8. Bb5; Black to move; White: king e1")));
     receive(board, {.ranks = AfterE4E5, .turn = "W", .relation = 0, .moveNumber = 9, .pretty = "Qg5+"});
     EXPECT_EQ(tool.heard, (std::vector{picChess, picChess}));
-    EXPECT_TRUE(described(board).startsWith(QStringLiteral("8.. Qg5, check; White: ")));
+    EXPECT_TRUE(described(board).startsWith(QStringLiteral("8.. Qg5, check; White to move; White: ")));
 }
 
 TEST_F(BoardSpoken, APositionThatComesAgainIsNotAnnouncedAgain) {
@@ -39,13 +39,20 @@ TEST_F(BoardSpoken, AQueuedPreMoveStandsBehindTheLastMove) {
     frmChessBoard& board = openWaiting();
     drag(board, "g1", "f3");
     ASSERT_TRUE(board.game.PreMoveSet);
-    EXPECT_TRUE(described(board).startsWith(QStringLiteral("1. e4; pre-move g1 to f3; White: ")));
+    EXPECT_TRUE(described(board).startsWith(QStringLiteral("1. e4; pre-move g1 to f3; Black to move; White: ")));
     receiveAnswer(board);
     EXPECT_FALSE(described(board).contains(QStringLiteral("pre-move")));
 }
 
-TEST_F(BoardSpoken, WithoutAMoveThePositionStandsAlone) {
-    EXPECT_TRUE(described(openMine()).startsWith(QStringLiteral("White: king e1")));
+TEST_F(BoardSpoken, WithoutAMoveTheSideToMoveStandsInFrontOfThePosition) {
+    EXPECT_TRUE(described(openMine()).startsWith(QStringLiteral("White to move; White: king e1")));
+}
+
+TEST_F(BoardSpoken, TheLastMoveIsHeardWhereTheKeysAre) {
+    frmChessBoard& board = openMine();
+    EXPECT_EQ(described(board, "txtSend"), QString());
+    receive(board, {.ranks = AfterE4E5, .turn = "W", .relation = 1, .moveNumber = 9, .pretty = "Qg5+"});
+    EXPECT_EQ(described(board, "txtSend"), QStringLiteral("8.. Qg5, check"));
 }
 
 TEST_F(BoardSpoken, TheSecondsOfAClockAreNotAnnounced) {

@@ -1,6 +1,7 @@
 """The program as an assistive tool knows it: roles, names, states and actions, over the accessibility bus. To be run by
 the system's own python3, for which the distribution packs the bus's library."""
 import atexit
+import contextlib
 import os
 import subprocess
 import tempfile
@@ -48,6 +49,12 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
 STATES = {name: getattr(Atspi.StateType, name.upper()) for name in ("enabled", "checked", "focused", "showing", "visible")}
+
+
+def hearWhatIsThere():
+    """What the bus has said since the last time."""
+    while GLib.MainContext.default().iteration(False):
+        pass
 
 
 class Node:
@@ -102,8 +109,7 @@ class AccessibleDisplay(ManagedDisplay):
 
     def program(self):
         def found():
-            while GLib.MainContext.default().iteration(False):
-                pass  # hears which programs have come and gone
+            hearWhatIsThere()  # which programs have come and gone
             desktop = Atspi.get_desktop(0)
             desktop.clear_cache()
             each = [desktop.get_child_at_index(index) for index in range(desktop.get_child_count())]
@@ -120,6 +126,53 @@ class AccessibleDisplay(ManagedDisplay):
 
     def window(self, title):
         return waitFor(lambda: next(iter(self.windows(title)), None), f"a window {title!r}")
+
+
+class Ears:
+    """Hears what the program tells assistive tools while the `with` block lasts: where the keyboard goes, and which
+    descriptions change."""
+    FOCUS, DESCRIPTION = "object:state-changed:focused", "object:property-change:accessible-description"
+
+    def __enter__(self):
+        self.forget()
+        self.listener = Atspi.EventListener.new(self.hear)
+        for kind in self.FOCUS, self.DESCRIPTION:
+            self.listener.register(kind)
+        return self
+
+    def __exit__(self, *_):
+        for kind in self.FOCUS, self.DESCRIPTION:
+            self.listener.deregister(kind)
+
+    def forget(self):
+        hearWhatIsThere()
+        self.focused, self.name, self.described = None, None, []
+
+    def hear(self, event):
+        with contextlib.suppress(GLib.Error):  # it has gone meanwhile
+            thing = Node(event.source)
+            if event.type == self.DESCRIPTION:
+                self.described.append(thing.description)
+            elif event.detail1:
+                self.focused, self.name = thing, thing.name or thing.role
+
+    def focus(self):
+        """The name of what has the keyboard, or its role if it has no name; None if nothing was heard."""
+        hearWhatIsThere()
+        return self.name
+
+    def inside(self, role, name=None):
+        """Whether what has the keyboard, or something that it stands in, has that role and name."""
+        thing = self.focused.thing
+        while thing:
+            if Node(thing).role == role and name in (None, Node(thing).name):
+                return True
+            thing = thing.get_parent()
+        return False
+
+    def descriptions(self):
+        hearWhatIsThere()
+        return self.described
 
 
 def menusOf(window):

@@ -52,6 +52,24 @@ TEST(GetSqr, APointThatIsNoNumberOrFarAwayIs64) {
     EXPECT_EQ(board.zGetSqr(1e30F, 1e30F), OffBoard);
 }
 
+TEST(Neighbour, IsCountedAsTheBoardStandsOnTheScreen) {
+    BoardGeometry board;
+    EXPECT_EQ(board.neighbour(0, 1, 0), 1);
+    EXPECT_EQ(board.neighbour(12, 0, 1), 20);
+    board.Flipped = true;
+    board.zBoardSetup({}, 0);
+    EXPECT_EQ(board.neighbour(63, 1, 0), 62);
+    EXPECT_EQ(board.neighbour(12, 0, 1), 4);
+}
+
+TEST(Neighbour, EndsAtTheEdges) {
+    const BoardGeometry board;
+    EXPECT_EQ(board.neighbour(0, -1, 0), 0);
+    EXPECT_EQ(board.neighbour(0, 0, -1), 0);
+    EXPECT_EQ(board.neighbour(63, 1, 1), 63);
+    EXPECT_EQ(board.neighbour(7, 1, 0), 7) << "not on to the next rank";
+}
+
 TEST(GetXY, IsTheTopLeftPixelOfTheDisplaySquare) {
     const BoardGeometry board = boardOf(37);
     float x = -1;

@@ -73,4 +73,4 @@ TEST_F(MouseSignalsTest, ADoubleClickIsTwoPresses) {
     expectOne(down, 1, 10, 10);
 }
 
-TEST_F(MouseSignalsTest, TheBoardNeverTakesTheKeyboard) { EXPECT_EQ(view.focusPolicy(), Qt::NoFocus); }
+TEST_F(MouseSignalsTest, AClickNeverTakesTheKeyboard) { EXPECT_EQ(view.focusPolicy(), Qt::TabFocus); }

@@ -27,6 +27,20 @@ TEST(DescribePosition, ASideWithoutPiecesIsNoneAndACodeOfNoPieceIsNotNamed) {
     EXPECT_EQ(describePosition([](int) { return std::int16_t{127}; }), "White: none; Black: none");
 }
 
+TEST(DescribeSquare, NamesTheSquareAndWhatStandsThere) {
+    EXPECT_EQ(describeSquare(28, 6, false), "e4, white pawn");
+    EXPECT_EQ(describeSquare(60, -1, false), "e8, black king");
+    EXPECT_EQ(describeSquare(0, 3, false), "a1, white rook");
+    EXPECT_EQ(describeSquare(63, -6, false), "h8, black pawn");
+    EXPECT_EQ(describeSquare(36, 0, false), "e5, empty");
+    EXPECT_EQ(describeSquare(36, 127, false), "e5, empty");
+}
+
+TEST(DescribeSquare, APieceThatIsLiftedIsInHand) {
+    EXPECT_EQ(describeSquare(12, 6, true), "e2, white pawn, in hand");
+    EXPECT_EQ(describeSquare(12, 0, true), "e2, empty");
+}
+
 TEST(DescribeMove, ASignOfCheckOrMateIsAWord) {
     EXPECT_EQ(describeMove("8.. Qg5+"), "8.. Qg5, check");
     EXPECT_EQ(describeMove("9. Qf7#"), "9. Qf7, checkmate");
