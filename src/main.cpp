@@ -7,6 +7,7 @@
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
+#include "platform/RestingCaret.h"
 #include "records/frmExamine.h"
 #include "records/frmHistory.h"
 #include "seek/frmMatch.h"
@@ -106,6 +107,7 @@ int main(int argc, char** argv) {
     Application::setWindowIcon(QIcon(QStringLiteral(":/icon/brightrank.svg")));
     Application::setQuitOnLastWindowClosed(false);
 
+    const RestingCaret caret(application);
     Program program;
     frmChessClient& client = program.client;
     EndRequests endRequests([&client] { client.close(); });
