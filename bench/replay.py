@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """Measures the whole program: a server of its own plays games and tells to it on a virtual display.
 
-    bench/replay.py [--program build/release/brightrank] [--runs 3] [--sound] [--picture FILE] [--only boards]
+    bench/replay.py [--program build/release/brightrank ...] [--runs 3] [--sound] [--picture FILE] [--only boards]
+
+Several programs are measured in turn. The parts `million` (a million lines of the console) and `wakes` (how often the
+program wakes while nothing happens) run only when --only names them.
 
 CPU is the run time of all threads as the kernel counts it (/proc/PID/task/*/schedstat, nanoseconds; /proc/PID/stat
 says the same in steps of 10 ms). A stretch of text ends with thirty underscores, which the program answers with "Set
@@ -28,6 +31,7 @@ PROMPT = b"\n\rfics% "
 MARK = b"\n\r" + b"_" * 30 + PROMPT
 QUIET = 0.15  # seconds without work after which all counts as painted
 SECONDS = 10  # of updates on many boards
+RESTING = 12  # seconds behind which a caret that nobody uses is at rest
 
 STORE = """[Client]
 Registry_OK=Yes
@@ -75,10 +79,10 @@ def manyGames(count, rounds):
              for game in range(1, count + 1)] for number in range(rounds)]
 
 
-def channelTells(count):
-    """One piece of that many lines."""
+def channelTells(count, first=0):
+    """One piece of the lines from `first` up to that many."""
     words = "the rook belongs behind the passed pawn and the king in front of it even when it costs a tempo".split()
-    return [[f"\n\rName(50): {n} {' '.join(words[n % 5:n % 5 + 4 + n % 11])}".encode() + PROMPT for n in range(count)]]
+    return [[f"\n\rName(50): {n} {' '.join(words[n % 5:n % 5 + 4 + n % 11])}".encode() + PROMPT for n in range(first, count)]]
 
 
 class Program:
@@ -104,6 +108,17 @@ class Program:
         """Megabytes, 10^6 bytes."""
         status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
         return int(re.search(what + r":\s+(\d+)", status)[1]) * 1024 / 1e6
+
+    def wakes(self, seconds):
+        """How often a second its threads have gone to sleep, in so many seconds from now."""
+        before = self.sleeps()
+        time.sleep(seconds)
+        return (self.sleeps() - before) / seconds
+
+    def sleeps(self):
+        tasks = pathlib.Path(f"/proc/{self.process.pid}/task").iterdir()
+        return sum(int(re.search(r"^voluntary_ctxt_switches:\s+(\d+)", (task / "status").read_text(), re.MULTILINE)[1])
+                   for task in tasks)
 
     def awaitQuiet(self):
         """Waits until nothing is worked on any more; gives the moment at which that began."""
@@ -179,8 +194,8 @@ def stretch(program, server, parts, pause=0.0):
     return program.cpu() - cpu, read, visible
 
 
-def start(options, display):
-    program = Program(options.program, display)
+def start(path, options, display):
+    program = Program(path, display)
     display.awaitMap()
     mapped = program.cpu()
     time.sleep(2)
@@ -192,9 +207,9 @@ def start(options, display):
     return figures
 
 
-def replay(options, display):
+def replay(path, options, display):
     server = Server()
-    program = Program(options.program, display, server.port, True, options.sound)
+    program = Program(path, display, server.port, True, options.sound)
     server.logOn()
     figures = {}
 
@@ -228,10 +243,75 @@ def replay(options, display):
     return figures
 
 
-def boards(options, display):
+def million(path, options, display):
+    """Channel tells up to that number, a page turned by a key then, and by the wheel."""
+    server = Server()
+    program = Program(path, display, server.port, True, options.sound)
+    server.logOn()
+    part, step = 10000, 90000
+    figures = {"console: resident without lines, MB": program.memory()}
+
+    def measure(tells, name):
+        cpu, _, _ = stretch(program, server, [tells])
+        figures[f"console: {name}: CPU of one, us"] = cpu / len(tells) * 1e6
+
+    said = 0
+    while said < options.million:
+        tells = channelTells(said + part + step, said)[0]
+        measure(tells[:part], f"lines {said + 1} to {said + part}")
+        said += part + step
+        stretch(program, server, [tells[part:-part]])
+        measure(tells[-part:], f"lines {said - part + 1} to {said}")
+        figures[f"console: resident after {said} lines, MB"] = program.memory()
+    turnPages(program, display, figures)
+    program.end()
+    server.end()
+    return figures
+
+
+def turnPages(program, display, figures):
+    """The pages of the console that the pointer stands on, up from its end."""
+    display.click(400, 300)
+    time.sleep(0.3)
+    for name, turn in (("page turned by a key", lambda: display.keys("Prior")),
+                       ("line of the wheel", lambda: display.turnWheel(up=True)),
+                       ("jump to the other end", iter([lambda: display.keys("ctrl+Home"),
+                                                       lambda: display.keys("ctrl+End")] * 10).__next__)):
+        spent = []
+        for _ in range(20):
+            act = turn() if name.startswith("jump") else turn
+            program.awaitQuiet()
+            cpu = program.cpu()
+            act()
+            program.awaitQuiet()
+            spent.append((program.cpu() - cpu) * 1000)
+        figures[f"console: one {name}: CPU, ms"] = statistics.median(spent)
+        figures[f"console: one {name}: CPU of the dearest of 20, ms"] = max(spent)
+
+
+def wakes(path, options, display):
+    """With the caret out of sight, and in the console's command line."""
+    server = Server()
+    program = Program(path, display, server.port, True, options.sound)
+    server.logOn()
+    time.sleep(2)
+    figures = {"wakes a second, no clock, no caret": program.wakes(20)}
+    display.click(400, 550)
+    figures["wakes a second, no clock, a caret that was just used"] = program.wakes(8)
+    time.sleep(RESTING - 8)
+    figures["wakes a second, no clock, a caret"] = program.wakes(20)
+    server.socket.sendall(manyGames(1, 1)[0][0])
+    time.sleep(2)
+    figures["wakes a second, a running clock, a caret"] = program.wakes(20)
+    program.end()
+    server.end()
+    return figures
+
+
+def boards(path, options, display):
     """One board for each of many games that go on side by side at the pace of people."""
     server = Server()
-    program = Program(options.program, display, server.port, True, options.sound)
+    program = Program(path, display, server.port, True, options.sound)
     server.logOn()
     count = options.boards
     first, *rounds = manyGames(count, 1 + SECONDS)
@@ -261,9 +341,12 @@ def boards(options, display):
     return figures
 
 
+USUAL, ON_DEMAND = (start, replay, boards), (million, wakes)
+
+
 def main():
     parser = argparse.ArgumentParser(description="Measures the whole program on a virtual display.")
-    parser.add_argument("--program", default=str(ROOT / "build/release/brightrank"))
+    parser.add_argument("--program", nargs="+", default=[str(ROOT / "build/release/brightrank")])
     parser.add_argument("--runs", type=int, default=3)
     parser.add_argument("--updates", type=int, default=2000)
     parser.add_argument("--paced", type=int, default=300)
@@ -272,21 +355,23 @@ def main():
     parser.add_argument("--sound", action="store_true", help="with Sound_On=1")
     parser.add_argument("--picture", help="saves FILE-games.png, FILE-tells.png, FILE-boards.png")
     parser.add_argument("--boards", type=int, default=40)
-    parser.add_argument("--only", choices=["start", "replay", "boards"], help="one of the three parts")
+    parser.add_argument("--million", type=int, default=1000000, help="lines of that part, in hundred thousands")
+    parser.add_argument("--only", choices=[part.__name__ for part in (*USUAL, *ON_DEMAND)], help="one of the parts")
     options = parser.parse_args()
-    options.program = str(pathlib.Path(options.program).resolve())
-    table = {}
+    parts = [part for part in (*USUAL, *ON_DEMAND) if part.__name__ == options.only] or USUAL
+    paths = [str(pathlib.Path(path).resolve()) for path in options.program]
+    tables = {path: {} for path in paths}
     for _ in range(options.runs):
-        for part in (start, replay, boards):
-            if options.only not in (None, part.__name__):
-                continue
-            with Display() as display:
-                for name, value in part(options, display).items():
-                    table.setdefault(name, []).append(value)
-    width = max(map(len, table))
-    print(f"{'':{width}}  {'least':>9}  {'median':>9}")
-    for name, values in table.items():
-        print(f"{name:{width}}  {min(values):9.3f}  {statistics.median(values):9.3f}")
+        for part in parts:
+            for path in paths:
+                with Display() as display:
+                    for name, value in part(path, options, display).items():
+                        tables[path].setdefault(name, []).append(value)
+    for path, table in tables.items():
+        width = max(map(len, table))
+        print(f"{path if len(paths) > 1 else '':{width}}  {'least':>9}  {'median':>9}")
+        for name, values in table.items():
+            print(f"{name:{width}}  {min(values):9.3f}  {statistics.median(values):9.3f}")
 
 
 if __name__ == "__main__":

@@ -8,6 +8,7 @@
 #include "platform/ContrastStyle.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
+#include "platform/RestingCaret.h"
 #include "records/frmExamine.h"
 #include "records/frmHistory.h"
 #include "seek/frmMatch.h"
@@ -115,6 +116,7 @@ int main(int argc, char** argv) {
     Application::setQuitOnLastWindowClosed(false);
     Application::setStyle(new ContrastStyle);
 
+    const RestingCaret caret(application);
     Program program;
     frmChessClient& client = program.client;
     EndRequests endRequests([&client] { client.close(); });

@@ -9,6 +9,12 @@
 #include <cmath>
 #include <cstdlib>
 
+int untilNextSecond(double secondsOfDay) {
+    constexpr int Behind = 2; // milliseconds, so that a tick does not come just before the change that it is for
+    const double left = std::floor(secondsOfDay) + 1.0 - secondsOfDay;
+    return static_cast<int>(std::ceil(left * 1000.0)) + Behind;
+}
+
 std::string zTimeFix(int seconds) {
     const int whole = std::abs(seconds);
     const std::string rest = std::to_string(whole % 60);

@@ -1,6 +1,7 @@
 // A board window: what its game shows where, and what its menus and keys do.
 #include "board/frmChessBoard.h"
 
+#include "board/BoardClock.h"
 #include "common/TypingKey.h"
 #include "platform/Boxes.h"
 #include "platform/ButtonKeys.h"
@@ -14,6 +15,10 @@
 
 #include <QApplication>
 #include <QStatusBar>
+
+namespace {
+constexpr int FirstClockTick = 100; // milliseconds; the second in which a game begins counts, as in its later looks
+} // namespace
 
 GameSurface frmChessBoard::surface() {
     return {
@@ -36,7 +41,7 @@ GameSurface frmChessBoard::surface() {
         .showUn = [this](bool shown) { showUn(shown); },
         .enableSavePGN = [this](bool enabled) { menus_.mnuSavePGN->setEnabled(enabled); },
         .bringToFront = [this] { bringInFront(*this); },
-        .startClock = [this] { tmrClock_.start(); },
+        .startClock = [this] { tmrClock_.start(FirstClockTick); },
         .stopClock = [this] { tmrClock_.stop(); },
         .startNoPlay = [this] { tmrNoPlay_.start(); },
         .stopNoPlay = [this] { tmrNoPlay_.stop(); },
@@ -99,10 +104,14 @@ void frmChessBoard::connectTimers() {
         timer.setObjectName(QString::fromLatin1(name));
         timer.setInterval(milliseconds);
     };
-    prepare(tmrClock_, "tmrClock", 100);
+    prepare(tmrClock_, "tmrClock", FirstClockTick);
+    tmrClock_.setTimerType(Qt::PreciseTimer); // so that the clocks of all boards tick as one
     prepare(tmrNoPlay_, "tmrNoPlay", 4000);
     tmrResize_.setInterval(ResizeWatch::IntervalMs);
-    connect(&tmrClock_, &QTimer::timeout, this, [this] { game.tmrClock(); });
+    connect(&tmrClock_, &QTimer::timeout, this, [this] {
+        tmrClock_.setInterval(untilNextSecond(wallClock.secondsOfDay()));
+        game.tmrClock();
+    });
     connect(&tmrNoPlay_, &QTimer::timeout, this, [this] { game.tmrNoPlay(); });
     connect(&tmrResize_, &QTimer::timeout, this, [this] {
         tmrResize_.stop();

@@ -29,7 +29,7 @@ struct GameSurface {
     Needed<void()> bringToFront;              // Show and SetFocus of the window
 
     // Timers
-    Needed<void()> startClock; // tmrClock, 100 ms
+    Needed<void()> startClock; // tmrClock, 100 ms, and then whenever the second changes
     Needed<void()> stopClock;
     Needed<void()> startNoPlay; // tmrNoPlay, 4000 ms
     Needed<void()> stopNoPlay;

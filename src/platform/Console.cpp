@@ -8,6 +8,7 @@
 #include "platform/StreamText.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QTextBlock>
@@ -15,6 +16,9 @@
 #include <cmath>
 #include <optional>
 #include <tuple>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 constexpr int FrameMilliseconds = 16;
@@ -22,6 +26,13 @@ constexpr int CrowdedMilliseconds = 50; // once frames bring most of a page each
 constexpr int CrowdedFrames = 10;       // in a row, until then
 constexpr qsizetype LongestLine = 4096; // characters
 constexpr int MostTries = 4;            // to find the end; the second one does
+// The sweep of lines, in lines and milliseconds.
+constexpr int Kept = 500;         // above the place where text goes in, so that who reads there waits for nothing
+constexpr int Worthwhile = 256;   // fewer are left for later
+constexpr int AtOnce = 2000;      // some 6 ms
+constexpr int SweepPause = 20;    // between two of these
+constexpr int ResizePause = 1000; // a new width lays hands on all lines, and more such sizes may be to come
+constexpr int Many = 50000;       // whose memory is worth being handed back to the system
 
 // `text` with a line break wherever a line of the screen would get longer than `LongestLine`: the toolkit's time for a
 // line grows with the square of its length. The line begins `column` characters before the text.
@@ -38,6 +49,12 @@ QString brokenLines(const QString& text, qsizetype column) {
         column = ends ? 0 : column + 1;
     }
     return broken;
+}
+
+void giveBackMemory() {
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }
 
 bool hasOneWidth(const QFont& font) {
@@ -60,6 +77,8 @@ Console::Console(QWidget* parent) : QPlainTextEdit(parent) {
     setVerticalScrollBar(bar);
     frame_.setSingleShot(true);
     connect(&frame_, &QTimer::timeout, this, &Console::flush);
+    sweeping_.setSingleShot(true);
+    connect(&sweeping_, &QTimer::timeout, this, &Console::sweep);
 }
 
 // Told of a change before the view is, which finds more lines while it scrolls and so may change the range once more.
@@ -117,6 +136,7 @@ void Console::scrollContentsBy(int dx, int dy) {
 
 // The toolkit lays hands on all lines between the first and the last that have to be painted.
 void Console::paintEvent(QPaintEvent* event) {
+    LineSweep::laidOut(firstVisibleBlock(), verticalScrollBar()->pageStep() + 2);
     for (const QRect& part : event->region()) {
         QPaintEvent one(part);
         QPlainTextEdit::paintEvent(&one);
@@ -125,9 +145,9 @@ void Console::paintEvent(QPaintEvent* event) {
 
 void Console::resizeEvent(QResizeEvent* event) {
     QPlainTextEdit::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width()) widthChanged();
     showEnd();
 }
-
 // The toolkit does not count the lines of another font.
 void Console::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
@@ -216,11 +236,42 @@ void Console::insertAtCursor() {
 // A cursor of the window that stands at the insertion point moves along with the text by itself.
 void Console::insertWaiting() {
     point_.clearSelection();
+    const int line = point_.blockNumber();
     point_.beginEditBlock();
     for (const Run& run : std::exchange(waiting_, {})) {
         point_.insertText(brokenLines(run.text, point_.positionInBlock()), run.format);
     }
     point_.endEditBlock();
+    linesChanged(line);
+}
+
+// As it goes on, the place where text goes in is as far above as the user has put it.
+int Console::sweepEnd() const { return point_.blockNumber() - Kept; }
+
+// The toolkit has laid out the last page, to know how far one may scroll.
+void Console::linesChanged(int from) {
+    lines_.changedFrom(from);
+    const int page = verticalScrollBar()->pageStep() + 1;
+    LineSweep::laidOut(document()->findBlockByNumber(from), 1);
+    LineSweep::laidOut(document()->findBlockByNumber(std::max(0, document()->blockCount() - page)), page);
+    if (!sweeping_.isActive() && lines_.behind(sweepEnd()) >= Worthwhile) sweeping_.start(SweepPause);
+}
+
+void Console::widthChanged() {
+    lines_.allLaidOut();
+    if (lines_.behind(sweepEnd()) >= Worthwhile) sweeping_.start(ResizePause);
+}
+
+// While a button is down the toolkit may hold cursors of its own.
+void Console::sweep() {
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) return sweeping_.start(ResizePause);
+    const QTextCursor shown = textCursor();
+    const int before = lines_.behind(sweepEnd());
+    lines_.sweep(sweepEnd(), AtOnce, {shown.anchor(), shown.position(), kept_.anchor(), kept_.position()});
+    const int after = lines_.behind(sweepEnd());
+    sweptOnce_ += before - after;
+    if (after >= Worthwhile) return sweeping_.start(SweepPause);
+    if (std::exchange(sweptOnce_, 0) >= Many) giveBackMemory();
 }
 
 // Text that goes in at the end of a selection would become part of it.

@@ -1,6 +1,8 @@
 // The text surface of the console and of the chat boxes: coloured text that goes in at the insertion point.
 #pragma once
 
+#include "platform/LineSweep.h"
+
 #include <QElapsedTimer>
 #include <QPlainTextEdit>
 #include <QTimer>
@@ -76,6 +78,10 @@ private:
     void showEnd();
     template <typename Act>
     void keepView(Act act);
+    void linesChanged(int from);
+    void widthChanged();
+    int sweepEnd() const;
+    void sweep();
     void insertAtCursor();
     void insertWaiting();
     void paintFrom(int line);
@@ -88,6 +94,9 @@ private:
     QTextCursor kept_;  // the selection as the last insertion left it; while it stands, text goes on behind point_
     QTextCursor point_; // behind the text that went in last
     QTimer frame_;
+    LineSweep lines_{*document()}; // so that a line that has been shown costs no more than another
+    QTimer sweeping_;
+    int sweptOnce_ = 0;     // lines since the sweep was behind
     QElapsedTimer shown_;   // since text went in
     int crowded_ = 0;       // frames in a row that brought more than half a page
     bool following_ = true; // the user has not scrolled up from the end

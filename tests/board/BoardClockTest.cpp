@@ -39,6 +39,13 @@ TEST(TimeFix, ReadsMinutesAndTwoDigitsOfSeconds) {
     EXPECT_EQ(zTimeFix(-32768), "-546:08");
 }
 
+TEST(BoardClock, SleepsUntilJustBehindTheNextSecond) {
+    EXPECT_EQ(untilNextSecond(1000.0), 1002);
+    EXPECT_EQ(untilNextSecond(1000.25), 752);
+    EXPECT_EQ(untilNextSecond(1000.9999), 3);
+    EXPECT_EQ(untilNextSecond(86399.5), 502); // midnight
+}
+
 TEST(BoardClock, CountsOnlyWhenTheWholeSecondChanges) {
     RunningClock clock(300);
     clock.tickAt(1000.9);

@@ -74,9 +74,9 @@ TEST_F(BoardWindow, TheKeptPictureHoldsAPieceThatHasLanded) {
     EXPECT_NE(picChess.picture(), before);
 }
 
-TEST_F(BoardWindow, TheClockLooksAtTheTimeTenTimesASecond) {
+TEST_F(BoardWindow, TheClockLooksAtTheTimeAtOnceAndThenBehindEachChangeOfTheSecond) {
     int looks = 0;
-    wallClock.secondsOfDay = [&looks] { return 1000.0 + ++looks; };
+    wallClock.secondsOfDay = [&looks] { return 1000.75 + ++looks; };
     frmChessBoard& board = open();
     position(board.game, 0);
     auto& tmrClock = part<QTimer>(board, "tmrClock");
@@ -84,6 +84,8 @@ TEST_F(BoardWindow, TheClockLooksAtTheTimeTenTimesASecond) {
     EXPECT_EQ(tmrClock.interval(), 100);
     looks = 0;
     EXPECT_TRUE(waitUntil([&] { return looks > 0; }));
+    EXPECT_EQ(tmrClock.interval(), 252);
+    EXPECT_TRUE(tmrClock.isActive());
     board.game.surface.stopClock();
     EXPECT_FALSE(tmrClock.isActive());
     wallClock = Clock();

@@ -1,0 +1,244 @@
+// The sweep frees the layouts of lines and changes nothing else.
+#include "platform/LineSweep.h"
+
+#include "platform/Console.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QScrollBar>
+#include <QTest>
+#include <QTextBlock>
+
+#include <gtest/gtest.h>
+
+#include <malloc.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Glyph {
+    QChar character;
+    QTextCharFormat format;
+    bool operator==(const Glyph&) const = default;
+};
+
+std::vector<Glyph> glyphsOf(QTextDocument& text) {
+    std::vector<Glyph> all;
+    QTextCursor at(&text);
+    for (int place = 1; place < text.characterCount(); ++place) {
+        at.setPosition(place);
+        all.push_back({text.characterAt(place - 1), at.charFormat()});
+    }
+    return all;
+}
+
+// Lines of several colours, an empty one, one without an end, and rows as a narrow page would count them.
+class LineSweepTest : public testing::Test {
+protected:
+    LineSweepTest() {
+        QTextCursor at(&text);
+        for (int line = 0; line < 60; ++line) {
+            QTextCharFormat format;
+            format.setForeground(QColor(line, 255 - line, 3));
+            if (line % 7 == 0) format.setFontWeight(QFont::Bold);
+            at.insertText(QStringLiteral("%1: line").arg(line), format);
+            if (line % 5 == 0) at.insertText(QStringLiteral("\n"), format);
+            format.setForeground(Qt::white);
+            at.insertText(QStringLiteral(" and rest\n"), format);
+        }
+        for (QTextBlock line = text.begin(); line.isValid(); line = line.next()) {
+            line.setLineCount(1 + line.blockNumber() % 3);
+        }
+    }
+
+    std::vector<int> rows() const {
+        std::vector<int> all;
+        for (QTextBlock line = text.begin(); line.isValid(); line = line.next()) all.push_back(line.firstLineNumber());
+        return all;
+    }
+
+    QTextDocument text;
+    LineSweep sweep{text};
+
+    // Takes all lines as laid out.
+    void sweepAll(std::initializer_list<int> cursors = {}) {
+        sweep.allLaidOut();
+        sweep.sweep(text.blockCount(), 10, cursors);
+        sweep.sweep(text.blockCount(), 1000, cursors);
+    }
+};
+
+// Bytes that are in use; 0 where the allocator does not tell.
+std::size_t inUse() { return mallinfo2().uordblks; }
+
+} // namespace
+
+TEST_F(LineSweepTest, TextFormatsAndCountedLinesStay) {
+    const QString before = text.toPlainText();
+    const auto glyphs = glyphsOf(text);
+    const auto counted = rows();
+    sweepAll();
+    EXPECT_EQ(sweep.behind(text.blockCount()), 0);
+    EXPECT_EQ(text.toPlainText(), before);
+    EXPECT_EQ(glyphsOf(text), glyphs);
+    EXPECT_EQ(rows(), counted);
+}
+
+TEST_F(LineSweepTest, CursorsStayWhereTheyStandThoseAtALinesEndsToo) {
+    const QTextBlock line = text.findBlockByNumber(20);
+    for (const int place : {line.position() - 1, line.position(), line.position() + 4}) {
+        QTextCursor cursor(&text);
+        cursor.setPosition(place);
+        cursor.setPosition(line.position() + 200, QTextCursor::KeepAnchor);
+        const QString selected = cursor.selectedText();
+        sweepAll({cursor.anchor(), cursor.position()});
+        EXPECT_EQ(cursor.anchor(), place);
+        EXPECT_EQ(cursor.selectedText(), selected);
+    }
+}
+
+TEST_F(LineSweepTest, NobodyIsToldOfIt) {
+    std::string told;
+    const auto note = [&told](const char* what) { return [&told, what] { told += what; }; };
+    text.documentLayout(); // which is made when it is asked for
+    QCoreApplication::processEvents();
+    QObject::connect(&text, &QTextDocument::contentsChanged, &text, note("contents "));
+    QObject::connect(&text, &QTextDocument::contentsChange, &text, note("change "));
+    QObject::connect(&text, &QTextDocument::blockCountChanged, &text, note("count "));
+    QObject::connect(text.documentLayout(), &QAbstractTextDocumentLayout::update, &text, note("update "));
+    QObject::connect(text.documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, &text, note("size "));
+    sweepAll();
+    EXPECT_EQ(told, "");
+    QTextCursor(&text).insertText(QStringLiteral("x"));
+    EXPECT_NE(told, "");
+}
+
+TEST_F(LineSweepTest, ItIsBehindByWhatHasChanged) {
+    EXPECT_EQ(sweep.behind(30), 29);
+    sweep.sweep(30, 10, {});
+    EXPECT_EQ(sweep.behind(30), 19);
+    sweep.sweep(30, 1000, {});
+    EXPECT_EQ(sweep.behind(30), 0);
+    EXPECT_EQ(sweep.behind(20), 0);
+    sweep.changedFrom(40);
+    EXPECT_EQ(sweep.behind(30), 0);
+    sweep.changedFrom(25);
+    EXPECT_EQ(sweep.behind(30), 5);
+}
+
+TEST_F(LineSweepTest, ATextThatWasEmptiedIsNoMatter) {
+    sweepAll();
+    text.clear();
+    sweep.changedFrom(0);
+    sweep.sweep(50, 1000, {});
+    EXPECT_EQ(text.toPlainText(), QString());
+}
+
+// In the console
+
+class SweptConsole : public testing::Test {
+protected:
+    SweptConsole() {
+        console.resize(500, 300);
+        console.show();
+    }
+    // Numbered lines, each in a colour of its own, all of them shown.
+    void say(int lines) {
+        for (int line = 0; line < lines; ++line) {
+            console.setColor(said);
+            console.insert("line " + std::to_string(said++) + "\r\n");
+            if (line % 15 != 0) continue;
+            console.flush();
+            QCoreApplication::processEvents();
+        }
+        console.flush();
+        QTest::qWait(60);
+    }
+    static std::string numbered(int begin, int end) {
+        std::string text;
+        for (int line = begin; line < end; ++line) text += "line " + std::to_string(line) + "\n";
+        return text;
+    }
+
+    Console console;
+    int said = 0;
+};
+
+TEST_F(SweptConsole, LinesThatWereShownCostNoMoreThanThoseThatNeverWere) {
+    if (inUse() == 0) GTEST_SKIP() << "the allocator does not tell";
+    say(200); // what painting itself needs
+    const auto costOf = [](Console& other) {
+        const std::size_t before = inUse();
+        for (int line = 0; line < 6000; ++line) {
+            other.insert("a line of this text\r\n");
+            if (line % 15 != 0) continue;
+            other.flush();
+            QCoreApplication::processEvents(); // paints
+        }
+        other.flush();
+        QTest::qWait(300);
+        return static_cast<double>(inUse()) - static_cast<double>(before);
+    };
+    Console hidden;
+    hidden.resize(500, 300);
+    const double bare = costOf(hidden);
+    Console shown;
+    shown.resize(500, 300);
+    shown.show();
+    EXPECT_LT(costOf(shown), bare + 6000 * 100) << "a layout is some 430 bytes";
+}
+
+TEST_F(SweptConsole, BehindANewWidthTheyDoNotEither) {
+    if (inUse() == 0) GTEST_SKIP() << "the allocator does not tell";
+    say(6000);
+    QTest::qWait(300);
+    const std::size_t before = inUse();
+    console.resize(400, 300);
+    QCoreApplication::processEvents();
+    EXPECT_GT(inUse(), before + 6000U * 200U) << "the toolkit has a new way to break all lines anew";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return inUse() < before + 6000U * 100U; }));
+}
+
+TEST_F(SweptConsole, TextAndColoursStay) {
+    say(4000);
+    EXPECT_EQ(console.text(), numbered(0, 4000));
+    for (QTextBlock line = console.document()->begin(); line.blockNumber() < 4000; line = line.next()) {
+        QTextCursor in(line);
+        in.movePosition(QTextCursor::EndOfBlock);
+        ASSERT_EQ(in.charFormat().foreground().color().red(), line.blockNumber() & 255) << line.blockNumber();
+    }
+}
+
+TEST_F(SweptConsole, TextThatGoesOnInOldTextLeavesSelectionAndOrder) {
+    say(4000);
+    QTextCursor some = console.textCursor();
+    some.setPosition(console.document()->findBlockByNumber(800).position());
+    some.setPosition(console.document()->findBlockByNumber(900).position(), QTextCursor::KeepAnchor);
+    console.setTextCursor(some);
+    const QString selected = some.selectedText();
+    for (int time = 0; time < 3; ++time) say(1000);
+    EXPECT_EQ(console.textCursor().selectedText(), selected);
+    EXPECT_EQ(console.text(), numbered(0, 900) + numbered(4000, 7000) + numbered(900, 4000));
+    console.moveToEnd();
+    for (int time = 0; time < 3; ++time) say(1000);
+    EXPECT_EQ(console.text(), numbered(0, 900) + numbered(4000, 7000) + numbered(900, 4000) + numbered(7000, 10000));
+}
+
+TEST_F(SweptConsole, AConsoleThatWasEmptiedIsSweptAnew) {
+    say(3000);
+    console.clearScreen();
+    said = 0;
+    say(3000);
+    EXPECT_EQ(console.text(), numbered(0, 3000));
+}
+
+TEST_F(SweptConsole, AReadersPageStaysAsItIs) {
+    say(3000);
+    console.verticalScrollBar()->setValue(700);
+    const QImage page = console.viewport()->grab().toImage();
+    QTest::qWait(60);
+    say(1000);
+    EXPECT_EQ(console.verticalScrollBar()->value(), 700);
+    EXPECT_EQ(console.viewport()->grab().toImage(), page);
+}
