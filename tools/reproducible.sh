@@ -20,20 +20,17 @@ trap 'rm -rf "$folder"' EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM HUP
 
-# Clones the last commit to folder $1 and packs it; the package is what standard output names.
+# Clones the commit to folder $1 and packs it; the package is what standard output names.
 package() {
     local copy=$folder/$1
-    git clone --quiet "$root" "$copy"
-    {
-        cd "$copy"
-        cmake --preset release
-        cmake --build --preset release -j "$(nproc)"
-        cd build/release
-        cpack
-    } >"$folder/log" 2>&1 || { tail -n 30 "$folder/log" >&2 && return 1; }
+    git clone --quiet "$folder/commit" "$copy"
+    (
+        cd "$copy" && cmake --preset release && cmake --build --preset release -j "$(nproc)" && cd build/release && cpack
+    ) >"$folder/log" 2>&1 || { tail -n 30 "$folder/log" >&2 && return 1; }
     echo "$copy"/build/release/*.deb
 }
 
+git clone --quiet --bare "$root" "$folder/commit" # the tree may move on meanwhile
 started=$SECONDS
 first=$(package one)
 echo "The first build took $((SECONDS - started)) s."
@@ -52,8 +49,9 @@ for which in one two; do
     [ "$which" = two ] && archive=$second
     dpkg-deb --raw-extract "$archive" "$folder/files-$which"
     (cd "$folder/files-$which" && find . -type f -exec sha256sum {} + | sort -k 2) >"$folder/list-$which"
-    dpkg-deb --ctrl-tarfile "$archive" | tar -tv --full-time >>"$folder/list-$which"
-    dpkg-deb --fsys-tarfile "$archive" | tar -tv --full-time >>"$folder/list-$which"
+    for part in ctrl fsys; do
+        dpkg-deb --$part-tarfile "$archive" | tar -tv --full-time >>"$folder/list-$which"
+    done
 done
 diff "$folder/list-one" "$folder/list-two" || true
 echo "The packages differ." >&2

@@ -27,7 +27,7 @@ QString helpFile() {
     for (const QString& path :
          {QDir::current().filePath(QStringLiteral("Brightrank.hlp")),
           QCoreApplication::applicationDirPath() + QStringLiteral("/../share/brightrank/help/Brightrank.hlp"),
-          QStringLiteral(BRIGHTRANK_MANUAL)}) {
+          QCoreApplication::applicationDirPath() + QStringLiteral("/" BRIGHTRANK_MANUAL)}) {
         if (QFileInfo(path).isFile()) return path;
     }
     return {};

@@ -14,7 +14,7 @@ namespace {
 // Where the program's own sounds are: beside an installed program, else in the source tree it was built from.
 QStringList soundFolders() {
     return {QDir::currentPath(), QCoreApplication::applicationDirPath() + QStringLiteral("/../share/brightrank/sounds"),
-            QStringLiteral(BRIGHTRANK_SOUNDS)};
+            QCoreApplication::applicationDirPath() + QStringLiteral("/" BRIGHTRANK_SOUNDS)};
 }
 
 } // namespace
