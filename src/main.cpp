@@ -7,6 +7,7 @@
 #include "platform/Application.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
+#include "platform/OwnMemory.h"
 #include "platform/RestingCaret.h"
 #include "records/frmExamine.h"
 #include "records/frmHistory.h"
@@ -100,6 +101,7 @@ struct Program {
 } // namespace
 
 int main(int argc, char** argv) {
+    keepLargeBlocksApart();
     Application application(argc, argv);
     Application::setApplicationName(QStringLiteral("Brightrank"));
     Application::setApplicationDisplayName(QString()); // else it would be put behind every caption
