@@ -8,6 +8,7 @@
 #include "platform/ContrastStyle.h"
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
+#include "platform/OwnMemory.h"
 #include "platform/RestingCaret.h"
 #include "records/frmExamine.h"
 #include "records/frmHistory.h"
@@ -107,6 +108,7 @@ int main(int argc, char** argv) {
         std::puts("brightrank " BRIGHTRANK_VERSION);
         return 0;
     }
+    keepLargeBlocksApart();
     Application application(argc, argv);
     Application::setApplicationName(QStringLiteral("Brightrank"));
     Application::setApplicationDisplayName(QString()); // else it would be put behind every caption

@@ -5,6 +5,7 @@
 #include "platform/Colors.h"
 #include "platform/FittingFont.h"
 #include "platform/LightScrollBar.h"
+#include "platform/OwnMemory.h"
 #include "platform/StreamText.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -16,9 +17,6 @@
 #include <cmath>
 #include <optional>
 #include <tuple>
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
 
 namespace {
 constexpr int FrameMilliseconds = 16;
@@ -32,6 +30,7 @@ constexpr int Worthwhile = 256;   // fewer are left for later
 constexpr int AtOnce = 2000;      // some 6 ms
 constexpr int SweepPause = 20;    // between two of these
 constexpr int ResizePause = 1000; // a new width lays hands on all lines, and more such sizes may be to come
+constexpr int SweptPages = 3;     // to either end of new text
 constexpr int Many = 50000;       // whose memory is worth being handed back to the system
 
 // `text` with a line break wherever a line of the screen would get longer than `LongestLine`: the toolkit's time for a
@@ -49,12 +48,6 @@ QString brokenLines(const QString& text, qsizetype column) {
         column = ends ? 0 : column + 1;
     }
     return broken;
-}
-
-void giveBackMemory() {
-#ifdef __GLIBC__
-    malloc_trim(0);
-#endif
 }
 
 bool hasOneWidth(const QFont& font) {
@@ -248,12 +241,13 @@ void Console::insertWaiting() {
 // As it goes on, the place where text goes in is as far above as the user has put it.
 int Console::sweepEnd() const { return point_.blockNumber() - Kept; }
 
-// The toolkit has laid out the last page, to know how far one may scroll.
+// The toolkit has laid out the last page, to know how far one may scroll, and lines on its way there.
 void Console::linesChanged(int from) {
     lines_.changedFrom(from);
     const int page = verticalScrollBar()->pageStep() + 1;
-    LineSweep::laidOut(document()->findBlockByNumber(from), 1);
-    LineSweep::laidOut(document()->findBlockByNumber(std::max(0, document()->blockCount() - page)), page);
+    const int end = document()->blockCount() - SweptPages * page;
+    LineSweep::laidOut(document()->findBlockByNumber(from), SweptPages * page);
+    LineSweep::laidOut(document()->findBlockByNumber(std::max(0, end)), SweptPages * page);
     if (!sweeping_.isActive() && lines_.behind(sweepEnd()) >= Worthwhile) sweeping_.start(SweepPause);
 }
 

@@ -34,7 +34,7 @@ from watched import WatchedGame
 CONSOLE = "Brightrank - Client"
 BARE = PROMPT.lstrip("\n\r")
 TICK = 0.05  # seconds between two looks at what is due
-APART = 0.05  # seconds without a byte, behind which what has come is read
+APART = 0.2  # seconds without a byte, behind which what has come is read
 LONGEST = 80  # updates of a game
 MOVES = "\n\rMovelist for game {0}:\n\r\n\rWhite{0} (1500) vs. Black{0} (1500) --- Sat Aug 16, 19:15 EST 2003\n\r" \
     "Rated standard match, initial time: 60 minutes, increment: 0 seconds.\n\r\n\r" \
