@@ -50,7 +50,8 @@ bool soundServerAnswers() {
 bool isPlayable(const QString& path) {
     constexpr qint64 MaxBytes = qint64{4} * 1024 * 1024; // longer than any sound of an event
     QFile file(path);
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.size() <= MaxBytes && isPlayableWave(file.readAll().toStdString());
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.size() <= MaxBytes &&
+           isPlayableWave(file.readAll().toStdString());
 }
 
 Speaker::Speaker() : startWave([this](const QString& path) { play(path); }), startBeep([] { QApplication::beep(); }) {
