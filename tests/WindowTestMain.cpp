@@ -4,6 +4,22 @@
 
 #include "TestPaths.h"
 #include "TestRun.h"
+#include "platform/PlainText.h"
+
+namespace {
+
+// Shows texts as the program does; a fault is the test's.
+class TestApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        if (receiver) keepPlain(*receiver, *event);
+        return QApplication::notify(receiver, event);
+    }
+};
+
+} // namespace
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
@@ -11,7 +27,7 @@ int main(int argc, char** argv) {
     }
     QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
+    TestApplication application(argc, argv);
+    TestApplication::setQuitOnLastWindowClosed(false);
     return runTests(argc, argv);
 }

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks the architecture: floors of src/ and practice/, walls against Qt, the arrows of fuzz/, circles, sizes, words.
+"""Checks the architecture: floors of src/ and practice/, walls against Qt, the arrows of fuzz/, circles, sizes, markup, words.
 
 The trees' floors are the architecture: a folder may include what stands on the floors below its own, and itself.
 Exit status 0 when the tree is sound, 1 with one line a finding when it is not.
@@ -52,6 +52,13 @@ PRACTICE = Tree("practice", PRACTICE_FLOORS, prefix="practice/", qtFree="brightr
 
 MAX_LINES = 600
 CODE_FOLDERS = ["src", "practice", "tests", "fuzz", "bench"]
+
+# Ways of the toolkit that take markup, which no text of others may reach. The help's pages are the program's own.
+MARKUP = re.compile(
+    r"\b(?:set|insert|append)(?:Html|Markdown)\b|\bset(?:WhatsThis|TextFormat)\b|\bQ(?:WhatsThis|TextEdit|ErrorMessage)\b"
+    r"|\bsetWindowTitle\(shownText\b"
+)
+MARKUP_FILES = {"platform/HelpFile.cpp", "platform/PlainText.h"}
 
 # Words that may not stand in the tree. A reader must be able to follow every reference from the tree alone,
 # and no text may tie it to one machine. Written with classes so that this file does not find itself.
@@ -226,6 +233,17 @@ def checkSizes(root, findings):
                 findings.append(f"{top}/{file}: the first line does not say the purpose of the file")
 
 
+def checkMarkup(root, findings):
+    """Windows hand texts only to what shows them as they are, and to titles no more of them than fits."""
+    for file in sourceFiles(os.path.join(root, "src")):
+        if file in MARKUP_FILES:
+            continue
+        for number, line in enumerate(readLines(os.path.join(root, "src", file)), 1):
+            match = MARKUP.search(line)
+            if match:
+                findings.append(f'src/{file}:{number}: "{match.group(0)}" could show a text of others as markup, or without end')
+
+
 def checkWords(root, findings):
     """The words that may not stand in any text of the tree."""
     patterns = [(re.compile(pattern), why) for pattern, why in WORDS.items()]
@@ -264,6 +282,7 @@ def check(root):
     core = {file for file, target in listed.items() if target == SRC.qtFree}
     checkCircles("fuzz", unitsOf(checkFuzzIncludes(root, files["fuzz"], core, findings)), findings)
     checkSizes(root, findings)
+    checkMarkup(root, findings)
     checkWords(root, findings)
     return findings
 

@@ -36,7 +36,7 @@ GameSurface frmChessBoard::surface() {
         .setClockColor = [this](int side, std::uint32_t color) { parts_.lblTime[side]->setBackground(color); },
         .showHoldings = [this](const std::string& white, const std::string& black) { showHoldings(white, black); },
         .hideHoldings = [this] { hideHoldings(); },
-        .setPanel = [this](int panel, const std::string& text) { parts_.panels[panel - 1]->setText(shownText(text)); },
+        .setPanel = [this](int panel, const std::string& text) { parts_.panels[panel - 1]->setText(shownStart(text)); },
         .setTitle = [this](const std::string& text) { setWindowTitle(shownStart(text)); },
         .showUn = [this](bool shown) { showUn(shown); },
         .enableSavePGN = [this](bool enabled) { menus_.mnuSavePGN->setEnabled(enabled); },
@@ -65,8 +65,8 @@ MoveGridSurface frmChessBoard::gridSurface() {
 }
 
 void frmChessBoard::showHoldings(const std::string& white, const std::string& black) {
-    parts_.lblBug[0]->setText(shownText(white));
-    parts_.lblBug[1]->setText(shownText(black));
+    parts_.lblBug[0]->setText(shownStart(white));
+    parts_.lblBug[1]->setText(shownStart(black));
     for (QLabel* label : parts_.lblBug) label->show();
 }
 

@@ -66,7 +66,7 @@ void frmChessBoard::load() {
     resize(sizeFor(DesignSquare));
     loadPlace();
     takeColors();
-    parts_.panels[0]->setText(shownText(modChess.MyHandle));
+    parts_.panels[0]->setText(shownStart(modChess.MyHandle));
     takeTells();
     frmBoardColors::loaded().zSave();
     show();

@@ -3,10 +3,12 @@
 
 #include "common/Fault.h"
 #include "platform/Boxes.h"
+#include "platform/PlainText.h"
 
 #include <QSocketNotifier>
 #include <QWidget>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -53,7 +55,10 @@ void silence(QObject& receiver) {
     if (auto* notifier = qobject_cast<QSocketNotifier*>(&receiver)) notifier->setEnabled(false);
 }
 
-void tellStandardError(const std::string& line) {
+// The text that met the limit may be a server's, and standard error a terminal, which would obey it.
+void tellStandardError(std::string line) {
+    const auto commands = [](unsigned char c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); };
+    std::ranges::replace_if(line, commands, '?');
     std::fprintf(stderr, "brightrank: %s\n", line.c_str());
     std::fflush(stderr);
 }
@@ -103,6 +108,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         return false;
     }
     try {
+        if (receiver) keepPlain(*receiver, *event);
         return QApplication::notify(receiver, event);
     } catch (...) {
         if (!endingByFault) endByFault(currentFaultLine());

@@ -9,6 +9,7 @@
 // Catches every exception that leaves an event handler, at whatever depth of nested message loops. It then stops the
 // sockets and timers, prints one line on standard error, tells the user the same in one box, and ends the process with
 // status 1; nothing is saved and no window is asked to close.
+// No label of its windows takes a text for markup.
 class Application : public QApplication {
     Q_OBJECT
 

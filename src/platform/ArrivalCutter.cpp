@@ -4,24 +4,30 @@
 #include "common/Text.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace {
 
 // The place behind the last CR or LF of `text`; 0 if there is none.
 std::size_t behindLastBreak(std::string_view text) {
-    const auto last = text.find_last_of("\r\n");
-    return last == text.npos ? 0 : last + 1;
+    const auto behindLast = [text](char c) -> std::size_t {
+        const auto* last = static_cast<const char*>(::memrchr(text.data(), c, text.size()));
+        return last ? static_cast<std::size_t>(last - text.data()) + 1 : 0;
+    };
+    return std::max(behindLast('\r'), behindLast('\n'));
 }
 
+// Compares at lines' fronts alone: a server that sends prompts without line ends has each of them go ahead by itself,
+// with all that waits to be looked through.
 std::size_t behindLastPrompt(std::string_view text, std::string_view prompt) {
     if (prompt.empty()) return 0;
-    auto at = text.rfind(prompt);
-    while (at != text.npos && at > 0) {
-        if (isBreak(text[at - 1])) break;
-        at = text.rfind(prompt, at - 1);
+    while (true) {
+        const auto front = behindLastBreak(text);
+        if (text.substr(front).starts_with(prompt)) return front + prompt.size();
+        if (front == 0) return 0;
+        text.remove_suffix(text.size() - front + 1);
     }
-    return at == text.npos ? 0 : at + prompt.size();
 }
 
 // A line may tell of the prompt: "Lang=English                    Prompt: fics% ". One prompt behind the other is one.

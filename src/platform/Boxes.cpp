@@ -28,8 +28,7 @@ QWidget* owner(QWidget* parent) { return parent ? parent->window() : QApplicatio
 // Runs a message box that may die with its parent while it is up; gives the button pressed.
 int ask(QWidget* parent, const std::string& title, const std::string& text, QMessageBox::Icon icon,
         QMessageBox::StandardButtons buttons, QMessageBox::StandardButton preset = QMessageBox::NoButton) {
-    const QPointer<QMessageBox> box(new QMessageBox(icon, shownText(title), shownText(text), buttons, owner(parent)));
-    box->setTextFormat(Qt::PlainText); // server text is never markup
+    const QPointer<QMessageBox> box(new QMessageBox(icon, shownStart(title), shownText(text), buttons, owner(parent)));
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     box->setDefaultButton(preset);
     const int answer = box->exec();
@@ -66,7 +65,7 @@ auto askWith(const QPointer<Dialog>& box, Answer answer) {
 std::optional<std::string> askForText(QWidget* parent, const std::optional<QPoint>& place, const std::string& prompt,
                                       const std::string& title, const std::string& proposal) {
     const QPointer<QInputDialog> box(new QInputDialog(owner(parent)));
-    box->setWindowTitle(shownText(title));
+    box->setWindowTitle(shownStart(title));
     box->setLabelText(shownText(prompt));
     box->setTextValue(shownText(proposal));
     if (place) placeFrame(*box, *place);

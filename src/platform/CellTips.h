@@ -4,10 +4,9 @@
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QStyledItemDelegate>
-#include <QTextDocument>
 #include <QToolTip>
 
-// For texts of others, which may be longer than any column. Shown as plain text.
+// For texts of others, which may be longer than any column.
 class CellTips : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -17,12 +16,7 @@ public:
         if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
         const bool cut = sizeHint(option, index).width() > view->visualRect(index).width();
         const QString text = index.data().toString();
-        QToolTip::showText(event->globalPos(), cut ? plain(text) : QString(), view);
+        QToolTip::showText(event->globalPos(), cut ? text : QString(), view);
         return true;
-    }
-
-private:
-    static QString plain(const QString& text) {
-        return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
     }
 };

@@ -141,6 +141,7 @@ void Console::resizeEvent(QResizeEvent* event) {
     if (event->size().width() != event->oldSize().width()) widthChanged();
     showEnd();
 }
+
 // The toolkit does not count the lines of another font.
 void Console::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);

@@ -8,11 +8,10 @@
 
 #include <functional>
 
-// For texts of the server, whose length must not widen a window. Plain text only.
+// For texts of the server, whose length must not widen a window.
 class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(QWidget* parent) : QLabel(parent) {
-        setTextFormat(Qt::PlainText);
         setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     }
 
@@ -36,7 +35,7 @@ protected:
     bool event(QEvent* event) override {
         if (event->type() == QEvent::ToolTip) {
             const bool cut = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
-            setToolTip(cut ? text().toHtmlEscaped() : QString());
+            setToolTip(cut ? text() : QString());
         }
         return QLabel::event(event);
     }

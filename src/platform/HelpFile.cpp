@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
+#include <QImage>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QSignalBlocker>
@@ -20,7 +21,14 @@
 
 namespace {
 
-constexpr QSize StartSize(880, 660); // pixels, wide enough for the pictures of the manual
+constexpr QSize StartSize(880, 660);          // pixels, wide enough for the pictures of the manual
+constexpr qint64 MostBytes = 4 * 1024 * 1024; // of a page or a picture; those of the manual are far smaller
+
+// A page or a picture on this machine. A link leads nowhere else, for the file may come from anywhere.
+bool isShown(const QUrl& target) {
+    const QFileInfo file(target.toLocalFile());
+    return target.isLocalFile() && file.isFile() && file.size() <= MostBytes;
+}
 
 // An installed program has its manual beside it, a built one in the source tree it came from.
 QString helpFile() {
@@ -28,7 +36,7 @@ QString helpFile() {
          {QDir::current().filePath(QStringLiteral("Brightrank.hlp")),
           QCoreApplication::applicationDirPath() + QStringLiteral("/../share/brightrank/help/Brightrank.hlp"),
           QCoreApplication::applicationDirPath() + QStringLiteral("/" BRIGHTRANK_MANUAL)}) {
-        if (QFileInfo(path).isFile()) return path;
+        if (isShown(QUrl::fromLocalFile(path))) return path;
     }
     return {};
 }
@@ -56,6 +64,13 @@ void nameHeadings(QTextDocument& page) {
     }
 }
 
+// Without a picture of ours the document would open the file by itself, and wait for a pipe.
+QImage noPicture() {
+    QImage picture(1, 1, QImage::Format_ARGB32);
+    picture.fill(Qt::transparent);
+    return picture;
+}
+
 // Takes every page as Markdown, whatever its file is called, and finds the headings in it.
 class HelpBrowser : public QTextBrowser {
 public:
@@ -76,7 +91,12 @@ protected:
     }
 
     void doSetSource(const QUrl& page, QTextDocument::ResourceType) override {
-        QTextBrowser::doSetSource(page, QTextDocument::MarkdownResource);
+        if (isShown(page)) QTextBrowser::doSetSource(page, QTextDocument::MarkdownResource);
+    }
+
+    QVariant loadResource(int type, const QUrl& name) override {
+        const QUrl target = source().resolved(name);
+        return isShown(target) ? QTextBrowser::loadResource(type, target) : QVariant(noPicture());
     }
 };
 
@@ -86,7 +106,6 @@ QTextBrowser* openBrowser(QWidget* parent, const QString& file) {
     browser->setWindowFlag(Qt::Window);
     browser->setAttribute(Qt::WA_DeleteOnClose);
     browser->setWindowTitle(QStringLiteral("Brightrank Help"));
-    browser->setOpenExternalLinks(true);
     const QSize frame = parent->window()->frameSize() - parent->window()->size(); // its own will be like it
     browser->resize(StartSize.boundedTo(parent->screen()->availableSize() - frame));
     browser->setSource(QUrl::fromLocalFile(file));

@@ -8,17 +8,31 @@
 #include <cstring>
 #include <utility>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 
 [[noreturn]] void fault(const std::string& path, const std::string& what) {
     throw Fault(FaultKind::File, path + ": " + what);
 }
 
+// A pipe would keep the window waiting for somebody who writes, and a device may have no end.
+std::FILE* openRegular(const std::string& path) {
+    const int file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) fault(path, std::strerror(errno));
+    struct stat status {};
+    if (::fstat(file, &status) == 0 && S_ISREG(status.st_mode)) return ::fdopen(file, "rb");
+    ::close(file);
+    fault(path, S_ISDIR(status.st_mode) ? std::strerror(EISDIR) : "this is no plain file");
+}
+
 } // namespace
 
-LineFile::LineFile(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "rbe")) {
+LineFile::LineFile(const std::string& path) : path_(path), file_(openRegular(path)) {
     if (!file_) fault(path_, std::strerror(errno));
-    fill(); // a folder can be opened, and only reading tells
+    fill();
 }
 
 // False at the end of the file.

@@ -13,8 +13,8 @@
 // file ends the last one; all other bytes belong to their line, NUL too.
 class LineFile {
 public:
-    // Opens `path`, in the file system's own bytes; faults (file) when there is no such file, it cannot be read, or
-    // file number 1 is held.
+    // Opens `path`, in the file system's own bytes; faults (file) when there is no such file, it cannot be read, it
+    // is a folder, a pipe or a device, or file number 1 is held.
     explicit LineFile(const std::string& path);
 
     // Whether there was one more line, which is in `line` then, without its end. Faults (file) when it cannot be read.

@@ -123,7 +123,7 @@ void frmHistory::load() {
     placer_.restore(roads_.store, HistorySection, twipsOf(sizeHint().boundedTo(screen()->availableSize())));
     roads_.lists.handleRead = [this](const std::string& title) {
         txtPlayer_->setText(shownText(roads_.lists.HistHandle));
-        setWindowTitle(shownText(title + roads_.lists.HistHandle));
+        setWindowTitle(shownStart(title + roads_.lists.HistHandle));
     };
     openWindows.add({"frmHistory", this, [this] { close(); }, {}, [this] { answered(); }});
     start();
@@ -205,7 +205,7 @@ ListRequestHooks frmHistory::requestHooks() {
     return {
         .turn = turnOf(this, roads.BusyTest),
         .player = [self] { return self->player(); },
-        .setCaption = [self](const std::string& caption) { self->setWindowTitle(shownText(caption)); },
+        .setCaption = [self](const std::string& caption) { self->setWindowTitle(shownStart(caption)); },
         .zSetstate = roads.zSetstate,
         .zSendMsg = roads.zSendMsg,
     };

@@ -60,7 +60,7 @@ frmSeek::~frmSeek() { openWindows.remove(this); }
 
 SeekGraphHooks frmSeek::graphHooks() {
     return {
-        .setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); },
+        .setCaption = [this](const std::string& caption) { setWindowTitle(shownStart(caption)); },
         .answered = [this] { poll_.again(); },
     };
 }
@@ -223,7 +223,7 @@ void frmSeek::pointedAt(int dot) {
     if (text == stbSeek_->text()) return;
     stbSeek_->setText(text);
     QToolTip::hideText(); // by itself it goes when the pointer leaves the whole graph
-    plot_->setToolTip(Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text);
+    plot_->setToolTip(text);
 }
 
 void frmSeek::play(int number) { roads_.zSendMsg("Play " + std::to_string(number)); }

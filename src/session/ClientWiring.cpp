@@ -76,9 +76,9 @@ TypingSurface frmChessClient::typingSurface() {
 ClientSurface frmChessClient::clientSurface() {
     return {
         .caption = [this] { return bytesOf(windowTitle()); },
-        .setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); },
+        .setCaption = [this](const std::string& caption) { setWindowTitle(shownStart(caption)); },
         .promptCaption = [this] { return bytesOf(lblPrompt->text()); },
-        .setPromptCaption = [this](const std::string& caption) { lblPrompt->setText(shownText(caption)); },
+        .setPromptCaption = [this](const std::string& caption) { lblPrompt->setText(shownStart(caption)); },
         .ticksChanged = [this] { takeMenuTicks(); },
     };
 }

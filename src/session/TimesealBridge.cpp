@@ -1,6 +1,7 @@
 // The relay program of the chess server's side, run as a child process of the client.
 #include "session/TimesealBridge.h"
 
+#include "platform/OwnFiles.h"
 #include "platform/StreamText.h"
 
 #include <QDir>
@@ -42,7 +43,10 @@ TimesealBridge::~TimesealBridge() {
 
 bool TimesealBridge::programFound() {
     const QFileInfo program(QString::fromLatin1(BridgeProgram));
-    return program.isFile() && program.isExecutable();
+    if (!program.isFile() || !program.isExecutable()) return false;
+    const auto reason = strangersHand(BridgeProgram);
+    if (reason) std::fprintf(stderr, "brightrank: %s is not started: %s\n", BridgeProgram, reason->c_str());
+    return !reason;
 }
 
 void TimesealBridge::start(const std::vector<std::string>& arguments) {

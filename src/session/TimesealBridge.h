@@ -21,7 +21,8 @@ public:
     TimesealBridge(const TimesealBridge&) = delete;
     TimesealBridge& operator=(const TimesealBridge&) = delete;
 
-    // Whether the program is there: a file that may be executed.
+    // Whether the program is there: a file that may be executed and cannot be another user's doing. One that can is
+    // told on standard error.
     static bool programFound();
     // Starts the program; each of `arguments` (Latin-1) reaches it as one, whatever is in it. A start that fails is no
     // fault: no relay runs then.

@@ -68,7 +68,7 @@ frmChat::~frmChat() { openWindows.remove(this); }
 
 ChatHooks frmChat::hooks() {
     return {
-        .setCaption = [this](const std::string& caption) { setWindowTitle(shownText(caption)); },
+        .setCaption = [this](const std::string& caption) { setWindowTitle(shownStart(caption)); },
         .bringToFront = [this] { bringInFront(*this); },
         .setColor = [this](std::int32_t color) { txtChat->setColor(color); },
         .insert = [this](const std::string& text) { txtChat->insert(text); },

@@ -5,13 +5,16 @@
 #include "common/modChess.h"
 #include "platform/ConsoleFont.h"
 #include "platform/OpenWindows.h"
+#include "platform/OwnFiles.h"
 #include "platform/StreamText.h"
 #include "settings/Settings.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFile>
 #include <QMenuBar>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 
 namespace {
@@ -26,6 +29,13 @@ constexpr int TallTitleBar = 9;
 constexpr int TopMargin = 6;
 constexpr int RowGap = 7;
 constexpr int LeastMargin = 2;
+
+// Where the program works with the argument "test". No folder that others share: a relay, sounds and files are looked
+// for there.
+std::string testFolder() {
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    return QFile::encodeName(cache).toStdString() + "/Brightrank/test";
+}
 
 } // namespace
 
@@ -82,7 +92,7 @@ void frmChessClient::resizeEvent(QResizeEvent* event) {
 void frmChessClient::load() {
     zStartValues();
     const QStringList arguments = QApplication::arguments().mid(1);
-    if (arguments.join(u' ') == QStringLiteral("test")) QDir::setCurrent(QDir::tempPath());
+    if (arguments.join(u' ') == QStringLiteral("test")) goToOwnFolder(testFolder());
     session.connection.StartDirectory = QDir::currentPath().toLocal8Bit().toStdString();
     settings.Width = twipsOf(DesignedSize).Width;
     settings.Height = twipsOf(DesignedSize).Height;

@@ -40,7 +40,10 @@ IniText readIni(const QString& path) {
 }
 
 // The mode is set while the new file is still empty, so the password is never readable by others.
+// What a link leads to would be replaced: an administrator could lose a device that way.
 bool replaceFile(const QString& path, const std::string& bytes) {
+    const QFileInfo there(path);
+    if (there.isSymLink() && there.exists() && !there.isFile()) return false;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) return false;
     if (!file.setPermissions(OwnerOnly)) return false;
@@ -54,7 +57,8 @@ void sync(IniState& state) {
     QDir().mkpath(QFileInfo(path).path());
     // A lock that cannot be had delays the save but does not stop it: the replacement is one step either way.
     QLockFile lock(path + QStringLiteral(".lock"));
-    lock.tryLock(LockWait);
+    const QFileInfo inItsPlace(lock.fileName());
+    if (!inItsPlace.exists() || inItsPlace.isFile()) lock.tryLock(LockWait); // a pipe there would be waited for
     IniText merged = readIni(path);
     for (const IniEntry& entry : state.pending) merged.set(entry.section, entry.key, entry.text);
     if (!replaceFile(path, merged.bytes())) return;

@@ -103,7 +103,6 @@ void LookPage::buildPreview(QWidget* frame, QGridLayout& grid) {
 
 QLabel* LookPage::previewLabel(QWidget* frame, const char* name, const char* caption) {
     auto* label = named(new QLabel(QString::fromLatin1(caption), frame), name);
-    label->setTextFormat(Qt::PlainText);
     label->setIndent(Margin);
     return label;
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QAudioDevice>
 #include <QFile>
+#include <QFileInfo>
 #include <QMediaDevices>
 #include <QSoundEffect>
 #include <QUrl>
@@ -31,14 +32,6 @@ bool listens(const QByteArray& path) {
     return connected;
 }
 
-// The audio library would complain on the console about a file that it cannot play, and would wait without end for the
-// rest of one that was cut short.
-bool isPlayable(const QString& path) {
-    constexpr qint64 MaxBytes = 4 * 1024 * 1024; // longer than any sound of an event
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.size() <= MaxBytes && isPlayableWave(file.readAll().toStdString());
-}
-
 } // namespace
 
 // Asking the audio library itself would print a complaint, and might start a server, where there is none.
@@ -50,6 +43,15 @@ bool soundServerAnswers() {
         folder = (runtime.isEmpty() ? "/run/user/" + QByteArray::number(::getuid()) : runtime) + "/pulse";
     }
     return listens(folder + "/native");
+}
+
+// The audio library would complain on the console about a file that it cannot play, and would wait without end for the
+// rest of one that was cut short.
+bool isPlayable(const QString& path) {
+    constexpr qint64 MaxBytes = qint64{4} * 1024 * 1024; // longer than any sound of an event
+    QFile file(path);
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.size() <= MaxBytes &&
+           isPlayableWave(file.readAll().toStdString());
 }
 
 Speaker::Speaker() : startWave([this](const QString& path) { play(path); }), startBeep([] { QApplication::beep(); }) {

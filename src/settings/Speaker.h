@@ -11,6 +11,10 @@
 
 class QSoundEffect;
 
+// Whether `path` is a wave file of at most 4 MB that the audio library can play. Whatever else it is, of whatever size,
+// little of it is read and nothing waited for.
+bool isPlayable(const QString& path);
+
 // Requests are only noted; the message loop serves them later, at most one wave and one beep each `Spacing` ms, the
 // latest winning. A new wave replaces the one that plays. The audio system is not touched before the first wave is
 // served; while no sound server answers, waves are silence and cost one look for it each.

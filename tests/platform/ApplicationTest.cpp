@@ -56,6 +56,12 @@ TEST(Application, NothingOfTheProgramRunsWhileTheLastBoxIsUp) {
                          "1000\n");
 }
 
+TEST(Application, ATerminalIsGivenNoCommandsOfTheTextThatMetTheLimit) {
+    EXPECT_EQ(runProgram("terminal").error, "brightrank: type mismatch error: \"?]0;title??2Jx?\xfc\" is no number\n");
+}
+
+TEST(Application, NoLabelOfItsWindowsTakesATextForMarkup) { EXPECT_EQ(runProgram("label").out, "plain\n"); }
+
 TEST(Application, WithoutAFaultTheStatusIsTheProgramsOwn) { EXPECT_EQ(runProgram("none").status, 7); }
 
 TEST(Application, AnEndAskedForWhileTheStartLetsEventsRunEndsIt) {

@@ -6,6 +6,7 @@
 #include "platform/tcpClient.h"
 
 #include <QDeadlineTimer>
+#include <QLabel>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -141,6 +142,20 @@ void endWhileStarting() {
     say("started");
 }
 
+void withCommandsOfATerminal() {
+    QTimer::singleShot(1, [] {
+        throw Fault(FaultKind::TypeMismatch, "\"\x1b]0;title\x07\x9b"
+                                             "2Jx\n\xfc\" is no number");
+    });
+}
+
+void showALabel() {
+    QLabel label(QStringLiteral("<b>text</b>"));
+    label.show();
+    say(label.textFormat() == Qt::PlainText ? "plain" : "markup");
+    QCoreApplication::exit(0);
+}
+
 const std::map<std::string, void (*)()> ways{
     {"start", meetFault},
     {"timer", inATimer},
@@ -155,6 +170,8 @@ const std::map<std::string, void (*)()> ways{
     {"unknown", byAnUnknownException},
     {"box", withABox},
     {"endWhileStarting", endWhileStarting},
+    {"label", showALabel},
+    {"terminal", withCommandsOfATerminal},
     {"none", [] { QTimer::singleShot(1, [] { QCoreApplication::exit(7); }); }},
 };
 

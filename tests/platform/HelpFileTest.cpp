@@ -1,6 +1,7 @@
 // Which text the help shows, that there is one window of it, and that its links and pictures are found.
 #include "platform/HelpFile.h"
 
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
 #include <QScreen>
@@ -10,6 +11,8 @@
 #include <QTextBrowser>
 
 #include <gmock/gmock.h>
+
+#include <sys/stat.h>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -39,6 +42,20 @@ struct HelpFileTest : testing::Test {
     QTextBrowser& openText(const char* text) {
         write("Brightrank.hlp", text);
         return open();
+    }
+};
+
+// Takes what would be given to another program: any object with a slot for an address does.
+struct UrlNotes {
+    QTextBrowser taken;
+
+    UrlNotes() {
+        QDesktopServices::setUrlHandler(QStringLiteral("http"), &taken, "setSource");
+        QDesktopServices::setUrlHandler(QStringLiteral("mailto"), &taken, "setSource");
+    }
+    ~UrlNotes() {
+        QDesktopServices::unsetUrlHandler(QStringLiteral("http"));
+        QDesktopServices::unsetUrlHandler(QStringLiteral("mailto"));
     }
 };
 
@@ -73,7 +90,7 @@ int picturesOf(const QTextBrowser& browser) {
         ++count;
         const QString name = look.toImageFormat().name();
         const QVariant found = browser.document()->resource(QTextDocument::ImageResource, QUrl(name));
-        EXPECT_FALSE(found.isNull()) << name.toStdString();
+        EXPECT_FALSE(found.isNull() || found.value<QImage>().size() == QSize(1, 1)) << name.toStdString();
     });
     return count;
 }
@@ -182,6 +199,46 @@ TEST_F(HelpFileTest, BackFromAnAnchorThePageIsStillReadAsMarkdown) {
     browser.backward();
     EXPECT_EQ(browser.toPlainText(), page);
     EXPECT_THAT(anchorsOf(browser), ElementsAre("one"));
+}
+
+TEST_F(HelpFileTest, ALinkOutOfTheMachineLeadsNowhere) {
+    QTextBrowser& browser = openText("[there](http://127.0.0.1/) [here](mailto:a@b.c) ![it](http://127.0.0.1/x.png)\n");
+    const UrlNotes notes;
+    const QString page = browser.toPlainText();
+    click(browser, QStringLiteral("there"));
+    click(browser, QStringLiteral("here"));
+    EXPECT_EQ(notes.taken.source(), QUrl()) << "nothing is started for it";
+    EXPECT_EQ(browser.toPlainText(), page);
+    EXPECT_FALSE(browser.openExternalLinks());
+}
+
+TEST_F(HelpFileTest, ALinkToAPipeAFolderADeviceOrAHugeFileLeadsNowhere) {
+    ASSERT_EQ(::mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("pipe"))).constData(), 0600), 0);
+    write("huge.md", "x");
+    ASSERT_TRUE(QFile::resize(folder.filePath(QStringLiteral("huge.md")), 100'000'000));
+    QTextBrowser& browser = openText("[one](pipe) [two](.) [three](/dev/zero) [four](huge.md) ![five](pipe)\n");
+    const QString page = browser.toPlainText();
+    for (const char* link : {"one", "two", "three", "four"}) {
+        click(browser, QString::fromLatin1(link));
+        EXPECT_EQ(browser.toPlainText(), page) << link;
+    }
+}
+
+TEST_F(HelpFileTest, AFolderAPipeOrAHugeFileOfItsNameIsPassedOver) {
+    const QString path = folder.filePath(QStringLiteral("Brightrank.hlp"));
+    QDir().mkdir(path);
+    EXPECT_TRUE(open().toPlainText().startsWith(QStringLiteral("Manual")));
+    shown().front()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QDir().rmdir(path);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    EXPECT_TRUE(open().toPlainText().startsWith(QStringLiteral("Manual")));
+    shown().front()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QFile::remove(path);
+    write("Brightrank.hlp", "x");
+    ASSERT_TRUE(QFile::resize(path, 100'000'000));
+    EXPECT_TRUE(open().toPlainText().startsWith(QStringLiteral("Manual")));
 }
 
 TEST_F(HelpFileTest, EveryLinkAndPictureOfTheManualIsFound) {

@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -86,6 +87,31 @@ TEST(LineFile, AFaultNamesTheFileAndWhatIsWrongWithIt) {
     std::string line;
     file.take(line);
     EXPECT_EQ(said([&] { file.take(line); }), rig.path() + ": the file ends within a game");
+}
+
+TEST(LineFile, APipeThatNobodyWritesAndADeviceWithoutEndAreFaults) {
+    const PgnRig rig;
+    ASSERT_EQ(::mkfifo(rig.path().c_str(), 0600), 0);
+    EXPECT_EQ(faultOf([&] { const LineFile file(rig.path()); }), "file");
+    EXPECT_EQ(faultOf([&] { const LineFile file("/dev/zero"); }), "file");
+    EXPECT_EQ(modChess.FileOneHolder, nullptr) << "and nothing stays open";
+}
+
+TEST(LineFile, AFileMayStandBehindALink) {
+    const PgnRig rig;
+    rig.file("a\n");
+    const auto link = rig.folder.path() / "link.pgn";
+    std::filesystem::create_symlink(rig.path(), link);
+    LineFile file(link.string());
+    std::string line;
+    EXPECT_TRUE(file.next(line));
+    EXPECT_EQ(line, "a");
+}
+
+TEST(LineFile, ALinkToItselfIsAFault) {
+    const PgnRig rig;
+    std::filesystem::create_symlink(rig.path(), rig.path());
+    EXPECT_EQ(faultOf([&] { const LineFile file(rig.path()); }), "file");
 }
 
 TEST(LineFile, OneIsOpenAtATime) {

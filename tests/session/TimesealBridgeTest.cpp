@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 
 #include <csignal>
+#include <sys/stat.h>
 
 using testing::ElementsAre;
 
@@ -64,6 +65,21 @@ TEST_F(Bridge, AFileThatMayNotBeExecutedOrAFolderIsNoProgram) {
     QDir().rmdir(QStringLiteral("timeseal.exe"));
     relay.put();
     EXPECT_TRUE(TimesealBridge::programFound());
+}
+
+TEST_F(Bridge, OneThatAnotherUserCouldHavePutThereIsNotStartedAndStandardErrorSaysWhy) {
+    relay.put();
+    startWithBridge();
+    ASSERT_EQ(::chmod(".", 0777), 0);
+    testing::internal::CaptureStderr();
+    client->session.connection.mnuConnectClick(0);
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(told, "brightrank: timeseal.exe is not started: " + QDir::currentPath().toStdString() +
+                        " can be written by everybody\n");
+    EXPECT_THAT(messages, ElementsAre(NotFound));
+    EXPECT_EQ(client->session.connection.ConnectionLabel, "FICS");
+    EXPECT_TRUE(waitUntil([this] { return socketState() == 7; }));
+    EXPECT_TRUE(relay.log().isEmpty()) << "it did not run";
 }
 
 TEST_F(Bridge, EachArgumentReachesTheProgramAsOne) {

@@ -275,6 +275,12 @@ class LayerCheck(unittest.TestCase):
                 changes = {**rig, tape: '// Tape.\n#include "Rig.h"\n'}
                 self.expect(changes, "fuzz/", "circle of includes", "Rig", "Tape")
 
+    def test_finds_ways_in_which_a_text_could_be_markup(self):
+        for line in ["page->setHtml(text);", "box->setTextFormat(Qt::RichText);", "setWindowTitle(shownText(player));"]:
+            with self.subTest(line):
+                changes = {"src/board/Board.h": SOUND["src/board/Board.h"] + line + "\n"}
+                self.expect(changes, "src/board/Board.h:5", "could show a text of others as markup")
+
     def test_finds_a_tree_that_is_gone(self):
         for top in ["src", "practice", "fuzz"]:
             with self.subTest(top):
