@@ -39,6 +39,13 @@ for page in "$folder"/usr/share/man/man1/*.gz; do
     [ -z "$complaints" ] || fail "$page: $complaints"
 done
 
+# No folder of this machine stands in a program, in letters of one byte or of two.
+for program in "$folder"/usr/bin/*; do
+    if { strings "$program" && strings --encoding=l "$program"; } | grep -F "$root/"; then
+        fail "$(basename "$program") names the folder in which it was built"
+    fi
+done
+
 # The version is that of the project, wherever it is told.
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' CMakeCache.txt)
 for program in brightrank brightrank-play brightrank-practice; do

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the package of the last commit twice, in two folders of different names, and compares the two byte for byte.
-#   tools/reproducible.sh          with a compiler that remembers nothing (some 10 minutes on two cores)
+#   tools/reproducible.sh          with a compiler that remembers nothing (12 minutes and 7 on two busy cores)
 #   tools/reproducible.sh --quick  with the compiler's cache, for changes of the packaging
 set -euo pipefail
 
