@@ -129,6 +129,7 @@ class SeekGraph(unittest.TestCase):
 
     def testClosedByItsUserItAsksNoMore(self):
         self.display.activate(TITLE)
+        time.sleep(QUIET)  # the window manager is busy with it
         self.display.keys("alt+F4")
         waitFor(lambda: not self.display.numberNow(TITLE), "the graph to close")
         asked = self.server.asked
