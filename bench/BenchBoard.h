@@ -1,10 +1,10 @@
 // A board window for benchmarks, with roads that lead nowhere.
 #pragma once
 
+#include "board/QuietRoads.h"
 #include "board/Style12Line.h"
 #include "board/frmChessBoard.h"
 #include "common/modChess.h"
-#include "platform/QuietDoors.h"
 #include "settings/MemoryStore.h"
 
 #include <memory>
@@ -27,21 +27,6 @@ struct BenchBoard {
     }
 
     CommandHistory history;
-    BoardRoads roads{
-        .store = memoryStore(std::make_shared<MemoryValues>()),
-        .history = history,
-        .zSendMsg = [](const std::string&) {},
-        .zSend = [](const std::string&) { return false; },
-        .print = [](const std::string&) {},
-        .zWriteGame = [](const std::string&, const GameRecord&) {},
-        .playSound = [](std::string_view, std::int16_t) {},
-        .tellText = [](int) { return std::string(); },
-        .showMatch = [] {},
-        .showSeek = [] {},
-        .showExamine = [](std::int32_t) {},
-        .doors = quietDoors(),
-        .consoleFrame = [] { return QRect(); },
-        .enableBoardMenu = [] {},
-    };
+    BoardRoads roads = quietBoardRoads(memoryStore(std::make_shared<MemoryValues>()), history);
     frmChessBoard board{roads};
 };

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "board/BoardRig.h"
+#include "board/QuietRoads.h"
 #include "board/frmChessBoard.h"
 #include "platform/Boxes.h"
 #include "platform/ChosenEntry.h"
 #include "platform/OpenWindows.h"
-#include "platform/QuietDoors.h"
 #include "platform/WaitUntil.h"
 #include "settings/MemoryStore.h"
 
@@ -33,6 +33,7 @@ protected:
             return okay;
         };
         boxes.message = [this](QWidget*, const std::string&, const std::string& text) { asked.push_back(text); };
+        joinRoads();
     }
     ~BoardWindowRig() override {
         for (const QPointer<frmChessBoard>& board : made) delete board.data();
@@ -94,29 +95,24 @@ protected:
     static std::string title(const frmChessBoard& board) { return board.windowTitle().toStdString(); }
     static QWidget& inner(frmChessBoard& board) { return *part(board, "picChess").parentWidget(); }
 
+    void joinRoads() {
+        roads.zSendMsg = [this](const std::string& text) { sent.push_back(text); };
+        roads.zSend = [this](const std::string& text) {
+            if (connected) typed.push_back(text);
+            return connected;
+        };
+        roads.print = [this](const std::string& text) { printed.push_back(text); };
+        roads.zWriteGame = [this](const std::string& fileName, const GameRecord& record) {
+            written.emplace_back(fileName, record);
+        };
+        roads.tellText = [this](int index) { return index == 0 ? tell : std::string(); };
+        roads.showExamine = [this](std::int32_t id) { examined.push_back(id); };
+        roads.enableBoardMenu = [this] { ++menuEnabled; };
+    }
+
     std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
     CommandHistory history;
-    BoardRoads roads{
-        .store = memoryStore(values),
-        .history = history,
-        .zSendMsg = [this](const std::string& text) { sent.push_back(text); },
-        .zSend =
-            [this](const std::string& text) {
-                if (connected) typed.push_back(text);
-                return connected;
-            },
-        .print = [this](const std::string& text) { printed.push_back(text); },
-        .zWriteGame = [this](const std::string& fileName,
-                             const GameRecord& record) { written.emplace_back(fileName, record); },
-        .playSound = [](std::string_view, std::int16_t) {},
-        .tellText = [this](int index) { return index == 0 ? tell : std::string(); },
-        .showMatch = [] {},
-        .showSeek = [] {},
-        .showExamine = [this](std::int32_t id) { examined.push_back(id); },
-        .doors = quietDoors(),
-        .consoleFrame = [] { return QRect(); },
-        .enableBoardMenu = [this] { ++menuEnabled; },
-    };
+    BoardRoads roads = quietBoardRoads(memoryStore(values), history);
     std::vector<QPointer<frmChessBoard>> made;
     std::vector<std::string> sent;
     std::vector<std::string> typed;

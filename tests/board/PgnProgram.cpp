@@ -1,9 +1,9 @@
 // A program that reads a game file onto a board; started by PgnFaultTest.
+#include "board/QuietRoads.h"
 #include "board/frmChessBoard.h"
 #include "common/modChess.h"
 #include "platform/Application.h"
 #include "platform/LoadedWindow.h"
-#include "platform/QuietDoors.h"
 #include "records/frmPGN.h"
 #include "settings/MemoryStore.h"
 
@@ -21,24 +21,8 @@ void say(const std::string& text) {
 }
 
 struct Program {
-    std::shared_ptr<MemoryValues> values = std::make_shared<MemoryValues>();
     CommandHistory history;
-    BoardRoads roads{
-        .store = memoryStore(values),
-        .history = history,
-        .zSendMsg = [](const std::string&) {},
-        .zSend = [](const std::string&) { return false; },
-        .print = [](const std::string&) {},
-        .zWriteGame = [](const std::string&, const GameRecord&) {},
-        .playSound = [](std::string_view, std::int16_t) {},
-        .tellText = [](int) { return std::string(); },
-        .showMatch = [] {},
-        .showSeek = [] {},
-        .showExamine = [](std::int32_t) {},
-        .doors = quietDoors(),
-        .consoleFrame = [] { return QRect(); },
-        .enableBoardMenu = [] {},
-    };
+    BoardRoads roads = quietBoardRoads(memoryStore(std::make_shared<MemoryValues>()), history);
     frmChessBoard board{roads};
 
     // Chooses the game in `row`, or none.
