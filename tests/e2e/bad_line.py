@@ -12,17 +12,20 @@ class OverABadLine(PlayedByHand):
     def line(self):
         return Proxy(self.practice.port, **self.faults)
 
-
-class SlowAndUneven(OverABadLine):
-    faults = {"delay": 0.3, "jitter": 0.2}
-
-    def testAGameIsPlayedToItsEnd(self):
+    def playToMate(self):
         self.begin()
         self.play("e2e4", "e7e5", "f1c4", "b8c6", "d1h5", "g8f6")
         self.drag("h5", "f7")
         self.partner.await_("Rookery checkmated")
         self.awaitSent("e2-e4", "f1-c4", "d1-h5", "h5-f7")
         self.awaitPosition()
+
+
+class SlowAndUneven(OverABadLine):
+    faults = {"delay": 0.3, "jitter": 0.2}
+
+    def testAGameIsPlayedToItsEnd(self):
+        self.playToMate()
 
     def testAPreMoveGoesOutWithThePositionThatItWaitsFor(self):
         self.begin(PreMove_OK=1)
@@ -39,12 +42,7 @@ class InCrumbs(OverABadLine):
     faults = {"piece": 1}
 
     def testAGameIsPlayedToItsEnd(self):
-        self.begin()
-        self.play("e2e4", "e7e5", "f1c4", "b8c6", "d1h5", "g8f6")
-        self.drag("h5", "f7")
-        self.partner.await_("Rookery checkmated")
-        self.awaitSent("e2-e4", "f1-c4", "d1-h5", "h5-f7")
-        self.awaitPosition()
+        self.playToMate()
 
 
 class StandingStill(OverABadLine):
