@@ -19,11 +19,16 @@ constexpr int LeftButton = 1;
 constexpr int MovePicture = 3; // of the pointers
 constexpr int PreMovePicture = 4;
 
+// Of a display square.
 BoardPoint centreOf(const BoardGeometry& geometry, int position) {
     BoardPoint point;
     geometry.zGetXY(static_cast<std::int16_t>(position), point.x, point.y);
     const float half = static_cast<float>(geometry.SquarePixels) / 2;
     return {point.x + half, point.y + half};
+}
+
+BoardPoint centreOfSquare(const BoardGeometry& geometry, int square) {
+    return centreOf(geometry, geometry.DisplaySquare[square]);
 }
 
 } // namespace
@@ -56,15 +61,14 @@ void BoardInput::connectKeys(QWidget* window) {
                      [this](int button, int square) { pressSquare(button, square); });
     QObject::connect(view, &BoardView::squareReached, window, [this, view](int square) {
         if (!moves.game.hand.Dragging) return;
-        const BoardPoint point = centreOf(view->geometry(), view->geometry().DisplaySquare[square]);
+        const BoardPoint point = centreOfSquare(view->geometry(), square);
         moves.mouseMoved(LeftButton, point.x, point.y);
     });
 }
 
 // In drag style a key that lifts a piece has no end, and the next one lets go.
 void BoardInput::pressSquare(int button, int square) {
-    const BoardGeometry& geometry = parts_.picChess->geometry();
-    const BoardPoint point = centreOf(geometry, geometry.DisplaySquare[square]);
+    const BoardPoint point = centreOfSquare(parts_.picChess->geometry(), square);
     if (button == LeftButton && moves.game.hand.Dragging && modChess.DragMode != 0) {
         moves.mouseUp(button, point.x, point.y);
     } else {
@@ -74,8 +78,7 @@ void BoardInput::pressSquare(int button, int square) {
 
 bool BoardInput::putBack() {
     if (!moves.game.hand.Dragging) return false;
-    const BoardGeometry& geometry = parts_.picChess->geometry();
-    const BoardPoint origin = centreOf(geometry, geometry.DisplaySquare[moves.game.hand.DragFrom]);
+    const BoardPoint origin = centreOfSquare(parts_.picChess->geometry(), moves.game.hand.DragFrom);
     moves.zMouseUp(origin.x, origin.y);
     return true;
 }

@@ -1,14 +1,13 @@
 // The dots of the seek graph for assistive tools.
 #include "seek/SeekDots.h"
 
+#include "platform/AccessibleItems.h"
 #include "platform/StreamText.h"
 #include "seek/AdTexts.h"
 #include "seek/SeekPlot.h"
 
 #include <QAccessibleWidget>
 #include <QPointer>
-
-#include <array>
 
 namespace {
 
@@ -64,33 +63,12 @@ private:
 
 class DotList : public QAccessibleWidget {
 public:
-    explicit DotList(SeekPlot* plot) : QAccessibleWidget(plot, QAccessible::List), plot_(plot) { entries_.fill(0); }
-    ~DotList() override {
-        for (const QAccessible::Id entry : entries_) {
-            if (entry != 0) QAccessible::deleteAccessibleInterface(entry);
-        }
-    }
+    explicit DotList(SeekPlot* plot) : QAccessibleWidget(plot, QAccessible::List), plot_(plot), entries_(plot) {}
 
     int childCount() const override { return std::max(plot_->graph().DotsDrawn, 0); }
-    QAccessibleInterface* child(int index) const override {
-        if (index < 0 || index >= childCount()) return nullptr;
-        QAccessible::Id& entry = entries_.at(static_cast<std::size_t>(index));
-        if (entry == 0) entry = QAccessible::registerAccessibleInterface(new DotEntry(plot_, index));
-        return QAccessible::accessibleInterface(entry);
-    }
-    int indexOfChild(const QAccessibleInterface* child) const override {
-        for (int index = 0; index < childCount(); ++index) {
-            const QAccessible::Id entry = entries_.at(static_cast<std::size_t>(index));
-            if (entry != 0 && QAccessible::accessibleInterface(entry) == child) return index;
-        }
-        return -1;
-    }
-    QAccessibleInterface* childAt(int x, int y) const override {
-        for (int index = 0; index < childCount(); ++index) {
-            if (child(index)->rect().contains(x, y)) return child(index);
-        }
-        return nullptr;
-    }
+    QAccessibleInterface* child(int index) const override { return entries_.at(index, childCount()); }
+    int indexOfChild(const QAccessibleInterface* child) const override { return entries_.indexOf(child, childCount()); }
+    QAccessibleInterface* childAt(int x, int y) const override { return entries_.under(x, y, childCount()); }
     QAccessibleInterface* focusChild() const override {
         const int chosen = plot_->hasFocus() ? plot_->chosenDot() : -1;
         return chosen < 0 ? QAccessibleWidget::focusChild() : child(chosen);
@@ -98,7 +76,7 @@ public:
 
 private:
     SeekPlot* plot_;
-    mutable std::array<QAccessible::Id, 201> entries_; // made when they are asked for; 0 until then
+    mutable AccessibleItems<DotEntry, SeekPlot, 201> entries_;
 };
 
 } // namespace

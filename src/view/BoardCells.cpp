@@ -1,14 +1,13 @@
 // The squares of a board for assistive tools: a table as it stands on the screen, of which each cell is a square.
 #include "view/BoardCells.h"
 
+#include "platform/AccessibleItems.h"
 #include "platform/StreamText.h"
 #include "view/BoardView.h"
 #include "view/PositionWords.h"
 
 #include <QAccessibleWidget>
 #include <QPointer>
-
-#include <array>
 
 namespace {
 
@@ -90,37 +89,17 @@ private:
 
 class SquareTable : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
-    explicit SquareTable(BoardView* view) : QAccessibleWidget(view, QAccessible::Table), view_(view) { cells_.fill(0); }
-    ~SquareTable() override {
-        for (const QAccessible::Id cell : cells_) {
-            if (cell != 0) QAccessible::deleteAccessibleInterface(cell);
-        }
-    }
+    explicit SquareTable(BoardView* view) : QAccessibleWidget(view, QAccessible::Table), view_(view), cells_(view) {}
 
-    bool knows(int cell) const { return cells_.at(static_cast<std::size_t>(cell)) != 0; }
+    bool knows(int cell) const { return cells_.knows(cell); }
 
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Description ? view_->description() : QAccessibleWidget::text(kind);
     }
     int childCount() const override { return 64; }
-    QAccessibleInterface* child(int index) const override {
-        if (index < 0 || index >= childCount()) return nullptr;
-        QAccessible::Id& cell = cells_.at(static_cast<std::size_t>(index));
-        if (cell == 0) cell = QAccessible::registerAccessibleInterface(new SquareCell(view_, index));
-        return QAccessible::accessibleInterface(cell);
-    }
-    int indexOfChild(const QAccessibleInterface* child) const override {
-        for (int index = 0; index < childCount(); ++index) {
-            if (knows(index) && this->child(index) == child) return index;
-        }
-        return -1;
-    }
-    QAccessibleInterface* childAt(int x, int y) const override {
-        for (int index = 0; index < childCount(); ++index) {
-            if (child(index)->rect().contains(x, y)) return child(index);
-        }
-        return nullptr;
-    }
+    QAccessibleInterface* child(int index) const override { return cells_.at(index, childCount()); }
+    int indexOfChild(const QAccessibleInterface* child) const override { return cells_.indexOf(child, childCount()); }
+    QAccessibleInterface* childAt(int x, int y) const override { return cells_.under(x, y, childCount()); }
     QAccessibleInterface* focusChild() const override {
         return view_->hasFocus() ? child(cellOfSquare(*view_, view_->chosenSquare())) : QAccessibleWidget::focusChild();
     }
@@ -165,7 +144,7 @@ private:
     }
 
     BoardView* view_;
-    mutable std::array<QAccessible::Id, 64> cells_; // made when they are asked for; 0 until then
+    mutable AccessibleItems<SquareCell, BoardView, 64> cells_;
 };
 
 void announceAt(BoardView* view, int square, QAccessible::Event what) {
