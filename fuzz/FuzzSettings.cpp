@@ -84,6 +84,11 @@ void checkWindows(const SettingsStore& store) {
         const WindowPlace board = placedBoard(place, {10, 20, 3000, 2000}, {28800, 16200});
         require(board.Left >= 1 && board.Left + board.Width <= 28800, "a board stands on the screen");
         readWindow(store, section, place);
+        const SettingsStore saved = memoryStore(std::make_shared<MemoryValues>());
+        zSaveReg(saved, section, place);
+        WindowPlace again{1, 2, place.Width, place.Height};
+        zGetReg(saved, section, again);
+        require(again == place, "a saved place reads back as it was");
     }
 }
 
