@@ -76,8 +76,9 @@ class ManagedDisplay(Display):
     def areaNow(self, number):
         """None of a window that is going."""
         facts = self.asked("xwininfo", "-id", number)
-        return tuple(int(re.search(rf"{key}: +(-?\d+)", facts)[1])
-                     for key in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")) if facts else None
+        found = [re.search(rf"{key}: +(-?\d+)", facts)
+                 for key in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+        return tuple(int(each[1]) for each in found) if all(found) else None
 
     def frame(self, title):
         """As soon as the window has one."""

@@ -127,7 +127,9 @@ class Traffic:
         self.number = 0  # of the latest game
         self.games = []
         self.due = collections.Counter()
-        self.typing = threading.Event()  # no game begins or ends meanwhile, since a new board takes the keyboard
+        # Meanwhile nothing is said, since the next prompt ends an answer that has not come yet, and no game begins or
+        # ends, since a new board takes the keyboard. What is due is said afterwards.
+        self.typing = threading.Event()
 
     def show(self, text):
         """Text for the console."""
@@ -169,7 +171,7 @@ class Traffic:
             self.begin()
         self.due["line"] += seconds * self.options.lines / 3600
         self.due["update"] += seconds * self.options.games / 15  # a move in a quarter of a minute
-        while self.due["line"] >= 1 or self.due["update"] >= 1:
+        while not self.typing.is_set() and (self.due["line"] >= 1 or self.due["update"] >= 1):
             if self.due["line"] >= 1:
                 self.due["line"] -= 1
                 self.talk()
