@@ -7,6 +7,7 @@
 #include "platform/OpenWindows.h"
 #include "platform/OwnFiles.h"
 #include "platform/StreamText.h"
+#include "platform/TipText.h"
 #include "settings/Settings.h"
 
 #include <QApplication>
@@ -168,7 +169,7 @@ void frmChessClient::applySettings() {
 void frmChessClient::takeTells() {
     for (std::size_t index = 0; index < row_->cmdTell.size(); ++index) {
         const QString command = shownText(settings.Tell[long(index)]);
-        row_->cmdTell[index]->setToolTip(command);
+        row_->cmdTell[index]->setToolTip(tipText(command));
         row_->cmdTell[index]->setEnabled(!command.isEmpty());
     }
 }
