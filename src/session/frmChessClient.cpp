@@ -8,6 +8,7 @@
 #include "platform/OwnFiles.h"
 #include "platform/StreamText.h"
 #include "platform/TipText.h"
+#include "platform/UserFolder.h"
 #include "settings/Settings.h"
 
 #include <QApplication>
@@ -15,7 +16,6 @@
 #include <QDir>
 #include <QFile>
 #include <QMenuBar>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 
 namespace {
@@ -34,8 +34,7 @@ constexpr int LeastMargin = 2;
 // Where the program works with the argument "test". No folder that others share: a relay, sounds and files are looked
 // for there.
 std::string testFolder() {
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    return QFile::encodeName(cache).toStdString() + "/Brightrank/test";
+    return QFile::encodeName(userFolder("XDG_CACHE_HOME", ".cache")).toStdString() + "/Brightrank/test";
 }
 
 } // namespace
