@@ -9,6 +9,7 @@
 #include "platform/EndRequests.h"
 #include "platform/LoadedWindow.h"
 #include "platform/OwnMemory.h"
+#include "platform/OwnProcess.h"
 #include "platform/RestingCaret.h"
 #include "records/frmExamine.h"
 #include "records/frmHistory.h"
@@ -103,6 +104,7 @@ struct Program {
 } // namespace
 
 int main(int argc, char** argv) {
+    settleProcess();
     // It needs no display, and no file of settings comes of it.
     if (argc == 2 && std::string_view(argv[1]) == "--version") {
         std::puts("brightrank " BRIGHTRANK_VERSION);

@@ -7,6 +7,7 @@
 #include "platform/ConsoleFont.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
+#include "platform/TipText.h"
 #include "settings/WindowSettings.h"
 #include "view/frmBoardColors.h"
 
@@ -106,7 +107,7 @@ void frmChessBoard::loadPlace() {
 void frmChessBoard::takeTells() {
     for (std::size_t index = 0; index < parts_.cmdTell.size(); ++index) {
         const QString text = shownText(roads_.tellText(static_cast<int>(index)));
-        parts_.cmdTell[index]->setToolTip(text);
+        parts_.cmdTell[index]->setToolTip(tipText(text));
         parts_.cmdTell[index]->setEnabled(!text.isEmpty());
     }
 }

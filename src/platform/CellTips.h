@@ -1,6 +1,8 @@
 // Tool tips of a table: what does not fit into its cell.
 #pragma once
 
+#include "platform/TipText.h"
+
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QStyledItemDelegate>
@@ -16,7 +18,7 @@ public:
         if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
         const bool cut = sizeHint(option, index).width() > view->visualRect(index).width();
         const QString text = index.data().toString();
-        QToolTip::showText(event->globalPos(), cut ? text : QString(), view);
+        QToolTip::showText(event->globalPos(), cut ? tipText(text) : QString(), view);
         return true;
     }
 };

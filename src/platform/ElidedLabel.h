@@ -1,6 +1,8 @@
 // A label that never asks for more room than it gets: what does not fit ends in dots and is shown as its tool tip.
 #pragma once
 
+#include "platform/TipText.h"
+
 #include <QEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -35,7 +37,7 @@ protected:
     bool event(QEvent* event) override {
         if (event->type() == QEvent::ToolTip) {
             const bool cut = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
-            setToolTip(cut ? text() : QString());
+            setToolTip(cut ? tipText(text()) : QString());
         }
         return QLabel::event(event);
     }

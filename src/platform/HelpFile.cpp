@@ -21,13 +21,15 @@
 
 namespace {
 
-constexpr QSize StartSize(880, 660);          // pixels, wide enough for the pictures of the manual
-constexpr qint64 MostBytes = 4 * 1024 * 1024; // of a page or a picture; those of the manual are far smaller
+constexpr QSize StartSize(880, 660); // pixels, wide enough for the pictures of the manual
+// Pages and pictures of the manual are far smaller. The toolkit's reader takes minutes for some megabytes of brackets.
+constexpr qint64 MostPageBytes = 64 * 1024;
+constexpr qint64 MostPictureBytes = 4 * 1024 * 1024;
 
-// A page or a picture on this machine. A link leads nowhere else, for the file may come from anywhere.
-bool isShown(const QUrl& target) {
+// A file on this machine. A link leads nowhere else, for the file may come from anywhere.
+bool isShown(const QUrl& target, qint64 mostBytes) {
     const QFileInfo file(target.toLocalFile());
-    return target.isLocalFile() && file.isFile() && file.size() <= MostBytes;
+    return target.isLocalFile() && file.isFile() && file.size() <= mostBytes;
 }
 
 // An installed program has its manual beside it, a built one in the source tree it came from.
@@ -36,7 +38,7 @@ QString helpFile() {
          {QDir::current().filePath(QStringLiteral("Brightrank.hlp")),
           QCoreApplication::applicationDirPath() + QStringLiteral("/../share/brightrank/help/Brightrank.hlp"),
           QCoreApplication::applicationDirPath() + QStringLiteral("/" BRIGHTRANK_MANUAL)}) {
-        if (isShown(QUrl::fromLocalFile(path))) return path;
+        if (isShown(QUrl::fromLocalFile(path), MostPageBytes)) return path;
     }
     return {};
 }
@@ -91,12 +93,12 @@ protected:
     }
 
     void doSetSource(const QUrl& page, QTextDocument::ResourceType) override {
-        if (isShown(page)) QTextBrowser::doSetSource(page, QTextDocument::MarkdownResource);
+        if (isShown(page, MostPageBytes)) QTextBrowser::doSetSource(page, QTextDocument::MarkdownResource);
     }
 
     QVariant loadResource(int type, const QUrl& name) override {
         const QUrl target = source().resolved(name);
-        return isShown(target) ? QTextBrowser::loadResource(type, target) : QVariant(noPicture());
+        return isShown(target, MostPictureBytes) ? QTextBrowser::loadResource(type, target) : QVariant(noPicture());
     }
 };
 

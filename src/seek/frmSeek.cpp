@@ -12,6 +12,7 @@
 #include "platform/LoadedWindow.h"
 #include "platform/MenuEntry.h"
 #include "platform/StreamText.h"
+#include "platform/TipText.h"
 #include "seek/AdTexts.h"
 #include "settings/WindowSettings.h"
 
@@ -223,7 +224,7 @@ void frmSeek::pointedAt(int dot) {
     if (text == stbSeek_->text()) return;
     stbSeek_->setText(text);
     QToolTip::hideText(); // by itself it goes when the pointer leaves the whole graph
-    plot_->setToolTip(text);
+    plot_->setToolTip(tipText(text));
 }
 
 void frmSeek::play(int number) { roads_.zSendMsg("Play " + std::to_string(number)); }

@@ -7,6 +7,8 @@
 #include "platform/OpenWindows.h"
 #include "platform/OwnFiles.h"
 #include "platform/StreamText.h"
+#include "platform/TipText.h"
+#include "platform/UserFolder.h"
 #include "settings/Settings.h"
 
 #include <QApplication>
@@ -14,7 +16,6 @@
 #include <QDir>
 #include <QFile>
 #include <QMenuBar>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 
 namespace {
@@ -33,8 +34,7 @@ constexpr int LeastMargin = 2;
 // Where the program works with the argument "test". No folder that others share: a relay, sounds and files are looked
 // for there.
 std::string testFolder() {
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    return QFile::encodeName(cache).toStdString() + "/Brightrank/test";
+    return QFile::encodeName(userFolder("XDG_CACHE_HOME", ".cache")).toStdString() + "/Brightrank/test";
 }
 
 } // namespace
@@ -168,7 +168,7 @@ void frmChessClient::applySettings() {
 void frmChessClient::takeTells() {
     for (std::size_t index = 0; index < row_->cmdTell.size(); ++index) {
         const QString command = shownText(settings.Tell[long(index)]);
-        row_->cmdTell[index]->setToolTip(command);
+        row_->cmdTell[index]->setToolTip(tipText(command));
         row_->cmdTell[index]->setEnabled(!command.isEmpty());
     }
 }

@@ -1,6 +1,7 @@
 // The settings store on disk.
 #include "settings/IniStore.h"
 
+#include "platform/UserFolder.h"
 #include "settings/IniText.h"
 
 #include <QDir>
@@ -8,7 +9,6 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSaveFile>
-#include <QStandardPaths>
 
 #include <memory>
 
@@ -48,7 +48,8 @@ bool replaceFile(const QString& path, const std::string& bytes) {
     if (!file.open(QIODevice::WriteOnly)) return false;
     if (!file.setPermissions(OwnerOnly)) return false;
     const auto size = static_cast<qint64>(bytes.size());
-    return file.write(bytes.data(), size) == size && file.commit();
+    // The file's own commit does not look whether the last of it could be written.
+    return file.write(bytes.data(), size) == size && file.flush() && file.commit();
 }
 
 void sync(IniState& state) {
@@ -77,8 +78,8 @@ void removeApplication(IniState& state, const QString& application) {
 } // namespace
 
 QString iniPath(const QString& application) {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return folder + QStringLiteral("/Brightrank/") + application + QStringLiteral(".ini");
+    return userFolder("XDG_CONFIG_HOME", ".config") + QStringLiteral("/Brightrank/") + application +
+           QStringLiteral(".ini");
 }
 
 SettingsStore openIniStore(const QString& application) {

@@ -241,6 +241,20 @@ TEST_F(HelpFileTest, AFolderAPipeOrAHugeFileOfItsNameIsPassedOver) {
     EXPECT_TRUE(open().toPlainText().startsWith(QStringLiteral("Manual")));
 }
 
+TEST_F(HelpFileTest, APageOfMoreThanSixtyFourKilobytesIsPassedOver) {
+    const QString path = folder.filePath(QStringLiteral("Brightrank.hlp"));
+    write("Brightrank.hlp", "[a page](page.md)\n");
+    QFile file(path); // blanks, for the reader is slow with NULs
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(QByteArray(static_cast<qsizetype>(65536 - file.size()), 0x20));
+    file.close();
+    EXPECT_FALSE(open().toPlainText().startsWith(QStringLiteral("Manual")));
+    shown().front()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_TRUE(QFile::resize(path, 65537));
+    EXPECT_TRUE(open().toPlainText().startsWith(QStringLiteral("Manual")));
+}
+
 TEST_F(HelpFileTest, EveryLinkAndPictureOfTheManualIsFound) {
     QTextBrowser& browser = open();
     std::vector<QUrl> pages{browser.source()};

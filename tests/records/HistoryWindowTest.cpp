@@ -250,6 +250,21 @@ TEST_F(HistoryWindow, ATitleNamesThePlayerAndTheWindow) {
     EXPECT_EQ(title(), "Stored games for Foobar");
 }
 
+TEST_F(HistoryWindow, ATitleShowsANameThatLooksLikeMarkupAsItIsAndTheFrontOfOneWithoutAnEnd) {
+    opened();
+    press("cmdHistory");
+    zHistoryLines(lists, "History for <b>x</b>&amp;%1:\r\n");
+    EXPECT_EQ(title(), "History for <b>x</b>&amp;%1");
+    EXPECT_EQ(player(), "<b>x</b>&amp;%1");
+    for (const char* button : {"cmdHistory", "cmdJournal", "cmdStored"}) {
+        setPlayer(std::string(10000, 'W').c_str());
+        press(button);
+        EXPECT_EQ(title().size(), 500U) << button;
+    }
+    zHistoryLines(lists, "History for " + std::string(1000, 'W') + ":\r\n");
+    EXPECT_LE(title().size(), 500U);
+}
+
 TEST_F(HistoryWindow, AnAnswerBehindItsCloseIsReadAndShownByNobody) {
     opened();
     press("cmdHistory");

@@ -10,7 +10,9 @@
 
 #include <csignal>
 #include <filesystem>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -69,6 +71,32 @@ TEST_F(HostilePlaces, WithoutTheRightToWriteThereItStartsAndEnds) {
     fs::permissions(start, fs::perms(0755));
 }
 
+TEST_F(HostilePlaces, WithoutStandardInputOutputAndErrorItStartsAndEnds) {
+    program.process.setChildProcessModifier([] {
+        for (const int number : {0, 1, 2}) ::close(number);
+    });
+    expectLife();
+}
+
+TEST_F(HostilePlaces, WhatItSaysMayBeReadByNobody) {
+    program.process.setChildProcessModifier([] {
+        int ends[2];
+        if (::pipe(ends) == 0 && ::dup2(ends[1], 2) == 2 && ::close(ends[0]) == 0) ::close(ends[1]);
+    });
+    expectLife();
+}
+
+// A limit of the user's stands for a full disk here.
+TEST_F(HostilePlaces, WhereNoFileMayGrowItStartsAndEndsWithTheSettingsAsTheyWere) {
+    program.process.setChildProcessModifier([] {
+        constexpr rlimit Nothing{10, 10}; // bytes
+        ::setrlimit(RLIMIT_FSIZE, &Nothing);
+    });
+    const std::string before = program.settingsText();
+    expectLife();
+    EXPECT_EQ(program.settingsText(), before);
+}
+
 TEST_F(HostilePlaces, APipeInPlaceOfTheSettingsDoesNotKeepItFromStarting) {
     fs::remove(program.settingsPath());
     ASSERT_EQ(::mkfifo(program.settingsPath().c_str(), 0600), 0);
@@ -86,6 +114,13 @@ TEST_F(HostilePlaces, TheArgumentTestLeadsToAFolderOfTheUsersOwn) {
     const fs::path there = testFolder(cache);
     EXPECT_EQ(there, fs::canonical(cache) / "Brightrank" / "test");
     EXPECT_EQ(fs::status(cache / "Brightrank" / "test").permissions(), fs::perms(0700));
+}
+
+TEST_F(HostilePlaces, ARelativeNameOfTheCachesLeadsToTheOnesInTheHomeFolder) {
+    QProcessEnvironment surroundings = program.process.processEnvironment();
+    surroundings.insert(QStringLiteral("HOME"), QString::fromStdString(start.string()) + QStringLiteral("/home"));
+    program.process.setProcessEnvironment(surroundings);
+    EXPECT_EQ(testFolder("cache"), fs::canonical(start) / "home" / ".cache" / "Brightrank" / "test");
 }
 
 TEST_F(HostilePlaces, WhereThatFolderCannotBeMadeItStaysWhereItStarted) {

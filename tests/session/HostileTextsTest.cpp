@@ -118,7 +118,8 @@ TEST_P(HostileTexts, InTheSettings) {
     set("Tell_0", GetParam().text);
     set("Main_Font", GetParam().text);
     begin();
-    EXPECT_EQ(button(QStringLiteral("cmdTell(0)")).toolTip(), text());
+    QString tip = button(QStringLiteral("cmdTell(0)")).toolTip();
+    EXPECT_EQ(tip.remove(u'\n'), text().left(500));
     expectSound();
 }
 

@@ -9,8 +9,10 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -41,7 +43,41 @@ struct HostileStore : testing::Test {
     }
 };
 
+// No file can have more bytes while it lives; stands for a full disk.
+struct FullDisk {
+    rlimit before{};
+    void (*heard)(int) = std::signal(SIGXFSZ, SIG_IGN);
+
+    explicit FullDisk(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit little{bytes, before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &little);
+    }
+    ~FullDisk() {
+        ::setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, heard);
+    }
+};
+
 } // namespace
+
+TEST_F(HostileStore, OnAFullDiskASaveLeavesTheFileAsItWasAndKeepsItsWrites) {
+    const std::string before = "[Client]\nLeft=5\nHandle=" + std::string(30'000, 'x') + "\n";
+    put(path, before);
+    const SettingsStore store = openIniStore();
+    store.write("Client", "Left", "7");
+    for (const rlim_t room : {0UL, 10UL, 20'000UL}) {
+        {
+            const FullDisk disk(room);
+            store.sync();
+        }
+        EXPECT_EQ(fs::file_size(path), before.size()) << room;
+        EXPECT_EQ(left(), "5") << room;
+    }
+    store.sync();
+    EXPECT_EQ(left(), "7");
+    EXPECT_EQ(std::distance(fs::directory_iterator(path.parent_path()), {}), 1) << "nothing else is left there";
+}
 
 TEST_F(HostileStore, APipeIsNotWaitedForAndASavePutsAFileInItsPlace) {
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
@@ -123,6 +159,15 @@ TEST_F(HostileStore, AFolderThatCannotBeMadeIsAnEmptyStoreThatKeepsItsWrites) {
     store.write("Client", "Left", "7");
     store.sync();
     EXPECT_EQ(store.read("Client", "Left", ""), "7");
+}
+
+TEST_F(HostileStore, ARelativeNameOfTheSettingsFolderDoesNotLeadToTheFolderStartedIn) {
+    const EnvironmentVariable homeFolder("HOME", QFile::encodeName(folder.path() + QStringLiteral("/home")));
+    const QString inHome = folder.path() + QStringLiteral("/home/.config/Brightrank/Brightrank.ini");
+    for (const char* name : {"config", "./config", "../config", ":/config", "", static_cast<const char*>(nullptr)}) {
+        const EnvironmentVariable config("XDG_CONFIG_HOME", name);
+        EXPECT_EQ(iniPath(QStringLiteral("Brightrank")), inHome) << (name ? name : "(not set)");
+    }
 }
 
 TEST_F(HostileStore, CharactersThatLatin1DoesNotHoldAndMarksThatTurnTextAroundBecomeQuestionMarks) {
