@@ -48,7 +48,8 @@ bool replaceFile(const QString& path, const std::string& bytes) {
     if (!file.open(QIODevice::WriteOnly)) return false;
     if (!file.setPermissions(OwnerOnly)) return false;
     const auto size = static_cast<qint64>(bytes.size());
-    return file.write(bytes.data(), size) == size && file.commit();
+    // What is still in the buffer when it commits may fail without a word.
+    return file.write(bytes.data(), size) == size && file.flush() && file.commit();
 }
 
 void sync(IniState& state) {
@@ -77,7 +78,9 @@ void removeApplication(IniState& state, const QString& application) {
 } // namespace
 
 QString iniPath(const QString& application) {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    const QString own = qEnvironmentVariable("BRIGHTRANK_CONFIG_HOME");
+    const QString folder =
+        QDir::isAbsolutePath(own) ? own : QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     return folder + QStringLiteral("/Brightrank/") + application + QStringLiteral(".ini");
 }
 
