@@ -24,8 +24,7 @@ class Offline(unittest.TestCase):
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix="brightrank-e2e-")))
 
     def start(self, *arguments, program=BUILD / "brightrank-play", **surroundings):
-        whole = self.display.environment() | {"HOME": str(self.folder)} | surroundings
-        whole.pop("XDG_DATA_HOME", None)
+        whole = self.display.environment() | {"HOME": str(self.folder), "XDG_DATA_HOME": None} | surroundings
         whole = {name: value for name, value in whole.items() if value is not None}
         process = subprocess.Popen([str(program), *arguments], env=whole, stdout=subprocess.PIPE,
                                    stderr=subprocess.STDOUT, text=True, cwd=self.folder)
@@ -53,6 +52,8 @@ class Offline(unittest.TestCase):
             partner.say("who")
             if "Pupil" in partner.await_(r"(?s)who.*?players|.*fics% ", 5)[0]:
                 break
+        else:
+            raise AssertionError("its user is not logged on")
         partner.end()
         return process, store, port
 
@@ -108,13 +109,17 @@ class Offline(unittest.TestCase):
     def test_what_the_user_chose_stays_and_where_to_connect_is_new(self):
         file = self.folder / "config/Brightrank/Brightrank.ini"
         file.parent.mkdir(parents=True)
-        file.write_text("[Client]\nHandle=Novice\nPort=1\nSeek_Graph=False\n\n[Board]\nLeft=300\n")
+        file.write_text("[Client]\nHandle=Novice\nPort=1\nSeek_Graph=False\nIP=198.51.100.1\nLast_Server=2\n"
+                        "Use_Timeseal=True\nAuto_Connect=False\nAuto_Logon=False\n\n[Board]\nLeft=300\n")
         process = self.start("--store", str(self.folder))
         port = self.port(self.awaitStore(process))
         kept = file.read_text()
         self.assertIn("Handle=Novice\n", kept)
         self.assertIn("Seek_Graph=False\n", kept)
-        self.assertIn(f"Port={port}\n", kept)
+        self.assertEqual(kept.count("Port="), 1)
+        for line in (f"Port={port}", "IP=127.0.0.1", "Last_Server=0", "Use_Timeseal=False", "Auto_Connect=True",
+                     "Auto_Logon=True"):
+            self.assertIn(f"{line}\n", kept)
         self.assertIn("[Board]\nLeft=300\n", kept)
         self.assertEqual(file.stat().st_mode & 0o777, 0o600)
 
@@ -142,14 +147,50 @@ class Offline(unittest.TestCase):
                 self.assertIn("brightrank-play: " + told.format(store), process.stdout.read())
                 self.assertEqual(process.wait(LIMIT), 1)
 
+    def beside(self, server, client):
+        """The command with two others in place of its programs."""
+        folder = self.folder / "programs"
+        folder.mkdir()
+        shutil.copy(BUILD / "brightrank-play", folder)
+        for name, commands in ("brightrank-practice", server), ("brightrank", client):
+            (folder / name).write_text(f"#!/bin/sh\n{commands}\n")
+            (folder / name).chmod(0o755)
+        return folder / "brightrank-play"
+
+    def test_a_client_that_fails_is_told_with_its_last_words_and_its_status(self):
+        program = self.beside("echo listening on 127.0.0.1:1; exec sleep 60", "echo alas; exit 3")
+        process = self.start("--store", str(self.folder), program=program)
+        self.assertRegex(process.stdout.read(), r"alas\nbrightrank-play: the client ended with status 3; its log is .*\n")
+        self.assertEqual(process.wait(LIMIT), 3)
+
+    def test_a_server_that_ends_by_itself_is_told_and_the_client_ends_too(self):
+        mark = self.folder / "ended"
+        program = self.beside("echo listening on 127.0.0.1:1; sleep 1",
+                              f"trap 'echo >{mark}; exit 0' TERM; while :; do sleep 0.1; done")
+        process = self.start("--store", str(self.folder), program=program)
+        self.assertIn("brightrank-play: the practice server ended by itself; its log is", process.stdout.read())
+        self.assertEqual(process.wait(LIMIT), 1)
+        self.assertTrue(mark.exists())
+
+    def test_the_client_works_in_the_store(self):
+        program = self.beside("echo listening on 127.0.0.1:1; exec sleep 60",
+                              "pwd; echo $BRIGHTRANK_CONFIG_HOME; echo $XDG_CACHE_HOME")
+        self.assertEqual(self.start("--store", str(self.folder), program=program).wait(LIMIT), 0)
+        expected = "".join(f"{self.folder}{below}\n" for below in ("", "/config", "/cache"))
+        self.assertEqual((self.folder / "client.log").read_text(), expected)
+
+    def test_the_store_is_in_the_data_folder_if_that_is_a_whole_path(self):
+        program = self.beside("echo listening on 127.0.0.1:1; exec sleep 60", "exit 0")
+        for data, store in ((str(self.folder / "data"), "data"), ("data", ".local/share"), ("", ".local/share")):
+            with self.subTest(data):
+                process = self.start(program=program, XDG_DATA_HOME=data)
+                self.assertEqual(self.awaitStore(process), self.folder / store / "brightrank/practice")
+                self.assertEqual(process.wait(LIMIT), 0)
+
     def test_a_server_that_does_not_start_is_told_whatever_an_earlier_one_wrote(self):
-        beside = self.folder / "programs"
-        beside.mkdir()
-        shutil.copy(BUILD / "brightrank-play", beside)
-        (beside / "brightrank-practice").write_text("#!/bin/sh\necho no engine\nexit 2\n")
-        (beside / "brightrank-practice").chmod(0o755)
+        program = self.beside("echo no engine; exit 2", "exit 0")
         (self.folder / "server.log").write_text("listening on 127.0.0.1:1\n")
-        process = self.start("--store", str(self.folder), program=beside / "brightrank-play")
+        process = self.start("--store", str(self.folder), program=program)
         self.assertEqual(process.stdout.read(), "no engine\nbrightrank-play: the practice server did not start\n")
         self.assertEqual(process.wait(LIMIT), 1)
 
