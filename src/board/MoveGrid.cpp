@@ -127,7 +127,9 @@ public:
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
-        if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+        if (orientation != Qt::Horizontal) return {};
+        if (role == Qt::AccessibleTextRole && section == 0) return tr("Number"); // whose heading is empty
+        if (role != Qt::DisplayRole) return {};
         return shownText(state_.cells[0][section].text);
     }
 

@@ -5,6 +5,7 @@
 #include "common/TypingKey.h"
 #include "platform/Console.h"
 #include "platform/ConsoleFont.h"
+#include "platform/Described.h"
 #include "platform/HelpFile.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
@@ -48,6 +49,7 @@ QString sendingText() { return QStringLiteral("Sending Help Cmd"); }
 } // namespace
 
 frmChessHelp::frmChessHelp(const HelpRoads& roads) : roads_(roads) {
+    describeWindow(this);
     setObjectName(QStringLiteral("frmChessHelp"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Help Panel"));

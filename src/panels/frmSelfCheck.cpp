@@ -2,6 +2,7 @@
 #include "panels/frmSelfCheck.h"
 
 #include "panels/TallyBox.h"
+#include "platform/Described.h"
 #include "platform/FramePlace.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
@@ -26,6 +27,7 @@ constexpr int TitleBar = 40; // pixels at most
 } // namespace
 
 frmSelfCheck::frmSelfCheck() {
+    describeWindow(this);
     setObjectName(QStringLiteral("frmSelfCheck"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Self Check"));

@@ -29,6 +29,10 @@ void describe(QWidget* widget, QAccessible::Role role, const QString& name, std:
     widget->setAccessibleName(name);                         // announced, and so behind the interface
 }
 
+void describeWindow(QWidget* window) {
+    QAccessible::registerAccessibleInterface(new QAccessibleWidget(window, QAccessible::Window));
+}
+
 std::function<void(QWidget* widget)> announceDescription = [](QWidget* widget) {
     QAccessibleEvent event(widget, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&event);

@@ -13,5 +13,9 @@ class QWidget;
 // it.
 void describe(QWidget* widget, QAccessible::Role role, const QString& name, std::function<QString()> text);
 
+// From now on assistive tools find `window`, which is neither main window nor dialog, as a window and not as a part of
+// one; by its title. Once, before they have heard of it.
+void describeWindow(QWidget* window);
+
 // Tells assistive tools that the description of a widget has changed: that is worth hearing. A test puts its own in.
 extern std::function<void(QWidget* widget)> announceDescription;

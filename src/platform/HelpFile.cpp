@@ -2,7 +2,9 @@
 #include "platform/HelpFile.h"
 
 #include "platform/Boxes.h"
+#include "platform/Described.h"
 #include "platform/InFront.h"
+#include "platform/NamedControl.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -16,6 +18,7 @@
 #include <QTextBrowser>
 #include <QTextCursor>
 #include <QUrl>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -86,10 +89,16 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_Escape) {
-            close();
+            window()->close();
         } else {
             QTextBrowser::keyPressEvent(event);
         }
+    }
+
+    bool focusNextPrevChild(bool next) override {
+        const bool moved = QTextBrowser::focusNextPrevChild(next);
+        tellLink();
+        return moved;
     }
 
     void doSetSource(const QUrl& page, QTextDocument::ResourceType) override {
@@ -100,31 +109,47 @@ protected:
         const QUrl target = source().resolved(name);
         return isShown(target, MostPictureBytes) ? QTextBrowser::loadResource(type, target) : QVariant(noPicture());
     }
+
+private:
+    // The link that Tab led to is selected, and the keyboard stays with the page.
+    void tellLink() {
+        const QString link = textCursor().selectedText();
+        setAccessibleDescription(link.isEmpty() ? QString() : tr("Link: %1").arg(link));
+    }
 };
 
-QTextBrowser* openBrowser(QWidget* parent, const QString& file) {
-    auto* browser = new HelpBrowser(parent);
-    browser->setObjectName(QStringLiteral("helpFile"));
-    browser->setWindowFlag(Qt::Window);
-    browser->setAttribute(Qt::WA_DeleteOnClose);
-    browser->setWindowTitle(QStringLiteral("Brightrank Help"));
-    const QSize frame = parent->window()->frameSize() - parent->window()->size(); // its own will be like it
-    browser->resize(StartSize.boundedTo(parent->screen()->availableSize() - frame));
+void addPage(QWidget& window, const QString& file) {
+    auto* browser = named(new HelpBrowser(&window), "helpFile");
+    browser->setAccessibleName(QStringLiteral("Page of the manual"));
+    browser->setFrameStyle(QFrame::NoFrame);
     browser->setSource(QUrl::fromLocalFile(file));
-    return browser;
+    auto* whole = new QVBoxLayout(&window);
+    whole->setContentsMargins({});
+    whole->addWidget(browser);
+}
+
+QWidget* openWindow(QWidget* parent, const QString& file) {
+    auto* window = named(new QWidget(parent, Qt::Window), "frmHelpFile");
+    describeWindow(window);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWindowTitle(QStringLiteral("Brightrank Help"));
+    const QSize frame = parent->window()->frameSize() - parent->window()->size(); // its own will be like it
+    window->resize(StartSize.boundedTo(parent->screen()->availableSize() - frame));
+    addPage(*window, file);
+    return window;
 }
 
 } // namespace
 
 void showHelpFile(QWidget* parent) {
-    auto* browser = parent->findChild<QTextBrowser*>(QStringLiteral("helpFile"), Qt::FindDirectChildrenOnly);
-    if (browser == nullptr) {
+    auto* window = parent->findChild<QWidget*>(QStringLiteral("frmHelpFile"), Qt::FindDirectChildrenOnly);
+    if (window == nullptr) {
         const QString file = helpFile();
         if (file.isEmpty()) {
             boxes.message(parent, "Brightrank Help", "Brightrank.hlp not found.");
             return;
         }
-        browser = openBrowser(parent, file);
+        window = openWindow(parent, file);
     }
-    bringInFront(*browser);
+    bringInFront(*window);
 }

@@ -3,6 +3,7 @@
 
 #include "common/modChess.h"
 #include "platform/Boxes.h"
+#include "platform/Described.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
 #include "platform/MenuEntry.h"
@@ -36,6 +37,7 @@ bool isStored(std::int16_t kind) { return &lookOf(kind) == &lookOf(HistoryKindSt
 } // namespace
 
 frmHistory::frmHistory(const HistoryRoads& roads) : roads_(roads) {
+    describeWindow(this);
     setObjectName(QStringLiteral("frmHistory"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("History"));

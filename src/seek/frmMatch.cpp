@@ -29,18 +29,22 @@ QLineEdit* numberBox(QWidget* parent, const char* name, const std::string& text)
     return box;
 }
 
-// With no item chosen it shows its designed text.
+// With no item chosen it shows its designed text. Assistive tools know of items only, and take the chosen one for the
+// name of the box.
 template <typename Items>
-QComboBox* listBox(QWidget* parent, const char* name, const Items& items, const ListChoice& designed) {
+QComboBox* listBox(QWidget* parent, const char* name, const QString& spoken, const Items& items,
+                   const ListChoice& designed) {
     auto* box = named(new QComboBox(parent), name);
     for (const char* item : items) box->addItem(QString::fromLatin1(item));
     box->setPlaceholderText(shownText(designed.text));
     box->setCurrentIndex(designed.index);
-    const auto tellDesigned = [box] { // to assistive tools, which know of items only
-        box->setAccessibleDescription(box->currentIndex() < 0 ? box->placeholderText() : QString());
+    box->setAccessibleName(spoken);
+    const auto tell = [box, spoken] {
+        const bool designedShows = box->currentIndex() < 0;
+        box->setAccessibleDescription(designedShows ? spoken + QStringLiteral(": ") + box->placeholderText() : spoken);
     };
-    QObject::connect(box, &QComboBox::currentIndexChanged, box, tellDesigned);
-    tellDesigned();
+    QObject::connect(box, &QComboBox::currentIndexChanged, box, tell);
+    tell();
     QPalette look = box->palette(); // a text that goes out should not look like a hint
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         look.setColor(group, QPalette::PlaceholderText, look.color(group, QPalette::ButtonText));
@@ -122,10 +126,8 @@ QWidget* frmMatch::buildSettings() {
     chkRated_ = named(new QCheckBox(tr("&Rated"), frame), "chkRated");
     chkRated_->setChecked(designed.chkRated);
     chkServer_ = named(new QCheckBox(tr("Use &Server Setting"), frame), "chkServer");
-    cboType_ = listBox(frame, "cboType", MatchTypes, designed.cboType);
-    cboType_->setAccessibleName(tr("Type"));
-    cboColor_ = listBox(frame, "cboColor", MatchColors, designed.cboColor);
-    cboColor_->setAccessibleName(tr("Color"));
+    cboType_ = listBox(frame, "cboType", tr("Type"), MatchTypes, designed.cboType);
+    cboColor_ = listBox(frame, "cboColor", tr("Color"), MatchColors, designed.cboColor);
     connect(chkServer_, &QCheckBox::toggled, this, [this] { enableByServer(); });
     auto* grid = new QGridLayout(frame);
     grid->addWidget(chkRated_, 0, 0);

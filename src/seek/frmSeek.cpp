@@ -7,6 +7,7 @@
 #include "platform/Boxes.h"
 #include "platform/ButtonKeys.h"
 #include "platform/Clock.h"
+#include "platform/Described.h"
 #include "platform/FittingFont.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
@@ -45,6 +46,7 @@ int pixelsFor(float twips) { return static_cast<int>(std::ceil(twips / TwipsPerP
 } // namespace
 
 frmSeek::frmSeek(const SeekRoads& roads) : roads_(roads) {
+    describeWindow(this);
     setObjectName(QStringLiteral("frmSeek"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Seek Graph"));

@@ -5,6 +5,7 @@
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/ConsoleFont.h"
+#include "platform/Described.h"
 #include "platform/InFront.h"
 #include "platform/OpenWindows.h"
 #include "platform/StreamText.h"
@@ -40,6 +41,7 @@ std::string withoutLineEnds(std::string name) {
 } // namespace
 
 frmChat::frmChat(ServerRoad& road, const ChatRoads& roads) : box(road, hooks()), roads_(roads) {
+    describeWindow(this);
     setObjectName(QStringLiteral("frmChat"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Chat"));

@@ -48,7 +48,7 @@ bool replaceFile(const QString& path, const std::string& bytes) {
     if (!file.open(QIODevice::WriteOnly)) return false;
     if (!file.setPermissions(OwnerOnly)) return false;
     const auto size = static_cast<qint64>(bytes.size());
-    // The file's own commit does not look whether the last of it could be written.
+    // What is still in the buffer when it commits may fail without a word.
     return file.write(bytes.data(), size) == size && file.flush() && file.commit();
 }
 
@@ -78,8 +78,9 @@ void removeApplication(IniState& state, const QString& application) {
 } // namespace
 
 QString iniPath(const QString& application) {
-    return userFolder("XDG_CONFIG_HOME", ".config") + QStringLiteral("/Brightrank/") + application +
-           QStringLiteral(".ini");
+    const QString own = qEnvironmentVariable("BRIGHTRANK_CONFIG_HOME");
+    const QString folder = QDir::isAbsolutePath(own) ? own : userFolder("XDG_CONFIG_HOME", ".config");
+    return folder + QStringLiteral("/Brightrank/") + application + QStringLiteral(".ini");
 }
 
 SettingsStore openIniStore(const QString& application) {

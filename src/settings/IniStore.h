@@ -8,7 +8,8 @@
 inline constexpr const char* SettingsApplication = "Brightrank";
 
 // Where the file of `application` stands: $XDG_CONFIG_HOME/Brightrank/<application>.ini, with ~/.config when that
-// variable is not set or no absolute path.
+// variable is not set or no absolute path. BRIGHTRANK_CONFIG_HOME, an absolute path, comes before both and moves
+// nothing else of the desktop's.
 QString iniPath(const QString& application);
 
 // Opens the store of `application`. A missing file is an empty store; an unreadable or damaged one gives what can be

@@ -84,3 +84,14 @@ TEST_F(MoveGridWindow, ALongMoveIsShownWhole) {
         delete &board;
     }
 }
+
+TEST_F(MoveGridWindow, EachColumnHasANameForAssistiveToolsAndTheFirstOneNoHeading) {
+    const auto& model = *part<MoveGrid>(open(), "grdMoves").model();
+    const auto heading = [&model](int column, int role) {
+        return model.headerData(column, Qt::Horizontal, role).toString();
+    };
+    EXPECT_EQ(heading(0, Qt::AccessibleTextRole), QStringLiteral("Number"));
+    EXPECT_EQ(heading(0, Qt::DisplayRole), QString());
+    EXPECT_EQ(heading(1, Qt::DisplayRole), QStringLiteral("White"));
+    EXPECT_EQ(model.headerData(0, Qt::Vertical, Qt::AccessibleTextRole), QVariant());
+}

@@ -54,6 +54,7 @@ BOARD_WINDOWS = {
     ("Help", "FICS Help Panel"): ("Help Panel", []),
     ("Help", "About"): ("Brightrank", []),
 }
+ROLES = {"frame", "dialog", "alert"}  # those of windows; anything else is taken for a part of one
 ANSWERS = {"sought": "0 ads displayed.", "Vars": "Prompt: fics% ", "Fi": "", "Set Seek 0": ""}
 # Each of these has a test of its own below.
 CONSOLE_OTHERS = [("Connect", "FICS"), ("Connect", "Close Connection"), ("Connect", "Exit"), ("Console", "Clear Screen"),
@@ -116,6 +117,7 @@ class EveryMenu(ScriptedCase):
                 waitFor(lambda: [each for each in self.titles() if each not in standing and each.startswith(opened)],
                         lambda: f"{opened!r} among {self.titles()}")
                 self.sent(lines)
+                self.assertLessEqual({window.role for window in self.display.windows()}, ROLES)
                 self.closeAllBut(standing)
 
     def testNothingIsDisabledWithoutAReason(self):

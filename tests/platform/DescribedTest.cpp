@@ -23,3 +23,11 @@ TEST(Described, ATextThatChangesIsKeptNowhereThatWouldSayIt) {
     describe(&widget, QAccessible::StaticText, QString(), [] { return QStringLiteral("0:59"); });
     EXPECT_EQ(widget.accessibleDescription(), QString()) << "setting it announces it";
 }
+
+TEST(Described, AWindowIsFoundAsOneByItsTitle) {
+    QWidget window;
+    window.setWindowTitle(QStringLiteral("Seeks"));
+    describeWindow(&window);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->role(), QAccessible::Window);
+    EXPECT_EQ(spokenText(window, QAccessible::Name), QStringLiteral("Seeks"));
+}

@@ -1,6 +1,8 @@
 // Which text the help shows, that there is one window of it, and that its links and pictures are found.
 #include "platform/HelpFile.h"
 
+#include "platform/Spoken.h"
+
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
@@ -134,14 +136,14 @@ TEST_F(HelpFileTest, AskedForAgainItIsTheSameWindow) {
 }
 
 TEST_F(HelpFileTest, AskedForAgainWhileMinimisedItComesBack) {
-    open().showMinimized();
-    EXPECT_FALSE(open().isMinimized());
+    open().window()->showMinimized();
+    EXPECT_FALSE(open().window()->isMinimized());
 }
 
 TEST_F(HelpFileTest, ItIsNoLargerThanTheScreen) {
-    const QTextBrowser& browser = open();
-    const QSize screen = browser.screen()->availableSize();
-    EXPECT_EQ(browser.size().boundedTo(screen), browser.size());
+    const QWidget& manual = *open().window();
+    const QSize screen = manual.screen()->availableSize();
+    EXPECT_EQ(manual.size().boundedTo(screen), manual.size());
 }
 
 TEST_F(HelpFileTest, EscapeClosesIt) {
@@ -150,7 +152,28 @@ TEST_F(HelpFileTest, EscapeClosesIt) {
     EXPECT_THAT(shown(), IsEmpty());
 }
 
+TEST_F(HelpFileTest, AssistiveToolsFindAWindowWithAPageInIt) {
+    QTextBrowser& browser = open();
+    const auto* manual = QAccessible::queryAccessibleInterface(browser.window());
+    EXPECT_EQ(manual->role(), QAccessible::Window);
+    EXPECT_EQ(manual->text(QAccessible::Name), QStringLiteral("Brightrank Help"));
+    EXPECT_EQ(spokenText(browser, QAccessible::Name), QStringLiteral("Page of the manual"));
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(&browser)->textInterface()->text(0, 100).startsWith(
+        QStringLiteral("Manual")));
+}
+
 // Links
+
+TEST_F(HelpFileTest, TheLinkThatTabLeadsToIsTold) {
+    QTextBrowser& browser = openText("[one](second.md) and [two](third.md)\n");
+    browser.activateWindow();
+    QTest::keyClick(&browser, Qt::Key_Tab);
+    EXPECT_EQ(spokenText(browser, QAccessible::Description), QStringLiteral("Link: one"));
+    QTest::keyClick(&browser, Qt::Key_Tab);
+    EXPECT_EQ(spokenText(browser, QAccessible::Description), QStringLiteral("Link: two"));
+    QTest::keyClick(&browser, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(spokenText(browser, QAccessible::Description), QStringLiteral("Link: one"));
+}
 
 TEST_F(HelpFileTest, AHeadingsAnchorIsItsTextInSmallLettersWithoutMarksAndWithoutBlanks) {
     const QTextBrowser& browser = openText("# A first game, without (an) account\n\nText.\n\n## `Pre-moves` & so_on\n");
@@ -228,12 +251,12 @@ TEST_F(HelpFileTest, AFolderAPipeOrAHugeFileOfItsNameIsPassedOver) {
     const QString path = folder.filePath(QStringLiteral("Brightrank.hlp"));
     QDir().mkdir(path);
     EXPECT_TRUE(open().toPlainText().startsWith(QStringLiteral("Manual")));
-    shown().front()->close();
+    shown().front()->window()->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QDir().rmdir(path);
     ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
     EXPECT_TRUE(open().toPlainText().startsWith(QStringLiteral("Manual")));
-    shown().front()->close();
+    shown().front()->window()->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QFile::remove(path);
     write("Brightrank.hlp", "x");

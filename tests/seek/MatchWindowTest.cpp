@@ -415,10 +415,10 @@ TEST_F(MatchWindow, AListWithNoItemChosenSaysTheTextItShows) {
     open(true);
     auto& color = part<QComboBox>("cboColor");
     EXPECT_EQ(spokenText(color, QAccessible::Name), QStringLiteral("Color"));
-    EXPECT_EQ(spokenText(color, QAccessible::Description), QStringLiteral("Auto Color"));
+    EXPECT_EQ(spokenText(color, QAccessible::Description), QStringLiteral("Color: Auto Color"));
     color.setCurrentIndex(2);
     EXPECT_EQ(spokenText(color, QAccessible::Value), QStringLiteral("Black"));
-    EXPECT_EQ(spokenText(color, QAccessible::Description), QString());
+    EXPECT_EQ(spokenText(color, QAccessible::Description), QStringLiteral("Color"));
     EXPECT_EQ(spokenText(part<QComboBox>("cboType"), QAccessible::Name), QStringLiteral("Type"));
-    EXPECT_EQ(spokenText(part<QComboBox>("cboType"), QAccessible::Description), QStringLiteral("Normal"));
+    EXPECT_EQ(spokenText(part<QComboBox>("cboType"), QAccessible::Description), QStringLiteral("Type: Normal"));
 }

@@ -420,7 +420,7 @@ TEST_F(ChatWindow, F1OpensTheHelpFromBothFields) {
         auto* help = client->findChild<QTextBrowser*>(QStringLiteral("helpFile"));
         ASSERT_NE(help, nullptr);
         EXPECT_TRUE(help->isVisible());
-        delete help;
+        delete help->window();
     }
 }
 

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <functional>
 #include <random>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -66,6 +67,22 @@ protected:
     const EnvironmentVariable home{"XDG_CONFIG_HOME", QFile::encodeName(folder.path())};
 };
 
+// Runs `action` in a process whose files cannot grow beyond so many bytes, as on a disk that is full.
+void withFilesOfAtMost(rlim_t bytes, const std::function<void()>& action) {
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit small{bytes, bytes};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+        action();
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status));
+}
+
 } // namespace
 
 TEST_F(IniStore, StandsInTheUsersConfigurationFolderAsSectionsAndKeys) {
@@ -73,6 +90,15 @@ TEST_F(IniStore, StandsInTheUsersConfigurationFolderAsSectionsAndKeys) {
     store.write("Client", "Registry_OK", "Yes");
     store.sync();
     EXPECT_EQ(content(), "[Client]\nRegistry_OK=Yes\n");
+}
+
+TEST_F(IniStore, AFolderOfItsOwnComesBeforeTheUsersIfItsPathIsWhole) {
+    const QString usual = iniPath(QStringLiteral("A"));
+    for (const char* place : {"/somewhere/else", "somewhere", ""}) {
+        const EnvironmentVariable own{"BRIGHTRANK_CONFIG_HOME", place};
+        const bool whole = place[0] == '/';
+        EXPECT_EQ(iniPath(QStringLiteral("A")), whole ? QStringLiteral("/somewhere/else/Brightrank/A.ini") : usual);
+    }
 }
 
 TEST_F(IniStore, AnAbsentKeyGivesTheDefaultAndAnEmptyTextDoesNot) {
@@ -206,20 +232,16 @@ TEST_F(IniStore, AFolderOrADeviceInPlaceOfTheFileIsAnEmptyStore) {
 
 TEST_F(IniStore, AFullDiskLeavesTheOldContent) {
     saveAll(openIniStore(), std::string(3000, 'a'));
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit small{10'000, 10'000};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-        saveAll(openIniStore(), std::string(3000, 'b'));
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status));
+    withFilesOfAtMost(10'000, [] { saveAll(openIniStore(), std::string(3000, 'b')); });
     EXPECT_TRUE(whole());
     EXPECT_EQ(openIniStore().read("Client", "Key_7", ""), std::string(3000, 'a'));
+}
+
+TEST_F(IniStore, AFullDiskLeavesTheOldContentOfAShortFileToo) {
+    saveAll(openIniStore(), "a");
+    const auto before = content();
+    withFilesOfAtMost(10, [] { saveAll(openIniStore(), "b"); });
+    EXPECT_EQ(content(), before);
 }
 
 TEST_F(IniStore, AProgramKilledWhileSavingLeavesTheOldOrTheNewContent) {
