@@ -250,7 +250,8 @@ TEST_F(SessionTest, TheTicksOfConnectionAndLogOnAreTimersOfTheSession) {
 TEST_F(SessionTest, AnAnswerThatNothingReadsIsNotWaitedFor) {
     session.captures.vars = {};
     session.pipeline.zSetstate(3);
-    EXPECT_THROW(arrive("Variable settings\n\rfics% "), std::logic_error);
+    EXPECT_THAT([this] { arrive("Variable settings\n\rfics% "); },
+                testing::ThrowsMessage<std::logic_error>("an answer is waited for that nothing reads"));
 }
 
 // Boxes
@@ -313,6 +314,24 @@ TEST_F(SessionTest, AFaultsTextHasNoControlCharacters) {
         EXPECT_EQ(fault.kind(), FaultKind::Overflow);
         EXPECT_STREQ(fault.what(), "the number 9e+09 does not fit a field of 16 bits, met by \"Bob(9e9): ?[2Jhi\"");
     }
+}
+
+TEST_F(SessionTest, AFaultsTextShows160CharactersOfTheLineAtMost) {
+    const auto shownOf = [this](const std::string& line) {
+        try {
+            arrive(line + "\n\rfics% ");
+        } catch (const Fault& fault) {
+            const std::string text = fault.what();
+            return text.substr(text.find('"'));
+        }
+        return std::string("no fault");
+    };
+    std::string line = "Bob(9e9): ~\x7f";
+    line.resize(158, 'x');
+    std::string shown = line;
+    shown[11] = '?';
+    EXPECT_EQ(shownOf(line), '"' + shown + '"') << "160 with its ending";
+    EXPECT_EQ(shownOf(line + "yyyyy"), '"' + shown + "yy...\"");
 }
 
 TEST_F(SessionTest, AGameNumberPast16BitsEndsTheProgramInAnEndLineToo) {
