@@ -143,6 +143,7 @@ TEST(Style12Line, ClocksAreLenientMayBeNegativeAndAreRounded) {
     EXPECT_EQ(readStrictly(24, "-7").WhiteClock, -7);
     EXPECT_EQ(readStrictly(24, "-75").WhiteClock, -75);
     EXPECT_EQ(readStrictly(24, ".5").WhiteClock, 0);
+    EXPECT_EQ(readStrictly(24, "1:23").WhiteClock, 1);
     EXPECT_EQ(readStrictly(25, "59.6").BlackClock, 60);
     EXPECT_EQ(readStrictly(25, "2.5").BlackClock, 2);
     EXPECT_EQ(readStrictly(25, "").BlackClock, 0);
