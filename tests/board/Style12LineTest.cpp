@@ -87,7 +87,8 @@ TEST(Style12Line, TheFirstMarkerCounts) {
 
 TEST(Style12Line, ALineThatEndsAfterTheFlipIsTakenFromTheServerAndRefusedByABoard) {
     const std::string line = LineOf{}.text("");
-    EXPECT_TRUE(cutServer(line));
+    ASSERT_TRUE(cutServer(line));
+    EXPECT_EQ((*cutServer(line))[30], "0");
     EXPECT_FALSE(cutOwn(line));
     EXPECT_TRUE(cutServer(line + " "));
     EXPECT_TRUE(cutOwn(line + " "));
@@ -107,6 +108,8 @@ TEST(Style12Line, TwoBlanksInARowGiveAnEmptyToken) {
     const std::string line = "<12>  a" + LineOf{}.text().substr(4);
     EXPECT_EQ(cutServer(line).value()[1], "");
     EXPECT_EQ(cutServer(line).value()[2], "a");
+    const std::string end = LineOf{}.text("");
+    EXPECT_TRUE(cutOwn(end.substr(0, end.rfind(' ') + 1) + " ")) << "an empty flip";
 }
 
 TEST(Style12Line, TokensBehindTheFlipAreIgnored) {
