@@ -33,7 +33,6 @@ void Game::beginLoad() {
 void Game::finishLoad() {
     InitialLine = FixedStartLine;
     zLoadPosition(FixedStartLine, false);
-    zGridSetup();
     grdMoves.goTo(1, 1);
     Turn = 1;
     GameLoaded = false;
@@ -123,12 +122,8 @@ void Game::zGridSetup() {
 void Game::mnuNew() {
     zBoardSetup(true);
     zLoadPosition(FixedStartLine, false);
-    grdMoves.blankMoves();
     grdMoves.goTo(1, 1);
-    MoveRow = 1;
     Turn = 1;
-    KingMoved[0] = false;
-    KingMoved[2] = false;
     surface.setTitle("New Board");
     GameLoaded = false;
     surface.enableSavePGN(false);

@@ -180,7 +180,7 @@ struct Game {
     void zReadPGNgame(LineFile& file);
     // The same with the text of its moves, in words with a blank behind each.
     void zParsePGN(std::string_view text);
-    // The board holds a stored game, at its start: what every taking over of one ends with.
+    // The board, at its start, holds a stored game: what every taking over of one ends with.
     void holdStoredGame();
 
     // Games as records

@@ -11,7 +11,6 @@ void Game::zReadPGNgame(LineFile& file) {
     const std::string text = readPgnMoves(file);
     putDown();
     const bool live = std::exchange(icsMode, false);
-    zLoadPosition(FixedStartLine, false);
     zParsePGN(text);
     icsMode = live;
     holdStoredGame();
@@ -24,10 +23,6 @@ void Game::zParsePGN(std::string_view text) {
     const PgnEnd end = cutPgnMoves(
         text, [this](std::int16_t number, int side, std::string_view move) { MoveText[number][side] = move; });
     makeStoredMoves(end.number);
-    Turn = 1;
     LastCol = static_cast<std::int16_t>(end.state - 1);
-    MoveRow = 1;
-    zFillMoveList();
-    zSetTop();
     zStart();
 }

@@ -19,7 +19,7 @@ constexpr int SparePly = LastPly; // keeps the live position meanwhile
 std::string playersOf(std::string_view header) {
     const long white = find(1, header, ")");
     const long black = find(white + 1, header, ")");
-    return white == 0 || black == 0 ? "" : std::string(mid(header, 1, black));
+    return std::string(mid(header, 1, black));
 }
 
 std::string_view firstWord(std::string_view line) { return line.substr(0, line.find_first_of(" \r\n")); }
@@ -78,7 +78,6 @@ private:
 void Game::zReviewGame() {
     putDown();
     hand.giveUp();
-    zLoadPosition(FixedStartLine, true);
     zParseMoves();
     holdStoredGame();
 }

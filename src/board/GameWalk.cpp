@@ -212,9 +212,6 @@ void Game::grdMovesClick(int row, int col) {
 void Game::lblMoveDoubleClick() { surface.zSendMsg("Revert"); }
 
 void Game::holdStoredGame() {
-    Turn = 1;
-    zFor(true);
-    Deviated = 0;
     GameLoaded = true;
     GridLightOn = true;
 }

@@ -5,11 +5,11 @@
 
 namespace {
 
-constexpr std::string_view HeldPieces = "qrbnp";
+constexpr std::string_view HeldPieces = "qrbnpQRBNP";
 
 std::size_t kindOf(char letter) {
-    const char small = letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    return HeldPieces.find(small);
+    const auto place = HeldPieces.find(letter);
+    return place == HeldPieces.npos ? place : place % 5;
 }
 
 // `text` begins with "[" or is empty.

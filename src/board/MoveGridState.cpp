@@ -6,11 +6,9 @@
 namespace {
 
 // How the cell tinted before is let go.
-std::int32_t letGo(std::int32_t tint, bool offLine) {
+std::int32_t letGo(std::int32_t tint) {
     using namespace GridTint;
-    if (!offLine) return tint == OffLine || tint == Left ? Left : Plain;
-    if (tint == OnLine) return Plain;
-    return tint == OffLine ? Left : tint;
+    return tint == OffLine || tint == Left ? Left : Plain;
 }
 
 } // namespace
@@ -44,12 +42,6 @@ void MoveGridState::zGridSetup() {
     surface.setUp();
 }
 
-void MoveGridState::blankMoves() {
-    for (int cellRow = 1; cellRow <= LastRow; ++cellRow) {
-        for (int cellCol = 0; cellCol <= LastCol; ++cellCol) setCell(cellRow, cellCol, "");
-    }
-}
-
 void MoveGridState::zSetTop(int moveRow) {
     const int bottom = topRow + VisibleRows - 1;
     int top = topRow;
@@ -61,11 +53,10 @@ void MoveGridState::zSetTop(int moveRow) {
 }
 
 void MoveGridState::zGridLight(std::string_view text) {
-    const bool offLine = text == "No";
-    if (tintedRow != 0) setTint(tintedRow, tintedCol, letGo(cells[tintedRow][tintedCol].tint, offLine));
+    if (tintedRow != 0) setTint(tintedRow, tintedCol, letGo(cells[tintedRow][tintedCol].tint));
     tintedRow = row;
     tintedCol = col;
     if (row == 0) return;
     if (currentText() == text) setTint(row, col, GridTint::OnLine);
-    if (offLine) setTint(row, col, GridTint::OffLine);
+    if (text == "No") setTint(row, col, GridTint::OffLine);
 }

@@ -63,9 +63,6 @@ struct MoveGridState {
     // Clears all cells and sets the heading "White", "Black".
     void zGridSetup();
 
-    // Blanks all cells of rows 1 to 200.
-    void blankMoves();
-
     // Scrolls so that `moveRow` stays in view.
     void zSetTop(int moveRow);
 

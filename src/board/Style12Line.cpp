@@ -89,7 +89,7 @@ std::optional<Style12Tokens> cutStyle12(std::string_view line, LineEnd end) {
     const char* const stop = line.data() + line.size();
     for (long n = 0; n <= Style12Tokens::last; ++n) {
         const auto rest = static_cast<std::size_t>(stop - at);
-        const auto* blank = rest == 0 ? nullptr : static_cast<const char*>(std::memchr(at, ' ', rest));
+        const auto* blank = static_cast<const char*>(std::memchr(at, ' ', rest));
         if (!blank) {
             if (end == LineEnd::BlankNeeded || n < Style12Tokens::last) return std::nullopt;
             (*tokens)[n] = {at, rest};

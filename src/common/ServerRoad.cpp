@@ -16,8 +16,8 @@ void ServerRoad::zSendMsg(const std::string& text) {
     if (hooks.socketState() != Connected) return;
     passOver([&] { zSendRaw(text); });
     idleSeconds = 0;
+    forgetPassword();
     modChess.gLastCmd = text;
-    passwordSent_ = false;
     txtOld = text;
 }
 

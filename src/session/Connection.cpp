@@ -72,15 +72,13 @@ void Connection::mnuConnectClick(std::int16_t index) {
         return throughBridge(own.host, own.port);
     case 4:
         return direct(IccHost, IccPort, "ICC");
-    default:
-        return;
     }
 }
 
 void Connection::direct(const std::string& host, std::int32_t port, const std::string& label) {
     ++wishes_;
     if (hooks.socketState() != 0 || SocketState != 0) {
-        SocketState = 0;
+        SocketState = Unseen; // one that fails within the tick is a change too
         sessionEnded();
     }
     hooks.connectTo(host, port);

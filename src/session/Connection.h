@@ -47,12 +47,14 @@ struct Connection {
     ConnectionHooks hooks;
     Bridge bridge;
 
+    static constexpr std::int16_t Unseen = -1;
+
     Connection(ConnectionHooks reachedOut, BridgeHooks ofBridge)
         : hooks(std::move(reachedOut)), bridge(std::move(ofBridge)) {}
 
     std::string ConnectionLabel;  // "FICS", "ICC", "Timeseal", or host + " Port " + port
     std::string LabelAfterBridge; // taken over at the first text through the bridge
-    std::int16_t SocketState = 0; // 0 to 9, as the latest tick saw it
+    std::int16_t SocketState = 0; // 0 to 9, as the latest tick saw it; `Unseen` until a tick sees a new connection
     std::int16_t LastServer = 0;  // setting `Last_Server`; only loaded and saved
     bool ClosedByUser = true;     // keeps `tmrClose` off
     std::string StartDirectory;   // the working directory at start-up

@@ -143,7 +143,6 @@ void TextPipeline::zSetstate(std::int16_t state) {
     for (const auto& [code, flag] : captureFlags) {
         if (code == state) modChess.*flag = true;
     }
-    hooks.stopTimer(SessionTimer::tmrState);
     hooks.startTimer(SessionTimer::tmrState, CaptureMs);
     modChess.Deadlines[1] = hooks.millisecondsOfDay() + CaptureMs;
 }

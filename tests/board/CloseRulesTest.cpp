@@ -49,6 +49,9 @@ TEST(CloseRules, APlayedGameDoesNotAskWhenTheProgramCloses) { EXPECT_FALSE(closi
 TEST(CloseRules, AnObservedGameSendsUnobAndTheNumber) {
     EXPECT_EQ(closing(0).send, "unob 12");
     EXPECT_FALSE(closing(0).ask);
+    BoardRig first;
+    first.open({.game = 1, .relation = 0});
+    EXPECT_EQ(queryUnload(first.game, {}).send, "unob 1");
 }
 
 TEST(CloseRules, AnExaminedGameSendsUnex) { EXPECT_EQ(closing(2).send, "unex"); }

@@ -61,7 +61,7 @@ TEST(EndGame, ALineThatNamesNoGameIsOfGameZero) {
 }
 
 TEST(EndGame, ALineThatNamesNoGameEndsNone) {
-    for (const char* line : {"nobody resigns} 1-0\r\n", "{12 (a vs b) a resigns} 1-0\r\n"}) {
+    for (const char* line : {"nobody resigns} 1-0\r\n", "{12 (a vs b) a resigns} 1-0\r\n", "By 12 of us} 1-0\r\n"}) {
         EndRig rig(1);
         openWindows.windows.erase(openWindows.windows.begin()); // the idle board, which comes first
         rig.routing.zEndGame(line);
@@ -77,6 +77,8 @@ TEST(EndGame, TheNumberBeginsFourCharactersBehindTheAme) {
     rig.routing.zEndGame("{game12 (a vs b) a resigns} 1-0\r\n");
     EXPECT_EQ(rig.board.gameIndex, 12);
     EXPECT_EQ(second.gameIndex, 0);
+    rig.routing.zEndGame("ame 12} 1-0\r\n");
+    EXPECT_EQ(rig.board.gameIndex, 0);
     const Game& seventh = rig.addGame(7, 1);
     rig.routing.zEndGame("{game7 (a vs b) a resigns} 1-0\r\n");
     EXPECT_EQ(seventh.gameIndex, 7);

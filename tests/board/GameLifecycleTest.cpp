@@ -24,6 +24,18 @@ TEST(GameLifecycle, ALoadedBoardIsIdleOnTheStartPosition) {
     EXPECT_EQ(game.PositionStore.plies[0][60], -1);
 }
 
+TEST(GameLifecycle, TheLoadPaintsEverySquareAndPutsTheBoardAtTheStart) {
+    BoardRig rig;
+    rig.game.Turn = -1;
+    rig.game.MoveRow = 7;
+    rig.game.GameLoaded = true;
+    rig.game.finishLoad();
+    EXPECT_EQ(rig.all("draw").size(), 64U);
+    EXPECT_EQ(rig.game.Turn, 1);
+    EXPECT_EQ(rig.game.MoveRow, 1);
+    EXPECT_FALSE(rig.game.GameLoaded);
+}
+
 TEST(GameLifecycle, ABoardHasNoRelationOfAnIdleOneBeforeItsLoad) { EXPECT_NE(quietGame()->xMyRel(), "-100"); }
 
 TEST(GameLifecycle, TheLoadRaisesSelfCheckOK) {
@@ -189,6 +201,7 @@ TEST(GameLifecycle, MnuNewClearsTheBoard) {
     rig.effects.clear();
     rig.game.mnuNew();
     EXPECT_EQ(rig.effects.front(), "paint");
+    EXPECT_EQ(rig.all("draw").size(), 64U);
     EXPECT_EQ(rig.game.Board[12], 6);
     EXPECT_EQ(rig.game.grdMoves.text(1, 1), "");
     EXPECT_EQ(rig.game.grdMoves.row, 1);
@@ -215,9 +228,15 @@ TEST(GameLifecycle, ZExitMoveGivesUpTheMoveInHandForFourSeconds) {
     BoardRig rig;
     rig.game.hand.Dragging = true;
     rig.game.hand.FromSet = 1;
+    bool draggedInPaint = true;
+    rig.game.surface.paintBoard = [&] {
+        rig.note("paint");
+        draggedInPaint = rig.game.hand.Dragging;
+    };
     rig.game.zExitMove();
     EXPECT_TRUE(rig.game.noPlay);
     EXPECT_FALSE(rig.game.hand.Dragging);
+    EXPECT_FALSE(draggedInPaint) << "the board is painted without the piece";
     EXPECT_EQ(rig.game.hand.FromSet, 0);
     EXPECT_EQ(rig.effects, (std::vector<std::string>{"startNoPlay", "paint", "picture"}));
 

@@ -291,6 +291,26 @@ TEST_F(GameRecords, WithoutASecondBracketTheTitleHasNoNames) {
     EXPECT_EQ(all("title").back(), "title  - Observing");
 }
 
+TEST_F(GameRecords, TheBracketsOfTheTitleMayStandAnywhere) {
+    for (const char* header : {")) vs. Berta\r\n", ") Anders) vs. Berta\r\n"}) {
+        join(Opening);
+        modChess.MovesRecord.Header = header;
+        takeOver(Opening);
+        EXPECT_EQ(all("title").back(),
+                  "title " + std::string(header, std::string(header).rfind(')') + 1) + " - Observing");
+    }
+}
+
+TEST_F(GameRecords, TheFirstWordOfTheMatchEndsWithABlankOrItsLine) {
+    for (const char* match : {"Un~rated blitz match\r\n", "Un~rated\r\n", "Un~rated\n", "Un~rated"}) {
+        join(Opening);
+        head();
+        modChess.MovesRecord.MatchLine = match;
+        takeOver(Opening);
+        EXPECT_EQ(game.currentGame, "Anders - Berta    [5 2]   Un~rated") << match;
+    }
+}
+
 TEST_F(GameRecords, ThePanelsNameTheGameAndTheFirstWordOfTheMatch) {
     join(Opening);
     takeOver(Opening);
@@ -300,6 +320,22 @@ TEST_F(GameRecords, ThePanelsNameTheGameAndTheFirstWordOfTheMatch) {
     EXPECT_EQ(game.currentGame, players);
     game.zEndParms();
     EXPECT_TRUE(saw("panel 2 Was " + players));
+}
+
+TEST_F(GameRecords, WhileTheRecordIsTakenOverTheBoardIsLocalAndNoPieceCanBeTaken) {
+    join(Opening);
+    bool localAndStill = false;
+    game.surface.print = [&](const std::string&) { localAndStill = !game.icsMode && game.noPlay; };
+    takeOver(Opening);
+    EXPECT_TRUE(localAndStill);
+    EXPECT_TRUE(game.icsMode);
+    EXPECT_FALSE(game.noPlay);
+}
+
+TEST_F(GameRecords, AListShorterThanTheGameLeavesThePositionsBehindItsEnd) {
+    watch(Opening);
+    takeOver({"e4", "e5", "Nf3", "Nc6"});
+    for (const int ply : {5, 6}) EXPECT_EQ(stored(ply), afterFirst(static_cast<std::size_t>(ply))) << ply;
 }
 
 TEST_F(GameRecords, TheConsoleGetsHeaderAndMatchLine) {

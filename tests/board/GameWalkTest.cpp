@@ -137,6 +137,23 @@ TEST(Walk, ForwardBehindRow200FindsNoStoredMove) {
     WalkRig rig;
     rig.game.MoveRow = 201;
     EXPECT_EQ(rig.game.zStepForward(true), "");
+    rig.game.Board[1] = 0; // beside the rook on the first square
+    EXPECT_EQ(rig.game.zStepForward(true), "");
+}
+
+TEST(Walk, TheStoredMoveOfRow200IsMade) {
+    WalkRig rig;
+    rig.game.MoveRow = 200;
+    rig.game.MoveText[200][0] = "e4";
+    EXPECT_EQ(rig.game.zStepForward(true), "e4");
+}
+
+TEST(Walk, TheCellInFrontOfTheFirstRowIsTheStart) {
+    WalkRig rig;
+    rig.play("e2e4");
+    rig.game.zGoToPosition(0, 2);
+    EXPECT_EQ(rig.at("e2"), 6);
+    EXPECT_EQ(rig.ply(), 0);
 }
 
 TEST(Walk, AStoredMoveThatCannotBeMadeStopsThere) {
@@ -217,6 +234,14 @@ TEST(Walk, ADropThatALikePieceCanReachIsThatPiecesMove) {
     rig.game.MoveText[1][0] = "P@e4";
     EXPECT_EQ(rig.game.zStepForward(true), "e4");
     EXPECT_EQ(rig.at("e2"), 0);
+}
+
+TEST(Walk, TheHandIsNoSquareThatAMoveIsToldApartFrom) {
+    WalkRig rig;
+    rig.game.Board[zSquareNumber("c5")] = 5;
+    rig.game.Board[zSquareNumber("b7")] = 0;
+    rig.game.MoveText[1][0] = "N@b7";
+    EXPECT_EQ(rig.game.zStepForward(true), "Nb7");
 }
 
 TEST(Walk, ToTheStartFillsTheListAndForgetsTheDivergence) {

@@ -52,9 +52,14 @@ TEST(Holdings, ALineWithoutBracketsLeavesNothingInHand) {
     BoardRig rig;
     rig.game.zSetBughouse("<b1>\r\n");
     EXPECT_EQ(held(rig.game, 0), (std::vector{0, 0, 0, 0, 0}));
-    rig.game.zSetBughouse("<b1> [PP\r\n");
+    rig.game.zSetBughouse("<b1> [PP~\r\n");
     EXPECT_EQ(held(rig.game, 0), (std::vector{0, 0, 0, 0, 2}));
-    EXPECT_EQ(rig.effects.back(), "hold [PP ");
+    EXPECT_EQ(rig.effects.back(), "hold [PP~ ");
+    rig.game.zSetBughouse("<b1> [PP] [NN");
+    EXPECT_EQ(held(rig.game, 1), (std::vector{0, 0, 0, 2, 0}));
+    rig.game.zSetBughouse("<b1> [[QQ]");
+    EXPECT_EQ(held(rig.game, 0), (std::vector{0, 0, 0, 0, 0}));
+    EXPECT_EQ(held(rig.game, 1), (std::vector{2, 0, 0, 0, 0}));
 }
 
 TEST(Holdings, BlacksBeginAtTheSecondBracketEvenWithinTheFirst) {

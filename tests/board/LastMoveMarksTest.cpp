@@ -42,6 +42,15 @@ TEST(LastMoveMarks, ADropMarksOnlyItsTarget) {
     EXPECT_EQ(rig.game.HiFrom, -41);
 }
 
+TEST(LastMoveMarks, ARankOrFileOffTheBoardGivesANegativeSquare) {
+    for (const char* text : {"P/e9-e9", "P/e0-e0", "P/i1-i1", "P/`2-`2"}) {
+        BoardRig rig;
+        rig.game.zHighlightMove(text);
+        EXPECT_LT(rig.game.HiFrom, 0) << text;
+        EXPECT_LT(rig.game.HiTo, 0) << text;
+    }
+}
+
 TEST(LastMoveMarks, ATextOfUnknownFormMarksNothing) {
     for (const char* text :
          {"", "x", "garbage", "hello world", "P/", "P/i9-j0", "P/i2-j3", "P/E2-E4", "\xFF\xFF\xFF\xFF\xFF\xFF\xFF"}) {

@@ -357,6 +357,11 @@ TEST(MouseUp, ADelayLeftOverFromAClickDoesNotDropThePieceLiftedAfterIt) {
     rig.press("e2");
     EXPECT_EQ(rig.slip, 0);
     EXPECT_TRUE(rig.game.hand.Dragging);
+    rig.effects.clear();
+    rig.move("e4", 1);
+    EXPECT_EQ(rig.effects, Effects{rig.pieceAt("e4", 128)}) << "nor hold it still";
+    rig.release("e4");
+    EXPECT_EQ(rig.slip, 5000);
 }
 
 TEST(SlipTimer, ItStopsAndTheMoveIsTakenAtTheHeldPoint) {

@@ -40,6 +40,7 @@ TEST(PreMove, TheFirstOneIsQueuedAndBothSquaresTakeItsColour) {
     EXPECT_TRUE(rig.queued("g1", "f3"));
     EXPECT_EQ(rig.game.ToSq, 21);
     EXPECT_EQ(rig.game.hand.FromSet, 0);
+    EXPECT_GT(rig.place("picture"), rig.place("draw 21 1")) << "the image becomes the picture then";
     EXPECT_TRUE(rig.all("send").empty());
 }
 

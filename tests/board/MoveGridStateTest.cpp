@@ -55,27 +55,36 @@ TEST(MoveGrid, RowsPast200AndColumnsPast2Fault) {
     EXPECT_EQ(grid.row, 0) << "a fault moves nothing";
 }
 
-TEST(MoveGrid, BlankMovesKeepsTheHeading) {
-    GridWithMove g;
-    g.grid.setCell(200, 2, "x");
-    g.grid.blankMoves();
-    EXPECT_EQ(g.grid.text(0, 1), "White");
-    EXPECT_EQ(g.grid.text(1, 1), "");
-    EXPECT_EQ(g.grid.text(200, 2), "");
-}
-
 TEST(MoveGrid, OnlyACellThatChangesIsShownAnew) {
     GridWithMove g;
     std::vector<std::pair<int, int>> shown;
     g.grid.surface.showCell = [&](int row, int col) { shown.emplace_back(row, col); };
     g.grid.setCell(1, 1, "e4");
     g.grid.zGridLight("d4");
-    g.grid.blankMoves();
-    EXPECT_EQ(shown, (std::vector<std::pair<int, int>>{{1, 1}, {1, 2}}));
+    g.grid.setCell(1, 2, "");
+    EXPECT_EQ(shown, (std::vector<std::pair<int, int>>{{1, 2}}));
     shown.clear();
-    g.grid.setCell(1, 1, "e4");
-    g.grid.zGridLight("e4");
+    g.grid.setCell(1, 1, "d4");
+    g.grid.zGridLight("d4");
     EXPECT_EQ(shown, (std::vector<std::pair<int, int>>{{1, 1}, {1, 1}})) << "text and tint";
+}
+
+TEST(MoveGrid, ACellHasItsTintWhenItIsShown) {
+    GridWithMove g;
+    std::vector<std::int32_t> shown;
+    g.grid.surface.showCell = [&](int row, int col) { shown.push_back(g.tint(row, col)); };
+    g.grid.zGridLight("e4");
+    EXPECT_EQ(shown, (std::vector{OnLine}));
+}
+
+TEST(MoveGrid, AnotherCurrentCellIsShownWhereItIs) {
+    GridWithMove g;
+    std::vector<std::pair<int, int>> shown;
+    g.grid.surface.showCurrent = [&] { shown.emplace_back(g.grid.row, g.grid.col); };
+    g.grid.goTo(1, 2);
+    g.grid.goTo(1, 2);
+    g.grid.goTo(3, 2);
+    EXPECT_EQ(shown, (std::vector<std::pair<int, int>>{{1, 2}, {3, 2}}));
 }
 
 TEST(MoveGrid, SetTopLeavesARowBetweenTopAndBottom) {

@@ -236,6 +236,7 @@ TEST(MoveLegal, APawnMayGoToTheLastRowWithoutATest) {
 
 TEST(CheckTest, FindsAnAttackOnTheOtherKing) {
     EXPECT_TRUE(MoveRig("Re1 ke8 Ka1").game.zCheckTest(1));
+    EXPECT_TRUE(MoveRig("Rh8 ke8 Ka1").game.zCheckTest(1));
     EXPECT_FALSE(MoveRig("Re1 ke8 Ka1").game.zCheckTest(-1));
     EXPECT_FALSE(MoveRig("Re1 pe5 ke8").game.zCheckTest(1));
     EXPECT_TRUE(MoveRig("re8 Ke1").game.zCheckTest(-1));

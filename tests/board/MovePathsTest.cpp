@@ -77,6 +77,7 @@ TEST(MovePaths, EnPassantIsNotGrantedRoundTheEdge) {
     EXPECT_EQ(zEnPassantOK(MoveRig("Pa2 ph3").game.Board, 8, 24), 0) << "h3 is the number before a4";
     EXPECT_EQ(zEnPassantOK(MoveRig("Ph2 pa5").game.Board, 15, 31), 0) << "a5 is the number behind h4";
     EXPECT_EQ(zEnPassantOK(MoveRig("Pa2 pb4").game.Board, 8, 24), -1);
+    EXPECT_EQ(zEnPassantOK(MoveRig("Pg2 ph4").game.Board, 14, 30), -1);
     EXPECT_EQ(zEnPassantOK(MoveRig("Ph2 pg4").game.Board, 15, 31), -1);
 }
 

@@ -415,8 +415,10 @@ TEST(SetPosition, ZReceiveMoveIgnoresItsArgument) {
     GameAfterE4 rig;
     modChess.Record = recordOf(BlackPlaysE5);
     rig.game.zGS();
+    rig.effects.clear();
     rig.game.zReceiveMove(-17);
     EXPECT_EQ(rig.game.MoveText[1][1], "e5");
+    EXPECT_TRUE(rig.saw("draw 52 0")) << "the square that emptied";
 }
 
 TEST(SetPosition, AQueuedPreMoveGoesOutAfterStorageSoundAndClocks) {

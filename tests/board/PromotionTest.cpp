@@ -216,6 +216,26 @@ TEST(Promotion, TheAnswerEndsWithAnUpdate) {
     }
 }
 
+TEST(Promotion, AMenuThatAnswersAtOncePromotesToo) {
+    Promoting rig;
+    rig.input.surface.popupPromote = [&] { rig.input.promote(3); };
+    rig.drag("a7", "a8");
+    EXPECT_EQ(rig.all("send"), Effects{"send a7-a8=R+"});
+}
+
+TEST(Promotion, BlacksMoveOnALocalBoardIsKeptInBlacksColumn) {
+    MoveInputRig rig;
+    rig.openWith({.ranks = "----k--- -------- -------- -------- -------- -------- p------- ----K---", .turn = "B"});
+    rig.game.zEndParms();
+    rig.game.MoveText[1][0] = "Kd2";
+    rig.game.MoveText[2][0] = "Kd3";
+    rig.drag("a2", "a1");
+    rig.input.promote(5);
+    EXPECT_EQ(rig.game.MoveText[1][0], "Kd2");
+    EXPECT_EQ(rig.game.MoveText[1][1], "a1=N");
+    EXPECT_EQ(rig.game.MoveText[2][0], "") << "what lay ahead has ended";
+}
+
 TEST(Promotion, OnALocalBoardTheMoveIsListedAndTintedWithTheAnswer) {
     Promoting rig;
     rig.game.zEndParms();

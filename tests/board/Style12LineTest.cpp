@@ -87,7 +87,8 @@ TEST(Style12Line, TheFirstMarkerCounts) {
 
 TEST(Style12Line, ALineThatEndsAfterTheFlipIsTakenFromTheServerAndRefusedByABoard) {
     const std::string line = LineOf{}.text("");
-    EXPECT_TRUE(cutServer(line));
+    ASSERT_TRUE(cutServer(line));
+    EXPECT_EQ((*cutServer(line))[30], "0");
     EXPECT_FALSE(cutOwn(line));
     EXPECT_TRUE(cutServer(line + " "));
     EXPECT_TRUE(cutOwn(line + " "));
@@ -107,6 +108,8 @@ TEST(Style12Line, TwoBlanksInARowGiveAnEmptyToken) {
     const std::string line = "<12>  a" + LineOf{}.text().substr(4);
     EXPECT_EQ(cutServer(line).value()[1], "");
     EXPECT_EQ(cutServer(line).value()[2], "a");
+    const std::string end = LineOf{}.text("");
+    EXPECT_TRUE(cutOwn(end.substr(0, end.rfind(' ') + 1) + " ")) << "an empty flip";
 }
 
 TEST(Style12Line, TokensBehindTheFlipAreIgnored) {
@@ -141,6 +144,9 @@ TEST(Style12Line, ClocksAreLenientMayBeNegativeAndAreRounded) {
     EXPECT_EQ(readStrictly(24, "soon").WhiteClock, 0);
     EXPECT_EQ(readStrictly(24, "12abc").WhiteClock, 12);
     EXPECT_EQ(readStrictly(24, "-7").WhiteClock, -7);
+    EXPECT_EQ(readStrictly(24, "-75").WhiteClock, -75);
+    EXPECT_EQ(readStrictly(24, ".5").WhiteClock, 0);
+    EXPECT_EQ(readStrictly(24, "1:23").WhiteClock, 1);
     EXPECT_EQ(readStrictly(25, "59.6").BlackClock, 60);
     EXPECT_EQ(readStrictly(25, "2.5").BlackClock, 2);
     EXPECT_EQ(readStrictly(25, "").BlackClock, 0);

@@ -45,6 +45,26 @@ TEST_F(ChatRoutingTest, ABoxForBoTakesTheFirstTellOfBobbyAndIsBobbysThen) {
     EXPECT_FALSE(tell("Boris")) << "no longer abbreviated";
 }
 
+TEST_F(ChatRoutingTest, ANameOfTwoCharactersIsAHandle) {
+    RecordedChat& chat = open("a");
+    EXPECT_TRUE(tell("Al"));
+    EXPECT_EQ(chat.caption, "Chat with Al");
+}
+
+TEST_F(ChatRoutingTest, AWindowThatIsNoBoxFaultsByItsNumber) {
+    open("Bob");
+    openWindows.add({"frmChessBoard", this, {}});
+    EXPECT_EQ(chatAt(0).xBuddy, "Bob");
+    for (const int number : {-1, 1, 2}) {
+        try {
+            chatAt(number);
+            ADD_FAILURE() << number << " is no box";
+        } catch (const Fault& fault) {
+            EXPECT_EQ(fault.what(), "window " + std::to_string(number) + " is no chat box");
+        }
+    }
+}
+
 TEST_F(ChatRoutingTest, ThePrefixIsTakenInAnyCaseAndWithoutBlanksAroundIt) {
     RecordedChat& chat = open(" BOB ");
     EXPECT_TRUE(tell("bobby"));

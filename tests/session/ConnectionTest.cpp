@@ -41,7 +41,7 @@ protected:
         hooks.setCaption = [this](const std::string& text) { caption = text; };
         hooks.checksChanged = [this] {
             log.push_back("checks");
-            ticksShown = {connection.mnuAutoCon, connection.mnuAutoLogon};
+            ticksShown = {connection.mnuAutoCon, connection.mnuAutoLogon, connection.mnuUseTS};
         };
         hooks.setTickInterval = [this](int ms) { log.push_back("interval " + std::to_string(ms)); };
         hooks.enableCloseTimer = [this](bool on) { log.push_back(on ? "tmrClose on" : "tmrClose off"); };
@@ -90,7 +90,7 @@ protected:
     Session session{quietSurface()};
     Connection& connection = session.connection;
     Log log;
-    std::vector<bool> ticksShown; // of automatic connection and log-on, as the menu was told of them last
+    std::vector<bool> ticksShown; // of automatic connection and log-on, and of TimeSeal, as the menu was told last
     std::string caption;
     std::string answer;
     int state = 0;
@@ -153,6 +153,7 @@ TEST_F(ConnectionTest, AMissingBridgeProgramIsToldAndProfile0GoesDirectlyToIpAnd
     EXPECT_EQ(log,
               (Log{"message Timeseal.exe not found. TimeSeal is not activated.", "checks", "connect 10.0.0.1:5001"}));
     EXPECT_FALSE(connection.mnuUseTS);
+    EXPECT_FALSE(ticksShown.at(2));
     EXPECT_EQ(connection.ConnectionLabel, "FICS");
 }
 
@@ -180,6 +181,7 @@ TEST_F(ConnectionTest, TheOldBridgeIsEndedAndGivenTimeBeforeTheProgramIsLookedFo
     };
     connection.mnuConnectClick(3);
     EXPECT_EQ((Log{log.begin(), log.begin() + 3}), (Log{"pump", "wait 0.55", "look"}));
+    EXPECT_EQ(logged("start"), Log{});
 }
 
 TEST_F(ConnectionTest, AFoundBridgeIsStartedAndConnectedToOnThisMachine) {
@@ -208,6 +210,12 @@ TEST_F(ConnectionTest, TheLatestWishOfTheUserIsTheOneThatCountsWhicheverWaitItCo
         {"bridge", {[this] { connection.mnuConnectClick(1); }, {"connect localhost:6000"}}},
         {"direct", {[this] { connection.mnuConnectClick(4); }, {"connect chessclub.com:6000"}}},
         {"none", {[this] { connection.mnuCloseClick(); }, {}}},
+        {"none and then direct",
+         {[this] {
+              connection.mnuCloseClick();
+              connection.mnuConnectClick(4);
+          },
+          {"connect chessclub.com:6000"}}},
         {"end of the program", {[] { modChess.AppClosing = true; }, {}}},
     };
     connection.mnuUseTS = true;
@@ -240,7 +248,11 @@ TEST_F(ConnectionTest, TheLatestWishOfTheUserIsTheOneThatCountsWhicheverWaitItCo
 }
 
 TEST_F(ConnectionTest, WhatIsAskedForWhileAMissingBridgeIsToldStands) {
-    connection.hooks.message = [this](const std::string&) { connection.mnuConnectClick(4); };
+    connection.mnuUseTS = true;
+    connection.hooks.message = [this](const std::string&) {
+        EXPECT_TRUE(connection.mnuUseTS) << "it is unchecked behind the message";
+        connection.mnuConnectClick(4);
+    };
     connection.mnuConnectClick(3);
     EXPECT_EQ(logged("connect"), Log{"connect chessclub.com:6000"});
     EXPECT_FALSE(connection.mnuUseTS);
@@ -301,9 +313,12 @@ TEST_F(ConnectionTest, OtherWithANumberPastEveryFieldIsHandedOnAsNoPort) {
     answer = "h,1e300";
     connection.mnuConnectClick(2);
     EXPECT_EQ(log.back(), "connect h:-1");
-    answer = "h,70000";
-    connection.mnuConnectClick(2);
-    EXPECT_EQ(log.back(), "connect h:70000");
+    for (const auto& [port, handedOn] : std::map<std::string, std::string>{
+             {"70000", "70000"}, {"2147483647", "2147483647"}, {"2147483648", "-1"}, {"-2147483647", "-2147483647"}}) {
+        answer = "h," + port;
+        connection.mnuConnectClick(2);
+        EXPECT_EQ(log.back(), "connect h:" + handedOn);
+    }
 }
 
 TEST_F(ConnectionTest, LastServerStaysAsLoadedHoweverTheUserConnects) {
@@ -404,6 +419,14 @@ TEST_F(ConnectionTest, AServerChosenWhileAnotherIsConnectedRunsWhatState0RunsFir
     EXPECT_EQ(caption, "Brightrank - Client     Connected to ICC");
 }
 
+TEST_F(ConnectionTest, AServerChosenWhileAnotherIsConnectedShowsAsClosedIfItFailsWithinTheTick) {
+    connection.ConnectionLabel = "FICS";
+    tickIn(7);
+    connection.mnuConnectClick(4);
+    tickIn(0);
+    EXPECT_EQ(caption, "Brightrank - Client     Closed");
+}
+
 TEST_F(ConnectionTest, TheSameForAConnectionThatNoTickHasSeenYet) {
     state = 7;
     connection.mnuConnectClick(4);
@@ -466,7 +489,7 @@ TEST_F(ConnectionTest, TmrCloseBeepsThreeTimesThenClearsTheBoardsAndAsks) {
 }
 
 TEST_F(ConnectionTest, TmrCloseReconnectsProfile0OnYes) {
-    yes = true;
+    yes = connection.mnuUseTS = true;
     for (int i = 0; i < 3; ++i) connection.tmrCloseTimer();
     EXPECT_EQ(log.back(), "connect 167.114.65.195:5000");
 }
@@ -507,6 +530,15 @@ TEST_F(ConnectionTest, MnuCloseClosesTheSocketAndTheBridge) {
     EXPECT_TRUE(connection.ClosedByUser);
 }
 
+TEST_F(ConnectionTest, MnuCloseIsTheUsersWishBeforeTheBridgesEndRunsTheTicks) {
+    connection.ClosedByUser = false;
+    tickIn(7);
+    connection.bridge.hooks.pump = [this] { connection.tmrTCPTimer(); };
+    connection.mnuCloseClick();
+    EXPECT_TRUE(logged("end games") == Log{"end games"});
+    EXPECT_TRUE(logged("tmrClose").empty());
+}
+
 TEST_F(ConnectionTest, CheckingAutoConnectConnectsOnlyInState0) {
     state = 7;
     connection.mnuAutoConClick();
@@ -523,9 +555,11 @@ TEST_F(ConnectionTest, CheckingAutoConnectConnectsOnlyInState0) {
 TEST_F(ConnectionTest, AMarkIsSetBeforeItIsShown) {
     state = 7;
     connection.mnuAutoLogonClick();
-    EXPECT_EQ(ticksShown, (std::vector{false, true}));
+    EXPECT_EQ(ticksShown, (std::vector{false, true, false}));
     connection.mnuAutoConClick();
-    EXPECT_EQ(ticksShown, (std::vector{true, true}));
+    EXPECT_EQ(ticksShown, (std::vector{true, true, false}));
+    connection.mnuUseTSClick();
+    EXPECT_EQ(ticksShown, (std::vector{true, true, true}));
 }
 
 TEST_F(ConnectionTest, AutoLogonAndUseTimeSealToggleTheirMarks) {

@@ -83,6 +83,13 @@ TEST_F(ConsoleLinesTest, Row3AnUnclosedRemarkEndsWithItsLine) {
     EXPECT_TRUE(happened("caption 0 Chatting with Bob (who is examining"));
 }
 
+TEST_F(ConsoleLinesTest, Row3ARemarkGoesThroughTheNextBracketWhateverItHolds) {
+    chatBuddies = {"Bob"};
+    modChess.LastBuddy = "Bob";
+    batch("(told Bob, who is ~ (away)\n");
+    EXPECT_TRUE(happened("caption 0 Chatting with Bob (who is ~ (away)"));
+}
+
 TEST_F(ConsoleLinesTest, Row3WithoutABoxTheLineIsPrintedAndNotTestedFurther) {
     modChess.LastBuddy = "Bob";
     EXPECT_TRUE(prints("(told Bob) has arrived"));
@@ -193,8 +200,8 @@ TEST_F(ConsoleLinesTest, Row16ATailOfOneCharacterIsDroppedAndAnEmptyLineIsNot) {
 TEST_F(ConsoleLinesTest, Row17TheGraphsOwnPollIsHidden) {
     modChess.gLastCmd = "sought";
     modChess.gSeekOn = true;
-    batch(tableRow() + "\n2 ads displayed.\nfics% \nafter\n");
-    EXPECT_EQ(console(), "after\r\n");
+    batch(tableRow() + "\n2 ads displayed.\nfics% \nafter\n" + tableRow() + "\nbehind a row\n");
+    EXPECT_EQ(console(), "after\r\nbehind a row\r\n");
 }
 
 TEST_F(ConsoleLinesTest, Row17ALongLineOfThePollThatRatesNothingIsPrinted) {
@@ -269,6 +276,8 @@ TEST_F(ConsoleLinesTest, Row18AWordTypedWithSoShowsThem) {
     modChess.gSeekOn = true;
     modChess.gLastTyped = "SOught all";
     EXPECT_TRUE(prints(Seek));
+    modChess.gLastTyped = "so?";
+    EXPECT_TRUE(prints(Seek));
     modChess.gLastTyped = "so";
     EXPECT_FALSE(prints(Seek));
     modChess.gLastTyped = "who so";
@@ -329,6 +338,11 @@ TEST_F(ConsoleLinesTest, AContinuationThatItsBoxNoLongerTakesIsPrintedInTheColou
     EXPECT_TRUE(classifier.TellToChat);
     EXPECT_THAT(printed, ElementsAre(Printed{"Ann shouts: a\r\n", ShoutColor}, Printed{"tell\r\n", ShoutColor},
                                      Printed{"next\r\n", MainColor}));
+}
+
+TEST_F(ConsoleLinesTest, AContinuationWithoutBlanksLosesItsBackslashAlone) {
+    batch("a\n\\bc\n");
+    EXPECT_EQ(console(), "a\r\nbc\r\n");
 }
 
 TEST_F(ConsoleLinesTest, ABackslashAloneIsNothing) {

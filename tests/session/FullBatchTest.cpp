@@ -137,6 +137,7 @@ TEST(FullBatchTest, OnlyALineOfMoreThanAMegabyteIsCutAndNotBetweenTheHalvesOfIts
     EXPECT_EQ(TwoBatches(line + "yz").rest, "yz");
     EXPECT_EQ(TwoBatches(line + "\n\ry").rest, "\n\ry");
     EXPECT_EQ(TwoBatches(line.substr(1) + "\n\ry").rest, "\n\ry");
+    EXPECT_EQ(TwoBatches(line + "\r").rest, "\r");
 }
 
 TEST(FullBatchTest, TheRestDoesNotBeginWithARecord) {
@@ -154,18 +155,20 @@ TEST(FullBatchTest, ItGoesBackAsFarAsItMust) {
     std::string records;
     for (int i = 0; i < 700; ++i) records += Record;
     EXPECT_EQ(TwoBatches(numbered(500) + records).front, numbered(499)) << "the line before the first goes with it";
+    EXPECT_EQ(TwoBatches(numbered(2) + records + records).front, numbered(1));
 }
 
 TEST(FullBatchTest, NothingButRecordsIsCutAllTheSame) {
     std::string records;
     for (int i = 0; i < 1100; ++i) records += Record;
     EXPECT_EQ(linesIn(TwoBatches(records).front), 1000U);
+    EXPECT_EQ(TwoBatches(Record + std::string(MostHeldBytes, 'x')).front, Record);
 }
 
 TEST(FullBatchTest, TwoBatchesHaveTheLinesOfTheWholeAndFit) {
     std::mt19937 random(12);
     const std::vector<std::string> parts{"\n\r", "\r\n", "\n",     "\r",   "a\n\r",
-                                         "b\r",  "c\n",  "a line", Record, "\n\r<b1> x\r\n"};
+                                         "b\r",  "c~\n", "a line", Record, "\n\r<b1> x\r\n"};
     for (int round = 0; round < 300; ++round) {
         std::string text;
         std::string part;

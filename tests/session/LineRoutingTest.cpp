@@ -88,6 +88,15 @@ TEST_F(LineRoutingTest, AFaultOfABoardsPositionPassesThroughTheClassifier) {
     EXPECT_THROW(batch("\n" + style12Line(12) + "\nfics% \n"), Fault);
 }
 
+TEST_F(LineRoutingTest, ARecordWhoseBoardIsGoneMovesNone) {
+    classifier.hooks.zStyle12Line = [](const std::string&) { return true; };
+    boardOfGame.clear();
+    modChess.NewGameFlag = true;
+    batch("\n" + style12Line(12) + "\nfics% ");
+    EXPECT_THAT(events, IsEmpty());
+    EXPECT_THAT(printed, IsEmpty());
+}
+
 TEST_F(LineRoutingTest, HoldingsBehindARecordGoToItsBoardAndVanish) {
     batch("\n" + style12Line(13) + "\n\n<b1> game 13 white [P] black []\nfics% \n" + LongLine + "\n");
     EXPECT_THAT(events, ElementsAre("bughouse 1 <b1> game 13 white [P] black []", "position 1"));
@@ -129,14 +138,25 @@ TEST_F(LineRoutingTest, TheWalkBehindHoldingsGoesOnePastTheBatchAndStopsAtALongL
     modChess.Record.GameNumber = 12;
     batch("1\n2\n3\n4\n");
     batch("<b1> game 12 white [] black [Q]\nfics% \n");
+    EXPECT_EQ(lines[1], "");
     EXPECT_EQ(lines[2], "") << "a line of an older batch";
     EXPECT_EQ(lines[3], "4\r\n");
+}
+
+TEST_F(LineRoutingTest, BehindHoldingsFifteenCharactersWithTheLineEndingAreShort) {
+    modChess.Record.GameNumber = 12;
+    const std::string holdings = "<b1> game 12 white [] black [Q]\n";
+    batch(holdings + "1234567890123\n");
+    EXPECT_EQ(lines[1], "");
+    batch(holdings + "12345678901234\n");
+    EXPECT_EQ(lines[1], "12345678901234\r\n");
 }
 
 TEST_F(LineRoutingTest, ATitleInPlaceOfAChannelNumberIsATellOfChannel0) {
     batch("Bob(C): hi\nfics% \nmore text\nfics% ");
     EXPECT_EQ(modChess.TellTarget, "0");
     EXPECT_EQ(console(), "Bob(C): hi\r\nmore text\r\nfics% ");
+    EXPECT_THAT(events, IsEmpty()) << "channel tells are silent";
 }
 
 // A tell that ends a move list has lines behind it that are blank already.
@@ -167,6 +187,7 @@ TEST_F(LineRoutingTest, HoldingsWithoutABoardFault) {
         FAIL() << "taken without a board";
     } catch (const Fault& fault) {
         EXPECT_EQ(fault.kind(), FaultKind::Subscript);
+        EXPECT_THAT(fault.what(), testing::StartsWith("bughouse holdings for a game that has no board, met by \"<b1>"));
     }
 }
 
@@ -254,6 +275,13 @@ TEST_F(LineRoutingTest, AChannelOfLessThanNothingIsNoTellToABox) {
     EXPECT_EQ(modChess.TellTarget, "");
     EXPECT_EQ(printed.size(), 3U);
     EXPECT_THAT(events, ElementsAre("sound whistle.wav 7"));
+}
+
+TEST_F(LineRoutingTest, InVerboseModeHoldingsBehindARecordReachTheirBoardBeforeThePositionAndOnceMore) {
+    lines.verbose = true;
+    const std::string holdings = "<b1> game 12 white [P] black []";
+    batch("\n" + style12Line(12) + "\n" + holdings + "\n");
+    EXPECT_THAT(events, ElementsAre("bughouse 0 " + holdings, "position 0", "bughouse 0 " + holdings));
 }
 
 TEST_F(LineRoutingTest, InVerboseModeRecordsMoveTheirBoardsAndAreShown) {

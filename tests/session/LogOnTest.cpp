@@ -56,14 +56,18 @@ TEST_F(LogOnTest, UpAtLoginSendsTheHandleAsATypedCommand) {
 }
 
 TEST_F(LogOnTest, UpAtPasswordSendsItUnseenAndUnkept) {
+    road.zSend("who");
+    sent.clear();
+    echoed.clear();
     arrive("password: ");
     road.idleSeconds = 9;
     EXPECT_TRUE(keys.typingKeyDown(KeyUp, false));
     EXPECT_THAT(sent, ElementsAre("secret\n"));
+    EXPECT_EQ(typing, "") << "the history does not move";
     EXPECT_EQ(modChess.gLastCmd, "secret");
-    EXPECT_EQ(modChess.gLastTyped, "");
+    EXPECT_EQ(modChess.gLastTyped, "who");
     EXPECT_EQ(road.idleSeconds, 0);
-    EXPECT_EQ(road.history.entries[1], "");
+    EXPECT_EQ(road.history.entries[1], "who");
     EXPECT_EQ(echoed, "");
     EXPECT_EQ(pipeline.login, 0);
 }

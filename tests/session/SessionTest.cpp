@@ -120,6 +120,61 @@ TEST_F(SessionTest, TheBoxOfTheLatestSenderComesUpWhereThereIsOne) {
     EXPECT_THAT(events, ElementsAre("chat for Carl"));
 }
 
+TEST_F(SessionTest, ABoxComesToTheFrontAndThenTakesTheFocus) {
+    RecordedChat box(session.road);
+    box.box.xBuddy = modChess.TellTarget = "Bob";
+    box.box.hooks.bringToFront = [this] { events.emplace_back("front"); };
+    box.box.hooks.focus = [this] { events.emplace_back("focus"); };
+    session.showChat();
+    EXPECT_THAT(events, ElementsAre("front", "focus"));
+}
+
+TEST_F(SessionTest, BeforeTheFirstTellABoxOpensWithoutAProposal) {
+    const RecordedChat unnamed(session.road);
+    session.showChat();
+    EXPECT_THAT(events, ElementsAre("chat for "));
+}
+
+TEST_F(SessionTest, ShiftF9OpensAChatBox) {
+    modChess.TellTarget = "Bob";
+    session.typingKeys.typingKeyDown(KeyF9, true);
+    EXPECT_THAT(events, ElementsAre("chat for Bob"));
+}
+
+TEST_F(SessionTest, ANewGamesBoardLetsNoPieceBeTakenAndComesToTheFront) {
+    game().surface.bringToFront = [this] { events.emplace_back("front"); };
+    arriveRecord({.game = 12, .relation = 1});
+    EXPECT_TRUE(game().noPlay);
+    EXPECT_THAT(events, ElementsAre("front"));
+}
+
+TEST_F(SessionTest, ThePasswordIsMaskedUntilTheServerAnswers) {
+    session.outside.typing.mask = [this](bool on) { events.emplace_back(on ? "mask" : "plain"); };
+    arrive("password: ");
+    EXPECT_THAT(events, ElementsAre("plain", "mask"));
+    arrive("\n\r");
+    EXPECT_THAT(events, ElementsAre("plain", "mask", "plain"));
+}
+
+TEST_F(SessionTest, ThePasswordIsTheLastCommandWhileItsAnswerIsRead) {
+    arrive("password: ");
+    session.logOn.password = "secret";
+    session.logOn.answer();
+    std::string whileRead;
+    session.classifier.hooks.insert = [&](const std::string&) { whileRead = modChess.gLastCmd; };
+    arrive("\n\rWelcome\n\r");
+    EXPECT_EQ(whileRead, "secret");
+    EXPECT_EQ(modChess.gLastCmd, "");
+}
+
+TEST_F(SessionTest, APasswordTypedByHandIsForgottenThoughTheStyleIsSetInItsAnswer) {
+    arrive("password: ");
+    session.road.zSend("typed");
+    arrive("**** Starting FICS session as Anders ****\n\r");
+    EXPECT_EQ(modChess.gLastCmd, "Set Style 12");
+    EXPECT_EQ(modChess.gLastTyped, "");
+}
+
 TEST_F(SessionTest, ATypedLineIsEchoedAndSent) {
     session.road.zSend("who");
     EXPECT_THAT(sent, ElementsAre("who\n"));
@@ -170,12 +225,32 @@ TEST_F(SessionTest, AutoLogonBringsTheConsoleUpAndThenTheFocusToItsTypingLine) {
 TEST_F(SessionTest, TheCloseQuestionEmptiesTheBoardsPanels) {
     arriveRecord({.game = 12, .relation = 1});
     session.connection.LastServer = 1;
+    session.connection.ClosedByUser = false;
+    session.timerFired(SessionTimer::tmrTCP);
+    session.socketClosed();
+    session.timerFired(SessionTimer::tmrTCP);
+    EXPECT_EQ(running.at(SessionTimer::tmrClose), 550);
     boards.front()->effects.clear();
     for (int beep = 0; beep < 3; ++beep) session.timerFired(SessionTimer::tmrClose);
     EXPECT_EQ(game().currentGame, "");
     EXPECT_TRUE(boards.front()->saw("title Brightrank - Board"));
     EXPECT_THAT(boards.front()->all("panel"), ElementsAre("panel 1 ", "panel 2 ", "panel 3 "));
     EXPECT_FALSE(running.contains(SessionTimer::tmrClose));
+}
+
+TEST_F(SessionTest, EachTickWithoutAChangeCountsAnIdleSecond) {
+    for (int tick = 0; tick < 4; ++tick) session.timerFired(SessionTimer::tmrTCP);
+    EXPECT_EQ(session.road.idleSeconds, 2) << "from -1, by three ticks behind the change";
+}
+
+TEST_F(SessionTest, TheLoopRunsWhileABridgeEnds) {
+    int turns = 0;
+    session.outside.bridge.wait = [&](double seconds) {
+        EXPECT_EQ(seconds, 0.01);
+        ++turns;
+    };
+    session.connection.mnuCloseClick();
+    EXPECT_EQ(turns, 1);
 }
 
 TEST_F(SessionTest, TheTimersRunTheirRoutines) {
@@ -236,6 +311,10 @@ TEST_F(SessionTest, TextIsPutAtTheEndInItsColour) {
     session.print("words");
     EXPECT_THAT(steps, ElementsAre("end", "color 7", "words", "end"));
     steps.clear();
+    modChess.ColorCopy = 8;
+    session.road.zSend("who");
+    EXPECT_THAT(steps, ElementsAre("end", "color 8", "who\r\n", "end", "color 7"));
+    steps.clear();
     session.blockMode.hooks.insertAtEnd("block");
     EXPECT_THAT(steps, ElementsAre("end", "block"));
 }
@@ -250,7 +329,8 @@ TEST_F(SessionTest, TheTicksOfConnectionAndLogOnAreTimersOfTheSession) {
 TEST_F(SessionTest, AnAnswerThatNothingReadsIsNotWaitedFor) {
     session.captures.vars = {};
     session.pipeline.zSetstate(3);
-    EXPECT_THROW(arrive("Variable settings\n\rfics% "), std::logic_error);
+    EXPECT_THAT([this] { arrive("Variable settings\n\rfics% "); },
+                testing::ThrowsMessage<std::logic_error>("an answer is waited for that nothing reads"));
 }
 
 // Boxes
@@ -313,6 +393,24 @@ TEST_F(SessionTest, AFaultsTextHasNoControlCharacters) {
         EXPECT_EQ(fault.kind(), FaultKind::Overflow);
         EXPECT_STREQ(fault.what(), "the number 9e+09 does not fit a field of 16 bits, met by \"Bob(9e9): ?[2Jhi\"");
     }
+}
+
+TEST_F(SessionTest, AFaultsTextShows160CharactersOfTheLineAtMost) {
+    const auto shownOf = [this](const std::string& line) {
+        try {
+            arrive(line + "\n\rfics% ");
+        } catch (const Fault& fault) {
+            const std::string text = fault.what();
+            return text.substr(text.find('"'));
+        }
+        return std::string("no fault");
+    };
+    std::string line = "Bob(9e9): ~\x7f";
+    line.resize(158, 'x');
+    std::string shown = line;
+    shown[11] = '?';
+    EXPECT_EQ(shownOf(line), '"' + shown + '"') << "160 with its ending";
+    EXPECT_EQ(shownOf(line + "yyyyy"), '"' + shown + "yy...\"");
 }
 
 TEST_F(SessionTest, AGameNumberPast16BitsEndsTheProgramInAnEndLineToo) {

@@ -47,6 +47,10 @@ TEST_F(SuppressionTest, AboveAHundredShortLinesAreEatenUntilALongerOne) {
 }
 
 TEST_F(SuppressionTest, AHundredItselfCountsLines) {
+    classifier.SuppressCount = 101;
+    batch("a line longer than the prompt\n");
+    EXPECT_EQ(classifier.SuppressCount, 0);
+    printed.clear();
     classifier.SuppressCount = 100;
     batch("a line longer than the prompt\n");
     EXPECT_THAT(printed, IsEmpty());

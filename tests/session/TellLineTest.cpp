@@ -52,6 +52,7 @@ TEST_F(TellLineTest, AChannelTellGivesItsChannelAndSender) {
     EXPECT_EQ(modChess.ChannelSender, "Bob(TM)");
     EXPECT_EQ(zTellLine("Bob(1): hi"), 1001);
     EXPECT_EQ(zTellLine("Bob(255): hi"), 1255);
+    EXPECT_EQ(zTellLine("Anders(7):(8 hi"), 1007);
 }
 
 TEST_F(TellLineTest, AChannelHasOneToThreeCharacters) {

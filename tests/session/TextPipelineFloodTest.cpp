@@ -93,6 +93,18 @@ TEST_F(TextPipelineFlood, WithOneLineMoreTheFrontGoesAheadWhenItComes) {
     EXPECT_THAT(batches, ElementsAre(numbered(0, 1000), numbered(1000, 1) + "fics% "));
 }
 
+TEST_F(TextPipelineFlood, OneHeldCharacterIsEnoughForTheFrontToGoAhead) {
+    arrive("F");
+    arrive("irst\n\r" + numbered(1, 1001));
+    EXPECT_THAT(batches, ElementsAre("First\n\r" + numbered(1, 999)));
+    EXPECT_EQ(pipeline.PendingText, numbered(1000, 2));
+    arrive("fics% ");
+    batches.clear();
+    arrive("F");
+    arrive("irst\n\r" + numbered(1, 1001) + "fics% ");
+    EXPECT_THAT(batches, ElementsAre("First\n\r" + numbered(1, 999), numbered(1000, 2) + "fics% "));
+}
+
 TEST_F(TextPipelineFlood, AnEndlessAnswerGoesInBatchesAndIsHeldOn) {
     const std::string answer = numbered(0, 20000);
     arriveInPackets(answer, 700);

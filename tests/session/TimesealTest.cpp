@@ -68,6 +68,14 @@ TEST_F(TimesealTest, ABridgeThatStaysIsAskedOnceAfterSevenSeconds) {
     EXPECT_THAT(log, ElementsAre(Closing, Closed, "close 4711"));
 }
 
+TEST_F(TimesealTest, AClockThatStandsStillIsNoMidnight) {
+    handle = 4711;
+    endsAtTurn = 3;
+    connection.bridge.hooks.pump = [this] { ++turns; };
+    connection.bridge.zTerminateTimeSeal();
+    EXPECT_THAT(log, ElementsAre(Closing, Closed)) << "it has ended by itself";
+}
+
 TEST_F(TimesealTest, MidnightEndsTheWait) {
     handle = 4711;
     clock = 86399;

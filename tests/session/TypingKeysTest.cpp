@@ -21,6 +21,7 @@ struct TypingKeysTest : testing::Test {
     std::string echoed;
     std::int16_t state = 7;
     int carets = 0;
+    std::size_t caretAt = 0; // where caretToEnd put it
     int focuses = 0;
     int chats = 0;
 
@@ -31,7 +32,10 @@ struct TypingKeysTest : testing::Test {
         road.hooks.echo = [this](const std::string& text) { echoed += text; };
         keys.hooks.text = [this] { return typing; };
         keys.hooks.setText = [this](const std::string& text) { typing = text; };
-        keys.hooks.caretToEnd = [this] { ++carets; };
+        keys.hooks.caretToEnd = [this] {
+            ++carets;
+            caretAt = typing.size();
+        };
         keys.hooks.focus = [this] { ++focuses; };
         keys.hooks.zNewChat = [this] { ++chats; };
     }
@@ -67,14 +71,16 @@ TEST_F(TypingKeysTest, HelpAndHistoryOpenTheirPanelsWhileNotConnected) {
     int panels = 0;
     road.hooks.showHelp = [&] { ++panels; };
     road.hooks.showHistory = [&] { ++panels; };
-    typing = "help";
-    EXPECT_TRUE(keys.zTxtSend(13));
-    typing = "hi bob";
-    EXPECT_TRUE(keys.zTxtSend(13));
-    EXPECT_EQ(panels, 2);
-    EXPECT_EQ(typing, "");
-    typing = "h bob";
-    EXPECT_FALSE(keys.zTxtSend(13)) << "one letter is neither";
+    for (const char* text : {"help", "he tactics", "history", "hi bob"}) {
+        typing = text;
+        EXPECT_TRUE(keys.zTxtSend(13)) << text;
+        EXPECT_EQ(typing, "");
+    }
+    EXPECT_EQ(panels, 4);
+    for (const char* text : {"h bob", "help~", "history~"}) {
+        typing = text;
+        EXPECT_FALSE(keys.zTxtSend(13)) << text << " is neither";
+    }
 }
 
 TEST_F(TypingKeysTest, FunctionKeysReplaceTheLine) {
@@ -144,6 +150,14 @@ TEST_F(TypingKeysTest, AButtonTypesItsCommandAndPressesEnter) {
     EXPECT_EQ(typing, "");
 }
 
+TEST_F(TypingKeysTest, AButtonLeavesTheFocusToThePanelThatItsCommandOpens) {
+    int focusesBefore = -1;
+    road.hooks.showHelp = [&] { focusesBefore = focuses; };
+    keys.pressButton("help tactics");
+    EXPECT_EQ(focusesBefore, 1);
+    EXPECT_EQ(focuses, 1);
+}
+
 TEST_F(TypingKeysTest, AButtonWithoutACommandDoesNothing) {
     typing = "before";
     keys.pressButton("");
@@ -156,7 +170,7 @@ TEST_F(TypingKeysTest, ACharacterTypedInTheConsoleLandsInTheLine) {
     typing = "wh";
     EXPECT_TRUE(keys.consoleKeyPress('o'));
     EXPECT_EQ(typing, "who");
-    EXPECT_EQ(carets, 1);
+    EXPECT_EQ(caretAt, 3U);
     EXPECT_EQ(focuses, 1);
 }
 

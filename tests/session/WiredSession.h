@@ -53,6 +53,8 @@ struct WiredSession : testing::Test {
         outside.console.insert = [this](const std::string& text) { console += text; };
         outside.client.setCaption = [this](const std::string& text) { caption = text; };
         outside.windows.openBoard = [this] { openBoard(); };
+        outside.windows.zParseVars = [this] { events.emplace_back("variables"); };
+        outside.windows.zParseNotes = [this] { events.emplace_back("notes"); };
         outside.windows.openChat = [this] { events.push_back("chat for " + modChess.NewBuddy); };
         outside.user.beep = [this] { events.emplace_back("beep"); };
         outside.user.message = [this](const std::string& text) {
