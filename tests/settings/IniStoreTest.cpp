@@ -2,6 +2,7 @@
 #include "settings/IniStore.h"
 
 #include "EnvironmentVariable.h"
+#include "common/InChild.h"
 #include "settings/IniText.h"
 #include "settings/Settings.h"
 
@@ -206,18 +207,10 @@ TEST_F(IniStore, AFolderOrADeviceInPlaceOfTheFileIsAnEmptyStore) {
 
 TEST_F(IniStore, AFullDiskLeavesTheOldContent) {
     saveAll(openIniStore(), std::string(3000, 'a'));
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit small{10'000, 10'000};
-        ::setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_TRUE(inChild([] {
+        limitFiles(10'000);
         saveAll(openIniStore(), std::string(3000, 'b'));
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status));
+    }));
     EXPECT_TRUE(whole());
     EXPECT_EQ(openIniStore().read("Client", "Key_7", ""), std::string(3000, 'a'));
 }
