@@ -81,6 +81,14 @@ TEST_F(SelfCheckSheetTest, TypedDigitsMakeANumberOfThreeAtMost) {
     EXPECT_EQ(box, 999);
 }
 
+TEST_F(SelfCheckSheetTest, AWholeNumberIsTakenUnlessItIsBelow0) {
+    for (const int number : {7, 0, 1200}) {
+        sheet.take(box, number);
+        sheet.take(box, -1);
+        EXPECT_EQ(box, number);
+    }
+}
+
 TEST_F(SelfCheckSheetTest, DigitsAreErasedUntilTheBoxIsEmpty) {
     box = 12;
     sheet.eraseDigit(box);
@@ -92,6 +100,9 @@ TEST_F(SelfCheckSheetTest, DigitsAreErasedUntilTheBoxIsEmpty) {
     box = 9;
     sheet.eraseDigit(box);
     EXPECT_EQ(box, std::nullopt);
+    box = 10;
+    sheet.eraseDigit(box);
+    EXPECT_EQ(box, 1);
     box = 199;
     sheet.eraseDigit(box);
     EXPECT_EQ(box, 19);

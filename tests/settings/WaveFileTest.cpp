@@ -46,6 +46,12 @@ TEST(WaveFile, CompressedOrImpossibleFormatsAreNotPlayable) {
     }
 }
 
+TEST(WaveFile, AnotherKindOfFileIsNotPlayable) {
+    const std::string good = wave(format(1, 1, 44100, 16) + Data);
+    EXPECT_FALSE(isPlayableWave("RIFX" + good.substr(4)));
+    EXPECT_FALSE(isPlayableWave(good.substr(0, 8) + "AVI " + good.substr(12)));
+}
+
 TEST(WaveFile, AFileCutShortAnywhereIsNotPlayable) {
     const std::string good = wave(format(1, 1, 44100, 16) + Data);
     ASSERT_TRUE(isPlayableWave(good));
