@@ -201,9 +201,18 @@ class Tests:
     def ofFunctions(self, functions):
         """The tests to run for a break in these functions, in the order in which they are asked."""
         named = {test for function in functions for test in self.entered.get(function, [])}
-        if self.outside & functions:
-            named = set(self.seconds)
+        return self.inOrder(self.seconds if self.outside & functions else named)
+
+    def inOrder(self, named):
         return sorted(named, key=lambda test: (self.seconds[test] >= LONG, self.width[test], test))
+
+    def noticeIn(self, function, number):
+        """Whether a test fails with the break `number`, which is in this function. What one test alone entered may be what
+        fills a static value when it is first asked for: its break is shown to all others as well."""
+        near = self.ofFunctions({function})
+        if self.notice(near, number):
+            return True
+        return len(near) == 1 and self.notice(self.inOrder(set(self.seconds) - set(near)), number)
 
     def notice(self, tests, number, program=None):
         """Whether a test of `tests` fails with the break `number`, or the program with it."""
@@ -307,8 +316,7 @@ class Campaign:
         if self.options.minutes and time.monotonic() > self.ends:
             return
         if one.function and not one.function.constant:
-            functions = {source.numbers[one.function]}
-            noticed = tests.notice(tests.ofFunctions(functions), one.number)
+            noticed = tests.noticeIn(source.numbers[one.function], one.number)
         else:
             noticed = self.judgeAlone(tests, source, one)
         if noticed is None:

@@ -7,21 +7,21 @@ namespace {
 
 // How many bytes behind a UTF-8 lead byte belong to it; 0 for any other byte.
 std::size_t followers(unsigned char lead) {
-    if (lead >= 0xF0 && lead < 0xF8) return 3;
-    if (lead >= 0xE0) return lead < 0xF0 ? 2 : 0;
-    return lead >= 0xC2 ? 1 : 0;
+    if (lead < 0xC2 || lead >= 0xF5) return 0;
+    if (lead < 0xE0) return 1;
+    return lead < 0xF0 ? 2 : 3;
 }
 
 } // namespace
 
 std::string_view mid(std::string_view text, long start, long length) {
-    if (start < 1 || static_cast<std::size_t>(start) > text.size() || length == 0) return {};
+    if (start < 1 || static_cast<std::size_t>(start) > text.size()) return {};
     const auto rest = text.substr(static_cast<std::size_t>(start) - 1);
     return length < 0 ? rest : rest.substr(0, static_cast<std::size_t>(length));
 }
 
 long find(long from, std::string_view text, std::string_view needle) {
-    if (from < 1 || static_cast<std::size_t>(from) > text.size()) return 0;
+    // column 0 becomes a place behind every text
     const auto place = text.find(needle, static_cast<std::size_t>(from) - 1);
     return place == text.npos ? 0 : static_cast<long>(place) + 1;
 }

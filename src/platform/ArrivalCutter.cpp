@@ -45,8 +45,7 @@ bool rests(std::string_view text, std::string_view prompt) {
 
 // A line ends in CR, in LF, or in a pair of them in either order.
 bool endsInSingleBreak(std::string_view text) {
-    const auto before = text.find_last_not_of("\r\n");
-    auto at = before == text.npos ? 0 : before + 1;
+    std::size_t at = 0;
     while (at + 1 < text.size()) at += areBreakPair(text[at], text[at + 1]) ? std::size_t{2} : std::size_t{1};
     return at < text.size();
 }

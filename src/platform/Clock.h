@@ -1,10 +1,13 @@
 // The time of day, for what is prescribed in the seconds or milliseconds of the day, and the time that only goes on.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 
-// Seconds since local midnight with their fraction, 0 up to 86400 (not included), from the system's clock.
+// Seconds since local midnight with their fraction, 0 up to 86400 (not included), at a moment and by the system's
+// clock.
+double secondsOfDayAt(std::chrono::system_clock::time_point moment);
 double systemSecondsOfDay();
 
 // Milliseconds since some moment before the program began; no change of the system's time moves them.

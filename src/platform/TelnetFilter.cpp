@@ -11,7 +11,7 @@ constexpr char SubnegotiationBegin = '\xFA';
 constexpr char Will = '\xFB'; // the first of WILL, WONT, DO, DONT
 constexpr char Dont = '\xFE';
 
-// What stands at the front of a text that begins with FF.
+// What stands at the front of a text that is empty or begins with FF.
 struct Command {
     std::size_t length; // bytes to take; 0 while it is not known yet
     std::string_view text;
@@ -43,12 +43,10 @@ std::string TelnetFilter::filter(std::string_view bytes) {
     const std::string joined = std::exchange(kept_, {}) + std::string(bytes);
     std::string_view rest = joined;
     std::string text;
-    text.reserve(joined.size());
     while (!rest.empty()) {
         const auto front = rest.substr(0, rest.find(Iac));
         text += front;
         rest.remove_prefix(front.size());
-        if (rest.empty()) break;
         const Command command = commandAt(rest);
         if (command.length == 0) {
             kept_ = rest;

@@ -12,9 +12,7 @@ namespace {
 
 constexpr std::size_t MaxBytes = 65536;
 
-bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
-
-bool endsValue(char c) { return c == ',' || isLineEnd(c); }
+bool endsValue(char c) { return c == ',' || isBreak(c); }
 
 // Reads the value at `place` and leaves `place` at the character that ended it.
 std::string valueAt(std::string_view bytes, std::size_t& place) {
@@ -22,7 +20,7 @@ std::string valueAt(std::string_view bytes, std::size_t& place) {
     std::string quoted;
     const bool hasQuotes = place < bytes.size() && bytes[place] == '"';
     if (hasQuotes) {
-        for (++place; place < bytes.size() && bytes[place] != '"' && !isLineEnd(bytes[place]); ++place) {
+        for (++place; place < bytes.size() && bytes[place] != '"' && !isBreak(bytes[place]); ++place) {
             quoted += bytes[place];
         }
     }

@@ -88,13 +88,14 @@ std::string writeValue(std::string_view text) {
     return outerBlank || text.find_first_of(";,=\"") != text.npos ? '"' + result + '"' : result;
 }
 
-// Names of sections and keys: letters, digits and "_-." stand as they are, all else as "%" and two digits.
+// What stands as it is in the names of sections and keys; all else stands as "%" and two digits.
+constexpr std::string_view PlainInNames = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_-.";
+
 std::string writeName(std::string_view name) {
     std::string result;
     for (const char c : name) {
         const auto byte = static_cast<unsigned char>(c);
-        const bool plain = byte < 0x80 && (std::isalnum(byte) != 0 || c == '_' || c == '-' || c == '.');
-        if (plain) {
+        if (PlainInNames.find(c) != PlainInNames.npos) {
             result += c;
         } else {
             result += byte < 16 ? "%0" + hexText(byte) : "%" + hexText(byte);

@@ -15,7 +15,7 @@ SettingsStore memoryStore(const std::shared_ptr<MemoryValues>& values) {
                 values->keysWritten.push_back(key);
                 values->texts[{section, key}] = text;
             },
-        .remove = [values](Text application) { values->removed.push_back(application); },
+        .remove = [values](Text) { values->texts.clear(); },
         .sync = [values] { ++values->syncs; },
     };
 }

@@ -13,9 +13,8 @@ struct MemoryValues {
     std::map<std::pair<std::string, std::string>, std::string> texts; // by (section, key)
     std::vector<std::string> keysRead;                                // each `read`, present or not
     std::vector<std::string> keysWritten;
-    std::vector<std::string> removed; // application names given to `remove`; `texts` stays as it is
     int syncs = 0;
 };
 
-// A store over `values`, which live as long as the store does.
+// A store over `values`, all of them of whatever application it is asked for, which live as long as the store does.
 SettingsStore memoryStore(const std::shared_ptr<MemoryValues>& values);

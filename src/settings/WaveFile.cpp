@@ -2,6 +2,8 @@
 //     "RIFF" size "WAVE"  "fmt " 16 format channels rate bytes/s bytes/frame bits  "data" size samples...
 #include "settings/WaveFile.h"
 
+#include "common/Text.h"
+
 #include <cstdint>
 
 namespace {
@@ -25,7 +27,7 @@ bool isPlayableFormat(std::string_view chunk) {
 } // namespace
 
 bool isPlayableWave(std::string_view file) {
-    if (!file.starts_with("RIFF") || file.size() < 12 || file.substr(8, 4) != "WAVE") return false;
+    if (!file.starts_with("RIFF") || mid(file, 9, 4) != "WAVE") return false;
     bool known = false;
     std::size_t place = 12;
     while (place + 8 < file.size()) {

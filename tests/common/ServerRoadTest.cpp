@@ -20,7 +20,7 @@ struct ServerRoadTest : testing::Test {
     std::int16_t state = 7;
     std::int16_t login = 0;
     int helps = 0;
-    std::string topicShown; // that was there as the help was shown
+    std::string topicShown; // that was there as the panel was shown
     int histories = 0;
 
     ServerRoadTest() {
@@ -37,7 +37,10 @@ struct ServerRoadTest : testing::Test {
             ++helps;
             topicShown = modChess.gHelpTopic;
         };
-        road.hooks.showHistory = [this] { ++histories; };
+        road.hooks.showHistory = [this] {
+            ++histories;
+            topicShown = modChess.gHelpTopic;
+        };
     }
 };
 
@@ -121,6 +124,7 @@ TEST_F(ServerRoadTest, HeWithATopicOpensHelpAndSendsNothing) {
 TEST_F(ServerRoadTest, HiOpensTheHistoryOfTheOwnHandleOrTheNamedOne) {
     road.zSend("hi");
     EXPECT_EQ(modChess.gHelpTopic, "Own");
+    EXPECT_EQ(topicShown, "Own");
     road.zSend("HISTORY bob");
     EXPECT_EQ(modChess.gHelpTopic, "bob");
     EXPECT_EQ(histories, 2);
@@ -128,11 +132,40 @@ TEST_F(ServerRoadTest, HiOpensTheHistoryOfTheOwnHandleOrTheNamedOne) {
 }
 
 TEST_F(ServerRoadTest, WordsThatAreNoAbbreviationGoOutAsTheyStand) {
-    road.zSend("h");
-    road.zSend("histor1");
-    road.zSend("helpme");
-    EXPECT_EQ(sent, "h\nhistor1\nhelpme\n");
+    for (const char* word : {"h", "histor1", "helpme", "help~", "history~"}) road.zSend(word);
+    EXPECT_EQ(sent, "h\nhistor1\nhelpme\nhelp~\nhistory~\n");
     EXPECT_EQ(helps + histories, 0);
+}
+
+TEST_F(ServerRoadTest, ASendThatFaultsDoesNotEndTheIdleTime) {
+    road.hooks.sendData = [](const std::string&) { throw Fault(FaultKind::File, "gone"); };
+    road.idleSeconds = 12;
+    EXPECT_THROW(road.zSend("who"), Fault);
+    EXPECT_THROW(road.sendPassword("secret"), Fault);
+    EXPECT_EQ(road.idleSeconds, 12);
+}
+
+TEST_F(ServerRoadTest, AnAnsweredPasswordIsForgotten) {
+    road.sendPassword("secret");
+    EXPECT_EQ(modChess.gLastCmd, "secret") << "it is what was answered to the prompt";
+    road.forgetPassword();
+    EXPECT_EQ(modChess.gLastCmd, "");
+    login = 2;
+    road.zSend("secret");
+    road.forgetPassword();
+    EXPECT_EQ(modChess.gLastCmd + modChess.gLastTyped, "");
+}
+
+TEST_F(ServerRoadTest, WhatWasSentSinceThePasswordIsNotForgotten) {
+    road.sendPassword("secret");
+    road.zSendMsg("Set Style 12");
+    road.forgetPassword();
+    EXPECT_EQ(modChess.gLastCmd, "Set Style 12");
+    road.sendPassword("secret");
+    road.forgetPassword();
+    modChess.gLastCmd = "Tell bob hi";
+    road.forgetPassword();
+    EXPECT_EQ(modChess.gLastCmd, "Tell bob hi");
 }
 
 TEST_F(ServerRoadTest, HelpOpensWhileNotConnectedButATypedLineFaults) {
@@ -154,7 +187,9 @@ TEST(ServerRoadUnset, HooksAreHarmlessAndTheSocketCountsAsClosed) {
 
 TEST_F(ServerRoadTest, IdleSecondsCountTo20AndStartAgainWhileConnectedAndEverySendSetsThemToZero) {
     EXPECT_EQ(road.idleSeconds, -1);
-    for (int i = 0; i <= 20; ++i) road.countIdle(true);
+    road.countIdle(true);
+    EXPECT_EQ(road.idleSeconds, 0);
+    for (int i = 1; i <= 20; ++i) road.countIdle(true);
     EXPECT_EQ(road.idleSeconds, 20);
     road.countIdle(true);
     EXPECT_EQ(road.idleSeconds, 0);

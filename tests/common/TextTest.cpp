@@ -9,13 +9,17 @@ TEST(Text, MidCountsColumnsFromOne) {
     EXPECT_EQ(mid("abcdef", 5, 9), "ef");
     EXPECT_EQ(mid("abcdef", 7, 1), "");
     EXPECT_EQ(mid("abcdef", 0, 1), "");
+    EXPECT_EQ(mid("abcdef", 2, 0), "");
+    EXPECT_EQ(mid("abcdef", 6), "f");
 }
 
 TEST(Text, FindGivesTheColumnOrZero) {
     EXPECT_EQ(find(1, "abcabc", "c"), 3);
     EXPECT_EQ(find(4, "abcabc", "c"), 6);
     EXPECT_EQ(find(1, "abc", "x"), 0);
+    EXPECT_EQ(find(3, "abc", "c"), 3);
     EXPECT_EQ(find(9, "abc", "a"), 0);
+    EXPECT_EQ(find(0, "abc", "a"), 0);
 }
 
 TEST(Text, ContainsMindsTheCase) {
@@ -34,7 +38,7 @@ TEST(Text, ALineEndingIsOneOfTwoCharactersOrBothInEitherOrder) {
     EXPECT_FALSE(areBreakPair('\r', 'a'));
 }
 
-TEST(Text, LowerTouchesOnlyTheLettersAToZ) { EXPECT_EQ(lower("AbZ\xC4"), "abz\xC4"); }
+TEST(Text, LowerTouchesOnlyTheLettersAToZ) { EXPECT_EQ(lower("@AbZ[\xC4"), "@abz[\xC4"); }
 
 TEST(Text, Utf8OfALatin1CharacterIsThatCharacter) {
     EXPECT_EQ(fromUtf8("abc"), "abc");
@@ -52,7 +56,7 @@ TEST(Text, Utf8OfAnyOtherCharacterIsOneQuestionMark) {
 
 TEST(Text, BytesThatAreNoUtf8StandForThemselves) {
     for (const char* bytes : {"\xE4", "\xE4x", "\xC1\x81", "\x81", "\xBF", "\xE2\x82", "\xE2\x82x", "\xF0\x9F\x98",
-                              "\xF0\x9F\x98x", "\xF8\x88\x80\x80", "\xFF\xFE", "\xC3\xC3"}) {
+                              "\xF0\x9F\x98x", "\xF5\x80\x80\x80", "\xF8\x88\x80\x80", "\xFF\xFE", "\xC3\xC3"}) {
         EXPECT_EQ(fromUtf8(bytes), bytes);
     }
 }

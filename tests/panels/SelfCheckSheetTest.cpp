@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 namespace {
 
@@ -80,6 +81,14 @@ TEST_F(SelfCheckSheetTest, TypedDigitsMakeANumberOfThreeAtMost) {
     EXPECT_EQ(box, 999);
 }
 
+TEST_F(SelfCheckSheetTest, AWholeNumberIsTakenUnlessItIsBelow0) {
+    for (const int number : {7, 0, 1200}) {
+        sheet.take(box, number);
+        sheet.take(box, -1);
+        EXPECT_EQ(box, number);
+    }
+}
+
 TEST_F(SelfCheckSheetTest, DigitsAreErasedUntilTheBoxIsEmpty) {
     box = 12;
     sheet.eraseDigit(box);
@@ -88,6 +97,12 @@ TEST_F(SelfCheckSheetTest, DigitsAreErasedUntilTheBoxIsEmpty) {
     EXPECT_EQ(box, std::nullopt);
     sheet.eraseDigit(box);
     EXPECT_EQ(box, std::nullopt);
+    box = 9;
+    sheet.eraseDigit(box);
+    EXPECT_EQ(box, std::nullopt);
+    box = 10;
+    sheet.eraseDigit(box);
+    EXPECT_EQ(box, 1);
     box = 199;
     sheet.eraseDigit(box);
     EXPECT_EQ(box, 19);
@@ -144,6 +159,27 @@ TEST_F(SelfCheckSheetTest, ABoxThatIsEmptiedAgainDoesNotCloseTheWay) {
     EXPECT_FALSE(modChess.SelfCheckOK) << "only a click on the tick box lowers the flag";
 }
 
+TEST_F(SelfCheckSheetTest, EachChangeOfABoxIsLookedAt) {
+    const std::array<std::function<void()>, 5> changes{[this] { sheet.press(box, false); },
+                                                       [this] { sheet.type(box, 1); }, [this] { sheet.take(box, 15); },
+                                                       [this] { sheet.eraseDigit(box); }, [this] { sheet.empty(box); }};
+    sheet.chkForced = true;
+    for (std::size_t number = 0; number < changes.size(); ++number) {
+        modChess.SelfCheckOK = false;
+        changes.at(number)();
+        EXPECT_TRUE(modChess.SelfCheckOK) << number;
+    }
+}
+
+TEST_F(SelfCheckSheetTest, ABoxThatWasEmptiedDoesNotOpenTheWay) {
+    for (const auto& change : {&SelfCheckSheet::eraseDigit, &SelfCheckSheet::empty}) {
+        fill();
+        modChess.SelfCheckOK = false;
+        (sheet.*change)(box);
+        EXPECT_FALSE(modChess.SelfCheckOK);
+    }
+}
+
 TEST_F(SelfCheckSheetTest, ZEvalNeverLowersTheFlag) {
     modChess.SelfCheckOK = true;
     sheet.zEval();
@@ -154,11 +190,13 @@ TEST_F(SelfCheckSheetTest, ZResetEmptiesAllUnticksAndClosesTheWay) {
     fill();
     sheet.force(true);
     bool shown = false;
-    sheet.shownAnew = [&] { shown = true; };
+    sheet.shownAnew = [&] {
+        shown = true;
+        EXPECT_TRUE(isEmpty());
+        EXPECT_FALSE(sheet.chkForced);
+        EXPECT_FALSE(modChess.SelfCheckOK);
+    };
     sheet.zReset();
-    EXPECT_TRUE(isEmpty());
-    EXPECT_FALSE(sheet.chkForced);
-    EXPECT_FALSE(modChess.SelfCheckOK);
     EXPECT_TRUE(shown);
 }
 

@@ -136,6 +136,23 @@ TEST_F(ArrivalCutterTest, SilenceGivesAHalfPairAndAnUnfinishedLineToo) {
     EXPECT_EQ(arrivalsAfter(Ms30), "\rtwo|");
 }
 
+TEST_F(ArrivalCutterTest, APacketWithoutBytesIsNoneAndWhatHasWaitedIsDue) {
+    append("one");
+    now += 5;
+    append("");
+    now += 25;
+    EXPECT_EQ(cutter.dueInMs(now), 0);
+    now += 25;
+    EXPECT_EQ(cutter.dueInMs(now), 0);
+    EXPECT_EQ(take(), "one");
+}
+
+TEST_F(ArrivalCutterTest, WhatComesAfterAnArrivalHasItsWholeTime) {
+    EXPECT_EQ(arrivalsOf("login:"), "login:|");
+    EXPECT_EQ(arrivalsAfter(20, "two"), "");
+    EXPECT_EQ(cutter.dueInMs(now), 30);
+}
+
 TEST_F(ArrivalCutterTest, WhatComesAfterALongSilenceHasItsTime) {
     append("one fics% ");
     take();
@@ -165,6 +182,13 @@ TEST_F(ArrivalCutterTest, WhileBytesKeepComingTheCutIsBehindTheLastPromptAtALine
     EXPECT_EQ(take(), "two\n\r") << "without one, up to the last whole line";
     EXPECT_EQ(take(), "");
     EXPECT_EQ(arrivalsAfter(20), "my fics% 3\n\r|") << "30 ms after the last byte";
+}
+
+TEST_F(ArrivalCutterTest, APromptMayBeOneCharacter) {
+    prompt = ">";
+    append(">tw");
+    EXPECT_EQ(arrivalsAfter(20, "o"), "");
+    EXPECT_EQ(arrivalsAfter(10), ">|");
 }
 
 TEST_F(ArrivalCutterTest, APromptAtTheFrontOfWhatWaitsCounts) {
@@ -224,6 +248,12 @@ TEST_F(ArrivalCutterTest, OverTheLimitTheLastPromptAtALinesFrontWithinItGoesFirs
     const std::string first = lines(40, 100) + "fics% ";
     const std::string second = "\n\r" + lines(60, 100) + "fics% ";
     EXPECT_EQ(arrivalsOf(first + second), first + "|" + second + "|");
+}
+
+TEST_F(ArrivalCutterTest, OverTheLimitAnEmptyLineAtTheFrontGoesAhead) {
+    append("\n" + std::string(9000, 'x'));
+    EXPECT_EQ(take(), "\n");
+    EXPECT_EQ(take().size(), 8192U);
 }
 
 TEST_F(ArrivalCutterTest, ALineThatEndsRightAtTheLimitIsWithinIt) {

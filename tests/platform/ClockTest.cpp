@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <ctime>
 
 TEST(Clock, TheSystemsClockGivesTheLocalTimeOfDay) {
@@ -12,6 +13,14 @@ TEST(Clock, TheSystemsClockGivesTheLocalTimeOfDay) {
     const double expected = local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec;
     const double distance = systemSecondsOfDay() - expected;
     EXPECT_TRUE((distance >= 0 && distance < 5) || distance < -86000) << distance;
+}
+
+TEST(Clock, TheLastSecondOfAMinuteAndItsFractionCount) {
+    const auto fullMinute = std::chrono::sys_days{std::chrono::year{2026} / 6 / 1};
+    const double before = std::fmod(secondsOfDayAt(fullMinute), 60);
+    const double last = std::fmod(secondsOfDayAt(fullMinute + std::chrono::milliseconds(59'250)), 60);
+    EXPECT_EQ(before, 0);
+    EXPECT_EQ(last, 59.25);
 }
 
 TEST(Clock, MillisecondsComeFromTheSecondsOfTheDay) {

@@ -2,6 +2,7 @@
 // user may give files away.
 #include "platform/OwnFiles.h"
 
+#include "common/InChild.h"
 #include "settings/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +14,8 @@
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr uid_t Nobody = 65534;
 
 struct OwnFiles : testing::Test {
     TemporaryFolder folder;
@@ -29,7 +32,7 @@ struct OwnFiles : testing::Test {
     static void mode(const fs::path& path, mode_t wanted) { EXPECT_EQ(::chmod(path.c_str(), wanted), 0); }
     std::string reason() const { return strangersHand(program.string()).value_or("none"); }
     // False where only an administrator could do it.
-    static bool giveAway(const fs::path& path) { return ::lchown(path.c_str(), 65534, 65534) == 0; }
+    static bool giveAway(const fs::path& path) { return ::lchown(path.c_str(), Nobody, Nobody) == 0; }
     std::string belongs(const fs::path& path) const { return path.string() + " belongs to another user"; }
 };
 
@@ -37,7 +40,13 @@ struct OwnFiles : testing::Test {
 
 TEST_F(OwnFiles, AProgramOfTheUsersOwnInAFolderOfHisOwnIsHis) { EXPECT_EQ(reason(), "none"); }
 
-TEST_F(OwnFiles, OneOfTheSystemIsTrusted) { EXPECT_EQ(strangersHand("/bin/sh"), std::nullopt); }
+TEST_F(OwnFiles, OneOfTheSystemIsTrustedByItsOwnerAndByEverybodyElse) {
+    EXPECT_EQ(strangersHand("/bin/sh"), std::nullopt);
+    EXPECT_TRUE(inChild([] {
+        if (::geteuid() == 0 && ::setuid(Nobody) != 0) ::_exit(2);
+        if (strangersHand("/bin/sh")) ::_exit(1);
+    }));
+}
 
 TEST_F(OwnFiles, OneThatEverybodyMayWriteIsNot) {
     mode(program, 0757);

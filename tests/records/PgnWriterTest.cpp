@@ -1,6 +1,7 @@
 // Games written to PGN files: every byte, and files that cannot take one.
 #include "records/PgnWriter.h"
 
+#include "common/InChild.h"
 #include "records/FileOne.h"
 #include "records/MoveListRig.h"
 #include "settings/TemporaryFolder.h"
@@ -73,18 +74,6 @@ struct PgnWriter : testing::Test {
         const std::string text = pgnText(record);
         const auto start = text.find("\r\n\r\n") + 4;
         return linesWithEnds(text.substr(start, text.find("1-0\r\n\r\n", start) - start));
-    }
-
-    // `act` in a process of its own; whether it came to its end.
-    static bool inChild(const std::function<void()>& act) {
-        const pid_t child = ::fork();
-        if (child == 0) {
-            act();
-            ::_exit(0);
-        }
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
     }
 };
 
@@ -253,9 +242,7 @@ TEST_F(PgnWriter, ADiskThatFillsUpInMidGameLeavesTheGamesBeforeAsTheyWere) {
     write("games.pgn");
     const std::string before = folder.read("games.pgn");
     const bool ended = inChild([&] {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit nearly{before.size() + 100, before.size() + 100};
-        ::setrlimit(RLIMIT_FSIZE, &nearly);
+        limitFiles(before.size() + 100);
         told.clear();
         write("games.pgn");
         if (told != std::vector<std::string>{"box Game could not be saved."}) ::_exit(1);

@@ -114,6 +114,7 @@ TEST_F(ClientKeys, TheDefaultsOverwriteWhatWasHeldBefore) {
     modChess.WarnTime = 99;
     client.Handle = "old";
     client.mnuUseTS = false;
+    client.mnuXP = true;
     zGetReg(store, client);
     for (const Row& row : rows()) EXPECT_EQ(row.heldNow(), row.absent) << row.key;
 }

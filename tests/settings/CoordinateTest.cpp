@@ -10,6 +10,7 @@ TEST(Coordinate, IsWrittenWithSevenDigitsAndNoTrailingZeros) {
     EXPECT_EQ(coordinateText(1500), "1500");
     EXPECT_EQ(coordinateText(-75), "-75");
     EXPECT_EQ(coordinateText(0.1F), "0.1");
+    EXPECT_EQ(coordinateText(1234.567F), "1234.567");
     EXPECT_EQ(coordinateText(1e7F), "1E+07");
 }
 

@@ -79,6 +79,12 @@ TEST(DefFile, AMissingFileIsNoFailureAndGivesNothing) {
     EXPECT_FALSE(readDefFile("seek.def").has_value());
 }
 
+TEST(DefFile, AFileEndsWhereItsBytesEnd) {
+    const TemporaryFolder folder;
+    folder.write("seek.def", "10,C:\\Games");
+    EXPECT_THAT(readDefFile("seek.def")->all(), ElementsAre("10", "C:\\Games"));
+}
+
 TEST(DefFile, OnlyTheFrontOfAHugeFileIsRead) {
     const TemporaryFolder folder;
     folder.write("seek.def", std::string(70'000, '1') + ",2");

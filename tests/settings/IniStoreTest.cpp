@@ -2,6 +2,7 @@
 #include "settings/IniStore.h"
 
 #include "EnvironmentVariable.h"
+#include "common/InChild.h"
 #include "settings/IniText.h"
 #include "settings/Settings.h"
 
@@ -66,22 +67,6 @@ protected:
     const QTemporaryDir folder;
     const EnvironmentVariable home{"XDG_CONFIG_HOME", QFile::encodeName(folder.path())};
 };
-
-// Runs `action` in a process whose files cannot grow beyond so many bytes, as on a disk that is full.
-void withFilesOfAtMost(rlim_t bytes, const std::function<void()>& action) {
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit small{bytes, bytes};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-        action();
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status));
-}
 
 } // namespace
 
@@ -232,7 +217,10 @@ TEST_F(IniStore, AFolderOrADeviceInPlaceOfTheFileIsAnEmptyStore) {
 
 TEST_F(IniStore, AFullDiskLeavesTheOldContent) {
     saveAll(openIniStore(), std::string(3000, 'a'));
-    withFilesOfAtMost(10'000, [] { saveAll(openIniStore(), std::string(3000, 'b')); });
+    EXPECT_TRUE(inChild([] {
+        limitFiles(10'000);
+        saveAll(openIniStore(), std::string(3000, 'b'));
+    }));
     EXPECT_TRUE(whole());
     EXPECT_EQ(openIniStore().read("Client", "Key_7", ""), std::string(3000, 'a'));
 }
@@ -240,7 +228,10 @@ TEST_F(IniStore, AFullDiskLeavesTheOldContent) {
 TEST_F(IniStore, AFullDiskLeavesTheOldContentOfAShortFileToo) {
     saveAll(openIniStore(), "a");
     const auto before = content();
-    withFilesOfAtMost(10, [] { saveAll(openIniStore(), "b"); });
+    EXPECT_TRUE(inChild([] {
+        limitFiles(10);
+        saveAll(openIniStore(), "b");
+    }));
     EXPECT_EQ(content(), before);
 }
 

@@ -91,14 +91,15 @@ TEST(IniText, ControlCharactersAreWrittenAsEscapesAndLatin1IsNot) {
         EXPECT_EQ(written(control).find(control), std::string::npos);
     }
     EXPECT_NE(written("a b").find("K=a b"), std::string::npos);
-    EXPECT_NE(written("\x7E").find('\x7E'), std::string::npos);
+    EXPECT_NE(written("\x7E").find("K=\x7E\n"), std::string::npos);
     EXPECT_NE(written("\xA0").find("K=\xC2\xA0"), std::string::npos);
 }
 
 TEST(IniText, NamesOfLettersDigitsHyphensPointsAndUnderscoresAreWrittenAsTheyStand) {
     IniText text;
     text.set("S", "a-b.c_d9", "1");
-    EXPECT_NE(text.bytes().find("a-b.c_d9=1"), std::string::npos);
+    text.set("S", "~\x80", "2");
+    EXPECT_EQ(text.bytes(), "[S]\na-b.c_d9=1\n%7e%80=2\n");
 }
 
 TEST(IniText, APercentSignWithoutTwoDigitsBehindItStandsForItself) {
@@ -143,6 +144,7 @@ TEST(IniText, ValuesWithoutASectionStayWithoutOne) {
     IniText text;
     text.set("Client", "A", "1");
     text.set("", "B", "2");
+    EXPECT_EQ(text.bytes(), "B=2\n\n[Client]\nA=1\n");
     EXPECT_EQ(*IniText(text.bytes()).find("", "B"), "2");
     EXPECT_EQ(*IniText(text.bytes()).find("Client", "A"), "1");
 }

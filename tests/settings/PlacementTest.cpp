@@ -35,6 +35,11 @@ TEST(Placement, ZeroDropsTheSizeOfSeekButKeepsThatOfTheClient) {
     EXPECT_EQ(placed({300, 0, 7, 8}, Designed, Screen, SeekSection.limit), AtOrigin);
 }
 
+TEST(Placement, APositionAtTheLimitItselfApplies) {
+    const WindowPlace read{1, 1, 7000, 6000};
+    EXPECT_EQ(placed(read, Designed, Screen, 1), read);
+}
+
 TEST(Placement, ANegativePositionSendsTheClientToTheOrigin) {
     EXPECT_EQ(placed({-1, 300, 7000, 6000}, Designed, Screen, ClientLimit), AtOrigin);
     EXPECT_EQ(placed({300, -1, 7000, 6000}, Designed, Screen, ClientLimit), AtOrigin);
@@ -64,6 +69,12 @@ TEST(Placement, ANewBoardTakesTheNextStepOf300) {
     cascade(read, {300, 300, 600});
     EXPECT_EQ(read.Left, 900);
     EXPECT_EQ(read.Top, 900);
+}
+
+TEST(Placement, ASecondBoardTakesAStepToo) {
+    WindowPlace read{1000, 1000, 1, 1};
+    cascade(read, {300, 5000});
+    EXPECT_EQ(read, (WindowPlace{600, 600, 1, 1}));
 }
 
 TEST(Placement, TheOnlyBoardKeepsWhatItRead) {
@@ -97,6 +108,17 @@ TEST(Placement, ABoardGoesToTheRightOfTheConsole) {
     EXPECT_EQ(place->Top, 0);
     EXPECT_EQ(place->Width, Board.Width);
     EXPECT_EQ(place->Height, Board.Height);
+}
+
+TEST(Placement, ABoardBesideTheConsoleMayFillTheScreenWithItsFrame) {
+    const WindowPlace console{0, 300, 11400, 8400};
+    const float width = 11400 + 180 + Board.Width + 180;
+    const float height = 300 + Board.Height + 600;
+    const auto place = beside(console, Board, {width, height});
+    ASSERT_TRUE(place);
+    EXPECT_EQ(place->Left, 11400 + 180);
+    EXPECT_FALSE(beside(console, Board, {width - 1, height}));
+    EXPECT_FALSE(beside(console, Board, {width, height - 1}));
 }
 
 TEST(Placement, ABoardGoesToTheLeftWhereThereIsNoRoomToTheRight) {

@@ -3,6 +3,7 @@
 
 #include "SettingsFixture.h"
 #include "TemporaryFolder.h"
+#include "common/InChild.h"
 
 #include <sys/stat.h>
 
@@ -140,4 +141,14 @@ TEST_F(RegDump, AFileThatCannotBeWrittenIsToldAndALinkIsNotFollowed) {
     EXPECT_FALSE(writeRegDump("secret"));
     EXPECT_EQ(folder.read("other"), "kept");
     EXPECT_FALSE(writeRegDump("secret", "no/such/folder.txt"));
+}
+
+TEST_F(RegDump, AFileThatDoesNotFitOnTheDiskIsTold) {
+    const TemporaryFolder folder;
+    EXPECT_TRUE(writeRegDump(std::string(101, 'x')));
+    EXPECT_TRUE(inChild([] {
+        limitFiles(100);
+        if (!writeRegDump(std::string(100, 'x'))) ::_exit(1);
+        if (writeRegDump(std::string(101, 'x'))) ::_exit(2);
+    }));
 }

@@ -38,11 +38,18 @@ TEST(WaveFile, OtherChunksArePassedOver) {
 }
 
 TEST(WaveFile, CompressedOrImpossibleFormatsAreNotPlayable) {
-    for (const auto& fmt :
-         {format(2, 1, 44100, 16), format(1, 0, 44100, 16), format(1, 9, 44100, 16), format(1, 1, 0, 16),
-          format(1, 1, 999, 16), format(1, 1, 192001, 16), format(1, 1, 999999, 16), format(1, 1, 44100, 7)}) {
+    for (const auto& fmt : {format(2, 1, 44100, 16), format(1, 0, 44100, 16), format(1, 9, 44100, 16),
+                            format(1, 1, 0, 16), format(0x101, 1, 44100, 16), format(1, 0x101, 44100, 16),
+                            format(1, 1, 0x1000000 + 44100, 16), format(1, 1, 44100, 0x110), format(1, 1, 999, 16),
+                            format(1, 1, 192001, 16), format(1, 1, 999999, 16), format(1, 1, 44100, 7)}) {
         EXPECT_FALSE(isPlayableWave(wave(fmt + Data)));
     }
+}
+
+TEST(WaveFile, AnotherKindOfFileIsNotPlayable) {
+    const std::string good = wave(format(1, 1, 44100, 16) + Data);
+    EXPECT_FALSE(isPlayableWave("RIFX" + good.substr(4)));
+    EXPECT_FALSE(isPlayableWave(good.substr(0, 8) + "AVI " + good.substr(12)));
 }
 
 TEST(WaveFile, AFileCutShortAnywhereIsNotPlayable) {

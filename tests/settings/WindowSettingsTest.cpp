@@ -61,12 +61,19 @@ TEST_F(WindowSettings, TheFirstBadTextStopsTheReading) {
 
 TEST_F(WindowSettings, SavingWritesTheCurrentPlace) {
     zSaveReg(store, ChatSection, {15, 30, 4500, 3000.5F});
-    EXPECT_EQ(values->texts.size(), 4U);
+    EXPECT_THAT(values->keysWritten, ElementsAre("Left", "Top", "Width", "Height"));
     EXPECT_EQ((values->texts[{"Chat", "Left"}]), "15");
     EXPECT_EQ((values->texts[{"Chat", "Top"}]), "30");
     EXPECT_EQ((values->texts[{"Chat", "Width"}]), "4500");
     EXPECT_EQ((values->texts[{"Chat", "Height"}]), "3000.5");
-    EXPECT_EQ(values->syncs, 1);
+}
+
+TEST_F(WindowSettings, WhatIsSavedStandsOnTheDiskAtOnce) {
+    std::vector<std::size_t> writtenBefore;
+    store.sync = [&] { writtenBefore.push_back(values->keysWritten.size()); };
+    zSaveReg(store, ChatSection, place);
+    zSaveReg(store, place, match);
+    EXPECT_THAT(writtenBefore, ElementsAre(4U, 4U + 10U));
 }
 
 TEST_F(WindowSettings, SavingAWindowWithoutSizeWritesItsPositionAlone) {
@@ -126,6 +133,7 @@ TEST_F(WindowSettings, WithoutStoreAndFileEveryWindowKeepsItsStartValues) {
         EXPECT_FALSE(readWindow(store, section, place)) << section.name;
         EXPECT_EQ(place, (WindowPlace{0, 0, 5000, 4000}));
     }
+    EXPECT_FALSE(readBoard(store, place));
 }
 
 TEST_F(WindowSettings, TheOlderFileOfAWindowWithoutSizeHoldsItsPositionAlone) {

@@ -141,6 +141,15 @@ class BreakRules(unittest.TestCase):
         return lambda number, traced=0: subprocess.run([program, str(number), str(traced)], capture_output=True, text=True,
                                                        check=True).stdout
 
+    def test_what_one_test_alone_entered_is_shown_to_all_others(self):
+        tests = break_rules.Tests.__new__(break_rules.Tests)
+        tests.outside, tests.program = {4}, ""
+        tests.seconds = {name: 0 for name in ("A.a", "A.b", "A.c")}
+        tests.width = {name: 1 for name in tests.seconds}
+        tests.entered = {1: ["A.a"], 2: ["A.a", "A.b"]}
+        tests.fails = lambda names, number, program: "A.c" in names
+        self.assertEqual([tests.noticeIn(function, 1) for function in (1, 2, 3, 4)], [True, False, False, True])
+
     def test_a_listed_break_needs_its_reason(self):
         with tempfile.TemporaryDirectory() as folder:
             path = os.path.join(folder, "list.txt")

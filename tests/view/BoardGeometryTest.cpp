@@ -39,6 +39,8 @@ TEST(GetSqr, APointBesideTheBoardIs64) {
     EXPECT_EQ(board.zGetSqr(10, 8 * 54), OffBoard);
     EXPECT_EQ(board.zGetSqr(8 * 54, 10), OffBoard);
     EXPECT_EQ(board.zGetSqr(10, -1), OffBoard);
+    EXPECT_EQ(board.zGetSqr(8 * 54, 8 * 54 - 1), OffBoard) << "a2 does not follow upon h1";
+    EXPECT_EQ(board.zGetSqr(54, -1), OffBoard);
 }
 
 TEST(GetSqr, APointThatIsNoNumberOrFarAwayIs64) {
