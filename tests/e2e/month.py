@@ -7,9 +7,9 @@ drop, while a user opens and closes his windows.
 In each simulated hour there are that many lines of channel talk, that many watched games that come and go, every panel
 once with its answer, boards that the user closes, and one lost line behind which he connects again. The seek graph polls
 at its own pace throughout. Prints after each hour the memory, the memory without the text that the console keeps, and the
-CPU of that hour; it fails when the second of these has grown since hour 1 by more than the allowance (megabytes) for 24
-hours. What a byte of talk costs in the console is measured before, and looked at once more at the end, when the console
-is cleared."""
+CPU of that hour. What a byte of talk costs in the console is measured before, and once more at the end, when the console
+is cleared. By that price, which is the lower one, it fails when memory has grown by more than the allowance (megabytes)
+since the second hour, the first in which all has been open once."""
 import argparse
 import collections
 import contextlib
@@ -315,24 +315,27 @@ def main():
         month = Month(stack, options)
         price = month.calibrate()
         print(f"a byte of talk takes {price:.2f} bytes in the console", flush=True)
-        figures = []
+        hours = []  # memory and bytes of talk behind each
         for hour in range(1, options.hours + 1):
             before = month.cpu()
             month.hour()
             spent = month.cpu() - before
             month.rest()
-            own = month.own() - price * month.traffic.bytes / 1e6
-            figures.append(own)
+            hours.append((month.own(), month.traffic.bytes))
+            own = hours[-1][0] - price * month.traffic.bytes / 1e6
             print(f"hour {hour}: {month.client.memory():.1f} MB resident, {own:.1f} MB its own without the console's text, "
                   f"{spent:.2f} s of CPU; {month.traffic.said} lines, {month.traffic.number} games, "
                   f"{month.town.asked['sought']} polls", flush=True)
-        full = month.own()
         month.clear()
         month.rest()
-        print(f"cleared: {month.client.memory():.1f} MB resident, {month.own():.1f} MB its own; the text took "
-              f"{full - month.own():.1f} MB", flush=True)
-        if figures[-1] > figures[0] + options.allowance:
-            raise SystemExit("memory has grown since the first hour")
+        text = hours[-1][0] - month.own()
+        price = text / month.traffic.bytes
+        (first, said), (last, saidLast) = hours[min(1, len(hours) - 1)], hours[-1]
+        growth = last - first - price * (saidLast - said)
+        print(f"cleared: {month.client.memory():.1f} MB resident, {month.own():.1f} MB its own; the text took {text:.1f} MB, "
+              f"{price * 1e6:.2f} bytes a byte, and beside it memory has grown by {growth:.1f} MB", flush=True)
+        if growth > options.allowance:
+            raise SystemExit("memory has grown")
 
 
 if __name__ == "__main__":
