@@ -141,3 +141,9 @@ TEST_F(RegDump, AFileThatCannotBeWrittenIsToldAndALinkIsNotFollowed) {
     EXPECT_EQ(folder.read("other"), "kept");
     EXPECT_FALSE(writeRegDump("secret", "no/such/folder.txt"));
 }
+
+TEST_F(RegDump, APipeThatNobodyReadsIsNotWaitedFor) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo("regdump.txt", 0600), 0);
+    EXPECT_FALSE(writeRegDump("secret"));
+}
