@@ -106,6 +106,23 @@ TEST_F(DyingLine, ThatFallsSilentIsAnErrorBehindAllThatCame) {
     EXPECT_EQ(client->State(), 9);
 }
 
+// As the toolkit does where the system has ended the line just before it writes.
+TEST_F(DyingLine, WhoseWriteFailsGivesUpWhatItsSocketHas) {
+    const auto fetch = fetchNothing();
+    const std::string text = lines(60'000);
+    say(text);
+    ASSERT_TRUE(allArrived());
+    runFor(50);
+    auto* socket = client->findChild<QTcpSocket*>();
+    EXPECT_GT(socket->bytesAvailable(), 0);
+    Q_EMIT socket->errorOccurred(QAbstractSocket::NetworkError);
+    socket->abort();
+    fetch();
+    ASSERT_TRUE(ended());
+    EXPECT_TRUE(received == text) << received.size();
+    EXPECT_THAT(events, ElementsAre("Connect", TimedOut));
+}
+
 TEST_F(DyingLine, ThatSwallowsACommandIsAnErrorToo) {
     hurryUp();
     setOption(TCP_KEEPIDLE, 30);

@@ -278,6 +278,15 @@ TEST_F(HelpFileTest, APageOfMoreThanSixtyFourKilobytesIsPassedOver) {
     EXPECT_TRUE(open().toPlainText().startsWith(QStringLiteral("Manual")));
 }
 
+TEST_F(HelpFileTest, APictureOfMoreThanFourMegabytesIsNotRead) {
+    write("large.png", "x");
+    ASSERT_TRUE(QFile::resize(folder.filePath(QStringLiteral("large.png")), 4 * 1024 * 1024 + 1));
+    const QTextBrowser& browser = openText("![large](large.png)\n");
+    const QVariant picture =
+        browser.document()->resource(QTextDocument::ImageResource, QUrl(QStringLiteral("large.png")));
+    EXPECT_EQ(picture.value<QImage>().size(), QSize(1, 1));
+}
+
 TEST_F(HelpFileTest, EveryLinkAndPictureOfTheManualIsFound) {
     QTextBrowser& browser = open();
     std::vector<QUrl> pages{browser.source()};

@@ -68,6 +68,12 @@ TEST_F(OwnFiles, OneBehindALinkIsJudgedWhereItStands) {
     EXPECT_EQ(reason(), "none");
     mode(other, 0777);
     EXPECT_EQ(reason(), fs::canonical(other).string() + " can be written by everybody");
+    mode(other, 0755);
+    mode(other / "relay", 0757);
+    EXPECT_EQ(reason(), (fs::canonical(other) / "relay").string() + " can be written by everybody");
+    mode(other / "relay", 0755);
+    mode(folder.path(), 0777);
+    EXPECT_EQ(reason(), fs::canonical(folder.path()).string() + " can be written by everybody") << "who led there?";
 }
 
 TEST_F(OwnFiles, ALinkToNowhereOrToItselfIsNobodysProgram) {

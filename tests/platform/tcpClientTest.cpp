@@ -64,11 +64,14 @@ TEST_F(TcpClientTest, AnEmptyHostIsNotFound) {
 }
 
 TEST_F(TcpClientTest, APortOutsideItsRangeIsAnError) {
-    client->RemotePort = 65536;
-    client->Connect();
-    EXPECT_EQ(client->State(), 9);
-    ASSERT_TRUE(waitUntil([&] { return !events.empty(); }));
-    EXPECT_EQ(events, (std::vector<std::string>{"Error Port 65536 is outside 0 to 65535"}));
+    for (const std::int32_t port : {-1, 65536}) {
+        events.clear();
+        client->RemotePort = port;
+        client->Connect();
+        EXPECT_EQ(client->State(), 9);
+        ASSERT_TRUE(waitUntil([&] { return !events.empty(); }));
+        EXPECT_EQ(events, (std::vector<std::string>{"Error Port " + std::to_string(port) + " is outside 0 to 65535"}));
+    }
 }
 
 TEST_F(TcpClientTest, SentBytesArriveAsTheyAre) {
@@ -167,6 +170,17 @@ TEST_F(TcpClientTest, AfterAFailureTheNextConnectionsEndIsACloseAgain) {
     peer->close();
     ASSERT_TRUE(waitUntil([&] { return events.size() == 2; }));
     EXPECT_EQ(events.back(), "Close");
+}
+
+TEST_F(TcpClientTest, AConnectThatWasStillToBeToldIsNotTheNextConnections) {
+    client->Connect();
+    QObject::connect(client->findChild<QTcpSocket*>(), &QTcpSocket::connected, client.get(),
+                     [this] { client->Close(); });
+    ASSERT_TRUE(waitUntil([&] { return client->State() == 0; }));
+    server.close();
+    client->Connect();
+    ASSERT_TRUE(waitUntil([&] { return !events.empty(); }));
+    EXPECT_EQ(events, std::vector<std::string>{"Error Connection is forcefully rejected"});
 }
 
 TEST_F(TcpClientTest, AnEndThatWasStillToBeToldIsNotTheNextConnections) {

@@ -148,6 +148,18 @@ TEST_F(IniStore, ASecondClientKeepsWhatTheFirstWroteUnderOtherKeys) {
     EXPECT_EQ(openIniStore().read("Chat", "Left", ""), "2");
 }
 
+TEST_F(IniStore, WhatWasSavedOnceIsNotSavedAgainOverASecondClients) {
+    const SettingsStore first = openIniStore();
+    first.write("Client", "Left", "1");
+    first.sync();
+    const SettingsStore second = openIniStore();
+    second.write("Client", "Left", "2");
+    second.sync();
+    first.write("Client", "Top", "3");
+    first.sync();
+    EXPECT_EQ(openIniStore().read("Client", "Left", "0"), "2");
+}
+
 TEST_F(IniStore, RemoveDeletesTheNamedApplicationAndNoOther) {
     const SettingsStore stray = openIniStore(QStringLiteral("ChessClient"));
     stray.write("WndProc", "WndProc", "1");

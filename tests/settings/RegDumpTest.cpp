@@ -152,3 +152,9 @@ TEST_F(RegDump, AFileThatDoesNotFitOnTheDiskIsTold) {
         if (writeRegDump(std::string(101, 'x'))) ::_exit(2);
     }));
 }
+
+TEST_F(RegDump, APipeThatNobodyReadsIsNotWaitedFor) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo("regdump.txt", 0600), 0);
+    EXPECT_FALSE(writeRegDump("secret"));
+}
