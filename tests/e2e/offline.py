@@ -12,7 +12,7 @@ import unittest
 from peers import Partner
 from rig import BUILD, LIMIT, Display, waitFor
 
-CLIENT = "Brightrank - Client"
+CLIENT = "Brightrank - Client     Connected to FICS"
 
 
 class Offline(unittest.TestCase):
@@ -48,12 +48,12 @@ class Offline(unittest.TestCase):
         store = self.awaitStore(process)
         port = self.port(store)
         partner = Partner(port)
-        for _ in range(60):
-            partner.say("who")
-            if "Pupil" in partner.await_(r"(?s)who.*?players|.*fics% ", 5)[0]:
-                break
-        else:
-            raise AssertionError("its user is not logged on")
+
+        def isLoggedOn():
+            partner.say("finger Pupil")
+            return "not logged on" not in partner.await_(r"(?s)Finger of Pupil.*?fics% ", 5)[0]
+
+        waitFor(isLoggedOn, "its user to log on")
         partner.end()
         return process, store, port
 
