@@ -175,9 +175,10 @@ class Offline(unittest.TestCase):
     def test_the_client_works_in_the_store(self):
         program = self.beside("echo listening on 127.0.0.1:1; exec sleep 60",
                               "pwd; echo $BRIGHTRANK_CONFIG_HOME; echo $XDG_CACHE_HOME")
-        self.assertEqual(self.start("--store", str(self.folder), program=program).wait(LIMIT), 0)
-        expected = "".join(f"{self.folder}{below}\n" for below in ("", "/config", "/cache"))
-        self.assertEqual((self.folder / "client.log").read_text(), expected)
+        store = self.folder / "games"
+        self.assertEqual(self.start("--store", str(store), program=program).wait(LIMIT), 0)
+        expected = "".join(f"{store}{below}\n" for below in ("", "/config", "/cache"))
+        self.assertEqual((store / "client.log").read_text(), expected)
 
     def test_the_store_is_in_the_data_folder_if_that_is_a_whole_path(self):
         program = self.beside("echo listening on 127.0.0.1:1; exec sleep 60", "exit 0")
