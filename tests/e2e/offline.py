@@ -12,7 +12,7 @@ import unittest
 from peers import Partner
 from rig import BUILD, LIMIT, Display, waitFor
 
-CLIENT = "Brightrank - Client"
+CLIENT = "Brightrank - Client     Connected to FICS"
 
 
 class Offline(unittest.TestCase):
@@ -48,12 +48,12 @@ class Offline(unittest.TestCase):
         store = self.awaitStore(process)
         port = self.port(store)
         partner = Partner(port)
-        for _ in range(60):
-            partner.say("who")
-            if "Pupil" in partner.await_(r"(?s)who.*?players|.*fics% ", 5)[0]:
-                break
-        else:
-            raise AssertionError("its user is not logged on")
+
+        def isLoggedOn():
+            partner.say("finger Pupil")
+            return "not logged on" not in partner.await_(r"(?s)Finger of Pupil.*?fics% ", 5)[0]
+
+        waitFor(isLoggedOn, "its user to log on")
         partner.end()
         return process, store, port
 
@@ -175,9 +175,10 @@ class Offline(unittest.TestCase):
     def test_the_client_works_in_the_store(self):
         program = self.beside("echo listening on 127.0.0.1:1; exec sleep 60",
                               "pwd; echo $BRIGHTRANK_CONFIG_HOME; echo $XDG_CACHE_HOME")
-        self.assertEqual(self.start("--store", str(self.folder), program=program).wait(LIMIT), 0)
-        expected = "".join(f"{self.folder}{below}\n" for below in ("", "/config", "/cache"))
-        self.assertEqual((self.folder / "client.log").read_text(), expected)
+        store = self.folder / "games"
+        self.assertEqual(self.start("--store", str(store), program=program).wait(LIMIT), 0)
+        expected = "".join(f"{store}{below}\n" for below in ("", "/config", "/cache"))
+        self.assertEqual((store / "client.log").read_text(), expected)
 
     def test_the_store_is_in_the_data_folder_if_that_is_a_whole_path(self):
         program = self.beside("echo listening on 127.0.0.1:1; exec sleep 60", "exit 0")

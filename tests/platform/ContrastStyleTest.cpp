@@ -7,10 +7,12 @@
 #include <QComboBox>
 #include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 #include <gtest/gtest.h>
 
@@ -68,6 +70,26 @@ TEST_F(ContrastStyleTest, EveryThingThatCanBeUsedHasAnEdgeOnABlackWindow) {
         EXPECT_GT(ink(picture(*each, Stark, &style)), ink(picture(*each, Stark, fusion.get())) + 16)
             << each->metaObject()->className();
     }
+}
+
+TEST_F(ContrastStyleTest, TipsAndMenusHaveAnEdgeAndAFieldWithTheKeyboardKeepsTheDesktops) {
+    const auto drawn = [this](QStyle::PrimitiveElement element, QStyle::State state, QStyle& by) {
+        QStyleOptionFrame option;
+        option.rect = QRect(0, 0, 40, 20);
+        option.palette = Stark;
+        option.state = state;
+        option.lineWidth = 1;
+        QImage image(option.rect.size(), QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        by.drawPrimitive(element, &option, &painter, nullptr);
+        return ink(image);
+    };
+    for (const auto element : {QStyle::PE_PanelTipLabel, QStyle::PE_FrameMenu}) {
+        EXPECT_GE(drawn(element, QStyle::State_Enabled, style), 2 * 40 + 2 * 18) << element;
+    }
+    const auto focused = QStyle::State_Enabled | QStyle::State_HasFocus;
+    EXPECT_EQ(drawn(QStyle::PE_FrameLineEdit, focused, style), drawn(QStyle::PE_FrameLineEdit, focused, *fusion));
 }
 
 TEST_F(ContrastStyleTest, OtherWindowsLookAsTheDesktopWantsThem) {

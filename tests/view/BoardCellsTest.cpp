@@ -78,6 +78,13 @@ TEST_F(BoardCells, ACellKnowsItsPlaceInTheTableAndOnTheScreen) {
     EXPECT_EQ(table().childAt(edge.x(), edge.y()), nullptr);
 }
 
+TEST_F(BoardCells, ACellMovesOnTheScreenWithItsWindow) {
+    QAccessibleInterface* const cell = table().child(0);
+    const QRect before = cell->rect();
+    view.move(view.pos() + QPoint(30, 50));
+    EXPECT_EQ(cell->rect(), before.translated(30, 50));
+}
+
 TEST_F(BoardCells, ALiftedPieceIsInHandAndItsCellSelected) {
     EXPECT_EQ(table().tableInterface()->selectedCellCount(), 0);
     view.zYankPiece(28);
@@ -97,11 +104,15 @@ TEST_F(BoardCells, TheChosenSquareHasTheFocusWhileTheBoardHas) {
     view.choose(28);
     view.setFocus();
     QAccessibleInterface* const cell = table().tableInterface()->cellAt(4, 4);
+    EXPECT_TRUE(cell->state().focusable);
     EXPECT_TRUE(cell->state().focused);
     EXPECT_EQ(table().focusChild(), cell);
     EXPECT_FALSE(table().child(0)->state().focused);
     view.clearFocus();
     EXPECT_FALSE(cell->state().focused);
+    EXPECT_NE(table().focusChild(), cell);
+    cell->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(view.hasFocus());
 }
 
 TEST_F(BoardCells, AStepIsAnnounced) {
