@@ -332,9 +332,10 @@ TEST_F(GameRecords, WhileTheRecordIsTakenOverTheBoardIsLocalAndNoPieceCanBeTaken
     EXPECT_FALSE(game.noPlay);
 }
 
-TEST_F(GameRecords, AListShorterThanTheGameLeavesThePositionsBehindItsEnd) {
+TEST_F(GameRecords, AListThatBreaksOffLeavesThePositionsBehindItsLastRow) {
     watch(Opening);
-    takeOver({"e4", "e5", "Nf3", "Nc6"});
+    takeOver({"e4", "e5", "Nf3", "??"});
+    EXPECT_EQ(stored(4), afterFirst(3)) << "where the moves end";
     for (const int ply : {5, 6}) EXPECT_EQ(stored(ply), afterFirst(static_cast<std::size_t>(ply))) << ply;
 }
 

@@ -36,7 +36,10 @@ TEST(MoveGrid, SetupClearsAllAndSetsTheHeading) {
     GridWithMove g;
     g.grid.zGridLight("e4");
     int setUps = 0;
-    g.grid.surface.setUp = [&] { ++setUps; };
+    g.grid.surface.setUp = [&] {
+        ++setUps;
+        EXPECT_EQ(g.grid.text(0, 2), "Black") << "the window is set up from what stands here";
+    };
     g.grid.zGridSetup();
     EXPECT_EQ(g.grid.text(0, 0), "");
     EXPECT_EQ(g.grid.text(0, 1), "White");
