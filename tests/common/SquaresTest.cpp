@@ -25,6 +25,7 @@ TEST(Squares, ATextThatIsNoNameGivesANumberWithoutAFault) {
     EXPECT_EQ(zSquareNumber(""), -1);
     EXPECT_EQ(zSquareNumber("a0"), -8);
     EXPECT_EQ(zSquareNumber("ax"), -8) << "no digit has the value 0";
+    EXPECT_EQ(zSquareNumber("a:"), -8);
     EXPECT_EQ(zSquareNumber("@@"), -41);
     EXPECT_EQ(zSquareNumber("\xFF"
                             "9"),

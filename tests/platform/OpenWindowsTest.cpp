@@ -44,6 +44,27 @@ TEST_F(OpenWindowsTest, AWindowThatGoesLeavesTheOthersInTheirOrder) {
     EXPECT_EQ(list.windows.size(), 3U) << "gone already";
 }
 
+TEST_F(OpenWindowsTest, AWindowIsHeldFromItsLoadUntilItGoes) {
+    EXPECT_TRUE(list.holds(&first));
+    list.remove(&first);
+    EXPECT_FALSE(list.holds(&first));
+    EXPECT_TRUE(list.holds(&second));
+}
+
+TEST_F(OpenWindowsTest, TheWindowOfAClassIsAskedToCloseAndMayGoMeanwhile) {
+    int seek = 0;
+    int asked = 0;
+    list.add({"frmSeek", &seek, [&] {
+                  ++asked;
+                  list.remove(&seek);
+              }});
+    list.unload("frmSeek");
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(list.holds(&seek));
+    list.unload("frmSeek"); // nobody is asked
+    EXPECT_EQ(asked, 1);
+}
+
 TEST_F(OpenWindowsTest, AWindowMayGoAsItTakesItsAnswer) {
     int notes = 0;
     auto alive = std::make_shared<int>(0);

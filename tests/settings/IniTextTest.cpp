@@ -77,7 +77,7 @@ TEST(IniText, AnEscapeNamesOneByteAndWhatIsBeyondItIsAQuestionMark) {
     EXPECT_EQ(valueOf("K=\\x100"), "?");
     EXPECT_EQ(valueOf("K=a\\0b"), std::string("a\0b", 3));
     EXPECT_EQ(valueOf("K=a\\1b"), "a\\1b");
-    EXPECT_EQ(valueOf("K=a\\nb"), "a\nb");
+    EXPECT_EQ(valueOf("K=x\\a\\b\\f\\n\\r\\t\\vx"), "x\a\b\f\n\r\t\vx");
     EXPECT_EQ(valueOf("K=a\\"), "a\\");
 }
 
