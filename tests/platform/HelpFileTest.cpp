@@ -272,7 +272,7 @@ TEST_F(HelpFileTest, APageOfMoreThanSixtyFourKilobytesIsPassedOver) {
     file.write(QByteArray(static_cast<qsizetype>(65536 - file.size()), 0x20));
     file.close();
     EXPECT_FALSE(open().toPlainText().startsWith(QStringLiteral("Manual")));
-    shown().front()->close();
+    shown().front()->window()->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     ASSERT_TRUE(QFile::resize(path, 65537));
     EXPECT_TRUE(open().toPlainText().startsWith(QStringLiteral("Manual")));
