@@ -3,7 +3,8 @@
 
     bench/replay.py [--program build/release/brightrank ...] [--runs 3] [--sound] [--picture FILE] [--only boards]
 
-Several programs are measured in turn. The parts `million` (a million lines of the console) and `wakes` (how often the
+Several programs are measured in turn. One of them may be a terminal, `--program build/release/brightrank xterm`, that shows the
+same text: for the parts `million` and `wakes`, as far as it can do what they measure. The parts `million` (a million lines of the console) and `wakes` (how often the
 program wakes while nothing happens) run only when --only names them.
 
 CPU is the run time of all threads as the kernel counts it (/proc/PID/task/*/schedstat, nanoseconds; /proc/PID/stat
@@ -28,6 +29,19 @@ from desktop import Display  # noqa: E402
 from watched import recordedGame  # noqa: E402
 
 PROMPT = b"\n\rfics% "
+# What a terminal runs: it logs on, prints what comes and answers the end of a stretch, as the program does.
+PRINTER = """
+import os, socket
+line, last = socket.create_connection(("127.0.0.1", {port})), b""
+while piece := line.recv(65536):
+    os.write(1, piece)
+    last = last[-40:] + piece
+    for asked, answer in ((b"login: ", b"Bench"), (b"password: ", b"bench"), (b"Starting", b"Set Style 12"),
+                          (b"_" * 30, b"Set Style 12")):
+        if asked in last:
+            line.sendall(answer + b"\\n")
+            last = b""
+"""
 MARK = b"\n\r" + b"_" * 30 + PROMPT
 QUIET = 0.15  # seconds without work after which all counts as painted
 SECONDS = 10  # of updates on many boards
@@ -138,6 +152,29 @@ class Program:
         shutil.rmtree(self.folder)
 
 
+class Terminal(Program):
+    """A terminal that keeps as many lines; what it runs is not counted."""
+
+    def __init__(self, path, display, port):
+        self.folder = tempfile.mkdtemp(prefix="brightrank-bench-")
+        self.log = open(pathlib.Path(self.folder, "log"), "wb")
+        self.process = subprocess.Popen([path, "-geometry", "100x30", "-sb", "-sl", "1100000", "-e", sys.executable, "-c",
+                                         PRINTER.format(port=port)],
+                                        env=display.environment(), stdout=self.log, stderr=self.log)
+
+
+def isTerminal(path):
+    return pathlib.Path(path).name == "xterm"
+
+
+def connected(path, options, display, server):
+    """The program, logged on."""
+    program = (Terminal(path, display, server.port) if isTerminal(path)
+               else Program(path, display, server.port, True, options.sound))
+    server.logOn()
+    return program
+
+
 class Server:
     """Takes one client through its log-on and then sends whatever is to be measured."""
 
@@ -209,8 +246,7 @@ def start(path, options, display):
 
 def replay(path, options, display):
     server = Server()
-    program = Program(path, display, server.port, True, options.sound)
-    server.logOn()
+    program = connected(path, options, display, server)
     figures = {}
 
     def measure(name, parts, unit, scale, pause=0.0):
@@ -246,8 +282,7 @@ def replay(path, options, display):
 def million(path, options, display):
     """Channel tells up to that number, a page turned by a key then, and by the wheel."""
     server = Server()
-    program = Program(path, display, server.port, True, options.sound)
-    server.logOn()
+    program = connected(path, options, display, server)
     part, step = 10000, 90000
     figures = {"console: resident without lines, MB": program.memory()}
 
@@ -263,7 +298,8 @@ def million(path, options, display):
         stretch(program, server, [tells[part:-part]])
         measure(tells[-part:], f"lines {said - part + 1} to {said}")
         figures[f"console: resident after {said} lines, MB"] = program.memory()
-    turnPages(program, display, figures)
+    if not isTerminal(path):
+        turnPages(program, display, figures)
     program.end()
     server.end()
     return figures
@@ -292,8 +328,7 @@ def turnPages(program, display, figures):
 def wakes(path, options, display):
     """With the caret out of sight, and in the console's command line."""
     server = Server()
-    program = Program(path, display, server.port, True, options.sound)
-    server.logOn()
+    program = connected(path, options, display, server)
     time.sleep(2)
     figures = {"wakes a second, no clock, no caret": program.wakes(20)}
     display.click(400, 550)
@@ -311,8 +346,7 @@ def wakes(path, options, display):
 def boards(path, options, display):
     """One board for each of many games that go on side by side at the pace of people."""
     server = Server()
-    program = Program(path, display, server.port, True, options.sound)
-    server.logOn()
+    program = connected(path, options, display, server)
     count = options.boards
     first, *rounds = manyGames(count, 1 + SECONDS)
     name = f"{count} boards"
@@ -359,7 +393,7 @@ def main():
     parser.add_argument("--only", choices=[part.__name__ for part in (*USUAL, *ON_DEMAND)], help="one of the parts")
     options = parser.parse_args()
     parts = [part for part in (*USUAL, *ON_DEMAND) if part.__name__ == options.only] or USUAL
-    paths = [str(pathlib.Path(path).resolve()) for path in options.program]
+    paths = [shutil.which(path) if isTerminal(path) else str(pathlib.Path(path).resolve()) for path in options.program]
     tables = {path: {} for path in paths}
     for _ in range(options.runs):
         for part in parts:
