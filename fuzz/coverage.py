@@ -26,7 +26,7 @@ panels/ServerVars platform/ArrivalCutter platform/TelnetFilter records/LineFile 
 records/MoveDecoder records/MoveListCapture records/PgnGames records/PgnMoves seek/SeekGraph seek/SoughtCapture
 session/BlockMode session/Captures session/ChatRouting session/ConsoleLines session/FullBatch session/LinePhrases
 session/LineRouting session/LogOn session/ServerLines session/Suppression session/TellLine session/TextPipeline
-settings/Coordinate settings/DefFile settings/IniText settings/Settings settings/WindowSettings
+settings/Coordinate settings/DefFile settings/IniText settings/Settings settings/WaveFile settings/WindowSettings
 """.split()
 
 
@@ -83,12 +83,13 @@ def reasons():
 def main():
     parser = argparse.ArgumentParser(description="What the fuzz inputs reach in the readers.")
     parser.add_argument("--grown", action="store_true", help="the inputs of build/fuzz as well")
-    known, used, new = reasons(), set(), []
+    known, used, new, gone = reasons(), set(), [], set(READERS)
     total = missed = 0
     for file in measure(parser.parse_args().grown):
         name = re.sub(r"^.*/src/", "", file["filename"])
         if os.path.splitext(name)[0] not in READERS or "/src/" not in file["filename"]:
             continue
+        gone.discard(os.path.splitext(name)[0])
         regions = file["summary"]["regions"]
         total, missed = total + regions["count"], missed + regions["notcovered"]
         print(f"{regions['count'] - regions['notcovered']:5} of {regions['count']:5}  {name}")
@@ -104,7 +105,9 @@ def main():
         print(f"never reached: {line}")
     for key in sorted(known - used):
         print(f"reached, or gone: {key}")
-    sys.exit(1 if new or known - used else 0)
+    for name in sorted(gone):
+        print(f"no target has it: {name}")
+    sys.exit(1 if new or known - used or gone else 0)
 
 
 if __name__ == "__main__":

@@ -11,7 +11,7 @@ if ! [[ ${1:-} =~ ^[1-9][0-9]*$ ]]; then
     exit 2
 fi
 seconds=$1
-targets=(numbers stream rules walk moves style12 def tell settings ini lists help panels pgn)
+targets=(numbers stream rules walk moves style12 def tell settings ini lists help panels pgn wave)
 [ $# -gt 1 ] && targets=("$2")
 
 cmake --preset fuzz >/dev/null || exit 1

@@ -11,6 +11,7 @@ void Game::zReadPGNgame(LineFile& file) {
     const std::string text = readPgnMoves(file);
     putDown();
     const bool live = std::exchange(icsMode, false);
+    zLoadPosition(FixedStartLine, false); // a queued pre-move is used up before the start that is stored
     zParsePGN(text);
     icsMode = live;
     holdStoredGame();

@@ -78,6 +78,7 @@ private:
 void Game::zReviewGame() {
     putDown();
     hand.giveUp();
+    zLoadPosition(FixedStartLine, true); // what stood here before is kept nowhere
     zParseMoves();
     holdStoredGame();
 }

@@ -92,6 +92,25 @@ TEST(GameReading, FromABoardWhereBlackIsToMoveItIsTheSame) {
     EXPECT_EQ(rig.at("d5"), -2);
 }
 
+TEST(GameReading, AQueuedPreMoveIsNeitherSentNorPartOfTheGame) {
+    ReadingRig rig;
+    rig.game.surface.zSqFinish = [&rig](int square) { rig.input.zSqFinish(square); };
+    rig.open(LineOf{.relation = -1});
+    rig.game.PreMoveSet = true;
+    rig.game.PreFrom = static_cast<std::int16_t>(zSquareNumber("d2"));
+    rig.game.PreTo = static_cast<std::int16_t>(zSquareNumber("d4"));
+    rig.read("1. e4 e5 2. Nf3");
+    EXPECT_FALSE(rig.game.PreMoveSet);
+    EXPECT_THAT(rig.all("send"), IsEmpty());
+    EXPECT_EQ(rig.at("d2"), 6);
+    rig.game.grdMovesClick(1, 2);
+    EXPECT_EQ(rig.at("d2"), 6);
+    EXPECT_EQ(rig.at("d4"), 0);
+    EXPECT_EQ(rig.at("e5"), -6);
+    rig.game.zGetPos(0, true, false);
+    EXPECT_EQ(rig.at("d4"), 0) << "the stored start is that of every game";
+}
+
 TEST(GameReading, AMoveThatCannotBeReadEndsThePositionsAndNotTheList) {
     ReadingRig rig;
     rig.read("1. e4 e5 2. Qe5 Nf6 3. d4 d5");

@@ -387,6 +387,17 @@ TEST_F(GameRecords, AReviewedGameStandsAtItsStartAsAStoredOne) {
     EXPECT_TRUE(saw("save 1"));
 }
 
+TEST_F(GameRecords, TheLastCellOfAReviewedGameThatBreaksOffHasNoPositionOfTheBoardBefore) {
+    play("d2d4");
+    std::vector<std::string> moves(400, "Qe5");
+    moves.front() = "e4";
+    review(moves);
+    game.grdMovesClick(200, 2);
+    EXPECT_EQ(shown(), afterFirst(0));
+    game.grdMovesClick(200, 1);
+    EXPECT_EQ(shown(), after({"e4"}));
+}
+
 TEST_F(GameRecords, AReviewedGameSaysWhoseItIs) {
     review(Opening);
     EXPECT_EQ(all("title").back(), "title Anders (1500) vs. Berta (1600) - Reviewing");
