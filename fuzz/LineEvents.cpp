@@ -98,6 +98,7 @@ bool StreamRig::takeStep(std::int64_t until) {
 void StreamRig::fire(SessionTimer timer) {
     clock_.fired(timer);
     const auto linesSent = modChess.LinesSent;
+    const auto before = session_.connection.SocketState;
     session_.timerFired(timer);
     const TextPipeline& pipeline = session_.pipeline;
     switch (timer) {
@@ -108,7 +109,9 @@ void StreamRig::fire(SessionTimer timer) {
     case SessionTimer::tmrState:
         return require(!TextPipeline::BusyTest(), "five seconds end a capture");
     case SessionTimer::tmrTCP:
-        return require(session_.connection.SocketState == socket_.state(), "a tick sees the socket's state");
+        require(session_.connection.SocketState == socket_.state(), "a tick sees the socket's state");
+        if (before != RigSocket::Closed && socket_.state() == RigSocket::Closed) checkLost();
+        return;
     case SessionTimer::tmrClose:
         return;
     case SessionTimer::AutoLogon:
@@ -139,13 +142,11 @@ void StreamRig::deliver() {
 // What the peer sent still comes; the tick that sees the closed socket ends all games.
 void StreamRig::hangUp() {
     if (!socket_.connected()) return;
-    const bool seen = session_.connection.SocketState != RigSocket::Closed; // by a tick
     socket_.endReceiving(RigSocket::PeerClosing, clock_.now);
     deliver();
     session_.socketClosed();
     require(socket_.state() == RigSocket::Closed, "a connection that the peer closed is closed");
     quietUntil(SessionTimer::tmrTCP);
-    if (seen) checkLost();
 }
 
 void StreamRig::failSocket(int choice) {
@@ -157,6 +158,7 @@ void StreamRig::failSocket(int choice) {
     require(socket_.state() == RigSocket::Closed, "a connection that failed is closed");
 }
 
+// As soon as a tick has seen it: text that is still held then may bring a game all the same.
 void StreamRig::checkLost() const noexcept {
     require(modChess.MyHandle.empty(), "a lost connection has no handle");
     for (const auto& board : boards_) {
