@@ -23,6 +23,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests/e2e")]
 from desktop import Display, waitFor  # noqa: E402
 from managed import ManagedDisplay  # noqa: E402
+from month import MOVES  # noqa: E402
 from rig import Client, awaitLifting  # noqa: E402
 from screen import MOVED, PRE_MOVED, Screen  # noqa: E402
 from scripted import ScriptedServer  # noqa: E402
@@ -48,6 +49,13 @@ class Opponent(ScriptedServer):
     def say(self, text):
         with self.turn:
             super().say(text)
+
+    def hear(self, moment, line):
+        """A new board asks for its moves."""
+        if line.startswith("moves "):
+            self.say(MOVES.format(line.split(" ")[1]))
+        else:
+            super().hear(moment, line)
 
     def flood(self, games):
         """Moves of watched games, without end."""
