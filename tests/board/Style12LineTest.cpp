@@ -33,6 +33,28 @@ Style12Record readStrictly(long n, const std::string& token) {
     return record;
 }
 
+// Which of the tokens 10 to 29 a record has taken from a line in which each is its own number, or true, or "t" and its
+// number.
+std::vector<bool> takenBy(const Style12Record& r) {
+    return {r.DoublePushFile == 10, r.WhiteShort,          r.WhiteLong,
+            r.BlackShort,           r.BlackLong,           r.Irreversible == 15,
+            r.GameNumber == 16,     r.WhiteName == "t17",  r.BlackName == "t18",
+            r.Relation == 19,       r.InitialTime == 20,   r.Increment == 21,
+            r.WhiteStrength == 22,  r.BlackStrength == 23, r.WhiteClock == 24,
+            r.BlackClock == 25,     r.MoveNumber == 26,    r.VerboseMove == "t27",
+            r.MoveTime == "t28",    r.PrettyMove == "t29"};
+}
+
+std::string lineOfNumbers(long bad, const std::string& token) {
+    std::string line = "<12> 8 7 6 5 4 3 2 1 W ";
+    for (long n = 10; n <= 29; ++n) {
+        const bool text = n == 17 || n == 18 || n >= 27;
+        const bool truth = n >= 11 && n <= 14;
+        line += (n == bad ? token : truth ? "1" : (text ? "t" : "") + std::to_string(n)) + " ";
+    }
+    return line + "0";
+}
+
 } // namespace
 
 TEST(Style12Line, EveryFieldComesFromItsToken) {
@@ -161,6 +183,17 @@ TEST(Style12Line, TheOtherNumbersAreStrict) {
     EXPECT_THROW(readStrictly(16, "32768"), Fault);
     EXPECT_EQ(readStrictly(16, "32767").GameNumber, 32767);
     EXPECT_TRUE(readStrictly(11, "True").WhiteShort);
+}
+
+TEST(Style12Line, ABadFieldEndsAStrictReadingBehindTheFieldsInFrontOfIt) {
+    for (const long bad : {10, 11, 12, 13, 14, 15, 16, 19, 20, 21, 22, 23, 24, 25, 26}) {
+        const std::string line = lineOfNumbers(bad, "99999x");
+        Style12Record record;
+        EXPECT_THROW(readStyle12(cutServer(line).value(), Style12Fields::All, record), Fault) << bad;
+        std::vector<bool> expected(20, false);
+        std::fill_n(expected.begin(), bad - 10, true);
+        EXPECT_EQ(takenBy(record), expected) << bad;
+    }
 }
 
 TEST(Style12Line, PassingOverKeepsTheOldValueOfOneFieldAndGoesOn) {
