@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """The command that plays offline: client and practice server start together and end together, in a store of their own."""
+import os
 import pathlib
 import re
 import shutil
@@ -194,6 +195,18 @@ class Offline(unittest.TestCase):
         process = self.start("--store", str(self.folder), program=program)
         self.assertEqual(process.stdout.read(), "no engine\nbrightrank-play: the practice server did not start\n")
         self.assertEqual(process.wait(LIMIT), 1)
+
+    def test_what_nobody_would_see_in_a_terminal_is_told_by_the_desktop(self):
+        notifier = self.folder / "bin/notify-send"
+        notifier.parent.mkdir()
+        notifier.write_text(f"#!/bin/sh\nprintf '%s\\n' \"$@\" >>{self.folder}/told\n")
+        notifier.chmod(0o755)
+        surroundings = {"HOME": None, "PATH": f"{notifier.parent}:{os.environ['PATH']}", "XDG_RUNTIME_DIR": None}
+        self.assertEqual(self.start(**surroundings, DBUS_SESSION_BUS_ADDRESS=None).wait(LIMIT), 1)
+        self.assertFalse((self.folder / "told").exists(), "there is no desktop to tell")
+        self.assertEqual(self.start(**surroundings, DBUS_SESSION_BUS_ADDRESS="unix:path=/nowhere").wait(LIMIT), 1)
+        self.assertEqual((self.folder / "told").read_text().split("\n")[-3:],
+                         ["Practice on this machine", "there is neither XDG_DATA_HOME nor HOME", ""])
 
     def test_without_a_home_it_says_so(self):
         process = self.start(HOME=None)
