@@ -231,6 +231,7 @@ TEST_F(SessionTest, TheCloseQuestionEmptiesTheBoardsPanels) {
     session.timerFired(SessionTimer::tmrTCP);
     EXPECT_EQ(running.at(SessionTimer::tmrClose), 550);
     boards.front()->effects.clear();
+    game().currentGame = "a game that was opened for review meanwhile";
     for (int beep = 0; beep < 3; ++beep) session.timerFired(SessionTimer::tmrClose);
     EXPECT_EQ(game().currentGame, "");
     EXPECT_TRUE(boards.front()->saw("title Brightrank - Board"));
