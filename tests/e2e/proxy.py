@@ -79,6 +79,7 @@ class Proxy(Wire):
         with contextlib.suppress(OSError):
             while True:
                 client, _ = self.listener.accept()
+                self.opened.set()  # before anybody can see the connection and stall it
                 server = socket.create_connection(("127.0.0.1", self.serverPort))
                 self.begin(client, server)
 
@@ -89,7 +90,6 @@ class Proxy(Wire):
         if hasattr(self, "client"):
             self.before.append(bytes(self.received))
         self.client, self.server, self.sent, self.received = client, server, bytearray(), bytearray()
-        self.opened.set()
         for source, target, kept in (client, server, self.sent), (server, client, self.received):
             due = queue.Queue()
             threading.Thread(target=self.hear, args=(source, due), daemon=True).start()
