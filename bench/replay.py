@@ -3,9 +3,9 @@
 
     bench/replay.py [--program build/release/brightrank ...] [--runs 3] [--sound] [--picture FILE] [--only boards]
 
-Several programs are measured in turn. One of them may be a terminal, `--program build/release/brightrank xterm`, that shows the
-same text: for the parts `million` and `wakes`, as far as it can do what they measure. The parts `million` (a million lines of the console) and `wakes` (how often the
-program wakes while nothing happens) run only when --only names them.
+Several programs are measured in turn. The parts `million` (a million lines of the console) and `wakes` (how often the
+program wakes while nothing happens) run only when --only names them. For these two, one of the programs may be a terminal
+that shows the same text, `--program build/release/brightrank xterm`, as far as it can do what they measure.
 
 CPU is the run time of all threads as the kernel counts it (/proc/PID/task/*/schedstat, nanoseconds; /proc/PID/stat
 says the same in steps of 10 ms). A stretch of text ends with thirty underscores, which the program answers with "Set

@@ -100,7 +100,7 @@ def main():
             used.add(key)
             if key not in known:
                 new.append(f"{name}:{number}: {lines[number - 1].strip()}")
-    print(f"{total - missed} of {total} regions reached, {len(used) - len(new)} lines with a reason")
+    print(f"{total - missed} of {total} regions reached, {len(used & known)} lines with a reason")
     for line in new:
         print(f"never reached: {line}")
     for key in sorted(known - used):

@@ -78,8 +78,8 @@ void removeApplication(IniState& state, const QString& application) {
 } // namespace
 
 QString iniPath(const QString& application) {
-    const QString own = qEnvironmentVariable("BRIGHTRANK_CONFIG_HOME");
-    const QString folder = QDir::isAbsolutePath(own) ? own : userFolder("XDG_CONFIG_HOME", ".config");
+    const QString own = namedFolder("BRIGHTRANK_CONFIG_HOME");
+    const QString folder = own.isEmpty() ? userFolder("XDG_CONFIG_HOME", ".config") : own;
     return folder + QStringLiteral("/Brightrank/") + application + QStringLiteral(".ini");
 }
 

@@ -15,9 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <functional>
 #include <random>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
