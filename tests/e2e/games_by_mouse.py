@@ -66,7 +66,8 @@ class GamesByDragging(PlayedByHand):
         self.play("e2e4", "e7e5", "f2f4", "d8h4")
         self.drag("d2", "d3")  # leaves the king in check: the board lets it through
         self.awaitSent("e2-e4", "f2-f4", "d2-d3")
-        self.wire.sayForUser("refresh")
+        waitFor(lambda: self.screen.pieceOn("d3") == "P", "the pawn on d3")
+        self.awaitAnother(lambda: self.wire.sayForUser("refresh"), "the refresh")
         self.awaitPosition()
         self.move("e1", "e2")
         self.awaitSent("e2-e4", "f2-f4", "d2-d3", "e1-e2")
