@@ -6,11 +6,13 @@
 
 #include <utility>
 
-// A board with a game of the server on it makes the moves as any other does, and sends none.
+// A board with a game of the server on it makes the moves as any other does, and sends none. A pointer that rests on a
+// piece of the user leaves a MoveMode under which the pre-move would be queued again.
 void Game::zReadPGNgame(LineFile& file) {
     const std::string text = readPgnMoves(file);
     putDown();
     const bool live = std::exchange(icsMode, false);
+    hand.MoveMode = 0;
     zLoadPosition(FixedStartLine, false); // a queued pre-move is used up before the start that is stored
     zParsePGN(text);
     icsMode = live;

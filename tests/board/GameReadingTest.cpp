@@ -111,6 +111,23 @@ TEST(GameReading, AQueuedPreMoveIsNeitherSentNorPartOfTheGame) {
     EXPECT_EQ(rig.at("d4"), 0) << "the stored start is that of every game";
 }
 
+TEST(GameReading, APreMoveIsNoPartOfTheGameWhereThePointerRestsOnAPieceOfTheUser) {
+    ReadingRig rig;
+    rig.game.surface.zSqFinish = [&rig](int square) { rig.input.zSqFinish(square); };
+    rig.open(LineOf{.turn = "B", .relation = -1});
+    rig.game.hand.MoveMode = 1;
+    rig.game.PreMoveSet = true;
+    rig.game.PreFrom = static_cast<std::int16_t>(zSquareNumber("b1"));
+    rig.game.PreTo = static_cast<std::int16_t>(zSquareNumber("c3"));
+    rig.read("1. e4 e5 2. Nf3");
+    EXPECT_FALSE(rig.game.PreMoveSet);
+    EXPECT_EQ(rig.at("b1"), 5);
+    EXPECT_EQ(rig.at("c3"), 0);
+    rig.game.grdMovesClick(2, 1);
+    EXPECT_EQ(rig.at("b1"), 5);
+    EXPECT_EQ(rig.at("f3"), 5);
+}
+
 TEST(GameReading, AMoveThatCannotBeReadEndsThePositionsAndNotTheList) {
     ReadingRig rig;
     rig.read("1. e4 e5 2. Qe5 Nf6 3. d4 d5");
