@@ -96,8 +96,8 @@ void Game::zParseMoves() {
     surface.print("\r\n" + BoardRecord.Header + BoardRecord.MatchLine);
     takeMoves(lastRowOf(BoardRecord));
     if (!reviewed) {
-        live.giveBack();
         goOnLive();
+        live.giveBack(); // at move 201 into the spare ply
     }
     surface.enableSavePGN(true);
     grdMoves.surface.zFindBottomRow();

@@ -266,6 +266,20 @@ TEST_F(GameRecords, AQueuedMoveAndAPieceInHandOutliveTheArrivalOfTheList) {
     EXPECT_EQ(game.hand.MoveMode, 1);
 }
 
+// The newest position then lies where the board keeps what it shows meanwhile.
+TEST_F(GameRecords, AtMove201TheBoardStillShowsWhatItShowedAndTheStoreTheNewestPosition) {
+    join(Opening);
+    receive({.ranks = AfterE4E5, .relation = 0, .moveNumber = 201, .pretty = "Kb8"});
+    const std::string newest = shown();
+    game.zReposition(-2);
+    const std::string viewed = shown();
+    ASSERT_NE(viewed, newest);
+    takeOver(Opening);
+    EXPECT_EQ(shown(), viewed);
+    game.zReposition(2);
+    EXPECT_EQ(shown(), newest);
+}
+
 TEST_F(GameRecords, ABoardThatHasNoGameTakesNoLiveRecord) {
     takeOver(Opening, 0);
     EXPECT_FALSE(game.icsMode);
@@ -472,6 +486,15 @@ TEST_F(GameRecords, AGameOfTwoHundredMovesFillsTheListToItsEnd) {
     review(moves);
     game.zReposition(2);
     EXPECT_EQ(game.MoveRow, 200);
+}
+
+TEST_F(GameRecords, AGameThatIsTooLongIsToldAndListedBeforeItFaults) {
+    std::vector<std::string> moves;
+    for (int pair = 0; pair < 100; ++pair) moves.insert(moves.end(), {"Nf3", "Nf6", "Ng1", "Ng8"});
+    join({});
+    EXPECT_THROW(takeOver(moves), Fault);
+    EXPECT_EQ(all("print").size(), 1U);
+    EXPECT_TRUE(saw("cell 200 2 [Ng8]"));
 }
 
 TEST_F(GameRecords, ATextThatIsNoMoveLeavesNothingInTheHand) {
