@@ -176,7 +176,7 @@ TEST(LiveWalk, AStepBackInAPlayedGameTakesOnesOwnMoveOffTheBoardUntilTheServerAn
     rig.game.zReposition(-1);
     EXPECT_EQ(rig.at("c6"), 0);
     EXPECT_EQ(rig.at("b8"), -Piece::Knight);
-    EXPECT_EQ(rig.all("draw"), (Effects{"draw 42 0", "draw 57 0"}));
+    EXPECT_EQ(rig.effects, (Effects{"draw 42 0", "draw 57 0", "last 1. e4"})) << "the label behind the step";
 }
 
 TEST(LiveWalk, AStepBackShowsTheMoveOfTheCurrentCell) {

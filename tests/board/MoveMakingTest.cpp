@@ -407,6 +407,14 @@ TEST(MakeMove, Row200TakesAMoveOfWhiteAndFaultsAtTheGrantBehindBlacks) {
     }
 }
 
+TEST(MakeMove, Row201PaintsItsMoveAndFaultsBeforeItIsSent) {
+    MoveRig rig("Ke1 ke8");
+    rig.live();
+    rig.game.MoveRow = 201;
+    EXPECT_THROW(rig.make("e1d1"), Fault);
+    EXPECT_EQ(rig.effects, (Effects{"draw 4 0", "draw 3 0"}));
+}
+
 TEST(MakeMove, ARepeatedLocalGameKeepsBoardListAndStoreInStep) {
     MoveRig rig = MoveRig::start();
     const char* const moves[] = {"e2e4", "d7d5", "e4d5", "d8d5", "g1f3", "c8g4", "f1e2", "b8c6", "e1g1", "e8c8"};

@@ -496,6 +496,13 @@ TEST(SetPosition, AMoveNumberBelowTheStartFaults) {
     EXPECT_THROW(rig.receive({.moveNumber = 0, .pretty = "e4"}), Fault);
 }
 
+TEST(SetPosition, AMoveBelowTheStartEntersTheListAndFaultsBeforeTheGameBegins) {
+    BoardRig rig;
+    EXPECT_THROW(rig.open({.turn = "B", .moveNumber = 0, .pretty = "e4"}), Fault);
+    EXPECT_EQ(rig.game.MoveText[0][0], "e4");
+    for (const char* effect : {"last", "title", "startClock", "sound"}) EXPECT_TRUE(rig.all(effect).empty()) << effect;
+}
+
 TEST(SetPosition, APlyBelowTheStartFaultsBehindTheMarksAndBeforeTheClocks) {
     BoardRig rig;
     rig.open();
