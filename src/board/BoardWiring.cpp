@@ -83,12 +83,14 @@ void frmChessBoard::showUn(bool shown) {
     }
 }
 
+// The announcement comes from the message loop: a tool that reads at once would read whose move it was before.
 void frmChessBoard::showLastMove(const std::string& text) {
     const QString shown = shownStart(text);
     if (shown == parts_.lblMove->text()) return;
     parts_.lblMove->setText(shown);
     parts_.txtSend->setAccessibleDescription(shownText(describeMove(text))); // heard where the keys are
-    if (!text.empty()) announceDescription(parts_.picChess);
+    const auto announce = [this] { announceDescription(parts_.picChess); };
+    if (!text.empty()) QMetaObject::invokeMethod(this, announce, Qt::QueuedConnection);
 }
 
 std::string frmChessBoard::movesInWords() const {

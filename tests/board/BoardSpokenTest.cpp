@@ -18,11 +18,14 @@ TEST_F(BoardSpoken, EachArrivingMoveIsAnnouncedWithItsSignInWords) {
     const QString picChess = QStringLiteral("picChess");
     frmChessBoard& board = open();
     receive(board, {.relation = 0}, true);
+    QCoreApplication::processEvents();
     EXPECT_TRUE(tool.heard.empty()) << "no move yet";
     receive(board, {.ranks = AfterE4, .turn = "B", .relation = 0, .moveNumber = 8, .pretty = "Bb5"});
+    QCoreApplication::processEvents();
     EXPECT_EQ(tool.heard, std::vector{picChess});
     EXPECT_TRUE(described(board).startsWith(QStringLiteral("8. Bb5; Black to move; White: king e1")));
     receive(board, {.ranks = AfterE4E5, .turn = "W", .relation = 0, .moveNumber = 9, .pretty = "Qg5+"});
+    QCoreApplication::processEvents();
     EXPECT_EQ(tool.heard, (std::vector{picChess, picChess}));
     EXPECT_TRUE(described(board).startsWith(QStringLiteral("8.. Qg5, check; White to move; White: ")));
 }
@@ -32,7 +35,18 @@ TEST_F(BoardSpoken, APositionThatComesAgainIsNotAnnouncedAgain) {
     frmChessBoard& board = openMine();
     receive(board, {.ranks = AfterE4, .turn = "B", .relation = -1, .pretty = "e4"});
     receive(board, {.ranks = AfterE4, .turn = "B", .relation = -1, .pretty = "e4"});
+    QCoreApplication::processEvents();
     EXPECT_EQ(tool.heard.size(), 1U);
+}
+
+TEST_F(BoardSpoken, AToolThatReadsAtTheAnnouncementReadsWhoIsToMoveNow) {
+    const Announcements puttingBack;
+    QString read;
+    announceDescription = [&read](QWidget* widget) { read = spokenText(*widget, QAccessible::Description); };
+    frmChessBoard& board = openMine();
+    receive(board, {.ranks = AfterE4, .turn = "B", .relation = -1, .pretty = "e4"});
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(read.startsWith(QStringLiteral("1. e4; Black to move; White: king e1"))) << read.toStdString();
 }
 
 TEST_F(BoardSpoken, AQueuedPreMoveStandsBehindTheLastMove) {
@@ -59,6 +73,7 @@ TEST_F(BoardSpoken, TheSecondsOfAClockAreNotAnnounced) {
     const Announcements tool;
     frmChessBoard& board = openMine();
     board.game.countSecond();
+    QCoreApplication::processEvents();
     EXPECT_TRUE(tool.heard.empty());
     EXPECT_EQ(described(board, "lblTime(0)"), QStringLiteral("4:59"));
 }
