@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace {
@@ -213,6 +214,17 @@ TEST(GameReading, AMovePastRow200IsAFault) {
     EXPECT_EQ(faultOf([&] { rig.read("-1. Nf3 Nf6"); }), "subscript");
     EXPECT_EQ(faultOf([&] { rig.read("300."); }), "subscript") << "the list has no such row";
     EXPECT_EQ(faultOf([&] { rig.read("40000. Nf3"); }), "overflow");
+}
+
+TEST(GameReading, ARowThatTheListDoesNotHaveIsNamedAsTheLists) {
+    ReadingRig rig;
+    try {
+        rig.read("300.");
+        ADD_FAILURE() << "row 300 was listed";
+    } catch (const Fault& fault) {
+        EXPECT_THAT(fault.what(), HasSubstr("(rows of the move list)"));
+    }
+    EXPECT_THAT(rig.all("current"), IsEmpty()) << "the list is filled before it goes to its start";
 }
 
 TEST(GameReading, AFileThatEndsWithinTheGameIsAFault) {
