@@ -165,6 +165,19 @@ TEST_F(VarsBlock, ANumberBeyondSixteenBitsFaults) {
     }
 }
 
+TEST_F(VarsBlock, NumbersAreReadBeforeFlagsAndAFaultEndsTheReading) {
+    try {
+        said.zParseVars("rated=50000 open=1 time=40000 inc=3 Prompt: a% \r\n");
+        ADD_FAILURE() << "neither fits";
+    } catch (const Fault& fault) {
+        EXPECT_STREQ(fault.what(), "the number 40000 does not fit a field of 16 bits");
+    }
+    EXPECT_THROW(said.zParseVars("time=4 rated=50000 open=1 Prompt: a% \r\n"), Fault);
+    EXPECT_EQ(value("Time"), 4);
+    EXPECT_EQ(value("Open"), 0);
+    EXPECT_EQ(said.VarPrompt, "");
+}
+
 TEST_F(VarsBlock, AFlagBeyondOneKeepsItsValue) {
     said.zParseVars("availmax=2000 availmin=-1\r\n");
     EXPECT_EQ(value("AvailMax"), 2000);

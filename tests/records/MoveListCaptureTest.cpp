@@ -398,6 +398,8 @@ TEST_F(MoveListCapture, TheFirstWordsOfTheMatchLineCount) {
 TEST_F(MoveListCapture, MinutesAreNumbersWithAFractionOnlyWhereThereIsOne) {
     match(" time: 0.5 minutes, increment: 007 seconds");
     EXPECT_EQ(record.TimeControl, "0.5+7");
+    match(" time: 15, increment: 7 seconds");
+    EXPECT_EQ(record.TimeControl, "15+7") << "the number may stand alone";
     match(" time: none, increment: -0 seconds");
     EXPECT_EQ(record.TimeControl, "0+0");
 }

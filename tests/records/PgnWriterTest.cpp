@@ -251,6 +251,16 @@ TEST_F(PgnWriter, ADiskThatFillsUpInMidGameLeavesTheGamesBeforeAsTheyWere) {
     EXPECT_EQ(folder.read("games.pgn"), before);
 }
 
+TEST_F(PgnWriter, AGameIsWrittenWithoutAStandardInputToo) {
+    write("games.pgn");
+    EXPECT_TRUE(inChild([&] {
+        ::close(STDIN_FILENO); // whose number the file then gets
+        write("games.pgn");
+        if (told != std::vector<std::string>(2, "print \nGame was saved to games.pgn\n")) ::_exit(1);
+    }));
+    EXPECT_EQ(folder.read("games.pgn"), pgnText(record) + pgnText(record));
+}
+
 TEST_F(PgnWriter, WithoutPermissionTheFileStaysAsItWasAndABoxSaysSo) {
     write("games.pgn");
     const std::string before = folder.read("games.pgn");

@@ -140,6 +140,12 @@ TEST(FullBatchTest, OnlyALineOfMoreThanAMegabyteIsCutAndNotBetweenTheHalvesOfIts
     EXPECT_EQ(TwoBatches(line + "\r").rest, "\r");
 }
 
+TEST(FullBatchTest, AnEndThatABatchHasNoRoomForIsNotCutInTwo) {
+    const std::string last = std::string(MostHeldBytes - 1, 'x') + "\n\r";
+    EXPECT_EQ(TwoBatches(last).rest, "\n\r");
+    EXPECT_EQ(TwoBatches("a\n\r" + last.substr(3)).front, "a\n\r");
+}
+
 TEST(FullBatchTest, TheRestDoesNotBeginWithARecord) {
     const TwoBatches two(numbered(999) + "\n\r" + Record + numbered(50));
     EXPECT_EQ(two.front, numbered(999));

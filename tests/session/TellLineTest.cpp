@@ -59,6 +59,7 @@ TEST_F(TellLineTest, AChannelHasOneToThreeCharacters) {
     modChess.ChannelSender = "before";
     EXPECT_EQ(zTellLine("Bob(1234): hi"), NoTell);
     EXPECT_EQ(zTellLine("Bob(): hi"), NoTell);
+    EXPECT_EQ(zTellLine("Robert(): hi"), NoTell);
     EXPECT_EQ(zTellLine("Bob50): hi"), NoTell);
     EXPECT_EQ(modChess.ChannelSender, "before");
 }

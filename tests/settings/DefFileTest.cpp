@@ -27,6 +27,7 @@ TEST(DefFile, AnOpenQuoteEndsWithItsLine) { EXPECT_THAT(DefValues("\"a,b\n2").al
 TEST(DefFile, AnEmptyFileHasNoValuesAndAnEmptyPlaceIsAValue) {
     EXPECT_THAT(DefValues("").all(), IsEmpty());
     EXPECT_THAT(DefValues("1,,3").all(), ElementsAre("1", "", "3"));
+    EXPECT_THAT(DefValues("1,  ").all(), ElementsAre("1", "")) << "behind blanks the text may end";
 }
 
 TEST(DefFile, ABadNumberIsPassedOverAndTheNextIsStillRead) {

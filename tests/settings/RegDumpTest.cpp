@@ -153,6 +153,16 @@ TEST_F(RegDump, AFileThatDoesNotFitOnTheDiskIsTold) {
     }));
 }
 
+TEST_F(RegDump, AFileIsWrittenWithoutAStandardInputToo) {
+    const TemporaryFolder folder;
+    EXPECT_TRUE(writeRegDump("older"));
+    EXPECT_TRUE(inChild([] {
+        ::close(STDIN_FILENO); // whose number the file then gets
+        if (!writeRegDump("Client\n")) ::_exit(1);
+    }));
+    EXPECT_EQ(folder.read("regdump.txt"), "Client\n");
+}
+
 TEST_F(RegDump, APipeThatNobodyReadsIsNotWaitedFor) {
     const TemporaryFolder folder;
     ASSERT_EQ(::mkfifo("regdump.txt", 0600), 0);
