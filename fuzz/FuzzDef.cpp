@@ -1,10 +1,14 @@
 // Fuzzes the reader of .def files: from bytes and, the same bytes, from a file.
 #include "MemoryFile.h"
 #include "Require.h"
+#include "common/modChess.h"
 #include "settings/DefFile.h"
+#include "settings/MemoryStore.h"
+#include "settings/WindowSettings.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace {
@@ -24,6 +28,23 @@ void takeAll(DefValues values) {
     require(text == last, "behind the last value a field keeps what it had");
 }
 
+// A window's file has its place in front, and its size where it keeps one.
+void checkPlace(const std::string& path, const DefValues& values) {
+    const SettingsStore store = memoryStore(std::make_shared<MemoryValues>());
+    modChess = {};
+    for (const bool sized : {false, true}) {
+        DefValues front = values;
+        WindowPlace expected{10, 20, 3000, 2000};
+        WindowPlace place = expected;
+        for (float* field : {&expected.Left, &expected.Top}) front.take(*field);
+        if (sized) {
+            for (float* field : {&expected.Width, &expected.Height}) front.take(*field);
+        }
+        require(readWindow(store, {"Any", path.c_str(), sized, 1}, place), "without a written store the file is read");
+        require(place == expected, "the values are taken in their order");
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -35,7 +56,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         require(bytes.find(value) != bytes.npos, "a value stands in the file as it is read");
     }
     takeAll(values);
-    const auto fromFile = readDefFile(MemoryFile(bytes).path());
+    const MemoryFile file(bytes);
+    const auto fromFile = readDefFile(file.path());
     require(fromFile && (size > 65536 || fromFile->all() == values.all()), "a file reads as its bytes do");
+    checkPlace(file.path(), *fromFile);
     return 0;
 }

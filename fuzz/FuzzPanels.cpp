@@ -147,16 +147,17 @@ void sendVars(const std::string& typed, std::size_t most) {
         changes.chkVar[index] = typed.size() % (index + 2) == 0;
         if (changes.chkVar[index]) expected.push_back("Set " + std::string(flagVars[index].caption));
     }
-    changes.lblPrompt = true;
+    changes.lblPrompt = !typed.empty();
     changes.txtPrompt = typed;
     const std::size_t paused = std::min(most, expected.size());
-    expected.push_back("Set Prompt " + typed);
+    if (changes.lblPrompt) expected.push_back("Set Prompt " + typed);
+    const std::string prompt = changes.lblPrompt ? typed + " " : modChess.gPrompt;
     Sent sent;
     zSendChanges(changes, sent.road(most));
     expected.resize(std::min(most, expected.size()));
     require(sent.lines == expected, "what is marked is sent in order, up to the first that does not go out");
     require(sent.pauses == paused, "a pause stands behind each but the prompt");
-    require(modChess.gPrompt == typed + " ", "the prompt is the new one");
+    require(modChess.gPrompt == prompt, "the prompt is the new one, if there is one");
 }
 
 void sendNotes(const std::string& typed, std::size_t most) {

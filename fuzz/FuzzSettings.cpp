@@ -95,13 +95,20 @@ void checkWindows(const SettingsStore& store) {
 void checkMatch(const SettingsStore& store) {
     WindowPlace place;
     MatchSettings match;
-    zGetReg(store, place, match);
+    require(readMatch(store, place, match), "a store that was written is read");
     const SettingsStore saved = memoryStore(std::make_shared<MemoryValues>());
     zSaveReg(saved, place, match);
     WindowPlace placeAgain;
     MatchSettings again;
     zGetReg(saved, placeAgain, again);
     require(again == match && placeAgain.Left == place.Left, "the match values read back as they were");
+}
+
+void checkBoard(const SettingsStore& store) {
+    WindowPlace place{10, 20, 3000, 2000};
+    WindowPlace again = place;
+    require(readBoard(store, place) && readWindow(store, BoardSection, again), "a store that was written is read");
+    require(place == again, "the board's section is read as the others are");
 }
 
 } // namespace
@@ -112,6 +119,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const ClientSettings client = checkClient(store);
     checkWindows(store);
     checkMatch(store);
+    checkBoard(store);
     const RunningWindows none{.place = [](const WindowSection&) { return WindowPlace(); },
                               .match = [] { return MatchSettings(); }};
     require(zDumpReg(store, client, none).starts_with(ClientSection), "the dump begins with the client's section");

@@ -73,11 +73,11 @@ void RigSocket::pull(std::int64_t now) {
 }
 
 void RigSocket::append(const std::string& text, std::int64_t now) {
-    if (text.empty()) return;
+    cutter_.append(text, now);
+    if (text.empty()) return; // of a telnet command nothing is left
     if (now - lastByte_ >= ArrivalCutter::PatienceMs) quiet_.insert(text_.size());
     lastByte_ = now;
     text_ += text;
-    cutter_.append(text, now);
 }
 
 void RigSocket::checkText(bool finished) const {

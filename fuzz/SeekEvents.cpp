@@ -5,13 +5,20 @@
 #include "platform/OpenWindows.h"
 
 #include <algorithm>
+#include <array>
 
-// The entry of the menu opens it; the user closes it by its window.
-void StreamRig::switchSeek() {
+// The entry of the menu opens it; the user gives it another size, and closes it by its window.
+void StreamRig::switchSeek(std::size_t size) {
+    // twips; the last is so narrow for its height that its columns run to the left
+    constexpr std::array<Extent, 4> Sizes{{{7800, 6900}, {3000, 1600}, {28800, 6900}, {3000, 30000}}};
     bool& tick = session_.classifier.menu.mnuSeekGrf;
     tick = !tick;
-    if (tick) return showSeek();
-    if (seek_) closeSeek();
+    if (tick) {
+        showSeek();
+        seek_->graph.geometry.zSize(Sizes.at(size), false);
+    } else if (seek_) {
+        closeSeek();
+    }
 }
 
 void StreamRig::showSeek() {
@@ -49,6 +56,7 @@ void StreamRig::drawSeeks() {
         const int hit = graph.dotAt(graph.SeekX[dot], graph.SeekY[dot]);
         require(hit >= 0 && hit <= dot, "a dot's centre is on it, or on an earlier one");
     }
+    require(graph.dotAt(1e12, 1e12) == -1, "no dot is that far out");
 }
 
 void StreamRig::checkSeek() const noexcept {

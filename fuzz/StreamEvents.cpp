@@ -88,7 +88,7 @@ void StreamRig::sessionEvent(int kind, std::size_t which) {
     case Event::BlockMode:
         return session_.mnuBlocked();
     case Event::SeekGraph:
-        return modChess.AppClosing ? void() : switchSeek();
+        return modChess.AppClosing ? void() : switchSeek(which);
     case Event::Capture:
         return session_.pipeline.zSetstate(static_cast<std::int16_t>(FirstState + static_cast<std::int16_t>(which)));
     case Event::LaterCapture:

@@ -142,7 +142,7 @@ private:
     void checkChats() const noexcept;
 
     // The seek graph, SeekEvents.cpp
-    void switchSeek();
+    void switchSeek(std::size_t size);
     void showSeek();
     void closeSeek();
     void drawSeeks();
