@@ -91,13 +91,15 @@ void StreamRig::checkPlayed(const RigBoard& board, const BeforeLanding& before, 
     require(game.Turn == -before.turn && game.MoveRow == before.row + (before.turn < 0 ? 1 : 0), "the turn passes");
     require(game.Board[before.from] == 0, "a piece that moved has left its square");
     const int col = (1 - before.turn) / 2;
-    require(!game.MoveText[before.row][col].empty(), "a move that was made is written down");
+    const std::string& written = game.MoveText[before.row][col]; // of a loaded game the text stays
+    require(game.GameLoaded || !written.empty(), "a move that was made is written down");
     if (game.icsMode) {
         require(board.lastFrom == before.from && board.lastTo == to, "what is sent is what was moved");
         return;
     }
     require(sameSquares(game.Board, game.PositionStore.plies[game.zDevMove()]), "a local move is stored at its ply");
-    require(game.grdMoves.text(before.row, col + 1) == game.MoveText[before.row][col], "the list shows the move");
+    const auto& listed = game.grdMoves.text(before.row, col + 1);
+    require(game.GameLoaded ? !listed.empty() : listed == written, "the list shows the move");
 }
 
 // The answer of the menu, 0 when it was dismissed.
