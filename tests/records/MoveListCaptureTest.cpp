@@ -171,6 +171,12 @@ TEST_F(MoveListCapture, BothHalvesOfAMoveAndTheirTimesStandInTheirColumns) {
     EXPECT_EQ(record.LastMove, 2);
 }
 
+TEST_F(MoveListCapture, ATimeBeginsAtTheFirstBracketOfItsLine) {
+    takes("( 3.  e4      (0:00)     e5      (0:07)\r\n");
+    EXPECT_EQ(record.WhiteTimes[0], "( 3.  e4      (0:00)") << "a bracket is no number";
+    EXPECT_EQ(record.BlackTimes[0], "(0:07)");
+}
+
 TEST_F(MoveListCapture, AWhiteMoveAloneIsHalfAMoveAndPassesTheMinimum) {
     takes(BothHalves);
     takes("  1.  e4      (0:00)\r\n");

@@ -123,6 +123,11 @@ TEST_F(PgnWriter, ATokenGoesToTheNextLineWhereItAndTheColumnReachSeventySeven) {
     EXPECT_THAT(moveLines(), ElementsAre("1. Nb1d2 " + std::string(68, 'x') + "\r\n"));
     moves({"Nb1d2", std::string(69, 'x')});
     EXPECT_THAT(moveLines(), ElementsAre("1. Nb1d2\r\n", std::string(69, 'x') + "\r\n"));
+    // A second one and the blank in front of it move the column by three.
+    moves({"e4", "e5", std::string(65, 'x')});
+    EXPECT_THAT(moveLines(), ElementsAre("1. e4 e5 2. " + std::string(65, 'x') + "\r\n"));
+    moves({"e4", "e5", std::string(66, 'x')});
+    EXPECT_THAT(moveLines(), ElementsAre("1. e4 e5\r\n", "2. " + std::string(66, 'x') + "\r\n"));
 }
 
 TEST_F(PgnWriter, ALineMayHaveSeventySevenCharactersWithItsLastBlank) {
@@ -151,6 +156,7 @@ TEST_F(PgnWriter, ALongGameIsCutIntoLinesAtTokensAlone) {
 TEST_F(PgnWriter, TheResultIsWhatStandsBehindTheBrace) {
     const std::vector<std::pair<std::string, std::string>> cases{
         {"      {White resigns} 1-0\r\n", "1-0"},
+        {"      {White resigns}1-0 {} \r\n", "1-0 {}"},
         {"      {Game in progress} *\r\n", "*"},
         {"      {Game drawn} by {agreement} 1/2-1/2\r\n", "by {agreement} 1/2-1/2"},
         {"  0-1\r\n", "0-1"},
@@ -203,6 +209,15 @@ TEST_F(PgnWriter, AGameFileThatIsOpenAlreadyFailsOnceAndIsClosedByThat) {
     told.clear();
     write("games.pgn");
     EXPECT_THAT(told, ElementsAre(HasSubstr("Game was saved to ")));
+}
+
+TEST_F(PgnWriter, WhileTheBoxIsUpTheFileIsClosed) {
+    const FileOne chooser;
+    bool free = false;
+    zWriteGame("games.pgn", record,
+               {.print = [](const std::string&) {},
+                .tell = [&](const std::string&) { free = passOver([] { const FileOne another; }); }});
+    EXPECT_TRUE(free);
 }
 
 TEST_F(PgnWriter, AGameWithoutMovesTouchesNoFileAndIsToldToBeSaved) {
