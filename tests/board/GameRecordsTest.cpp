@@ -385,6 +385,12 @@ TEST_F(GameRecords, AListWithoutBeepsIsOneOfALiveGame) {
 
 // Review
 
+TEST_F(GameRecords, AReviewPaintsEachSquareOnceForItsStartAndNothingOnTheWay) {
+    effects.clear();
+    review(Opening);
+    EXPECT_EQ(all("draw").size(), 64U);
+}
+
 TEST_F(GameRecords, AReviewedGameStandsAtItsStartAsAStoredOne) {
     review(Opening);
     EXPECT_EQ(shown(), afterFirst(0));

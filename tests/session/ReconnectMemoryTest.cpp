@@ -1,0 +1,57 @@
+// A program that is left open for weeks loses its line every day: what a connection took is given back at its end.
+#include "session/ProgramRig.h"
+
+#include "TestPaths.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include <malloc.h>
+
+namespace {
+
+constexpr int First = 15; // until boards, fonts and caches are there
+constexpr int More = 40;
+constexpr long AllowedEach = 1024; // bytes a connection
+
+std::string sessionText() {
+    std::ifstream file(TEST_DATA "/streams/server-b/01_anders_registered.raw", std::ios::binary);
+    const std::string all{std::istreambuf_iterator<char>(file), {}};
+    const std::size_t end = all.find(FicsPrompt, all.find("<12> ", all.find("<12> ") + 1));
+    EXPECT_NE(end, std::string::npos);
+    return all.substr(0, end + 6);
+}
+
+// Bytes in use; 0 where the allocator does not tell.
+long inUse() {
+    const auto told = mallinfo2();
+    return static_cast<long>(told.uordblks + told.hblkhd);
+}
+
+// A session on a line that is reset behind it. What the rig and the console wrote down does not count.
+void session(ProgramRig& rig, const std::string& stream) {
+    rig.replayMessages(stream, {1'000'000, 0, 50});
+    rig.cutLine();
+    rig.connectAgain();
+    rig.learnPrompt();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // a program's own loop does so
+    rig.console().clearScreen();
+    for (auto* notes : {&rig.sounds, &rig.updates, &rig.holdings, &rig.batches, &rig.messages}) *notes = {};
+}
+
+} // namespace
+
+TEST(Reconnecting, KeepsNoMemoryOfTheConnectionsBefore) {
+    const std::string stream = sessionText();
+    ProgramRig rig;
+    rig.holdTime();
+    rig.connectNow();
+    rig.learnPrompt();
+    for (int count = 0; count < First; ++count) session(rig, stream);
+    const long before = inUse();
+    for (int count = 0; count < More; ++count) session(rig, stream);
+    EXPECT_EQ(rig.boards().size(), 1U);
+    EXPECT_LT(inUse() - before, More * AllowedEach);
+}
