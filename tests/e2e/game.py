@@ -40,6 +40,7 @@ class PlayedByHand(unittest.TestCase):
         self.awaitPosition()
         self.display.awaitFocus(self.board())
         self.fromBoardMenu("l")  # Clean: else no piece can be lifted in the first four seconds
+        self.awaitPosition()  # also where the menu was
 
     def logOn(self, **settings):
         """Program and partner are there, and no game is."""
