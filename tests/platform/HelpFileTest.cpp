@@ -1,6 +1,7 @@
 // Which text the help shows, that there is one window of it, and that its links and pictures are found.
 #include "platform/HelpFile.h"
 
+#include "platform/Boxes.h"
 #include "platform/Spoken.h"
 
 #include <QDesktopServices>
@@ -14,6 +15,8 @@
 
 #include <gmock/gmock.h>
 
+#include <stdexcept>
+
 #include <sys/stat.h>
 
 using testing::ElementsAre;
@@ -26,9 +29,17 @@ struct HelpFileTest : testing::Test {
     QTemporaryDir folder;
     QString before = QDir::currentPath();
     QWidget window;
+    Boxes realBoxes = boxes;
 
-    HelpFileTest() { EXPECT_TRUE(QDir::setCurrent(folder.path())); }
-    ~HelpFileTest() override { QDir::setCurrent(before); }
+    // A box, which tells that there is no help, would wait for its user.
+    HelpFileTest() {
+        EXPECT_TRUE(QDir::setCurrent(folder.path()));
+        boxes.message = [](QWidget*, const std::string&, const std::string& text) { throw std::runtime_error(text); };
+    }
+    ~HelpFileTest() override {
+        boxes = realBoxes;
+        QDir::setCurrent(before);
+    }
 
     QList<QTextBrowser*> shown() const { return window.findChildren<QTextBrowser*>(); }
 
