@@ -10,6 +10,7 @@
 extern int breakChosen;
 extern int breakTraced;
 void breakSeen(int function);
+int breakAt(int value);
 
 namespace {
 
@@ -50,6 +51,11 @@ void breakSeen(int function) {
 
 int breakChosen = 0;
 int breakTraced = 0;
+
+int breakAt(int value) {
+    if (breakTraced != 0) breakSeen(value);
+    return breakChosen;
+}
 
 namespace {
 

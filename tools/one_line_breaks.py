@@ -37,10 +37,10 @@ class Token:
 
 
 class Break:
-    """One change: the texts between pairs of offsets that are replaced, and in which function, if in one."""
+    """One change: the texts between pairs of offsets that are replaced, and in which function or value."""
 
-    def __init__(self, edits, told, function):
-        self.edits, self.told, self.function = edits, told, function
+    def __init__(self, edits, told, function, value):
+        self.edits, self.told, self.function, self.value = edits, told, function, value
         self.number = self.key = self.line = None
 
 
@@ -91,13 +91,21 @@ def markTemplates(code, tokens):
                 inner.template = True
 
 
+class Value:
+    """What gives a value outside of all functions: its tokens, whose value it is ("" if a constructor's parts), and whether the
+    compiler needs it in any case."""
+
+    def __init__(self, first, last, name, constant=False):
+        self.first, self.last, self.name, self.constant = first, last, name, constant
+
+
 class Layout:
     """Which tokens are a function's body, and which ones give a value outside of all functions."""
 
     def __init__(self, tokens):
         self.tokens = tokens
         self.functions = []
-        self.values = []  # (first token, behind the last)
+        self.values = []
         self.walk(0, len(tokens))
 
     def walk(self, index, end):
@@ -127,10 +135,10 @@ class Layout:
         if "namespace" in words or ({"struct", "class", "union", "extern"} & plain and not {"(", "="} & plain):
             self.walk(index + 1, closed)
         elif "enum" in words:
-            self.values.append((index + 1, closed))
+            self.values.append(Value(index + 1, closed, "", True))
         elif "=" in plain and "operator" not in words or not "(" in plain or self.setsMember(begin, index):
             if closed + 1 < len(self.tokens) and self.tokens[closed + 1].text == ";" and "=" not in plain:
-                self.values.append((index + 1, closed))
+                self.values.append(Value(index + 1, closed, self.nameIn(begin, index)))
         else:
             self.addFunction(begin, index, closed)
         return closed + 1
@@ -157,12 +165,16 @@ class Layout:
         first = next((number for number, token in enumerate(outer) if token.text == "("), 0)
         if first:
             name = outer[first - 1].text
-        colon = next((token for token in outer[first:] if token.text == ":"), None)
-        if colon:
-            self.values.append((head.index(colon) + begin + 1, index))
         givesBool = "bool" in [token.text for token in outer[:first]] or "->" in texts and texts[-1] == "bool"
         constant = bool({"constexpr", "consteval"} & {token.text for token in outer})
+        colon = next((token for token in outer[first:] if token.text == ":"), None)
+        if colon:
+            self.values.append(Value(head.index(colon) + begin + 1, index, "", constant))
         self.functions.append(Function(name, index, closed, constant, givesBool))
+
+    def nameIn(self, begin, end):
+        """The last name of a head that stands in no brackets: std::array<int, N> table -> table"""
+        return next((token.text for token in reversed(list(self.outer(begin, end))) if token.kind == "name"), "")
 
     def addValue(self, begin, end):
         if self.tokens[begin].text in ("using", "static_assert", "template", "friend") if begin < end else True:
@@ -171,7 +183,7 @@ class Layout:
         while index < end and self.tokens[index].text != "(":
             token = self.tokens[index]
             if token.text == "=" and not token.template:
-                self.values.append((index + 1, end))
+                self.values.append(Value(index + 1, end, self.nameIn(begin, index)))
                 return
             index = token.partner + 1 if token.text in OPENING and token.partner is not None else index + 1
 
@@ -184,6 +196,7 @@ class Finder:
         self.tokens = cutTokens(code)
         self.layout = Layout(self.tokens)
         self.breaks = []
+        self.value = None
         for function in self.layout.functions:
             self.function = function
             self.steps = self.forSteps(function.opened, function.closed)
@@ -191,12 +204,12 @@ class Finder:
             self.inStatements(function.opened, function.closed)
         self.function = None
         self.steps = set()
-        for first, last in self.layout.values:
-            self.inExpressions(first, last)
+        for self.value in self.layout.values:
+            self.inExpressions(self.value.first, self.value.last)
         self.nameAll()
 
     def add(self, told, *edits):
-        self.breaks.append(Break(sorted(edits), told, self.function))
+        self.breaks.append(Break(sorted(edits), told, self.function, self.value))
 
     def replace(self, token, text):
         self.add(f"{token.text} -> {text}", (token.at, token.end, text))
@@ -411,48 +424,3 @@ def flat(text):
 def otherChar(text):
     """Another character: 'a' -> 'b'"""
     return "'~'" if len(text) != 3 or text in ("'&'", "'['") else f"'{chr(ord(text[1]) + 1)}'"
-
-
-def edited(code, edits, begin=0, end=None):
-    """The code between two offsets with all `edits` made."""
-    end = len(code) if end is None else end
-    pieces = []
-    for first, last, text in sorted(edits):
-        pieces += [code[begin:first], text]
-        begin = last
-    return "".join(pieces + [code[begin:end]])
-
-
-PREAMBLE = "extern int breakChosen, breakTraced; void breakSeen(int);"
-
-
-def schema(code, finder, breaks, numberOf):
-    """The file with all `breaks` of its functions in it, chosen by `breakChosen`; and which of its lines are which break's.
-
-    Each function's body becomes the default of a switch, and is copied once for each break.
-    """
-    pieces = [PREAMBLE, "\n"]
-    owners = {}
-    line = 2
-    place = 0
-
-    def put(text):
-        nonlocal line
-        pieces.append(text)
-        line += text.count("\n")
-
-    for function in finder.layout.functions:
-        mine = [one for one in breaks if one.function is function]
-        begin, end = finder.tokens[function.opened].at, finder.tokens[function.closed].end
-        if begin < place or function.constant:
-            continue
-        put(code[place:begin])
-        put("{ if (breakTraced) breakSeen(%d); switch (breakChosen) {\n" % numberOf(function))
-        for one in mine:
-            first = line
-            put(f"case {one.number}:\n{edited(code, one.edits, begin, end)}\nbreak;\n")
-            owners.update({number: one for number in range(first, line)})
-        put("default:\n" + code[begin:end] + "\n} }")
-        place = end
-    put(code[place:])
-    return "".join(pieces), owners

@@ -8,6 +8,8 @@ import tempfile
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "tools"))
+import break_build
+import break_choices
 import break_rules
 import one_line_breaks
 
@@ -21,10 +23,16 @@ constexpr int Most = 7; // a comment with 5 < 6
 
 struct Pair {
     int first = 3;
+    int second = 8;
     Pair(int a) : first(a + 1) { first += 2; }
 };
 
 } // namespace
+
+int sumOfPair() {
+    const Pair pair(2);
+    return pair.first + pair.second;
+}
 
 bool isSmall(int n) { return n < Most; }
 
@@ -47,18 +55,26 @@ std::string word(bool yes) {
 }
 """
 
-# What a program prints that calls the three functions.
-CALLS = """#include <iostream>
+# What a program prints that calls its functions.
+CALLS = """#include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
-#include <cstdlib>
-bool isSmall(int); int total(const std::vector<int>&); std::string word(bool);
+bool isSmall(int); int total(const std::vector<int>&); std::string word(bool); int sumOfPair();
 int breakChosen, breakTraced;
-void breakSeen(int function) { std::cout << "f" << function << ' '; }
-int main(int, char** argv) {
-    breakChosen = std::atoi(argv[1]);
-    breakTraced = std::atoi(argv[2]);
-    std::cout << isSmall(7) << ' ' << total({1, -1, 4}) << ' ' << word(false) << word(true) << std::endl;
+void breakSeen(int part) { std::printf("f%d ", part); }
+int breakAt(int value) {
+    if (breakTraced) breakSeen(value);
+    return breakChosen;
+}
+__attribute__((constructor(101))) void choose() {
+    breakChosen = std::atoi(std::getenv("CHOSEN"));
+    breakTraced = std::atoi(std::getenv("TRACED"));
+}
+int main() {
+    const int small = isSmall(7), sum = total({1, -1, 4});
+    const std::string words = word(false) + word(true);
+    std::printf("%d %d %s %d\\n", small, sum, words.c_str(), sumOfPair());
 }
 """
 
@@ -89,8 +105,8 @@ class BreakRules(unittest.TestCase):
     def test_knows_functions_from_what_stands_outside(self):
         inside = {one.function.name for one in finderOf(CODE).breaks if one.function}
         outside = [one.told for one in finderOf(CODE).breaks if not one.function]
-        self.assertEqual(inside, {"Pair", "isSmall", "total", "word"})
-        self.assertEqual(outside, ["7 -> 8", "7 -> 6", "3 -> 4", "3 -> 2", "+ -> -", "1 -> 2", "1 -> 0"])
+        self.assertEqual(inside, {"Pair", "sumOfPair", "isSmall", "total", "word"})
+        self.assertEqual(outside, ["7 -> 8", "7 -> 6", "3 -> 4", "3 -> 2", "8 -> 9", "8 -> 7", "+ -> -", "1 -> 2", "1 -> 0"])
 
     def test_swaps_no_assignments_that_do_not_see_each_other(self):
         told = toldOf("void f() {\n    a = g(1);\n    b = g(2);\n    c = g(b);\n}\n")
@@ -103,25 +119,57 @@ class BreakRules(unittest.TestCase):
 
     def test_number_chooses_the_break_and_nothing_else_changes(self):
         finder = finderOf(CODE)
-        numbers = {function: number for number, function in enumerate(finder.layout.functions, 1)}
-        inside = [one for one in finder.breaks if one.function]
-        for number, one in enumerate(inside, 1):
+        parts = {part: number for number, part in enumerate(finder.layout.functions + finder.layout.values, 1)}
+        for number, one in enumerate(finder.breaks, 1):
             one.number = number
+        choices = break_choices.Choices(CODE, finder)
         with tempfile.TemporaryDirectory() as folder:
-            wrong = self.notCompiling(folder, *one_line_breaks.schema(CODE, finder, inside, numbers.get))
+            wrong = self.notCompiling(folder, *choices.together(finder.breaks, parts.get))
             self.assertEqual([one.told for one in wrong], ["+= -> -="])
-            inside = [one for one in inside if one not in wrong]
-            run = self.built(folder, one_line_breaks.schema(CODE, finder, inside, numbers.get)[0])
-            self.assertEqual(run(0), "0 5 abc\n")
-            self.assertEqual(set(re.findall(r"f\d", run(0, 1))), {"f2", "f3", "f4"})
-            chosen = {one.told: run(one.number) for one in inside}
-        self.assertEqual(chosen["< -> <="], "1 5 abc\n")
-        self.assertEqual(chosen["negate return n < Most"], "1 5 abc\n")
-        self.assertEqual(chosen["drop continue"], "0 4 abc\n")
-        self.assertEqual(chosen["+= -> -="], "0 -5 abc\n")
-        self.assertEqual(chosen["drop text.clear()"], "0 5 abcabc\n")
-        self.assertEqual(chosen["swap add('a') and text.append(\"bc\")"], "0 5 bca\n")
-        self.assertEqual(chosen["'a' -> 'b'"], "0 5 bbc\n")
+            right = [one for one in finder.breaks if one not in wrong]
+            run = self.built(folder, choices.together(right, parts.get)[0])
+            self.assertEqual(run(0), "0 5 abc 13\n")
+            asked = {f"f{number}" for part, number in parts.items() if part.name != "first"}  # which the constructor sets
+            self.assertEqual(set(re.findall(r"f\d+", run(0, 1))), asked)
+            chosen = {one.told: run(one.number) for one in right}
+        self.assertEqual(chosen["< -> <="], "1 5 abc 13\n")
+        self.assertEqual(chosen["negate return n < Most"], "1 5 abc 13\n")
+        self.assertEqual(chosen["drop continue"], "0 4 abc 13\n")
+        self.assertEqual(chosen["+= -> -="], "0 -5 abc 13\n")
+        self.assertEqual(chosen["drop text.clear()"], "0 5 abcabc 13\n")
+        self.assertEqual(chosen["swap add('a') and text.append(\"bc\")"], "0 5 bca 13\n")
+        self.assertEqual(chosen["'a' -> 'b'"], "0 5 bbc 13\n")
+        self.assertEqual(chosen["7 -> 8"], "1 5 abc 13\n")
+        self.assertEqual(chosen["drop first += 2"], "0 5 abc 11\n")
+        self.assertEqual(chosen["8 -> 9"], "0 5 abc 14\n")
+
+    def test_a_name_that_the_compiler_needs_stays_a_constant(self):
+        code = "constexpr int Size = 3;\nstruct Row {\n    static constexpr int Least = -2;\n};\n"
+        finder = finderOf(code)
+        loose = break_choices.Choices(code, finder)
+        self.assertEqual(loose.alone(finder.breaks[0]), code.replace("static constexpr", "static const inline")
+                         .replace("constexpr int Size = 3", "const int Size = 4"))
+        kept = break_choices.Choices(code, finder, {"Size"})
+        self.assertEqual([kept.isFixed(one) for one in finder.breaks], [True, True, False, False, False])
+        self.assertTrue(kept.alone(finder.breaks[0]).startswith("constexpr int Size = 4;"))
+
+    def test_the_compiler_tells_which_name_it_needs(self):
+        code = "constexpr int Size = 3;\nint cells[Size];\nint more = 1;\n"
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "made.cpp")
+            finder = finderOf(code)
+            for number, one in enumerate(finder.breaks, 1):
+                one.number, one.fate, one.alone = number, None, False
+            choices = break_choices.Choices(code, finder)
+            workshop = break_build.Workshop(folder, folder)
+            workshop.written = {path: choices.together(finder.breaks, lambda part: 1)}
+            workshop.loosened = choices.loosened
+            with open(path, "w", encoding="utf-8") as file:
+                file.write(workshop.written[path][0])
+            said = subprocess.run(["g++", "-std=c++20", "-fsyntax-only", path], capture_output=True, text=True, check=False).stderr
+            self.assertTrue(workshop.blame(said))
+        self.assertEqual(workshop.kept, {"Size"})
+        self.assertFalse(any(one.fate or one.alone for one in finder.breaks))
 
     def notCompiling(self, folder, code, owners):
         """The breaks on whose lines the compiler finds errors."""
@@ -129,7 +177,7 @@ class BreakRules(unittest.TestCase):
             file.write(code)
         said = subprocess.run(["g++", "-std=c++20", "-w", "-fsyntax-only", "made.cpp"], cwd=folder, capture_output=True,
                               text=True, check=False).stderr
-        return {owners[int(line)] for line in re.findall(r"made\.cpp:(\d+):\d+: error", said)}
+        return {one for line in re.findall(r"made\.cpp:(\d+):\d+: error", said) for one in owners[int(line)]}
 
     def built(self, folder, code):
         """The program of `code`, as a function of the break's number."""
@@ -138,8 +186,8 @@ class BreakRules(unittest.TestCase):
                 file.write(text)
         program = os.path.join(folder, "made")
         subprocess.run(["g++", "-std=c++20", "-w", "made.cpp", "calls.cpp", "-o", program], cwd=folder, check=True)
-        return lambda number, traced=0: subprocess.run([program, str(number), str(traced)], capture_output=True, text=True,
-                                                       check=True).stdout
+        return lambda number, traced=0: subprocess.run([program], capture_output=True, text=True, check=True,
+                                                       env={"CHOSEN": str(number), "TRACED": str(traced)}).stdout
 
     def test_what_one_test_alone_entered_is_shown_to_all_others(self):
         tests = break_rules.Tests.__new__(break_rules.Tests)
@@ -149,6 +197,32 @@ class BreakRules(unittest.TestCase):
         tests.entered = {1: ["A.a"], 2: ["A.a", "A.b"]}
         tests.fails = lambda names, number, program: "A.c" in names
         self.assertEqual([tests.noticeIn(function, 1) for function in (1, 2, 3, 4)], [True, False, False, True])
+
+    def test_a_value_is_shown_to_its_readers_or_to_all_quick_tests(self):
+        tests = break_rules.Tests.__new__(break_rules.Tests)
+        tests.outside, tests.program = {3, 9}, ""
+        tests.seconds = {"A.a": 0, "A.b": 0, "A.c": 0, "A.slow": 1}
+        tests.width = {name: 1 for name in tests.seconds}
+        tests.entered = {1: ["A.a", "A.b"], 2: ["A.b"], 4: ["A.slow"]}
+        asked = []
+        tests.fails = lambda names, number, program: asked.extend(names)
+
+        def askedFor(*value):
+            asked.clear()
+            self.assertFalse(tests.noticeValue(*value, 1))
+            return asked.copy()
+
+        self.assertEqual(askedFor(1, set()), ["A.a", "A.b"])
+        self.assertEqual(askedFor(3, {2, 9}), ["A.b", "A.a", "A.c"])
+        self.assertEqual(askedFor(3, {4}), ["A.slow", "A.a", "A.b", "A.c"])
+        self.assertEqual(askedFor(5, {2}), [])
+
+    def test_headers_are_those_that_core_includes(self):
+        root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+        headers = break_rules.coreHeaders(root)
+        self.assertIn("src/common/FixedArray.h", headers)
+        self.assertIn("src/session/Session.h", headers)
+        self.assertFalse([name for name in headers if re.search(r"#include <Q", break_build.textOf(os.path.join(root, name)))])
 
     def test_a_listed_break_needs_its_reason(self):
         with tempfile.TemporaryDirectory() as folder:
