@@ -139,19 +139,26 @@ class Workshop:
         """Compiles all files with their breaks, and what includes them. What the compiler takes badly leaves, or is compiled alone."""
         headers = [source.name for source in sources if source.isHeader()]
         units = sorted({*(source.name for source in sources if not source.isHeader()), *self.readersOf(headers)})
+        core = [name for name in units if name.startswith("src/")]
         self.recall(sources)
-        for only in ([["-fsyntax-only"], []] if headers else [[]]):
-            self.compileAll(sources, units, pool, only)
-        self.remember(sources)
+        try:
+            if headers:
+                self.compileAll(sources, [core], pool, ["-fsyntax-only"])
+            self.compileAll(sources, [core, [name for name in units if name not in core]], pool, [])
+        finally:
+            self.remember(sources)
 
-    def compileAll(self, sources, units, pool, only):
+    def compileAll(self, sources, parts, pool, only):
         for _ in range(ROUNDS):
             self.write(sources)
-            said = "".join(pool.map(lambda name: self.bring(name, only), units))
-            if not said:
+            for part in parts:
+                said = [words for words in pool.map(lambda name: self.bring(name, only), part) if words]
+                if said:
+                    break
+            else:
                 return
             if not self.blame(said):
-                sys.exit(f"does not compile with breaks:\n{said[:6000]}")
+                sys.exit(f"does not compile with breaks:\n{said[0][:6000]}")
         sys.exit("does not compile with breaks")
 
     def write(self, sources):
@@ -208,7 +215,26 @@ class Workshop:
 
     def blame(self, said):
         """Finds out from the compiler's words which names must stay constants, or else which breaks are none."""
-        names, breaks = set(), set()
+        names, sure, likely = set(), set(), set()
+        for words in said:
+            named, breaks, others = self.foundIn(words)
+            names |= named
+            likely |= breaks
+            sure |= set() if others else breaks
+        if names - self.kept:
+            self.kept |= names
+            return True
+        for one in sure or likely:
+            if one.function:
+                one.fate = "no program"
+            else:
+                one.alone = True
+        return bool(likely)
+
+    def foundIn(self, said):
+        """The names and the breaks that the compiler complains of in one unit, and whether it does so elsewhere: what it says of
+        breaks may then only follow from that."""
+        names, breaks, others = set(), set(), False
         for path, line, words in re.findall(r"^([^\s:]+):(\d+):(?:\d+:)? +(.*(?:error:|required from|note:.*constant).*)$", said, re.M):
             path = os.path.normpath(os.path.join(self.folder, path))
             owners = self.written[path][1].get(int(line), []) if path in self.written else []
@@ -216,15 +242,8 @@ class Workshop:
             if named and (re.search("constan|constexpr|variable-sized", words) or not owners):
                 names |= named
             breaks.update(owners)
-        if names - self.kept:
-            self.kept |= names
-            return True
-        for one in breaks:
-            if one.function:
-                one.fate = "no program"
-            else:
-                one.alone = True
-        return bool(breaks)
+            others = others or "error:" in words and not owners and path.startswith(self.root)
+        return names, breaks, others
 
     def namedAt(self, path, line, words):
         text = self.textOf(path).decode() if os.path.exists(path) else ""

@@ -69,8 +69,11 @@ class Choices:
     def isFixed(self, one):
         """Whether the break is in what the compiler itself works out."""
         if one.function:
-            return one.function.constant and one.function.name in self.kept
-        return one.value.constant or one.value.name in self.kept
+            return self.isKept(one.function)
+        return one.value.fixed or one.value.name in self.kept
+
+    def isKept(self, function):
+        return function.fixed or function.constant and function.name in self.kept
 
     def alone(self, one):
         """The file with one break, which needs no number."""
@@ -105,7 +108,7 @@ class Choices:
         """Each function's body becomes the default of a switch."""
         found = []
         for function in self.finder.layout.functions:
-            if function.constant and function.name in self.kept:
+            if self.isKept(function):
                 continue
             begin, end = self.tokens[function.opened].at, self.tokens[function.closed].end
             parts = [("{ if (breakTraced) breakSeen(%d); switch (breakChosen) {\n" % numberOf(function), [])]

@@ -45,11 +45,11 @@ class Break:
 
 
 class Function:
-    """A function with a body: its name, the tokens of its braces, and whether the compiler may run it."""
+    """A function with a body: its name, the tokens of its braces, and whether the compiler may run it, or has to."""
 
-    def __init__(self, name, opened, closed, constant, givesBool):
+    def __init__(self, name, opened, closed, constant, fixed, givesBool):
         self.name, self.opened, self.closed = name, opened, closed
-        self.constant, self.givesBool = constant, givesBool
+        self.constant, self.fixed, self.givesBool = constant, fixed, givesBool
 
 
 def cutTokens(code):
@@ -95,8 +95,8 @@ class Value:
     """What gives a value outside of all functions: its tokens, whose value it is ("" if a constructor's parts), and whether the
     compiler needs it in any case."""
 
-    def __init__(self, first, last, name, constant=False):
-        self.first, self.last, self.name, self.constant = first, last, name, constant
+    def __init__(self, first, last, name, fixed=False):
+        self.first, self.last, self.name, self.fixed = first, last, name, fixed
 
 
 class Layout:
@@ -166,11 +166,12 @@ class Layout:
         if first:
             name = outer[first - 1].text
         givesBool = "bool" in [token.text for token in outer[:first]] or "->" in texts and texts[-1] == "bool"
-        constant = bool({"constexpr", "consteval"} & {token.text for token in outer})
+        words = {token.text for token in outer}
+        constant, fixed = bool({"constexpr", "consteval"} & words), "consteval" in words
         colon = next((token for token in outer[first:] if token.text == ":"), None)
         if colon:
-            self.values.append(Value(head.index(colon) + begin + 1, index, "", constant))
-        self.functions.append(Function(name, index, closed, constant, givesBool))
+            self.values.append(Value(head.index(colon) + begin + 1, index, "", fixed))
+        self.functions.append(Function(name, index, closed, constant, fixed, givesBool))
 
     def nameIn(self, begin, end):
         """The last name of a head that stands in no brackets: std::array<int, N> table -> table"""

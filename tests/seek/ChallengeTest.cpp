@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -39,6 +41,21 @@ FaultKind faultOf(const Challenge& read) {
 } // namespace
 
 // The exact bytes
+
+TEST(ChallengeLine, TheListsOfColoursAndTypesHaveTheServersWords) {
+    const std::vector<std::string> colors{"Auto Color", "White", "Black"};
+    EXPECT_EQ(std::vector<std::string>(MatchColors.begin(), MatchColors.end()), colors);
+    const std::vector<std::string> types{"Normal Chess", "Crazyhouse", "Bughouse", "Losers",  "Suicide", "Atomic",
+                                         "Wild 0",       "Wild 1",     "Wild 2",   "Wild 3",  "Wild 4",  "Wild 5",
+                                         "Wild 6",       "Wild 7",     "Wild 8",   "Wild 8a", "Wild fr"};
+    EXPECT_EQ(std::vector<std::string>(MatchTypes.begin(), MatchTypes.end()), types);
+}
+
+TEST(ChallengeLine, NoItemOfAListIsChosenByDesign) {
+    EXPECT_EQ(ListChoice{}.index, -1);
+    EXPECT_EQ(Challenge{}.cboColor.index, -1);
+    EXPECT_EQ(Challenge{}.cboType.index, -1);
+}
 
 TEST(ChallengeLine, ARatedMatchEndsInTheBlankOfTheColour) {
     EXPECT_EQ(challengeLine(challenge("5", "0"), Match), "Match fred 5 0 r ");

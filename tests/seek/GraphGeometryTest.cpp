@@ -17,6 +17,16 @@ struct Laid {
 
 TEST(GraphGeometryTest, BeforeItIsLaidOutTheScaleIs12) { EXPECT_EQ(GraphGeometry().LogScale, 12); }
 
+TEST(GraphGeometryTest, BeforeItIsLaidOutTheLabelsHave10PointsAndAllStandsInTheCorner) {
+    const GraphGeometry fresh;
+    EXPECT_EQ(fresh.FontPoints, 10);
+    for (const int twips :
+         {fresh.CellSize, fresh.CellHalf, fresh.Line3X, fresh.Line15X, fresh.RightX, fresh.BaseY, fresh.TopY})
+        EXPECT_EQ(twips, 0);
+    EXPECT_EQ(GraphGeometry::Corner{}.X, 0);
+    EXPECT_EQ(GraphGeometry::Corner{}.Y, 0);
+}
+
 TEST(GraphGeometryTest, AWindowBelow1600IsRaisedToItAndHasCellsOf30) {
     for (const float height : {0.0F, 100.0F, 1599.0F, 1600.0F}) {
         GraphGeometry geometry;

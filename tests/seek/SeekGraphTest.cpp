@@ -50,6 +50,22 @@ struct SeekGraphTest : testing::Test {
 
 } // namespace
 
+TEST_F(SeekGraphTest, BeforeAnAnswerThereAreNoAdsAndNoDots) {
+    const SeekTable fresh;
+    EXPECT_EQ(fresh.SeekAdCount, 0);
+    const SeekAd ad;
+    for (const int number : {ad.AdNumber, ad.AdRating, ad.AdTime, ad.AdInc}) EXPECT_EQ(number, 0);
+    EXPECT_FALSE(ad.AdComputer);
+    EXPECT_EQ(graph.DotsDrawn, 0);
+    const SeekDot dot;
+    EXPECT_EQ(dot.Left, 0);
+    EXPECT_EQ(dot.Top, 0);
+    EXPECT_EQ(dot.color, 0);
+    EXPECT_EQ(dot.AdNumber, 0);
+    EXPECT_FALSE(dot.filled);
+    EXPECT_FALSE(dot.shown);
+}
+
 // Places
 
 TEST_F(SeekGraphTest, TimeRunsAlongOnALogarithmicScale) {

@@ -51,6 +51,8 @@ struct SeekPollTest : testing::Test {
 
 } // namespace
 
+TEST_F(SeekPollTest, BeforeTheStartTheTimerHasNoInterval) { EXPECT_EQ(poll.interval, 0); }
+
 TEST_F(SeekPollTest, TheFirstTickComesAfter100MillisecondsAndAsks) {
     poll.start();
     passUntil(99);

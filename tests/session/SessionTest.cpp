@@ -362,6 +362,12 @@ TEST_F(SessionTest, WhatTheConnectionHasToTellIsToldInABox) {
     EXPECT_THAT(events, ElementsAre("box no such server", "end of no such server"));
 }
 
+TEST_F(SessionTest, AnErrorOfTheSocketIsToldInABoxAndClosesIt) {
+    session.socketError("refused");
+    EXPECT_THAT(events, ElementsAre("box refused", "end of refused"));
+    EXPECT_EQ(socket, 0);
+}
+
 TEST_F(SessionTest, OnceTheProgramClosesNoFurtherBoxComesUp) {
     inBox = [this] {
         session.tell("two");

@@ -5,6 +5,10 @@
 
 #include <gmock/gmock.h>
 
+#include <initializer_list>
+#include <string>
+#include <vector>
+
 namespace {
 
 class OptionChoices : public SettingsFixture {};
@@ -101,4 +105,49 @@ TEST_F(OptionChoices, EachColourOfTheConsoleIsReadFromAndPutIntoItsOwnVariable) 
     EXPECT_EQ(modChess.ColorType, 6);
     EXPECT_EQ(modChess.ColorShout, 7);
     EXPECT_EQ(consoleColors(), (ConsoleColors{1, 2, 3, 4, 5, 6, 7}));
+}
+
+TEST_F(OptionChoices, TheTickBoxesHaveTheirNamesAndCaptions) {
+    struct Row {
+        const TickOption& option;
+        const char* name;
+        const char* caption;
+    };
+    for (const Row& row : std::initializer_list<Row>{{UseSounds, "chkSounds", "&Use Sounds"},
+                                                     {ArrivalSound, "chkArrival", "A&rrival"},
+                                                     {PreMoves, "chkPreMove", "&Pre-Move"},
+                                                     {Dragging, "chkDrag", "&Drag Mode"},
+                                                     {AlwaysQueen, "chkQueen", "Always Promote to &Queen"},
+                                                     {ConfirmResigning, "chkCnfResign", "Confirm &Resign / Draw"},
+                                                     {SeekOffInGames, "chkSeekOff", "Seek &Off During Games"}}) {
+        EXPECT_STREQ(row.option.name, row.name);
+        EXPECT_STREQ(row.option.caption, row.caption);
+    }
+}
+
+TEST_F(OptionChoices, TheSoundsHaveTheirNamesCaptionsAndWaves) {
+    const auto textsOf = [](const SoundOption& option) {
+        return std::vector<std::string>{option.name,   option.caption,    option.choices,    option.first,
+                                        option.second, option.tickedWave, option.changedWave};
+    };
+    using testing::ElementsAre;
+    EXPECT_THAT(textsOf(soundOptions[0]),
+                ElementsAre("chkMoves", "&Moves", "optMoves", "&Ding", "Cl&op", "capture.wav", "move.wav"));
+    EXPECT_THAT(textsOf(soundOptions[1]), ElementsAre("chkGame", "Game Start / &End", "optStart", "D&ing", "C&lang",
+                                                      "fitebell.wav", "fitebell.wav"));
+    EXPECT_THAT(textsOf(soundOptions[2]),
+                ElementsAre("chkTell", "&Tell", "optTell", "Di&ng", "&Whistle", "whistle.wav", "whistle.wav"));
+}
+
+TEST_F(OptionChoices, TheSchemesHaveTheirNamesAndThePreviewItsFont) {
+    EXPECT_STREQ(colorSchemes[0].name, "Black");
+    EXPECT_STREQ(colorSchemes[1].name, "Pastel");
+    EXPECT_STREQ(colorSchemes[2].name, "White");
+    EXPECT_STREQ(DesignedFont, "Fixedsys");
+}
+
+TEST_F(OptionChoices, WhatWasNotGivenIsBlackAndUnticked) {
+    EXPECT_EQ(ConsoleColors{}, (ConsoleColors{0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_FALSE(SoundSetting{}.ticked);
+    EXPECT_FALSE(SoundSetting{}.second);
 }

@@ -11,14 +11,17 @@ protected:
         Field value;
     };
 
-    // Whatever the fields held before, start values give them those of their rows.
+    // The program starts with the values of the rows, and whatever the fields held, start values give them these again.
     template <typename Field>
     static void expectStart(std::initializer_list<StartValue<Field>> rows) {
         constexpr Field Other = 99;
         for (const auto& row : rows) modChess.*row.field = Other;
         zStartValues();
         int number = 0;
-        for (const auto& row : rows) EXPECT_EQ(modChess.*row.field, row.value) << "row " << number++;
+        for (const auto& row : rows) {
+            EXPECT_EQ(modChess.*row.field, row.value) << "row " << number;
+            EXPECT_EQ(ModChess{}.*row.field, row.value) << "row " << number++;
+        }
     }
 };
 

@@ -36,6 +36,20 @@ TEST_F(WindowSettings, SectionsCarryTheirNamesOlderFilesAndSizes) {
                                    "Chat chesschat.def sized", "History chesshist.def", "Match match.def"));
 }
 
+TEST_F(WindowSettings, EverySectionButTheHistorysHasTheLimitOfThePlacementRule) {
+    for (const auto& s : AllSections) {
+        EXPECT_EQ(s.limit, s.name == std::string("History") ? std::nullopt : std::optional(1)) << s.name;
+    }
+    EXPECT_EQ(ClientLimit, 0);
+}
+
+TEST_F(WindowSettings, NothingReadIsNothing) {
+    EXPECT_EQ(match, (MatchSettings{0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(WindowPlace{}, (WindowPlace{0, 0, 0, 0}));
+    EXPECT_EQ(Extent{}.Width, 0);
+    EXPECT_EQ(Extent{}.Height, 0);
+}
+
 TEST_F(WindowSettings, ASizedSectionReadsFourKeysAndAnotherTwo) {
     zGetReg(store, SeekSection, place);
     EXPECT_THAT(values->keysRead, ElementsAre("Left", "Top", "Width", "Height"));

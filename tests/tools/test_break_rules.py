@@ -167,7 +167,7 @@ class BreakRules(unittest.TestCase):
             with open(path, "w", encoding="utf-8") as file:
                 file.write(workshop.written[path][0])
             said = subprocess.run(["g++", "-std=c++20", "-fsyntax-only", path], capture_output=True, text=True, check=False).stderr
-            self.assertTrue(workshop.blame(said))
+            self.assertTrue(workshop.blame([said]))
         self.assertEqual(workshop.kept, {"Size"})
         self.assertFalse(any(one.fate or one.alone for one in finder.breaks))
 

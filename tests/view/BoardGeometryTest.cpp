@@ -34,7 +34,7 @@ TEST(GetSqr, GivesDisplaySquaresWhateverTheFlip) {
 
 TEST(GetSqr, APointBesideTheBoardIs64) {
     const BoardGeometry board = boardOf(54);
-    EXPECT_EQ(board.zGetSqr(-1, 10), OffBoard);
+    EXPECT_EQ(board.zGetSqr(-1, 10), 64);
     EXPECT_EQ(board.zGetSqr(-0.25F, 10), OffBoard);
     EXPECT_EQ(board.zGetSqr(10, 8 * 54), OffBoard);
     EXPECT_EQ(board.zGetSqr(8 * 54, 10), OffBoard);

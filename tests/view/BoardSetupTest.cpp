@@ -20,6 +20,28 @@ BoardGeometry fitted(std::int32_t boardTwips, std::int16_t chessSet = 0) {
 
 } // namespace
 
+TEST(BoardSetup, AFreshBoardIsUnflippedAndOfTheSmallestSize) {
+    const BoardGeometry board;
+    EXPECT_EQ(board.SquarePixels, 24);
+    EXPECT_EQ(board.SquareTwips, 24 * 15);
+    EXPECT_EQ(board.ImagePixels, 24);
+    EXPECT_EQ(board.PieceList, 7) << "the list of the smallest images";
+    EXPECT_FALSE(board.Flipped);
+    for (const std::int32_t twips : {board.MinHeight, board.MinWidth, board.FormHeight, board.FormWidth})
+        EXPECT_EQ(twips, 0);
+    EXPECT_EQ(FormMeasures{}.height, 0);
+    EXPECT_EQ(FormMeasures{}.frameX, 0);
+    EXPECT_EQ(FormMeasures{}.frameY, 0);
+}
+
+TEST(BoardSetup, TheDesignHasItsFiguresInPixels) {
+    EXPECT_EQ(BoardDesign::SmallestSquare, 24);
+    EXPECT_EQ(BoardDesign::MinHeight, 68);
+    EXPECT_EQ(BoardDesign::MinWidth, 186);
+    EXPECT_EQ(BoardDesign::PanelHeight, 109);
+    EXPECT_EQ(BoardDesign::PanelWidth, 162);
+}
+
 TEST(BoardSetup, TheFormKeepsRoomForItsBarsAndItsPanel) {
     const BoardGeometry board = fitted(8 * 54 * 15);
     EXPECT_EQ(board.MinHeight, 68 * 15 + FrameY);
