@@ -11,6 +11,7 @@ import one_line_breaks
 from break_choices import Choices
 
 ROUNDS = 25
+COMPLAINT = re.compile(r"^([^\s:]+):(\d+):(?:\d+:)? +(.*(?:error:|required from|in .constexpr. expansion|note:.*constant).*)$", re.M)
 FOLDERS = ("src", "tests", "fuzz", "practice")  # where an include in quotes may begin
 
 
@@ -235,7 +236,7 @@ class Workshop:
         """The names and the breaks that the compiler complains of in one unit, and whether it does so elsewhere: what it says of
         breaks may then only follow from that."""
         names, breaks, others = set(), set(), False
-        for path, line, words in re.findall(r"^([^\s:]+):(\d+):(?:\d+:)? +(.*(?:error:|required from|note:.*constant).*)$", said, re.M):
+        for path, line, words in COMPLAINT.findall(said):
             path = os.path.normpath(os.path.join(self.folder, path))
             owners = self.written[path][1].get(int(line), []) if path in self.written else []
             named = self.namedAt(path, int(line), words) & self.loosened

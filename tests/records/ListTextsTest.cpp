@@ -70,6 +70,31 @@ TEST(ListTexts, TheColumnsOfStoredGames) {
                                       {"", 150, Left, -1}});
 }
 
+TEST(ListTexts, EachColumnHasAMeaningAndRoomForItsWidestText) {
+    const auto textsOf = [](int kind, const char* ListColumn::*text) {
+        std::vector<std::string> texts;
+        for (const ListColumn& column : lookOf(static_cast<std::int16_t>(kind)).columns)
+            texts.emplace_back(column.*text);
+        return texts;
+    };
+    const std::string handle = "WilliamManaha";
+    const std::string date = "Wed Aug 20, 22:42 03";
+    EXPECT_THAT(textsOf(0, &ListColumn::meaning),
+                ElementsAre("Number", "Result", "Rating", "Color", "Opponent's rating", "Opponent", "Type", "ECO",
+                            "How it ended", "Date"));
+    EXPECT_THAT(textsOf(0, &ListColumn::widest),
+                ElementsAre("99", "+", "2000", "W", "2000", handle, "psu 99 99", "D99", "Mat", date));
+    EXPECT_THAT(textsOf(1, &ListColumn::meaning),
+                ElementsAre("Slot", "White", "White's rating", "Black", "Black's rating", "Type", "ECO", "How it ended",
+                            "Result", ""));
+    EXPECT_THAT(textsOf(1, &ListColumn::widest),
+                ElementsAre("J", handle, "2000", handle, "2000", "psu 99 99", "D99", "Mat", "1/2-1/2", ""));
+    EXPECT_THAT(textsOf(2, &ListColumn::meaning),
+                ElementsAre("Number", "Color", "Opponent", "On line", "Type", "Strength", "Move", "ECO", "Date", ""));
+    EXPECT_THAT(textsOf(2, &ListColumn::widest),
+                ElementsAre("99", "W", handle, "  Y", "psu 99 99", "39-39", "W123", "D99", date, ""));
+}
+
 TEST(ListTexts, AnyOtherKindIsThatOfStoredGames) {
     for (const int kind : {2, 3, -1, 32767}) EXPECT_EQ(&lookOf(static_cast<std::int16_t>(kind)), &lookOf(2));
     EXPECT_NE(&lookOf(0), &lookOf(1));
