@@ -93,6 +93,15 @@ protected:
 
 } // namespace
 
+TEST_F(ClientKeys, AWindowThatHasReadNothingTicksTimeSealAlone) {
+    const ClientSettings fresh;
+    for (const float twips : {fresh.Left, fresh.Top, fresh.Width, fresh.Height}) EXPECT_EQ(twips, 0);
+    for (const bool tick : {fresh.mnuSeekGrf, fresh.mnuAutoCon, fresh.mnuAutoLogon, fresh.mnuXP}) EXPECT_FALSE(tick);
+    EXPECT_TRUE(fresh.mnuUseTS);
+    EXPECT_EQ(fresh.LastServer, 0);
+    EXPECT_EQ(TellIndex{}.index, 0);
+}
+
 TEST_F(ClientKeys, AreReadInTheOrderOfTheTable) {
     zGetReg(store, client);
     EXPECT_EQ(values->keysRead, names());
