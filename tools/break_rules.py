@@ -30,7 +30,7 @@ LEAST_WAIT = 10  # seconds, for tests that take none
 NEAREST = 40  # tests that are asked first
 LONG = 0.05  # seconds; what takes longer is asked last
 MEMORY = 6 << 30
-DEPENDENTS = 12  # files that one break in a header may have compiled anew
+DEPENDENTS = 4  # files that one break in a header may have compiled anew
 
 
 def coreFiles(root, room):

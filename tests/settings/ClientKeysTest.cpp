@@ -1,4 +1,6 @@
 // Every key of the section Client: order, default, field, and the form of its text.
+#include "settings/ClientKeys.h"
+
 #include "SettingsFixture.h"
 
 #include <functional>

@@ -21,8 +21,8 @@ protected:
     MatchSettings match;
 };
 
-constexpr std::array AllSections{BoardSection, OptionsSection, SeekSection,    HelpSection, NotesSection,
-                                 VarsSection,  ChatSection,    HistorySection, MatchSection};
+const std::array AllSections{BoardSection, OptionsSection, SeekSection,    HelpSection, NotesSection,
+                             VarsSection,  ChatSection,    HistorySection, MatchSection};
 
 } // namespace
 
