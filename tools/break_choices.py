@@ -68,12 +68,10 @@ class Choices:
 
     def isFixed(self, one):
         """Whether the break is in what the compiler itself works out."""
-        if one.function:
-            return self.isKept(one.function)
-        return one.value.fixed or one.value.name in self.kept
+        return self.isKept(one.function or one.value)
 
-    def isKept(self, function):
-        return function.fixed or function.constant and function.name in self.kept
+    def isKept(self, part):
+        return part.fixed or part.constant and part.name in self.kept
 
     def alone(self, one):
         """The file with one break, which needs no number."""

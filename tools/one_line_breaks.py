@@ -93,10 +93,11 @@ def markTemplates(code, tokens):
 
 class Value:
     """What gives a value outside of all functions: its tokens, whose value it is ("" if a constructor's parts), and whether the
-    compiler needs it in any case."""
+    compiler may work it out, or has to."""
 
-    def __init__(self, first, last, name, fixed=False):
-        self.first, self.last, self.name, self.fixed = first, last, name, fixed
+    def __init__(self, first, last, name, constant, fixed):
+        self.first, self.last, self.name = first, last, name
+        self.constant, self.fixed = constant, fixed
 
 
 class Layout:
@@ -135,10 +136,10 @@ class Layout:
         if "namespace" in words or ({"struct", "class", "union", "extern"} & plain and not {"(", "="} & plain):
             self.walk(index + 1, closed)
         elif "enum" in words:
-            self.values.append(Value(index + 1, closed, "", True))
+            self.values.append(Value(index + 1, closed, "", True, True))
         elif "=" in plain and "operator" not in words or not "(" in plain or self.setsMember(begin, index):
             if closed + 1 < len(self.tokens) and self.tokens[closed + 1].text == ";" and "=" not in plain:
-                self.values.append(Value(index + 1, closed, self.nameIn(begin, index)))
+                self.addNamed(begin, index, closed)
         else:
             self.addFunction(begin, index, closed)
         return closed + 1
@@ -170,12 +171,14 @@ class Layout:
         constant, fixed = bool({"constexpr", "consteval"} & words), "consteval" in words
         colon = next((token for token in outer[first:] if token.text == ":"), None)
         if colon:
-            self.values.append(Value(head.index(colon) + begin + 1, index, "", fixed))
+            self.values.append(Value(head.index(colon) + begin + 1, index, "", constant, fixed))
         self.functions.append(Function(name, index, closed, constant, fixed, givesBool))
 
-    def nameIn(self, begin, end):
-        """The last name of a head that stands in no brackets: std::array<int, N> table -> table"""
-        return next((token.text for token in reversed(list(self.outer(begin, end))) if token.kind == "name"), "")
+    def addNamed(self, begin, index, end):
+        """The value behind the token at `index`, of the last name in front that stands in no brackets:
+        constexpr std::array<int, N> table{1, 2} -> table"""
+        names = [token.text for token in self.outer(begin, index) if token.kind == "name"]
+        self.values.append(Value(index + 1, end, names[-1] if names else "", "constexpr" in names, False))
 
     def addValue(self, begin, end):
         if self.tokens[begin].text in ("using", "static_assert", "template", "friend") if begin < end else True:
@@ -184,7 +187,7 @@ class Layout:
         while index < end and self.tokens[index].text != "(":
             token = self.tokens[index]
             if token.text == "=" and not token.template:
-                self.values.append(Value(index + 1, end, self.nameIn(begin, index)))
+                self.addNamed(begin, index, end)
                 return
             index = token.partner + 1 if token.text in OPENING and token.partner is not None else index + 1
 
