@@ -31,8 +31,8 @@ std::string_view columns(std::string_view line, long first, long last) {
 
 // A pair of brackets, by their columns; 0 for one that is not there.
 struct Brackets {
-    long open = 0;
-    long close = 0;
+    long open;
+    long close;
 
     bool found() const { return close != 0; }
     std::string_view inside(std::string_view line) const { return columns(line, open + 1, close - 1); }

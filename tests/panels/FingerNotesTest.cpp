@@ -39,6 +39,8 @@ using SentNotes = RoadRig;
 
 } // namespace
 
+TEST(FingerNotes, AreTen) { EXPECT_EQ(FingerNotes, 10U); }
+
 TEST_F(NotesLines, ANoteIsWhatStandsFromColumnFiveWithoutItsLineEnd) {
     EXPECT_FALSE(zNotesLines(" 1: First note\r\n"));
     EXPECT_FALSE(zNotesLines("10: The tenth \r\n"));

@@ -79,6 +79,9 @@ TEST_F(SelfCheckSheetTest, TypedDigitsMakeANumberOfThreeAtMost) {
     sheet.empty(box);
     for (int times = 0; times < 4; ++times) sheet.type(box, 9);
     EXPECT_EQ(box, 999);
+    sheet.empty(box);
+    for (const int digit : {1, 0, 0, 0}) sheet.type(box, digit);
+    EXPECT_EQ(box, 100);
 }
 
 TEST_F(SelfCheckSheetTest, AWholeNumberIsTakenUnlessItIsBelow0) {

@@ -47,6 +47,8 @@ struct SentVars : RoadRig {
 
 } // namespace
 
+TEST(ServerVars, ThePauseBehindEachChangeHas22HundredthsOfASecond) { EXPECT_DOUBLE_EQ(ChangePause, 0.22); }
+
 // zVarsLines
 
 TEST_F(VarsLines, ATitleEmptiesTheBlockAndIsNotPartOfIt) {

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <iterator>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -84,6 +85,7 @@ TEST(LineFile, AFaultNamesTheFileAndWhatIsWrongWithIt) {
     EXPECT_EQ(said([&] { const LineFile file(rig.path()); }), rig.path() + ": No such file or directory");
     rig.file("a\n");
     LineFile file(rig.path());
+    EXPECT_EQ(said([&] { const LineFile other(rig.path()); }), "a game file is open already");
     std::string line;
     file.take(line);
     EXPECT_EQ(said([&] { file.take(line); }), rig.path() + ": the file ends within a game");
@@ -123,6 +125,18 @@ TEST(LineFile, OneIsOpenAtATime) {
         EXPECT_EQ(faultOf([&] { const LineFile third(rig.path()); }), "file") << "the first is open still";
     }
     EXPECT_EQ(faultOf([&] { const LineFile file(rig.path()); }), "none");
+}
+
+TEST(LineFile, AFileThatIsLeftIsClosed) {
+    const PgnRig rig;
+    rig.file("a\n");
+    const auto openFiles = [] {
+        const std::filesystem::directory_iterator files("/proc/self/fd");
+        return std::distance(begin(files), end(files));
+    };
+    const auto before = openFiles();
+    { const LineFile file(rig.path()); }
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST(LineFile, ClosingTheNumberLetsAnotherFileHaveIt) {

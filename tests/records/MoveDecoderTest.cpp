@@ -142,7 +142,7 @@ TEST(ReadMoveText, WhatStandsBehindTheTargetIsNotLookedAt) {
 TEST(ReadMoveText, ThePieceOfAPromotionStandsBehindTheTarget) {
     const std::vector<std::pair<const char*, int>> table{{"exd8=Q+", 2}, {"e8Q", 2},  {"e8=R", 3}, {"a1=B", 4},
                                                          {"axb1=N", 5},  {"e8=K", 0}, {"e8", 0},   {"e8==Q", 0},
-                                                         {"exd8=q", 0},  {"e8+", 0}};
+                                                         {"exd8=q", 0},  {"e8+", 0},  {"e8=~", 0}};
     for (const auto& [text, piece] : table) EXPECT_EQ(readMoveText(text).promotion, piece) << text;
     EXPECT_EQ(target("exd8=Q+"), "d8");
 }

@@ -101,6 +101,7 @@ TEST(GraphGeometryTest, LaidOutAgainAtItsOwnSizeNothingChanges) {
 
 TEST(GraphGeometryTest, TheLabelsFontIs10PointsOrA645thOfTheWidth) {
     EXPECT_FLOAT_EQ(Laid({6450, 6900}).geometry.FontPoints, 10);
+    EXPECT_FLOAT_EQ(Laid({6450.5F, 6900}).geometry.FontPoints, 10);
     EXPECT_FLOAT_EQ(Laid({6465, 6900}).geometry.FontPoints, 10);
     EXPECT_FLOAT_EQ(Laid({30000, 6900}).geometry.FontPoints, 10);
     EXPECT_FLOAT_EQ(Laid({3225, 6900}).geometry.FontPoints, 5);

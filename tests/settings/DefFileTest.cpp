@@ -59,6 +59,8 @@ TEST(DefFile, BehindTheLastValueAFieldKeepsWhatItHad) {
     EXPECT_EQ(text, "kept");
 }
 
+TEST(DefFile, AtMost64ValuesAreRead) { EXPECT_EQ(DefValues(std::string(70, ',')).all().size(), 64U); }
+
 TEST(DefFile, HugeAndRandomBytesAreReadWithoutHarm) {
     EXPECT_EQ(DefValues(std::string(5'000'000, ',')).all().size(), 64U);
     EXPECT_EQ(DefValues(std::string(5'000'000, '"')).all().size(), 1U);

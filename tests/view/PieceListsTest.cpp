@@ -76,6 +76,7 @@ TEST(PieceLists, BlackImagesFollowTheWhiteOnesByListOfSix) {
         EXPECT_EQ(pieceImage(piece), piece);
         EXPECT_EQ(pieceImage(static_cast<std::int16_t>(-piece)), piece + 6);
     }
+    EXPECT_EQ(PiecesInAList, 12);
 }
 
 TEST(PieceLists, AnEmptySquareAndACodeOfNoPieceHaveNoImage) {
