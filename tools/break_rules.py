@@ -123,25 +123,19 @@ class Tests:
         return len(near) == 1 and self.notice(self.inOrder(set(self.seconds) - set(near)), number)
 
     def noticeValue(self, value, readers, number, program=None):
-        """Whether a quick test fails with a broken value, which these functions name. What is read before the tests begin does not
-        tell who uses it: its break is shown to the tests of its readers first, and then to all others."""
-        told = value in self.entered and value not in self.outside
-        if not told and value not in self.outside and not program:
+        """Whether a test fails with a broken value, which these functions name. What is read before the tests begin does not tell who
+        uses it: its break is shown to the tests of its readers first, and then to all others."""
+        if value in self.entered and value not in self.outside:
+            return self.noticeIn(value, number)
+        if value not in self.outside and not program:
             return False
-        near = {test for part in ({value} if told else readers - self.outside) for test in self.entered.get(part, [])}
-        if self.notice(self.quickOf(near), number, program):
-            return True
-        return (not told or len(near) == 1) and self.notice(self.quickOf(set(self.seconds) - near), number, program)
-
-    def quickOf(self, named):
-        """The tests that take no time, in the order in which they are asked; all, if each takes its time."""
-        tests = self.inOrder(named)
-        return [test for test in tests if self.seconds[test] < LONG] or tests
+        near = {test for reader in readers - self.outside for test in self.entered.get(reader, [])}
+        return self.notice(self.inOrder(near) + self.inOrder(set(self.seconds) - near), number, program)
 
     def notice(self, tests, number, program=None):
         """Whether a test of `tests` fails with the break `number`, or the program with it."""
         quick = [test for test in tests if self.seconds[test] < LONG]
-        parts = (quick[:NEAREST], quick[NEAREST:], tests[len(quick) :])
+        parts = (quick[:NEAREST], quick[NEAREST:], [test for test in tests if self.seconds[test] >= LONG])
         return any(part and self.fails(part, number, program or self.program) for part in parts)
 
     def fails(self, tests, number, program):

@@ -121,6 +121,13 @@ TEST_F(GameRecords, WithBlackToMoveTheStoreBeginsWithWhitesFirstMoveAllTheSame) 
     for (std::size_t ply = 0; ply <= moves.size(); ++ply) EXPECT_EQ(stored(static_cast<int>(ply)), afterFirst(ply));
 }
 
+TEST_F(GameRecords, MovesThatTheLiveGameHasNotSeenAreStoredBehindItsStart) {
+    join({});
+    takeOver({"e4", "e5"});
+    EXPECT_EQ(stored(0), afterFirst(0));
+    EXPECT_EQ(stored(1), afterFirst(1));
+}
+
 TEST_F(GameRecords, TheLiveBoardStandsAsBeforeAndNothingIsPaintedOrSent) {
     join(Opening);
     takeOver(Opening);

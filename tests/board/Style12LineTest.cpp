@@ -231,6 +231,9 @@ TEST(Style12Line, RankTextIsJoinedWhateverItsLength) {
 TEST(Style12Line, TheFixedStartLineIsReadByABoard) {
     const auto tokens = cutOwn(FixedStartLine);
     ASSERT_TRUE(tokens);
+    EXPECT_EQ(FixedStartLine,
+              "<12> rnbqkbnr pppppppp -------- -------- -------- -------- PPPPPPPP RNBQKBNR W -1 1 1 1 1 0 72 "
+              "quillfen Marrowdale -1 0 0 39 39 0 0 1 none (0:00) none 1 0 0");
     EXPECT_EQ((*tokens)[16], "72");
     EXPECT_EQ((*tokens)[19], "-1");
     EXPECT_EQ((*tokens)[30], "1");

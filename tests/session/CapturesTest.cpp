@@ -172,6 +172,14 @@ TEST_F(CapturesTest, VarsAndNotesBlankEachLineAndDropTheFlagFirst) {
     EXPECT_EQ(console(), "behind\r\n");
 }
 
+TEST_F(CapturesTest, TheLineBehindVarsAndNotesStays) {
+    for (bool ModChess::*const flag : {&ModChess::gVarsCapture, &ModChess::gNotesCapture}) {
+        modChess.*flag = true;
+        batch("last\nbehind\n");
+    }
+    EXPECT_EQ(console(), "behind\r\nbehind\r\n");
+}
+
 TEST_F(CapturesTest, BoardUpdatesReachTheirBoardsInTheMiddleOfACapture) {
     modChess.gHelpCapture = true;
     batch("a\n\n" + style12Line(12) + "\nfics% \nb\n");

@@ -99,6 +99,12 @@ protected:
 
 } // namespace
 
+TEST_F(ConnectionTest, UntilATickSeesANewConnectionItsStateIsNoneOfTheSockets) {
+    tickIn(7);
+    connection.mnuConnectClick(0);
+    EXPECT_EQ(connection.SocketState, -1);
+}
+
 // Profiles
 
 TEST_F(ConnectionTest, Profiles0And1GoDirectlyToIpAndPortWithoutTimeSeal) {

@@ -83,6 +83,8 @@ TEST(LineCountTest, AMegabyteIsHeldAndAByteMoreIsNot) {
     EXPECT_TRUE(count.overfull());
 }
 
+TEST(LineCountTest, AMegabyteHas1024TimesAsManyBytesAsAKilobyte) { EXPECT_EQ(MostHeldBytes, 1024U * 1024U); }
+
 TEST(LineCountTest, CountsWhatServerLinesMakesInAnyPieces) {
     std::mt19937 random(1001);
     const std::vector<std::string> parts{"\n\r", "\r\n", "\n", "\r", "\n\n\r", "a", "fics% ", "a line", "\t"};

@@ -104,6 +104,11 @@ TEST_F(LineRoutingTest, HoldingsBehindARecordGoToItsBoardAndVanish) {
     EXPECT_EQ(classifier.SuppressCount, 0);
 }
 
+TEST_F(LineRoutingTest, HoldingsHave1000ShortLinesDropped) {
+    batch("\n" + style12Line(13) + "\n\n<b1> game 13 white [P] black []\nfics% \n");
+    EXPECT_EQ(classifier.SuppressCount, 1000);
+}
+
 TEST_F(LineRoutingTest, EveryRecordSwitchesTheGraphOffIfTheSettingSaysSo) {
     modChess.gSeekOn = true;
     batch("\n" + style12Line(12) + "\n");

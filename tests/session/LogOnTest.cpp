@@ -55,6 +55,14 @@ TEST_F(LogOnTest, UpAtLoginSendsTheHandleAsATypedCommand) {
     EXPECT_EQ(echoed, "Anders\r\n");
 }
 
+TEST_F(LogOnTest, NoKeyIsPressedThatNoPromptAskedFor) {
+    session.connection.mnuAutoLogon = true;
+    pipeline.login = 1;
+    logOn.timer();
+    EXPECT_EQ(pipeline.login, 1);
+    EXPECT_THAT(sent, IsEmpty());
+}
+
 TEST_F(LogOnTest, UpAtPasswordSendsItUnseenAndUnkept) {
     road.zSend("who");
     sent.clear();
