@@ -30,6 +30,7 @@ LEAST_WAIT = 10  # seconds, for tests that take none
 NEAREST = 40  # tests that are asked first
 LONG = 0.05  # seconds; what takes longer is asked last
 MEMORY = 6 << 30
+MOST = 10000  # breaks, functions or values of one file, and more than there are
 DEPENDENTS = 4  # files that one break in a header may have compiled anew
 
 
@@ -155,7 +156,8 @@ class Campaign:
     def __init__(self, options, root, known):
         self.options, self.root, self.known = options, root, known
         self.sources = [Source(root, name) for name in self.files()]
-        self.parts = 0
+        core = [name for room in ROOMS for name in coreFiles(root, room)] + coreHeaders(root)
+        self.places = {name: place for place, name in enumerate(core)}
         self.others = []  # files that read the headers' values and are not broken themselves
         self.choose()
 
@@ -168,9 +170,9 @@ class Campaign:
 
     def choose(self):
         """Numbers the breaks, and keeps a sample of them if one is wanted."""
+        for source in self.sources:
+            self.count(source)
         everything = [one for source in self.sources for one in source.breaks]
-        for number, one in enumerate(everything, 1):
-            one.number = number
         chosen = everything
         if self.options.sample:
             chosen = random.Random(self.options.seed).sample(everything, min(self.options.sample, len(everything)))
@@ -186,13 +188,14 @@ class Campaign:
         for source in self.sources:
             source.breaks = [one for one in source.breaks if one in chosen]
         self.sources = [source for source in self.sources if source.breaks]
-        for source in self.sources:
-            self.count(source)
 
     def count(self, source):
-        for part in source.finder.layout.functions + source.finder.layout.values:
-            self.parts += 1
-            source.numbers[part] = self.parts
+        """Numbers the breaks and the parts of a file from a number of its own on: the other files stay as they are compiled."""
+        first = MOST * (1 + self.places.setdefault(source.name, len(self.places)))
+        for number, one in enumerate(source.breaks, first):
+            one.number = number
+        for number, part in enumerate(source.finder.layout.functions + source.finder.layout.values, first):
+            source.numbers[part] = number
 
     def every(self):
         return [one for source in self.sources for one in source.breaks]

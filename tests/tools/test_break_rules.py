@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """Breaks a small made-up file: which breaks are found, how they are named, and that each is the one that its number chooses."""
+import argparse
 import os
 import re
 import subprocess
@@ -216,6 +217,20 @@ class BreakRules(unittest.TestCase):
         self.assertEqual(askedFor(3, {2, 9}), ["A.b", "A.a", "A.c", "A.slow"])
         self.assertEqual(askedFor(3, {4}), ["A.a", "A.b", "A.c", "A.slow"])
         self.assertEqual(askedFor(5, {2}), [])
+
+    def test_the_numbers_of_a_file_do_not_depend_on_what_else_is_broken(self):
+        root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+        one = "src/view/PieceLists.h"
+
+        def numbers(**asked):
+            options = {"file": None, "room": None, "windows": False, "sample": None, "only": None, "again": None, "inside": False,
+                       "values": False, **asked}
+            campaign = break_rules.Campaign(argparse.Namespace(**options), root, None)
+            return {each.key: each.number for each in campaign.every() if each.file == one}
+
+        alone = numbers(file=[os.path.join(root, one)])
+        self.assertTrue(alone)
+        self.assertEqual(alone, numbers(room=["view", "common"], values=True))
 
     def test_headers_are_those_that_core_includes(self):
         root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
