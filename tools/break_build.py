@@ -119,6 +119,10 @@ class Workshop:
         self.runner = os.path.join(self.scratch, "runner.o")
         must(["g++", "-std=c++20", "-O1", "-c", runner, "-o", self.runner])
 
+    def programOf(self, name):
+        """Where a test program with breaks stands: tests look for other parts of the build beside it."""
+        return os.path.join(self.folder, f"broken_{name}")
+
     def readersOf(self, headers):
         """The units that include one of these headers."""
         return [name for name in self.commands if self.includes.of(name) & set(headers)]

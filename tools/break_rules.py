@@ -71,7 +71,7 @@ class Tests:
 
     def __init__(self, workshop, target):
         self.workshop, self.target = workshop, target
-        self.program = os.path.join(workshop.scratch, target)
+        self.program = workshop.programOf(target)
         workshop.link(target, self.program)
         self.seconds, self.entered, self.failing, self.outside = {}, {}, [], set()
         self.width = {}  # how many functions a test enters: what enters few says most about each
@@ -246,8 +246,11 @@ class Campaign:
             one.fate = noticed
             return
         one.fate = "killed" if noticed else "survived"
+        told = f"{source.name}:{one.line}: {one.key.split(' | ', 1)[1]}"
+        if noticed and self.known.holds(one.key):
+            print(f"listed, but noticed: {told}", flush=True)
         if not noticed and tests.target == "core_tests" and not self.known.holds(one.key):
-            print(f"{source.name}:{one.line}: {one.key.split(' | ', 1)[1]}", flush=True)
+            print(told, flush=True)
 
     def readersOf(self, one):
         name = one.value.name if one.value else one.function.name
@@ -269,12 +272,14 @@ class Campaign:
                     return "no program"
                 if len(units) > DEPENDENTS:
                     return "not made"
-            program = os.path.join(stem, "tests")
+            program = workshop.programOf(one.number)
             workshop.link(tests.target, program, instead)
             part = one.value or one.function
             return tests.noticeValue(source.numbers[part], self.readersOf(one), 0, program)
         finally:
             shutil.rmtree(stem)
+            if os.path.exists(workshop.programOf(one.number)):
+                os.remove(workshop.programOf(one.number))
 
     def report(self):
         """A line for each room; the open survivors stand above."""
