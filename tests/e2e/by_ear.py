@@ -221,8 +221,7 @@ class ByEar(Evening):
         self.path = self.folder / "evening.pgn"
         nameFile(self.display, self.path, lambda: self.display.activeTitle() != "Save Game")
         waitFor(lambda: self.path.exists() and "4. Qxf7" in self.path.read_text(), "the file")
-        self.activate("History for Pupil")
-        self.display.keys("alt+F4")
+        self.display.closeByKey("History for Pupil")
         self.awaitGone("History")
 
     def readAgain(self):

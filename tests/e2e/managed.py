@@ -1,4 +1,5 @@
 """A display with a window manager on it, which has a say in where windows go and which of them has the keyboard."""
+import contextlib
 import re
 import subprocess
 import tempfile
@@ -64,6 +65,17 @@ class ManagedDisplay(Display):
     def activate(self, title):
         self.asked("xdotool", "windowactivate", self.number(title))
         self.awaitActive(title)
+
+    def closeByKey(self, title):
+        """By Alt+F4. The window manager loses a key that comes while it is busy with the window, so it is pressed again as
+        long as that window has the keyboard."""
+        self.activate(title)
+        for _ in range(5):
+            if self.activeTitle().startswith(title):
+                self.keys("alt+F4")
+            with contextlib.suppress(AssertionError):
+                return waitFor(lambda: not self.numberNow(title), f"{title!r} to close", 4)
+        raise AssertionError(f"{title!r} does not close")
 
     def sizeOf(self, title):
         """Width and height of what the frame holds."""

@@ -128,10 +128,7 @@ class SeekGraph(unittest.TestCase):
         waitFor(lambda: self.display.sizeOf(TITLE) == (400 * SCALE, (25 * 12 + 6 + 52) * SCALE), "whole cells of 12")
 
     def testClosedByItsUserItAsksNoMore(self):
-        self.display.activate(TITLE)
-        time.sleep(QUIET)  # the window manager is busy with it
-        self.display.keys("alt+F4")
-        waitFor(lambda: not self.display.numberNow(TITLE), "the graph to close")
+        self.display.closeByKey(TITLE)
         asked = self.server.asked
         time.sleep(2.5)
         self.assertEqual(self.server.asked, asked)
