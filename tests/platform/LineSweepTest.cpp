@@ -1,6 +1,7 @@
 // The sweep frees the layouts of lines and changes nothing else.
 #include "platform/LineSweep.h"
 
+#include "common/HeapInUse.h"
 #include "platform/Console.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -9,8 +10,6 @@
 #include <QTextBlock>
 
 #include <gtest/gtest.h>
-
-#include <malloc.h>
 
 #include <string>
 #include <vector>
@@ -69,14 +68,8 @@ protected:
     }
 };
 
-// Bytes in use; 0 where the allocator does not tell.
-std::size_t inUse() {
-    const auto told = mallinfo2();
-    return told.uordblks + told.hblkhd;
-}
-
 bool comesDownTo(std::size_t bytes) {
-    return QTest::qWaitFor([&] { return inUse() < bytes; });
+    return QTest::qWaitFor([&] { return heapInUse() < bytes; });
 }
 
 } // namespace
@@ -175,11 +168,11 @@ protected:
     // cost in a console that nobody sees and that has grown as this one has. Bytes.
     std::size_t boundOf(int lines, int together) {
         sayTo(unseen, saidUnseen, 1000, together);
-        const std::size_t before = inUse();
+        const std::size_t before = heapInUse();
         sayTo(unseen, saidUnseen, lines, together);
-        const std::size_t cost = inUse() - before;
+        const std::size_t cost = heapInUse() - before;
         say(1000, together);
-        return inUse() + cost + static_cast<std::size_t>(lines) * 50U;
+        return heapInUse() + cost + static_cast<std::size_t>(lines) * 50U;
     }
     static std::string numbered(int begin, int end) {
         std::string text;
@@ -194,7 +187,7 @@ protected:
 };
 
 TEST_F(SweptConsole, LinesThatWereShownCostNoMoreThanThoseThatNeverWere) {
-    if (inUse() == 0) GTEST_SKIP() << "the allocator does not tell";
+    if (heapInUse() == 0) GTEST_SKIP() << "the allocator does not tell";
     for (const int together : {1, 40}) {
         const std::size_t swept = boundOf(2000, together);
         say(2000, together);
@@ -203,13 +196,13 @@ TEST_F(SweptConsole, LinesThatWereShownCostNoMoreThanThoseThatNeverWere) {
 }
 
 TEST_F(SweptConsole, BehindANewWidthTheyDoNotEither) {
-    if (inUse() == 0) GTEST_SKIP() << "the allocator does not tell";
+    if (heapInUse() == 0) GTEST_SKIP() << "the allocator does not tell";
     const std::size_t swept = boundOf(6000, 15);
     say(6000);
     ASSERT_TRUE(comesDownTo(swept));
     console.resize(400, 300);
     QCoreApplication::processEvents();
-    EXPECT_GT(inUse(), swept + 6000U * 100U) << "the toolkit has a new way to break all lines anew";
+    EXPECT_GT(heapInUse(), swept + 6000U * 100U) << "the toolkit has a new way to break all lines anew";
     EXPECT_TRUE(comesDownTo(swept));
 }
 
