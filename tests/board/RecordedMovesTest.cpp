@@ -1,22 +1,19 @@
 // The moves of recorded games against the rules: each is accepted, and leads to the next line's position.
 #include "board/MoveRig.h"
 
-#include "TestPaths.h"
 #include "board/Style12Line.h"
+#include "common/RecordedText.h"
 #include "common/Text.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
 
 namespace {
 
 std::vector<Style12Record> recordsOf(const std::string& stream) {
-    std::ifstream file(std::string(TEST_DATA) + "/streams/" + stream, std::ios::binary);
     std::vector<Style12Record> records;
-    for (std::string line; std::getline(file, line);) {
-        std::erase(line, '\r');
+    for (const std::string& line : recordedLines(stream)) {
         const auto tokens = cutStyle12(line, LineEnd::RestIsToken);
         if (!tokens) continue;
         readStyle12PassingOver(*tokens, Style12Fields::All, records.emplace_back());

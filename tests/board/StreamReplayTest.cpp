@@ -1,25 +1,14 @@
 // Recorded games of two servers, line by line onto boards.
 #include "board/RoutingRig.h"
 
-#include "TestPaths.h"
 #include "common/Fault.h"
+#include "common/RecordedText.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
 
 namespace {
-
-std::vector<std::string> linesOf(const std::string& stream) {
-    std::ifstream file(std::string(TEST_DATA) + "/streams/" + stream, std::ios::binary);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);) {
-        std::erase(line, '\r');
-        lines.push_back(line + "\r\n");
-    }
-    return lines;
-}
 
 // The words of a line from its marker on, read apart from the program's own reader.
 std::vector<std::string> wordsOf(const std::string& line) {
@@ -83,7 +72,7 @@ class StreamReplay : public testing::TestWithParam<Stream> {};
 
 TEST_P(StreamReplay, EveryGameEndsOnThePositionOfItsLastLine) {
     Replay replay;
-    for (const std::string& line : linesOf(GetParam().file)) replay.play(line);
+    for (const std::string& line : recordedLines(GetParam().file)) replay.play(line + "\r\n");
     EXPECT_EQ(replay.positions, GetParam().positions);
     EXPECT_EQ(replay.latest.size(), GetParam().games);
     for (const auto& [number, words] : replay.latest) {
@@ -101,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Recorded, StreamReplay,
 
 TEST(StreamReplay, BughouseHoldingsAreThoseOfTheLatestLine) {
     Replay replay;
-    for (const std::string& line : linesOf("server-a/24_bughouse_observer.raw")) replay.play(line);
+    for (const std::string& line : recordedLines("server-a/24_bughouse_observer.raw")) replay.play(line + "\r\n");
     ASSERT_FALSE(replay.holdings.empty());
     for (const auto& [number, line] : replay.holdings) {
         const auto open = line.find('[');
@@ -117,12 +106,12 @@ TEST(StreamReplay, AGameOf415PliesIsHeldUpTo400AndFaultsAfterIt) {
     Replay replay;
     std::map<int, std::string> moves; // by ply
     int faultedAt = 0;
-    for (const std::string& line : linesOf("server-b/03_long_game_smoves.raw")) {
+    for (const std::string& line : recordedLines("server-b/03_long_game_smoves.raw")) {
         const bool position = line.find("<12> ") != line.npos;
         const auto words = position ? wordsOf(line) : std::vector<std::string>{};
         const int ply = position ? 2 * std::stoi(words[26]) + (words[9] == "B" ? 1 : 0) - 2 : 0;
         try {
-            replay.play(line);
+            replay.play(line + "\r\n");
         } catch (const Fault& fault) {
             EXPECT_EQ(fault.kind(), FaultKind::Subscript);
             faultedAt = ply;

@@ -1,13 +1,10 @@
 // Recorded answers to "help" of two servers, whole and cut off behind each line.
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "common/modChess.h"
 #include "panels/HelpCapture.h"
 #include "session/ServerLines.h"
 
 #include <gmock/gmock.h>
-
-#include <fstream>
-#include <iterator>
 
 using testing::HasSubstr;
 
@@ -16,14 +13,9 @@ namespace {
 constexpr const char* Blocks = "server-b/53_variables_notes_help.raw";
 constexpr const char* Whole = "server-a/53_variables_notes_help.raw";
 
-std::string recorded(const std::string& name) {
-    std::ifstream file(TEST_DATA "/streams/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // From the first line of an answer through as many prompts.
 std::string answer(const std::string& file, const std::string& firstLine, int prompts = 1) {
-    const std::string text = recorded(file);
+    const std::string text = recordedText(file);
     const auto at = text.find(firstLine);
     EXPECT_NE(at, text.npos) << firstLine;
     auto end = at;

@@ -1,25 +1,15 @@
 // Recorded answers of two servers to "variables" and "finger", read field by field.
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "common/modChess.h"
 #include "panels/FingerNotes.h"
 #include "panels/ServerVars.h"
 #include "session/ServerLines.h"
-
-#include <fstream>
-#include <iterator>
 
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
 
 namespace {
-
-std::string recorded(const std::string& name) {
-    std::ifstream file(TEST_DATA "/streams/" + name, std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(file), {});
-    EXPECT_FALSE(text.empty()) << name;
-    return text;
-}
 
 // "0=2 1=12 ..." of what is not 0.
 template <typename Values>
@@ -51,7 +41,7 @@ struct RecordedPanels : testing::Test {
     }
     // Numbers, flags and prompt of each answer; one that does not end is "no end".
     static std::vector<std::string> variables(const std::string& name) {
-        const std::string text = recorded(name);
+        const std::string text = recordedText(name);
         std::vector<std::string> all;
         for (auto at = text.find("Variable settings"); at != text.npos; at = text.find("Variable settings", at + 1)) {
             ServerVars said;
@@ -63,7 +53,7 @@ struct RecordedPanels : testing::Test {
         return all;
     }
     static std::vector<std::string> notes(const std::string& name, const std::string& title) {
-        const std::string text = recorded(name);
+        const std::string text = recordedText(name);
         std::vector<std::string> all;
         for (auto at = text.find(title); at != text.npos; at = text.find(title, at + 1)) {
             modChess.NotesText.fill({});

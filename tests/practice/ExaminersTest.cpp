@@ -1,11 +1,10 @@
 // Tests of several examiners at one board, and of the lines around an examined game beside recorded ones.
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "practice/HallRig.h"
 #include "practice/play/Departure.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <set>
 
 namespace practice {
@@ -48,9 +47,7 @@ std::set<std::string> recordedShapes() {
     std::set<std::string> shapes;
     for (const char* file : {"text/tells_shouts_events.txt", "server-a/01_anders_registered.raw",
                              "server-b/01_anders_registered.raw", "server-b/10_examine_journal.raw"}) {
-        std::ifstream in(std::string(TEST_DATA "/streams/") + file);
-        for (std::string line; std::getline(in, line);) {
-            std::erase(line, '\r');
+        for (std::string line : recordedLines(file)) {
             if (line.starts_with("fics% ")) line.erase(0, 6);
             shapes.insert(shapeOf(line, names));
         }

@@ -1,11 +1,10 @@
 // Tests of the rows of "sought" by the columns in which clients read them, and beside recorded rows.
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "practice/games/Seeks.h"
 #include "practice/text/Text.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <optional>
 
 namespace practice {
@@ -192,21 +191,11 @@ Recorded recordedRow(const std::string& line) {
     return result;
 }
 
-std::vector<std::string> recordedLines(const std::string& file) {
-    std::ifstream in(TEST_DATA "/streams/text/" + file);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(in, line);) {
-        std::erase(line, '\r');
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 TEST(SoughtColumns, TheRowsAreTheRecordedOnes) {
     SeekTable table;
     int compared = 0;
     std::string end;
-    for (const std::string& line : recordedLines("sought.txt")) {
+    for (const std::string& line : recordedLines("text/sought.txt")) {
         if (line.find('-') == std::string::npos) {
             end = line;
             continue;
@@ -240,7 +229,7 @@ Recorded recordedAnnouncement(const std::string& line) {
 
 TEST(SoughtColumns, TheAnnouncementsAreTheRecordedOnes) {
     int compared = 0;
-    for (const std::string& line : recordedLines("seek_announcements.txt")) {
+    for (const std::string& line : recordedLines("text/seek_announcements.txt")) {
         if (line.find(" seeking ") == std::string::npos) continue;
         const Recorded recorded = recordedAnnouncement(line);
         EXPECT_EQ(announcement(recorded.number, recorded.seek), line);

@@ -1,24 +1,16 @@
 // Tests of the answer to "variables", as clients read it.
-#include "TestPaths.h"
 #include "practice/people/Variables.h"
+
+#include "common/RecordedText.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 #include <string>
 
 namespace practice {
 namespace {
-
-// As a public server answered; its lines end with LF.
-std::string published(const std::string& name) {
-    std::ifstream file(TEST_DATA "/streams/text/" + name);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 void replace(std::string& text, const std::string& what, const std::string& by) {
     const std::size_t at = text.find(what);
@@ -47,7 +39,7 @@ TEST(VariablesTable, OneSettingMoreIsAllThatAPublicServersTableLacks) {
     std::string ours = variablesTable("blik", variables);
     replace(ours, "\nropen=1      ", "\n             ");
     replace(ours, "tzone=SERVER", "tzone=???");
-    const std::string theirs = published("variables_registered.txt");
+    const std::string theirs = recordedText("text/variables_registered.txt");
     EXPECT_EQ(ours, theirs.substr(0, ours.size()));
 }
 
@@ -57,7 +49,7 @@ TEST(VariablesTable, AGuestsTableHasThePublicServersColumnsToo) {
     std::string ours = variablesTable("GuestPQJM", variables);
     replace(ours, "\nropen=1      ", "\n             ");
     const std::string columns = ours.substr(0, ours.find("\nPrompt: "));
-    EXPECT_EQ(columns, published("variables_guest.txt").substr(0, columns.size()));
+    EXPECT_EQ(columns, recordedText("text/variables_guest.txt").substr(0, columns.size()));
 }
 
 TEST(VariablesTable, ThePromptsLineIsFollowedByTheInterfaceAndAnEmptyLine) {

@@ -1,12 +1,10 @@
 // Move lists to read: recorded ones, and lines as the pipeline cuts them.
 #pragma once
 
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "common/Text.h"
 #include "records/MoveListCapture.h"
 
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -19,11 +17,6 @@ inline std::vector<std::string> linesWithEnds(const std::string& text) {
         at = end + (end + 1 < text.size() && areBreakPair(text[end], text[end + 1]) ? 2 : 1);
     }
     return lines;
-}
-
-inline std::string recordedText(const std::string& file) {
-    std::ifstream stream(std::string(TEST_DATA) + "/streams/" + file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 inline bool isHeader(const std::string& line) { return contains(line, ") vs. ") && contains(line, " --- "); }

@@ -1,12 +1,10 @@
 // Recorded answers to "history", "journal" and "stored" of three servers, whose columns are not all alike.
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "common/modChess.h"
 #include "records/ListCapture.h"
 #include "session/ServerLines.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 #include <gmock/gmock.h>
 
@@ -18,13 +16,6 @@ namespace {
 
 using Reader = bool (*)(HistoryLists& lists, const std::string& line);
 using Rows = std::vector<std::string>;
-
-std::string recorded(const std::string& name) {
-    std::ifstream file(TEST_DATA "/streams/" + name, std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(file), {});
-    EXPECT_FALSE(text.empty()) << name;
-    return text;
-}
 
 // Fields 0 to 10 with bars between them.
 std::string joined(const HistoryRow& row) {
@@ -59,7 +50,7 @@ struct RecordedLists : testing::Test {
 
     // The answers that hold `title`, from there up to the prompt.
     static std::vector<Answer> answers(const std::string& name, Reader reader, const std::string& title) {
-        const std::string text = recorded(name);
+        const std::string text = recordedText(name);
         std::vector<Answer> all;
         for (auto at = text.find(title); at != text.npos; at = text.find(title, at + 1)) {
             const auto prompt = text.find(modChess.gPrompt, at);
@@ -70,7 +61,7 @@ struct RecordedLists : testing::Test {
     }
     // Of a published excerpt: an empty line stands where the prompt was.
     static std::vector<Answer> excerpts(const std::string& name, Reader reader, const std::string& title) {
-        const std::string text = recorded("text/" + name);
+        const std::string text = recordedText("text/" + name);
         std::vector<Answer> all;
         for (auto at = text.find(title); at != text.npos; at = text.find(title, at + 1)) {
             all.push_back(read(reader, text.substr(at, text.find("\n\n", at) - at)));

@@ -1,12 +1,10 @@
 // Recorded answers to "sought" of three servers, whose columns are not all alike.
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "seek/AdTexts.h"
 #include "seek/SoughtCapture.h"
 #include "session/ServerLines.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 #include <gmock/gmock.h>
 
@@ -15,13 +13,6 @@ using testing::ElementsAre;
 using testing::SizeIs;
 
 namespace {
-
-std::string recorded(const std::string& name) {
-    std::ifstream file(TEST_DATA "/streams/" + name, std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(file), {});
-    EXPECT_FALSE(text.empty()) << name;
-    return text;
-}
 
 // What each answer left in the table, and the lines that stayed on the console. A batch ends behind a prompt, as it
 // does when the server's answer comes behind one.
@@ -32,7 +23,7 @@ struct Answers {
 
     explicit Answers(const std::string& name) {
         const std::string prompt = "fics% ";
-        const std::string text = recorded(name);
+        const std::string text = recordedText(name);
         for (std::size_t at = 0; at < text.size();) {
             const std::size_t end = std::min(text.find(prompt, at), text.size() - prompt.size()) + prompt.size();
             read(text.substr(at, end - at));

@@ -2,7 +2,7 @@
 // session reaches the new one.
 #include "session/ProgramRig.h"
 
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "common/Text.h"
 #include "common/modChess.h"
 #include "platform/WaitUntil.h"
@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <fstream>
 #include <random>
 #include <set>
 
@@ -20,15 +19,9 @@ namespace {
 
 constexpr ProgramRig::Pace Whole{1'000'000, 0, 50};
 
-std::string streamText(const std::string& name) {
-    std::ifstream file(std::string(TEST_DATA) + "/streams/" + name, std::ios::binary);
-    EXPECT_TRUE(file.good()) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // A session that ends in the middle of a game.
 std::string newSession() {
-    const std::string stream = streamText("server-b/01_anders_registered.raw");
+    const std::string stream = recordedText("server-b/01_anders_registered.raw");
     std::size_t end = 0;
     for (int record = 0; record < 12; ++record) end = stream.find("<12> ", end) + 5;
     return stream.substr(0, stream.find(FicsPrompt, end) + 6);
@@ -167,7 +160,7 @@ void cutBehind(ProgramRig& rig, const std::string& last) {
     rig.holdTime();
     rig.connectNow();
     rig.learnPrompt();
-    const std::string stream = streamText("server-a/20_bughouse_GuestABCD.raw");
+    const std::string stream = recordedText("server-a/20_bughouse_GuestABCD.raw");
     rig.replayMessages(stream.substr(0, stream.find(FicsPrompt, stream.find("<b1>")) + 6), Whole);
     EXPECT_NE(rig.boardOf(1), nullptr);
     rig.send(last);
@@ -177,7 +170,7 @@ void cutBehind(ProgramRig& rig, const std::string& last) {
 } // namespace
 
 TEST_P(CutLine, AnywhereLosesNothingAndLeavesTheNextSessionAsItIsInAFreshProgram) {
-    const std::string stream = streamText(GetParam());
+    const std::string stream = recordedText(GetParam());
     const std::string next = newSession();
     const Outcome fresh = freshSession(next);
     EXPECT_EQ(fresh.fault, "none");

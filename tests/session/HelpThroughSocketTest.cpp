@@ -1,7 +1,7 @@
 // Help pages in the program, with a server at a real socket: what opens their panel, how blocks are fetched, what ends
 // an answer, and what else arrives among its lines.
-#include "TestPaths.h"
 #include "board/BoardRig.h"
+#include "common/RecordedText.h"
 #include "panels/HelpPage.h"
 #include "panels/frmChessHelp.h"
 #include "platform/LoadedWindow.h"
@@ -9,9 +9,6 @@
 
 #include <QCheckBox>
 #include <QPushButton>
-
-#include <fstream>
-#include <iterator>
 
 #include <gmock/gmock.h>
 
@@ -86,11 +83,6 @@ protected:
 
     std::optional<HelpRoads> helpRoads; // of `client`
 };
-
-std::string recorded(const std::string& name) {
-    std::ifstream file(TEST_DATA "/streams/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 } // namespace
 
@@ -229,8 +221,8 @@ TEST_F(HelpThroughSocket, NoHelpAvailableEndsTheCaptureWithNoWaitForThePrompt) {
 
 TEST_F(HelpThroughSocket, RecordedPagesComeWhole) {
     openPanel();
-    const std::string blocks = recorded("server-b/53_variables_notes_help.raw");
-    const std::string other = recorded("server-a/53_variables_notes_help.raw");
+    const std::string blocks = recordedText("server-b/53_variables_notes_help.raw");
+    const std::string other = recordedText("server-a/53_variables_notes_help.raw");
     struct Case {
         const std::string& text;
         const char* from;

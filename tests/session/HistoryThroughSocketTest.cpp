@@ -1,15 +1,12 @@
 // The lists of games in the program, with a server at a real socket: what opens their window, what becomes of the
 // answers, and what else arrives among them.
-#include "TestPaths.h"
 #include "board/BoardRig.h"
+#include "common/RecordedText.h"
 #include "platform/LoadedWindow.h"
 #include "records/HistoryTable.h"
 #include "records/ListLines.h"
 #include "records/frmHistory.h"
 #include "session/ClientRig.h"
-
-#include <fstream>
-#include <iterator>
 
 #include <gmock/gmock.h>
 
@@ -108,11 +105,6 @@ protected:
 
     std::optional<HistoryRoads> historyRoads; // of `client`
 };
-
-std::string recorded(const std::string& name) {
-    std::ifstream file(TEST_DATA "/streams/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 } // namespace
 
@@ -234,7 +226,7 @@ TEST_F(HistoryThroughSocket, RecordedAnswersOfBothServersEndWithTheirPrompts) {
         {"server-b/52_journal_stored.raw", "Stored games for Carla:", "cmdStored", 0}};
     openFor("foo");
     for (const Case& each : cases) {
-        const std::string text = recorded(each.file);
+        const std::string text = recordedText(each.file);
         const auto at = text.find(each.title);
         ASSERT_NE(at, text.npos) << each.title;
         const std::string block = text.substr(at, text.find(Prompt, at) + 6 - at);

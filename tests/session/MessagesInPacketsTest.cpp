@@ -2,7 +2,7 @@
 #include "session/LinesByBatch.h"
 #include "session/SlowWire.h"
 
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "common/Text.h"
 #include "session/TellLine.h"
 
@@ -10,7 +10,6 @@
 #include <cctype>
 #include <numeric>
 #include <set>
-#include <sstream>
 
 namespace {
 
@@ -100,7 +99,7 @@ std::string withoutTelnet(const std::string& stream) {
 }
 
 struct MessagesInPackets : testing::TestWithParam<const char*> {
-    std::string stream = streamText(TEST_DATA "/streams/" + std::string(GetParam()) + ".raw");
+    std::string stream = recordedText(GetParam() + std::string(".raw"));
 };
 
 std::string nameOf(const testing::TestParamInfo<const char*>& info) {

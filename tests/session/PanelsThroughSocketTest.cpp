@@ -1,14 +1,11 @@
 // The panels of variables and notes in the program, with a server at a real socket: what they ask, what becomes of the
 // answers, and what else arrives among them.
-#include "TestPaths.h"
 #include "board/BoardRig.h"
+#include "common/RecordedText.h"
 #include "panels/frmICSVars.h"
 #include "panels/frmNotes.h"
 #include "platform/StreamText.h"
 #include "session/ClientRig.h"
-
-#include <fstream>
-#include <iterator>
 
 #include <gmock/gmock.h>
 
@@ -121,14 +118,9 @@ protected:
     std::optional<PanelRoads> panelRoads; // of `client`
 };
 
-std::string recorded(const std::string& name) {
-    std::ifstream file(TEST_DATA "/streams/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // The recorded answer with this title, up to its prompt, its lines one by one.
 std::vector<std::string> answerOf(const std::string& name, const std::string& title) {
-    const std::string text = recorded(name);
+    const std::string text = recordedText(name);
     const auto from = text.find(title);
     auto to = text.find("\n\rfics% ", from);
     std::vector<std::string> all;

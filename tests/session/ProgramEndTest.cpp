@@ -3,13 +3,13 @@
 
 #include "TestPaths.h"
 #include "board/BoardRig.h"
+#include "common/RecordedText.h"
 #include "platform/WaitUntil.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include <csignal>
 
@@ -25,11 +25,6 @@ std::string record(int moveNumber, const char* turn) {
     const auto line =
         LineOf{.turn = turn, .game = 7, .relation = 0, .moveNumber = moveNumber, .verbose = "P/e2-e4", .pretty = "e4"};
     return "\n\r" + line.text("\n\rfics% ");
-}
-
-std::string longGame() {
-    std::ifstream file(std::string(TEST_DATA) + "/streams/server-b/03_long_game_smoves.raw", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 constexpr int BetweenArrivalsMs = 400;
@@ -116,7 +111,8 @@ TEST(EndByFault, NotPly400) {
 }
 
 TEST(EndByFault, ARecordedGameOf415Plies) {
-    expectFault(longGame(), "brightrank: subscript error: subscript 201 is outside 0 to 200 (rows of the move list)");
+    expectFault(recordedText("server-b/03_long_game_smoves.raw"),
+                "brightrank: subscript error: subscript 201 is outside 0 to 200 (rows of the move list)");
 }
 
 TEST_P(EndBySignal, WritesTheSettingsAndEndsWithStatus0) {

@@ -1,13 +1,10 @@
 // A program that is left open for weeks loses its line every day: what a connection took is given back at its end.
 #include "session/ProgramRig.h"
 
-#include "TestPaths.h"
 #include "common/HeapInUse.h"
+#include "common/RecordedText.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
-#include <iterator>
 
 namespace {
 
@@ -16,8 +13,7 @@ constexpr int More = 40;
 constexpr std::size_t AllowedEach = 1024; // bytes a connection
 
 std::string sessionText() {
-    std::ifstream file(TEST_DATA "/streams/server-b/01_anders_registered.raw", std::ios::binary);
-    const std::string all{std::istreambuf_iterator<char>(file), {}};
+    const std::string all = recordedText("server-b/01_anders_registered.raw");
     const std::size_t end = all.find(FicsPrompt, all.find("<12> ", all.find("<12> ") + 1));
     EXPECT_NE(end, std::string::npos);
     return all.substr(0, end + 6);

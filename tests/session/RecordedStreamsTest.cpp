@@ -1,7 +1,7 @@
 // Recorded sessions, cut into packets of several sizes, through the pipeline and the classifier.
 #include "session/SlowWire.h"
 
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "common/Text.h"
 
 #include <cctype>
@@ -24,7 +24,7 @@ struct Recording {
 void PrintTo(const Recording& recording, std::ostream* out) { *out << recording.name; }
 
 struct RecordedStreams : SlowWire, testing::WithParamInterface<Recording> {
-    std::string stream = streamText(std::string(TEST_DATA "/streams/") + GetParam().name + ".raw");
+    std::string stream = recordedText(GetParam().name + std::string(".raw"));
 
     // Every game has a board: its own number.
     RecordedStreams() {

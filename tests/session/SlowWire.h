@@ -8,18 +8,10 @@
 #include "platform/TelnetFilter.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 #include <string_view>
 #include <vector>
-
-inline std::string streamText(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    EXPECT_TRUE(stream.good()) << file;
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 // The session behind a wire whose time is simulated; its timers run in that time.
 struct SlowWire : SessionRig {

@@ -2,14 +2,13 @@
 #include "session/LinesByBatch.h"
 #include "session/ProgramRig.h"
 
-#include "TestPaths.h"
+#include "common/RecordedText.h"
 #include "common/modChess.h"
 #include "platform/Colors.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <sstream>
 
 namespace {
@@ -21,12 +20,6 @@ struct Stream {
 };
 
 void PrintTo(const Stream& stream, std::ostream* out) { *out << stream.file; }
-
-std::string streamText(const std::string& name) {
-    std::ifstream file(std::string(TEST_DATA) + "/streams/" + name, std::ios::binary);
-    EXPECT_TRUE(file.good()) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // The Style 12 lines of a stream as `ProgramRig::updates` notes them, read apart from the program's own reader.
 std::vector<std::string> positionsIn(const std::string& stream) {
@@ -122,7 +115,7 @@ class StreamsThroughProgram : public testing::TestWithParam<Stream> {};
 } // namespace
 
 TEST_P(StreamsThroughProgram, EveryPositionReachesItsBoardInOrder) {
-    const std::string stream = streamText(GetParam().file);
+    const std::string stream = recordedText(GetParam().file);
     const Outcome outcome = outcomeOf(stream, {7, 0, 0});
     const auto expected = positionsIn(stream);
     EXPECT_EQ(std::ssize(expected), GetParam().positions);
@@ -132,7 +125,7 @@ TEST_P(StreamsThroughProgram, EveryPositionReachesItsBoardInOrder) {
 }
 
 TEST_P(StreamsThroughProgram, MessagesInPacketsWithPausesChangeNothing) {
-    const std::string stream = streamText(GetParam().file);
+    const std::string stream = recordedText(GetParam().file);
     const Outcome whole = outcomeOf(stream, Whole);
     std::vector<Pace> paces{{7, 2, 50}, {100, 10, 50}, {Lines, 0, 50}, {Lines, 10, 50}};
     if (stream.size() < Small) paces.insert(paces.end(), {{1, 0, 50}, {1, 10, 50}});
@@ -153,7 +146,7 @@ TEST_P(StreamsThroughProgram, MessagesInPacketsWithPausesChangeNothing) {
 // of games that ended may differ, and so may whether a list of moves was asked for. No position, move or other command
 // does, and no line but where the rules look at its batch.
 TEST_P(StreamsThroughProgram, MessagesWithoutPausesLoseAndDoubleNothing) {
-    const std::string stream = streamText(GetParam().file);
+    const std::string stream = recordedText(GetParam().file);
     const Outcome whole = outcomeOf(stream, Whole);
     const auto lines = shownLines(whole.console);
     modChess.gPrompt = FicsPrompt;
@@ -202,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Stream{"text/variables_guest.txt", 0, 0}, Stream{"text/variables_registered.txt", 0, 0}));
 
 TEST(StreamsThroughProgram, AGameOf415PliesEndsTheProgramAtPly401InAllPackets) {
-    const std::string stream = streamText("server-b/03_long_game_smoves.raw");
+    const std::string stream = recordedText("server-b/03_long_game_smoves.raw");
     const auto positions = positionsIn(stream);
     for (const Pace& pace : {Whole, Pace{7, 2, 50}, Pace{Lines, 0, 0}, Pace{1'000'000, 0, 0}}) {
         const Outcome outcome = outcomeOf(stream, pace);
@@ -217,7 +210,7 @@ TEST(StreamsThroughProgram, TellsAndShoutsOfARecordedSessionHaveTheirColours) {
     rig.holdTime();
     rig.connectNow();
     rig.learnPrompt();
-    rig.replayMessages(streamText("server-a/02_berta_registered.raw"), Whole);
+    rig.replayMessages(recordedText("server-a/02_berta_registered.raw"), Whole);
     const auto holds = [](const std::vector<std::string>& lines, const char* part) {
         return std::ranges::count_if(lines, [part](const auto& line) { return line.find(part) != line.npos; });
     };
@@ -230,7 +223,7 @@ TEST(StreamsThroughProgram, TellsAndShoutsOfARecordedSessionHaveTheirColours) {
 // A packet ends with a prompt by chance, so ten messages are one arrival: the end of game 1 is read behind the first
 // positions of the next game 1, whose board is the old one's and goes with it.
 TEST(StreamsThroughProgram, HoldingsOfAGameThatBeganInTheArrivalOfItsPredecessorsEndEndTheProgram) {
-    const Outcome outcome = outcomeOf(streamText("server-b/02_berta_registered.raw"), {100, 2, 0});
+    const Outcome outcome = outcomeOf(recordedText("server-b/02_berta_registered.raw"), {100, 2, 0});
     EXPECT_EQ(outcome.fault, "subscript error: bughouse holdings for a game that has no board, met by "
                              "\"<b1> game 1 White [P] Black [] <- WP\"");
 }

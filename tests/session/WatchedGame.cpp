@@ -1,14 +1,13 @@
 // A running game as a server tells it to those who watch, and what a board of it has to show.
 #include "session/WatchedGame.h"
 
-#include "TestPaths.h"
 #include "board/ClockFace.h"
+#include "common/RecordedText.h"
 #include "session/ProgramRig.h"
 
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <fstream>
 #include <sstream>
 
 namespace {
@@ -30,9 +29,8 @@ using Words = std::vector<std::string>;
 
 // The positions of the recorded game, each after a move.
 std::vector<Words> readPositions() {
-    std::ifstream file(std::string(TEST_DATA) + "/streams/server-b/03_long_game_smoves.raw", std::ios::binary);
     std::vector<Words> positions;
-    for (std::string line; std::getline(file, line);) {
+    for (const std::string& line : recordedLines("server-b/03_long_game_smoves.raw")) {
         const auto begin = line.find("<12> ");
         if (begin == line.npos) continue;
         std::istringstream text(line.substr(begin));
