@@ -68,8 +68,10 @@ void append(const std::string& fileName, std::string_view text) {
     struct stat before {};
     const bool known = ::fstat(file, &before) == 0;
     const bool written = known && writeAll(file, text);
-    const bool cut = written || (known && ::ftruncate(file, before.st_size) == 0);
-    if (::close(file) != 0 || !written || !cut) throw Fault(FaultKind::File, "\"" + fileName + "\" cannot be written");
+    if (known && !written) {
+        [[maybe_unused]] const int undone = ::ftruncate(file, before.st_size);
+    }
+    if (::close(file) != 0 || !written) throw Fault(FaultKind::File, "\"" + fileName + "\" cannot be written");
 }
 
 } // namespace
