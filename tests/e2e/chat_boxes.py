@@ -2,7 +2,7 @@
 """A talk in a chat box of the built program: opened for whoever has told something, and answered by typing."""
 from game import QUIET, SCALE, PlayedByHand, time, unittest, waitFor
 from rig import LOG_ON, Client, Display
-from screen import Screen, iter4
+from screen import Screen, letters
 from scripted import ScriptedServer
 from style12 import PROMPT
 
@@ -184,7 +184,7 @@ class LinesOfTheServer(Windows, unittest.TestCase):
     def tells(self, window):
         """The rows of pixels in which letters of a tell stand."""
         picture = self.upper(window)
-        return {y: picture.row(y) for y in range(picture.height) if any(iter4(picture.row(y), TELL))}
+        return {y: picture.row(y) for y in range(picture.height) if letters(picture.row(y), TELL)}
 
     def testAChannelHasABox(self):
         self.beginWithABox("Rookery(50): good evening", "Chat on 50")

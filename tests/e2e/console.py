@@ -6,7 +6,7 @@ import unittest
 
 from managed import ManagedDisplay
 from rig import QUIET, SCALE, Client, endProcess, waitFor
-from screen import iter4
+from screen import letters
 from scripted import ScriptedServer
 from style12 import PROMPT
 
@@ -66,7 +66,7 @@ class Console(unittest.TestCase):
         picture = self.display.picture(left, top, width, height)
         found = {}
         for y in range(height):
-            places = list(iter4(picture.row(y), TELL))
+            places = letters(picture.row(y), TELL)
             if places:
                 found[y] = places[-1]
         return found
@@ -115,9 +115,17 @@ class Console(unittest.TestCase):
         waitFor(lambda: self.tellRows(CONSOLE), "the tell in the console")
 
     def consolePicture(self):
-        """The text of the console, without its edges."""
+        """The text of the console, without its edges, once it stands still."""
         left, top, width, height = self.display.areaOf(CONSOLE)
-        return self.display.picture(left + 30 * SCALE, top + 60 * SCALE, width - 90 * SCALE, height - 160 * SCALE)
+        last = []
+
+        def still():
+            time.sleep(QUIET)
+            now = self.display.picture(left + 30 * SCALE, top + 60 * SCALE, width - 90 * SCALE, height - 160 * SCALE)
+            last.append(now.part(0, 0, now.width, now.height))
+            return len(last) > 1 and last[-1] == last[-2] and last[-1]
+
+        return waitFor(still, "the console to stand still")
 
     def testWhatIsReadWithTheWheelStaysWhereItIsWhileTextStreamsInAndTheEndIsFollowedAgain(self):
         self.fillConsole()
@@ -125,14 +133,11 @@ class Console(unittest.TestCase):
         self.display.move(left + width // 2, top + height // 2)
         for _ in range(5):
             self.display.turnWheel(up=True)
-        time.sleep(2 * QUIET)
         read = self.consolePicture()
         for number in range(30):
             self.server.say(f"\n\rRookery tells you: good evening {number}" + PROMPT)
             time.sleep(0.02)
-        time.sleep(2 * QUIET)
-        now = self.consolePicture()
-        self.assertEqual(now.part(0, 0, now.width, now.height), read.part(0, 0, read.width, read.height))
+        self.assertEqual(self.consolePicture(), read)
         for _ in range(60):
             self.display.turnWheel(up=False)
         waitFor(lambda: self.tellRows(CONSOLE), "the tells in the console")
@@ -154,8 +159,7 @@ class Console(unittest.TestCase):
         self.display.resize(BOX, 400 * SCALE, 160 * SCALE)
         time.sleep(QUIET)
         self.server.say("\n\rRookery tells you: mmmmmmmmmmmmmmmmmmmm" + PROMPT)
-        time.sleep(2 * QUIET)
-        self.assertGreater(max(self.tellRows(BOX).values()), 100 * SCALE)
+        waitFor(lambda: max(self.tellRows(BOX).values(), default=0) > 100 * SCALE, "the last tell in the chat box")
 
 
 if __name__ == "__main__":

@@ -6,7 +6,7 @@ import unittest
 
 from managed import ManagedDisplay
 from rig import QUIET, SCALE, waitFor
-from screen import iter4
+from screen import letters
 from scripted import ScriptedCase
 from style12 import PROMPT
 
@@ -42,7 +42,7 @@ class HelpPanel(ScriptedCase):
         """How many rows of pixels of the pane hold letters."""
         left, top, width, height = self.display.areaOf(PANEL)
         picture = self.display.picture(left, top, width, height - 60 * SCALE)
-        return sum(next(iter4(picture.row(y), INK), None) is not None for y in range(picture.height))
+        return sum(bool(letters(picture.row(y), INK)) for y in range(picture.height))
 
     def awaitNothing(self):
         time.sleep(QUIET)

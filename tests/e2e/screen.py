@@ -1,4 +1,6 @@
 """A board as it stands on the screen: where its squares are, what stands on them, and how they are marked."""
+import re
+
 LIGHT, DARK = (241, 234, 205), (188, 131, 46)  # the default colours of the squares
 MOVED, PRE_MOVED = (255, 0, 0), (0, 255, 0)  # and of the marks
 SQUARES = [file + rank for rank in "12345678" for file in "abcdefgh"]
@@ -88,6 +90,14 @@ def iter4(row, colour):
         if at % 4 == 0:
             yield at // 4
         at = row.find(colour, at + 1)
+
+
+def letters(row, colour):
+    """Columns of the pixels that letters of that colour cover by three quarters or more of a black ground. Not every
+    letter covers one wholly, and what is left of the full colour then differs from machine to machine."""
+    channels = (b"[%s-%s]" % (re.escape(bytes([most * 3 // 4])), re.escape(bytes([most]))) for most in colour)
+    found = re.finditer(b"(?=%s)" % b"".join(channels), row)
+    return [each.start() // 4 for each in found if each.start() % 4 == 0]
 
 
 def pieceOn(rows, square):
