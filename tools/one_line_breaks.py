@@ -24,6 +24,8 @@ NO_STATEMENT = {"if", "for", "while", "switch", "do", "else", "try", "catch", "c
                 "struct", "class", "enum", "namespace", "public", "private", "template", "friend", "typedef"}
 DECLARES = {"const", "static", "constexpr", "auto", "thread_local"}
 OPENING = {"(": ")", "[": "]", "{": "}"}
+SUBSCRIPT = r"\[(?:[^\[\]]|\[[^\[\]]*\])*\]"
+SET = rf"(?:[\w.]|->|{SUBSCRIPT})+?"  # what a statement sets: rows[at + 1].text
 
 
 class Token:
@@ -56,9 +58,8 @@ def cutTokens(code):
     """The tokens of `code` without comments and preprocessor lines, with brackets paired."""
     tokens = []
     for found in TOKEN.finditer(code):
-        kind = "text" if found.lastgroup == "mark" else found.lastgroup
-        if kind not in ("skip", "pre"):
-            tokens.append(Token(kind, found.group(), found.start()))
+        if found.lastgroup not in ("skip", "pre"):
+            tokens.append(Token(found.lastgroup, found.group(), found.start()))
     pairBrackets(tokens)
     markTemplates(code, tokens)
     return tokens
@@ -77,9 +78,10 @@ def pairBrackets(tokens):
 
 
 def markTemplates(code, tokens):
-    """What stands between `<` right behind a name and its `>` is a template's."""
+    """What stands between `<` right behind a name, or behind `template`, and its `>` is a template's."""
     for index, token in enumerate(tokens):
-        if token.text != "<" or index == 0 or tokens[index - 1].kind != "name" or tokens[index - 1].end != token.at:
+        before = tokens[index - 1]
+        if token.text != "<" or index == 0 or before.kind != "name" or before.end != token.at and before.text != "template":
             continue
         depth = 0
         for end in range(index, len(tokens)):
@@ -120,7 +122,8 @@ class Layout:
                 begin = index = index + 1
             elif text == "{":
                 index = self.brace(begin, index)
-                if self.tokens[index - 1].text == "}" and index < end and self.tokens[index].text not in (";", ",", "{", ")"):
+                isBody = self.functions and self.functions[-1].closed == index - 1
+                if isBody or index < end and self.tokens[index].text not in (";", ",", "{", ")"):
                     begin = index
             elif text in OPENING:
                 index = (self.tokens[index].partner or index) + 1
@@ -137,6 +140,8 @@ class Layout:
             self.walk(index + 1, closed)
         elif "enum" in words:
             self.values.append(Value(index + 1, closed, "", True, True))
+        elif self.tokens[index - 1].text == "]" and self.tokens[self.tokens[index - 1].partner - 1].text == "=":
+            self.addLambda(begin, index, closed)
         elif "=" in plain and "operator" not in words or not "(" in plain or self.setsMember(begin, index):
             if closed + 1 < len(self.tokens) and self.tokens[closed + 1].text == ";" and "=" not in plain:
                 self.addNamed(begin, index, closed)
@@ -174,11 +179,19 @@ class Layout:
             self.values.append(Value(head.index(colon) + begin + 1, index, "", constant, fixed))
         self.functions.append(Function(name, index, closed, constant, fixed, givesBool))
 
+    def addLambda(self, begin, index, closed):
+        """A lambda that gives a value outside of functions has the value's name: const auto sizes = [] {"""
+        names = self.namesOf(begin, index)
+        self.functions.append(Function(names[-1], index, closed, "constexpr" in names, False, False))
+
     def addNamed(self, begin, index, end):
         """The value behind the token at `index`, of the last name in front that stands in no brackets:
         constexpr std::array<int, N> table{1, 2} -> table"""
-        names = [token.text for token in self.outer(begin, index) if token.kind == "name"]
+        names = self.namesOf(begin, index)
         self.values.append(Value(index + 1, end, names[-1] if names else "", "constexpr" in names, False))
+
+    def namesOf(self, begin, end):
+        return [token.text for token in self.outer(begin, end) if token.kind == "name"]
 
     def addValue(self, begin, end):
         if self.tokens[begin].text in ("using", "static_assert", "template", "friend") if begin < end else True:
@@ -370,7 +383,7 @@ class Finder:
         self.drop(first, text)
         if first.text in JUMPS:
             return None
-        if previous and ("(" in text or "(" in previous[1]) and not independent(previous[1], text):
+        if previous and not independent(previous[1], text):
             self.add(f"swap {flat(previous[1])} and {flat(text)}", (previous[0].at, previous[0].at + len(previous[1]), text),
                      (first.at, first.at + len(text), previous[1]))
         return first, text
@@ -381,6 +394,8 @@ class Finder:
     def declares(self, index, end):
         if self.tokens[index].text in DECLARES:
             return True
+        if self.tokens[index].text in ("*", "&", "delete"):
+            return False
         while index < end and (self.tokens[index].kind == "name" or self.tokens[index].text == "::"
                                or self.tokens[index].template or self.tokens[index].text in ("&", "*")):
             if self.tokens[index].kind == "name" and self.tokens[index + 1].kind == "name":
@@ -412,12 +427,15 @@ class Finder:
 
 
 def independent(one, other):
-    """Whether both set something, and neither names what the other sets: their order is no rule."""
-    sets = [re.match(r"([\w.\->\[\]]+)(?: = |\.clear\(\))(.*)", text, re.S) for text in (one, other)]
+    """Whether both set something, and neither names what the other sets: their order is no rule. Beside a call only a plain
+    assignment is looked at in this way."""
+    how = r" = |\.clear\(\)" if "(" in one + other else r" [-+*/%|&^]?= |\+\+|--|$"
+    sets = [re.match(rf"(?:\+\+|--)?({SET})(?:{how})(.*)", text, re.S) for text in (one, other)]
     if not all(sets) or sets[0][1] == sets[1][1]:
-        return False
-    named = [re.findall(r"\w+", re.sub(r"\[.*?\]", "", found[1]))[-1] for found in sets]
-    return not any(re.search(rf"\b{named[1 - number]}\b", found[2]) for number, found in enumerate(sets))
+        return one == other
+    named = [re.findall(r"\w+", re.sub(SUBSCRIPT, "", found[1]))[-1] for found in sets]
+    seen = [" ".join([*re.findall(SUBSCRIPT, found[1]), found[2]]) for found in sets]
+    return not any(re.search(rf"\b{named[1 - number]}\b", text) for number, text in enumerate(seen))
 
 
 def flat(text):

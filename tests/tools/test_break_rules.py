@@ -113,6 +113,33 @@ class BreakRules(unittest.TestCase):
         told = toldOf("void f() {\n    a = g(1);\n    b = g(2);\n    c = g(b);\n}\n")
         self.assertEqual([one for one in told if one.startswith("swap")], ["swap b = g(2) and c = g(b)"])
 
+    def test_swaps_assignments_that_see_each_other(self):
+        def swaps(*lines):
+            told = toldOf("void f() {\n" + "".join(f"    {line};\n" for line in lines) + "}\n")
+            return [one for one in told if one.startswith("swap")]
+
+        self.assertEqual(swaps("a = b", "b = 0"), ["swap a = b and b = 0"])
+        self.assertEqual(swaps("rows[at] = line", "++at"), ["swap rows[at] = line and ++at"])
+        self.assertEqual(swaps("text += line", "text += ' '"), ["swap text += line and text += ' '"])
+        self.assertEqual(swaps("rows[at + 1] = 0", "cells[rows[at]] = 1"), ["swap rows[at + 1] = 0 and cells[rows[at]] = 1"])
+        for one, other in (("a = b", "c = d"), ("rows[0] = a", "rows[1] = b"), ("a += b", "--c"), ("++at", "++at")):
+            self.assertEqual(swaps(one, other), [])
+
+    def test_drops_what_is_set_through_a_pointer(self):
+        self.assertIn("drop *place = 3", toldOf("void f(int* place) {\n    *place = 3;\n}\n"))
+        self.assertIn("drop delete place", toldOf("void f(int* place) {\n    delete place;\n}\n"))
+        self.assertNotIn("drop int* other", toldOf("void f() {\n    int* other;\n}\n"))
+
+    def test_breaks_templates_whose_arguments_have_values(self):
+        code = "template <typename T, int Last = 7>\nclass Row {\n    bool has(int n) { return n <= Last; }\n};\n"
+        self.assertEqual(toldOf(code), ["negate return n <= Last", "<= -> <"])
+
+    def test_breaks_a_lambda_that_gives_a_value_as_a_function(self):
+        finder = finderOf("const Row Sizes = [] {\n    Row row;\n    row.fill(3);\n    return row;\n}();\nint last = 4;\n")
+        self.assertEqual([(one.function.name, one.told) for one in finder.breaks if one.function],
+                         [("Sizes", "drop row.fill(3)"), ("Sizes", "3 -> 4"), ("Sizes", "3 -> 2")])
+        self.assertEqual([one.told for one in finder.breaks if not one.function], ["4 -> 5", "4 -> 3"])
+
     def test_keys_outlive_the_moving_of_lines(self):
         keys = [one.key for one in finderOf(CODE).breaks]
         self.assertEqual(keys, [one.key for one in finderOf("\n\n" + CODE.replace("    if", "        if")).breaks])
