@@ -1,4 +1,5 @@
 """The build folder of tools/break_rules.py: writes files with their breaks, compiles them and what includes them, links test programs."""
+import fcntl
 import hashlib
 import json
 import os
@@ -98,10 +99,30 @@ class Workshop:
         self.scratch = os.path.join(folder, "breaks")
         self.shadow = os.path.join(self.scratch, "headers")
         self.includes = Includes(root)
+        self.before = self.times()
         self.commands, self.objects, self.own = {}, {}, {}  # unit -> command, object of the build, object with breaks
         self.written = {}  # path -> text, owners
         self.kept = set()
         self.remembered = {}
+
+    def take(self):
+        """Holds the folder until the program ends: two calls in it would write over each other's files."""
+        os.makedirs(self.scratch, exist_ok=True)
+        self.held = open(os.path.join(self.scratch, "held"), "w", encoding="utf-8")
+        try:
+            fcntl.flock(self.held, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            sys.exit(f"another call works in {self.folder}; --build names another folder")
+
+    def times(self):
+        """When each file that may be compiled or read was changed."""
+        walks = [walk for top in ("src", "tests") for walk in os.walk(os.path.join(self.root, top))]
+        paths = [os.path.join(folder, name) for folder, _, names in walks for name in names if not name.endswith((".py", ".pyc"))]
+        return {os.path.relpath(path, self.root): os.stat(path).st_mtime_ns for path in paths if os.path.exists(path)}
+
+    def changed(self):
+        """The files that were changed since this began: what was found may be neither of the old nor of the new tree."""
+        return sorted({name for name, _ in self.before.items() ^ self.times().items()})
 
     def configure(self, targets):
         environment = {**os.environ, "CCACHE_NOHASHDIR": "1", "CCACHE_BASEDIR": self.root,
@@ -114,7 +135,6 @@ class Workshop:
             if found:
                 name = os.path.relpath(found[2], self.root)
                 self.commands[name], self.objects[name] = line, found[1]
-        os.makedirs(self.scratch, exist_ok=True)
         runner = os.path.join(self.root, "tools", "break_runner.cpp")
         self.runner = os.path.join(self.scratch, "runner.o")
         must(["g++", "-std=c++20", "-O1", "-c", runner, "-o", self.runner])
@@ -138,7 +158,7 @@ class Workshop:
         if "-MF" in words:
             words[words.index("-MF") + 1] = object_ + ".d"
         done = run(words, cwd=self.folder)
-        return "" if done.returncode == 0 else done.stderr
+        return "" if done.returncode == 0 else done.stderr or f"the compiler ended with {done.returncode}"
 
     def prepare(self, sources, pool):
         """Compiles all files with their breaks, and what includes them. What the compiler takes badly leaves, or is compiled alone."""
@@ -179,6 +199,14 @@ class Workshop:
             self.written[path] = (text, owners)
             if not os.path.exists(path) or textOf(path) != text:
                 put(path, text)
+        self.dropHeaders()
+
+    def dropHeaders(self):
+        """A changed copy of an earlier call would be compiled in place of the tree's own header."""
+        for folder, _, names in os.walk(self.shadow):
+            for path in (os.path.join(folder, name) for name in names):
+                if path not in self.written:
+                    os.remove(path)
 
     def wanted(self, source, one):
         """Copies of functions cost time to compile, so only those asked for are made; the others are cheap and stay."""
@@ -202,6 +230,8 @@ class Workshop:
         stamp = self.own[name] + (".checked" if only else ".stamp")
         if os.path.exists(stamp) and textOf(stamp) == mark:
             return ""
+        if os.path.exists(stamp):
+            os.remove(stamp)  # the object may be another one from here on, or none if this is interrupted
         said = self.compile(name, path, self.own[name], only=only)
         if not said:
             put(stamp, mark)
@@ -258,7 +288,7 @@ class Workshop:
         return os.path.join(self.scratch, "remembered.json")
 
     def recall(self, sources):
-        """What did not compile in an earlier run, in files that are still the same, leaves at once."""
+        """What did not compile in an earlier run leaves at once, if the file and what it includes are still the same."""
         if os.path.exists(self.memory()):
             self.remembered = json.loads(textOf(self.memory()))
         self.kept |= set(self.remembered.get("kept", []))
@@ -277,7 +307,10 @@ class Workshop:
         put(self.memory(), json.dumps(self.remembered, indent=1))
 
     def hashOf(self, source):
-        return hashlib.sha1(source.code.encode()).hexdigest()
+        mark = hashlib.sha1(source.code.encode())
+        for header in sorted(self.includes.of(source.name)):
+            mark.update(textOf(os.path.join(self.root, header)).encode())
+        return mark.hexdigest()
 
     def link(self, target, program, instead=None):
         """Links a test program with all that was compiled here; `instead` gives other objects for some units."""

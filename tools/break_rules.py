@@ -20,10 +20,12 @@ import resource
 import shutil
 import subprocess
 import sys
+import tempfile
+import threading
 import time
 
 import break_choices
-from break_build import Includes, Source, Workshop, put, run
+from break_build import Includes, Source, Workshop, put, run, textOf
 
 ROOMS = ["common", "platform", "settings", "view", "records", "seek", "panels", "board", "session"]
 LEAST_WAIT = 10  # seconds, for tests that take none
@@ -52,15 +54,18 @@ class Known:
 
     def __init__(self, path):
         self.reasons = {}
+        self.twice = []
         key = None
         with open(path, encoding="utf-8") as file:
             for line in file.read().splitlines():
                 if line.startswith("#") or not line:
                     continue
                 if line.startswith("    "):
-                    self.reasons[key] = self.reasons.get(key, "") + line.strip()
+                    self.reasons[key] += line.strip()
                 else:
                     key = line
+                    self.twice += [key] if key in self.reasons else []
+                    self.reasons.setdefault(key, "")
 
     def holds(self, key):
         return bool(self.reasons.get(key))
@@ -75,13 +80,16 @@ class Tests:
         workshop.link(target, self.program)
         self.seconds, self.entered, self.failing, self.outside = {}, {}, [], set()
         self.width = {}  # how many functions a test enters: what enters few says most about each
+        self.unbroken = {}  # tests that were run together without a break -> whether they passed
+        self.turn = threading.Lock()
         trace = self.program + ".trace"
+        put(trace, "")
         done = self.start(self.program, {"BREAK_TRACE": trace}, ["--gtest_brief=1"], 3600)
-        if done is None:
-            sys.exit(f"{target} does not end")
-        with open(trace, encoding="utf-8") as file:
-            for line in file:
-                self.readTrace(line.split())
+        lines = textOf(trace).splitlines()
+        if done is None or lines[-1:] != ["end"]:
+            sys.exit(f"{target} does not come to its end without a break\n{done.stderr if done else ''}")
+        for line in lines[:-1]:
+            self.readTrace(line.split())
 
     def readTrace(self, words):
         functions = {int(word) for word in words[2:]}
@@ -96,16 +104,16 @@ class Tests:
                 self.entered.setdefault(function, []).append(words[0])
 
     def start(self, program, environment, arguments, limit):
-        """Runs the program away from the user's files; None if it had to be stopped."""
-        home = self.workshop.scratch
+        """Runs the program away from the user's files and from what others left; None if it had to be stopped."""
         limits = lambda: (resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY)),
                           resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 28, 1 << 28)),
                           resource.setrlimit(resource.RLIMIT_CORE, (0, 0)))
-        try:
-            return run([program, *arguments], cwd=home, timeout=limit, preexec_fn=limits, stdin=subprocess.DEVNULL,
-                       env={**os.environ, "HOME": home, "XDG_CONFIG_HOME": home, "QT_QPA_PLATFORM": "", **environment})
-        except subprocess.TimeoutExpired:
-            return None
+        with tempfile.TemporaryDirectory(dir=self.workshop.scratch, ignore_cleanup_errors=True) as home:
+            try:
+                return run([program, *arguments], cwd=home, timeout=limit, preexec_fn=limits, stdin=subprocess.DEVNULL,
+                           env={**os.environ, "HOME": home, "XDG_CONFIG_HOME": home, "QT_QPA_PLATFORM": "", **environment})
+            except subprocess.TimeoutExpired:
+                return None
 
     def ofFunctions(self, functions):
         """The tests to run for a break in these functions, in the order in which they are asked."""
@@ -137,16 +145,25 @@ class Tests:
         """Whether a test of `tests` fails with the break `number`, or the program with it."""
         quick = [test for test in tests if self.seconds[test] < LONG]
         parts = (quick[:NEAREST], quick[NEAREST:], [test for test in tests if self.seconds[test] >= LONG])
-        return any(part and self.fails(part, number, program or self.program) for part in parts)
+        return any(part and self.fails(part, number, program or self.program) and self.passUnbroken(part) for part in parts)
+
+    def passUnbroken(self, tests):
+        """Whether these tests pass by themselves and in this order: if not, their failing says nothing of a break."""
+        key = tuple(tests)
+        with self.turn:
+            if key not in self.unbroken:
+                self.unbroken[key] = not self.fails(tests, 0, self.program)
+                if not self.unbroken[key]:
+                    print(f"not counted, for they fail together without a break: {' '.join(tests)}", flush=True)
+            return self.unbroken[key]
 
     def fails(self, tests, number, program):
-        flags = f"{self.program}.{os.getpid()}.{number}.flags"
-        with open(flags, "w", encoding="utf-8") as file:
-            file.write("--gtest_filter=" + ":".join(tests))
         expected = sum(self.seconds[test] for test in tests)
-        done = self.start(program, {"BREAK_CHOSEN": str(number)},
-                          ["--gtest_brief=1", "--gtest_fail_fast", "--gtest_flagfile=" + flags], LEAST_WAIT + 5 * expected)
-        os.remove(flags)
+        with tempfile.NamedTemporaryFile("w", dir=self.workshop.scratch, suffix=".flags", encoding="utf-8") as flags:
+            flags.write("--gtest_filter=" + ":".join(tests))
+            flags.flush()
+            done = self.start(program, {"BREAK_CHOSEN": str(number)},
+                              ["--gtest_brief=1", "--gtest_fail_fast", "--gtest_flagfile=" + flags.name], LEAST_WAIT + 5 * expected)
         return done is None or done.returncode != 0
 
 
@@ -155,6 +172,8 @@ class Campaign:
 
     def __init__(self, options, root, known):
         self.options, self.root, self.known = options, root, known
+        self.workshop = Workshop(root, os.path.join(root, options.build))
+        self.targets = ["core_tests"] + (["window_tests"] if options.windows else [])
         self.sources = [Source(root, name) for name in self.files()]
         core = [name for room in ROOMS for name in coreFiles(root, room)] + coreHeaders(root)
         self.places = {name: place for place, name in enumerate(core)}
@@ -201,14 +220,17 @@ class Campaign:
         return [one for source in self.sources for one in source.breaks]
 
     def run(self):
-        workshop = Workshop(self.root, os.path.join(self.root, self.options.build))
-        workshop.configure(["core_tests"] + (["window_tests", "brightrank"] if self.options.windows else []))
+        workshop = self.workshop
+        workshop.take()
+        workshop.configure([*self.targets, "brightrank"] if self.options.windows else self.targets)
         self.addReaders(workshop)
         with concurrent.futures.ThreadPoolExecutor(self.options.jobs) as pool:
             workshop.prepare(self.sources + self.others, pool)
+            if workshop.changed():
+                sys.exit(f"changed while it was compiled: {' '.join(workshop.changed())}")
             alone = sum(1 for one in self.every() if one.alone and one.fate is None)
             print(f"{time.strftime('%H:%M:%S')} compiled; {alone} breaks need a compilation of their own", flush=True)
-            for target in ["core_tests"] + (["window_tests"] if self.options.windows else []):
+            for target in self.targets:
                 tests = Tests(workshop, target)
                 if tests.failing:
                     print(f"not counted, for they fail without a break: {' '.join(tests.failing)}")
@@ -249,7 +271,7 @@ class Campaign:
         told = f"{source.name}:{one.line}: {one.key.split(' | ', 1)[1]}"
         if noticed and self.known.holds(one.key):
             print(f"listed, but noticed: {told}", flush=True)
-        if not noticed and tests.target == "core_tests" and not self.known.holds(one.key):
+        if not noticed and tests.target == self.targets[-1] and not self.known.holds(one.key):
             print(told, flush=True)
 
     def readersOf(self, one):
@@ -283,7 +305,8 @@ class Campaign:
 
     def report(self):
         """A line for each room; the open survivors stand above."""
-        print(f"{'room':10}{'breaks':>8}{'killed':>8}{'listed':>8}{'open':>8}{'killed of 100':>16}{'not made':>10}{'not reached':>14}")
+        print(f"{'room':10}{'breaks':>8}{'killed':>8}{'listed':>8}{'open':>8}{'killed of 100':>16}"
+              f"{'no program':>12}{'not made':>10}{'not reached':>14}")
         rooms = {}
         for one in self.every():
             rooms.setdefault(one.file.split("/")[1], []).append(one)
@@ -294,7 +317,10 @@ class Campaign:
             killed, open_ = count("killed"), count("survived") - listed
             rate = 100 * killed / max(1, killed + open_)
             made = killed + listed + open_
-            print(f"{room:10}{made:8}{killed:8}{listed:8}{open_:8}{rate:16.1f}{count('not made'):10}{count(None):14}")
+            print(f"{room:10}{made:8}{killed:8}{listed:8}{open_:8}{rate:16.1f}"
+                  f"{count('no program'):12}{count('not made'):10}{count(None):14}")
+        if self.workshop.changed():
+            print(f"changed in the meantime: {' '.join(self.workshop.changed())}")
         return 1 if any(one.fate == "survived" and not self.known.holds(one.key) for one in self.every()) else 0
 
 

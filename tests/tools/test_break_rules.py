@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
 """Breaks a small made-up file: which breaks are found, how they are named, and that each is the one that its number chooses."""
 import argparse
+import contextlib
+import io
 import os
 import re
 import subprocess
 import sys
 import tempfile
+import threading
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "tools"))
@@ -217,18 +220,24 @@ class BreakRules(unittest.TestCase):
         return lambda number, traced=0: subprocess.run([program], capture_output=True, text=True, check=True,
                                                        env={"CHOSEN": str(number), "TRACED": str(traced)}).stdout
 
-    def test_what_one_test_alone_entered_is_shown_to_all_others(self):
+    def made(self):
+        """Tests of no program, which say by `fails` what they find."""
         tests = break_rules.Tests.__new__(break_rules.Tests)
-        tests.outside, tests.program = {4}, ""
+        tests.program, tests.unbroken, tests.turn = "", {}, threading.Lock()
+        return tests
+
+    def test_what_one_test_alone_entered_is_shown_to_all_others(self):
+        tests = self.made()
+        tests.outside = {4}
         tests.seconds = {name: 0 for name in ("A.a", "A.b", "A.c")}
         tests.width = {name: 1 for name in tests.seconds}
         tests.entered = {1: ["A.a"], 2: ["A.a", "A.b"]}
-        tests.fails = lambda names, number, program: "A.c" in names
+        tests.fails = lambda names, number, program: number and "A.c" in names
         self.assertEqual([tests.noticeIn(function, 1) for function in (1, 2, 3, 4)], [True, False, False, True])
 
     def test_a_value_is_shown_to_its_readers_first(self):
-        tests = break_rules.Tests.__new__(break_rules.Tests)
-        tests.outside, tests.program = {3, 9}, ""
+        tests = self.made()
+        tests.outside = {3, 9}
         tests.seconds = {"A.a": 0, "A.b": 0, "A.c": 0, "A.slow": 1}
         tests.width = {name: 1 for name in tests.seconds}
         tests.entered = {1: ["A.a", "A.b"], 2: ["A.b"], 4: ["A.slow"]}
@@ -245,13 +254,160 @@ class BreakRules(unittest.TestCase):
         self.assertEqual(askedFor(3, {4}), ["A.a", "A.b", "A.c", "A.slow"])
         self.assertEqual(askedFor(5, {2}), [])
 
+    def test_what_fails_without_a_break_notices_none(self):
+        tests = self.made()
+        tests.seconds = {"A.a": 0, "A.b": 0, "A.slow": 1}
+        asked = []
+
+        def fails(names, number, program):
+            asked.append((names, number))
+            return names == ["A.a", "A.b"]
+
+        tests.fails = fails
+        with contextlib.redirect_stdout(io.StringIO()) as told:
+            self.assertEqual([tests.notice(list(tests.seconds), number) for number in (1, 2)], [False, False])
+        self.assertEqual(told.getvalue(), "not counted, for they fail together without a break: A.a A.b\n")
+        self.assertEqual(asked, [(["A.a", "A.b"], 1), (["A.a", "A.b"], 0), (["A.slow"], 1), (["A.a", "A.b"], 2), (["A.slow"], 2)])
+
+    def workshop(self, folder):
+        workshop = break_build.Workshop(folder, os.path.join(folder, "build"))
+        os.makedirs(workshop.scratch)
+        return workshop
+
+    def traced(self, folder, ending):
+        """Tests of a program that writes its trace and does `ending`."""
+        workshop = self.workshop(folder)
+        body = f"#!/bin/sh\necho 'A.a 2000 1' > $BREAK_TRACE\necho '!A.b 0 1' >> $BREAK_TRACE\n{ending}\n"
+
+        def link(target, program):
+            break_build.put(program, body)
+            os.chmod(program, 0o755)
+
+        workshop.link = link
+        return break_rules.Tests(workshop, "made")
+
+    def test_a_program_that_ends_in_its_middle_without_a_break_is_told(self):
+        with tempfile.TemporaryDirectory() as folder:
+            tests = self.traced(folder, "echo end >> $BREAK_TRACE; exit 1")
+            self.assertEqual((tests.seconds, tests.failing, tests.entered), ({"A.a": 2}, ["A.b"], {1: ["A.a"]}))
+        for ending in ("exit 0", "kill $$"):
+            with tempfile.TemporaryDirectory() as folder, self.assertRaisesRegex(SystemExit, "made does not come to its end"):
+                self.traced(folder, ending)
+
+    def test_each_run_of_a_program_has_a_folder_and_a_list_of_its_own(self):
+        with tempfile.TemporaryDirectory() as folder:
+            tests = self.traced(folder, "echo end >> $BREAK_TRACE")
+            program = os.path.join(folder, "asks")
+            break_build.put(program, '#!/bin/sh\ngrep -q "filter=A.$BREAK_CHOSEN$" ${3#*=} || exit 1\ntest ! -e left || exit 1\n'
+                            'touch left\nsleep 0.1\ngrep -q "filter=A.$BREAK_CHOSEN$" ${3#*=}\n')
+            os.chmod(program, 0o755)
+            tests.seconds = {f"A.{number}": 0 for number in range(4)}
+            found = []
+            runs = [threading.Thread(target=lambda number=number: found.append(tests.fails([f"A.{number}"], number, program)))
+                    for number in range(4)]
+            for one in runs:
+                one.start()
+            for one in runs:
+                one.join()
+            self.assertEqual(found, [False] * 4)
+            self.assertTrue(tests.fails(["A.1"], 2, program))
+
+    def test_two_calls_do_not_share_a_folder(self):
+        with tempfile.TemporaryDirectory() as folder:
+            first = self.workshop(folder)
+            second = break_build.Workshop(folder, first.folder)
+            first.take()
+            with self.assertRaisesRegex(SystemExit, "another call works in"):
+                second.take()
+            second.held.close()
+            first.held.close()
+            second.take()
+            second.held.close()
+
+    def test_what_is_changed_in_the_meantime_is_told(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("src/a.cpp", "src/b.cpp", "tests/c.cpp"):
+                break_build.put(os.path.join(folder, name), "")
+            workshop = self.workshop(folder)
+            self.assertEqual(workshop.changed(), [])
+            os.utime(os.path.join(folder, "src/a.cpp"), (1, 1))
+            os.remove(os.path.join(folder, "tests/c.cpp"))
+            for name in ("tests/d.cpp", "tests/tools/e.py"):
+                break_build.put(os.path.join(folder, name), "")
+            self.assertEqual(workshop.changed(), ["src/a.cpp", "tests/c.cpp", "tests/d.cpp"])
+
+    def test_a_broken_header_of_an_earlier_call_is_gone(self):
+        with tempfile.TemporaryDirectory() as folder:
+            workshop = self.workshop(folder)
+            for name in ("src/view/Old.h", "src/view/New.h"):
+                break_build.put(os.path.join(folder, name), "constexpr int Size = 3;\n")
+            self.written(workshop, folder, "src/view/Old.h")
+            self.written(workshop, folder, "src/view/New.h")
+            self.assertEqual(os.listdir(os.path.join(workshop.shadow, "view")), ["New.h"])
+
+    def written(self, workshop, folder, name):
+        source = break_build.Source(folder, name)
+        for number, one in enumerate(source.breaks, 1):
+            one.number = number
+        source.numbers = {part: 1 for part in source.finder.layout.values}
+        workshop.write([source])
+
+    def test_an_object_that_was_not_finished_is_made_anew(self):
+        with tempfile.TemporaryDirectory() as folder:
+            workshop = self.workshop(folder)
+            break_build.put(os.path.join(folder, "src/a.cpp"), "int a;\n")
+            workshop.commands = {"src/a.cpp": "g++ -o a.o -c a.cpp"}
+            says = iter(["", "interrupted", "", "not asked again"])
+            workshop.compile = lambda *one, **only: next(says)
+            self.assertEqual(workshop.bring("src/a.cpp", []), "")
+            workshop.commands = {"src/a.cpp": "g++ -O1 -o a.o -c a.cpp"}
+            self.assertEqual(workshop.bring("src/a.cpp", []), "interrupted")
+            workshop.commands = {"src/a.cpp": "g++ -o a.o -c a.cpp"}
+            self.assertEqual([workshop.bring("src/a.cpp", []) for _ in range(2)], ["", ""])
+            self.assertEqual(next(says), "not asked again")
+
+    def test_a_compiler_that_ends_without_a_word_has_not_compiled(self):
+        with tempfile.TemporaryDirectory() as folder:
+            workshop = self.workshop(folder)
+            compiler = os.path.join(folder, "c++")
+            break_build.put(compiler, "#!/bin/sh\nexit 3\n")
+            os.chmod(compiler, 0o755)
+            workshop.commands = {"a.cpp": f"{compiler} -o a.o -c a.cpp"}
+            self.assertEqual(workshop.compile("a.cpp", "a.cpp", "a.o"), "the compiler ended with 3")
+
+    def test_what_did_not_compile_is_asked_anew_with_another_header(self):
+        with tempfile.TemporaryDirectory() as folder:
+            workshop = self.workshop(folder)
+            header = os.path.join(folder, "src/a.h")
+            break_build.put(header, "int a();\n")
+            break_build.put(os.path.join(folder, "src/a.cpp"), '#include "a.h"\nint a() { return 1; }\n')
+
+            def fates():
+                source = break_build.Source(folder, "src/a.cpp")
+                again = break_build.Workshop(folder, workshop.folder)
+                again.recall([source])
+                return {one.fate for one in source.breaks}, source
+
+            _, source = fates()
+            for one in source.breaks:
+                one.fate = "no program"
+            workshop.remember([source])
+            self.assertEqual(fates()[0], {"no program"})
+            break_build.put(header, "long a();\n")
+            self.assertEqual(fates()[0], {None})
+
+    def test_the_rooms_are_the_folders_of_the_sources(self):
+        root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+        folders = [name for name in os.listdir(os.path.join(root, "src")) if os.path.isdir(os.path.join(root, "src", name))]
+        self.assertEqual(sorted(break_rules.ROOMS), sorted(folders))
+
     def test_the_numbers_of_a_file_do_not_depend_on_what_else_is_broken(self):
         root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
         one = "src/view/PieceLists.h"
 
         def numbers(**asked):
             options = {"file": None, "room": None, "windows": False, "sample": None, "only": None, "again": None, "inside": False,
-                       "values": False, **asked}
+                       "values": False, "build": "build/break_rules", **asked}
             campaign = break_rules.Campaign(argparse.Namespace(**options), root, None)
             return {each.key: each.number for each in campaign.every() if each.file == one}
 
@@ -270,8 +426,11 @@ class BreakRules(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             path = os.path.join(folder, "list.txt")
             with open(path, "w", encoding="utf-8") as file:
-                file.write("# words\n\na.cpp | f | x < 1; | < -> <=\n    Never 1.\na.cpp | f | y; | drop y\n")
+                file.write("# words\n\na.cpp | f | x < 1; | < -> <=\n    Never 1.\na.cpp | f | y; | drop y\n"
+                           "a.cpp | f | x < 1; | < -> <=\n    Or never 2.\n")
             known = break_rules.Known(path)
+        self.assertEqual(known.twice, ["a.cpp | f | x < 1; | < -> <="])
+        self.assertEqual(list(known.reasons), ["a.cpp | f | x < 1; | < -> <=", "a.cpp | f | y; | drop y"])
         self.assertTrue(known.holds("a.cpp | f | x < 1; | < -> <="))
         self.assertFalse(known.holds("a.cpp | f | y; | drop y"))
         self.assertFalse(known.holds("b.cpp | f | x < 1; | < -> <="))
@@ -279,9 +438,12 @@ class BreakRules(unittest.TestCase):
     def test_the_list_names_breaks_that_can_be_made(self):
         root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
         known = break_rules.Known(os.path.join(root, "tools", "equivalent_breaks.txt"))
-        names = {key.split(" | ")[0] for key in known.reasons}
-        made = {one.key for name in names for one in break_rules.Source(root, name).breaks}
-        self.assertEqual(sorted(set(known.reasons) - made), [])
+        names = break_rules.coreHeaders(root) + [name for room in break_rules.ROOMS for name in break_rules.coreFiles(root, room)]
+        made = [one.key for name in names for one in break_rules.Source(root, name).breaks]
+        self.assertEqual(len(made), len(set(made)))
+        self.assertEqual(sorted(set(known.reasons) - set(made)), [])
+        self.assertEqual(known.twice, [])
+        self.assertEqual([key for key in known.reasons if not known.holds(key)], [])
 
 
 if __name__ == "__main__":
