@@ -10,6 +10,7 @@ import sys
 import tempfile
 import threading
 import unittest
+import unittest.mock
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "tools"))
 import break_build
@@ -111,6 +112,10 @@ class BreakRules(unittest.TestCase):
         outside = [one.told for one in finderOf(CODE).breaks if not one.function]
         self.assertEqual(inside, {"Pair", "sumOfPair", "isSmall", "total", "word"})
         self.assertEqual(outside, ["7 -> 8", "7 -> 6", "3 -> 4", "3 -> 2", "8 -> 9", "8 -> 7", "+ -> -", "1 -> 2", "1 -> 0"])
+
+    def test_leaves_static_assertions_alone_and_finds_what_follows_a_label(self):
+        self.assertEqual(toldOf("int f(int n) {\n    static_assert(4 < 5);\n    switch (n) {\n    case A::One: g();\n    }\n}\n"),
+                         ["drop g()"])
 
     def test_swaps_no_assignments_that_do_not_see_each_other(self):
         told = toldOf("void f() {\n    a = g(1);\n    b = g(2);\n    c = g(b);\n}\n")
@@ -271,13 +276,13 @@ class BreakRules(unittest.TestCase):
 
     def workshop(self, folder):
         workshop = break_build.Workshop(folder, os.path.join(folder, "build"))
-        os.makedirs(workshop.scratch)
+        os.makedirs(workshop.scratch, exist_ok=True)
         return workshop
 
-    def traced(self, folder, ending):
-        """Tests of a program that writes its trace and does `ending`."""
+    def traced(self, folder, ending, beginning=""):
+        """Tests of a program that does `beginning`, writes its trace and does `ending`."""
         workshop = self.workshop(folder)
-        body = f"#!/bin/sh\necho 'A.a 2000 1' > $BREAK_TRACE\necho '!A.b 0 1' >> $BREAK_TRACE\n{ending}\n"
+        body = f"#!/bin/sh\n{beginning}\necho 'A.a 2000 1' > $BREAK_TRACE\necho '!A.b 0 1' >> $BREAK_TRACE\n{ending}\n"
 
         def link(target, program):
             break_build.put(program, body)
@@ -290,6 +295,8 @@ class BreakRules(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             tests = self.traced(folder, "echo end >> $BREAK_TRACE; exit 1")
             self.assertEqual((tests.seconds, tests.failing, tests.entered), ({"A.a": 2}, ["A.b"], {1: ["A.a"]}))
+            with self.assertRaisesRegex(SystemExit, "made does not come to its end"):
+                self.traced(folder, "", "exit 1")  # what the last one wrote is gone
         for ending in ("exit 0", "kill $$"):
             with tempfile.TemporaryDirectory() as folder, self.assertRaisesRegex(SystemExit, "made does not come to its end"):
                 self.traced(folder, ending)
@@ -311,6 +318,15 @@ class BreakRules(unittest.TestCase):
                 one.join()
             self.assertEqual(found, [False] * 4)
             self.assertTrue(tests.fails(["A.1"], 2, program))
+
+    def test_a_hang_and_a_failing_are_noticed(self):
+        with tempfile.TemporaryDirectory() as folder, unittest.mock.patch("break_rules.LEAST_WAIT", 0.5):
+            tests = self.traced(folder, "echo end >> $BREAK_TRACE")
+            program = os.path.join(folder, "ends")
+            break_build.put(program, "#!/bin/sh\ncase $BREAK_CHOSEN in 0) exit 0;; 1) exit 1;; 2) kill $$;; 3) exec sleep 60;; esac\n")
+            os.chmod(program, 0o755)
+            tests.seconds = {"A.a": 0}
+            self.assertEqual([tests.fails(["A.a"], number, program) for number in range(4)], [False, True, True, True])
 
     def test_two_calls_do_not_share_a_folder(self):
         with tempfile.TemporaryDirectory() as folder:
