@@ -13,6 +13,7 @@ not in tools/equivalent_breaks.txt.
 """
 import argparse
 import concurrent.futures
+import math
 import os
 import random
 import re
@@ -28,7 +29,8 @@ import break_choices
 from break_build import Includes, Source, Workshop, put, run, textOf
 
 ROOMS = ["common", "platform", "settings", "view", "records", "seek", "panels", "board", "session"]
-LEAST_WAIT = 10  # seconds, for tests that take none
+LEAST_WAIT = 10  # seconds of the processor, for tests that take none
+STARVED = 4  # how much longer a program may take that others keep from the processor
 NEAREST = 40  # tests that are asked first
 LONG = 0.05  # seconds; what takes longer is asked last
 MEMORY = 6 << 30
@@ -105,12 +107,14 @@ class Tests:
 
     def start(self, program, environment, arguments, limit):
         """Runs the program away from the user's files and from what others left; None if it had to be stopped."""
-        limits = lambda: (resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY)),
+        seconds = math.ceil(limit)
+        limits = lambda: (resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds)),
+                          resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY)),
                           resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 28, 1 << 28)),
                           resource.setrlimit(resource.RLIMIT_CORE, (0, 0)))
         with tempfile.TemporaryDirectory(dir=self.workshop.scratch, ignore_cleanup_errors=True) as home:
             try:
-                return run([program, *arguments], cwd=home, timeout=limit, preexec_fn=limits, stdin=subprocess.DEVNULL,
+                return run([program, *arguments], cwd=home, timeout=STARVED * limit, preexec_fn=limits, stdin=subprocess.DEVNULL,
                            env={**os.environ, "HOME": home, "XDG_CONFIG_HOME": home, "QT_QPA_PLATFORM": "", **environment})
             except subprocess.TimeoutExpired:
                 return None

@@ -323,10 +323,12 @@ class BreakRules(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder, unittest.mock.patch("break_rules.LEAST_WAIT", 0.5):
             tests = self.traced(folder, "echo end >> $BREAK_TRACE")
             program = os.path.join(folder, "ends")
-            break_build.put(program, "#!/bin/sh\ncase $BREAK_CHOSEN in 0) exit 0;; 1) exit 1;; 2) kill $$;; 3) exec sleep 60;; esac\n")
+            break_build.put(program, "#!/bin/sh\ncase $BREAK_CHOSEN in 0) exit 0;; 1) exit 1;; 2) kill $$;; 3) exec sleep 60;; "
+                            "4) while :; do :; done;; 5) exec sleep 1;; esac\n")
             os.chmod(program, 0o755)
             tests.seconds = {"A.a": 0}
-            self.assertEqual([tests.fails(["A.a"], number, program) for number in range(4)], [False, True, True, True])
+            self.assertEqual([tests.fails(["A.a"], number, program) for number in range(6)], [False, True, True, True, True, False],
+                             "who only waits for the processor does not hang")
 
     def test_two_calls_do_not_share_a_folder(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -382,6 +384,19 @@ class BreakRules(unittest.TestCase):
             self.assertEqual([workshop.bring("src/a.cpp", []) for _ in range(2)], ["", ""])
             self.assertEqual(next(says), "not asked again")
 
+    def test_an_object_is_made_anew_behind_a_changed_header(self):
+        with tempfile.TemporaryDirectory() as folder:
+            break_build.put(os.path.join(folder, "src/a.cpp"), '#include "b.h"\n')
+            break_build.put(os.path.join(folder, "src/b.h"), '#include "c.h"\n')
+            compiled = []
+            for number in ("1", "1", "2"):
+                break_build.put(os.path.join(folder, "src/c.h"), f"constexpr int C = {number};\n")
+                workshop = self.workshop(folder)
+                workshop.commands = {"src/a.cpp": "g++ -o a.o -c a.cpp"}
+                workshop.compile = lambda *one, number=number, **only: compiled.append(number) or ""
+                workshop.bring("src/a.cpp", [])
+            self.assertEqual(compiled, ["1", "2"])
+
     def test_a_compiler_that_ends_without_a_word_has_not_compiled(self):
         with tempfile.TemporaryDirectory() as folder:
             workshop = self.workshop(folder)
@@ -411,6 +426,13 @@ class BreakRules(unittest.TestCase):
             self.assertEqual(fates()[0], {"no program"})
             break_build.put(header, "long a();\n")
             self.assertEqual(fates()[0], {None})
+
+    def test_what_survived_is_shown_to_the_next_program(self):
+        campaign = break_rules.Campaign.__new__(break_rules.Campaign)
+        campaign.options = argparse.Namespace(minutes=None)
+        fates = [None, "survived", "killed", "no program", "not made"]
+        campaign.sources = [argparse.Namespace(breaks=[argparse.Namespace(fate=fate) for fate in fates])]
+        self.assertEqual([one.fate for _, one in campaign.open()], [None, "survived"])
 
     def test_the_rooms_are_the_folders_of_the_sources(self):
         root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
