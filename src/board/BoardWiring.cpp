@@ -16,6 +16,8 @@
 #include <QApplication>
 #include <QStatusBar>
 
+#include <utility>
+
 namespace {
 constexpr int FirstClockTick = 100; // milliseconds; the second in which a game begins counts, as in its later looks
 } // namespace
@@ -83,14 +85,19 @@ void frmChessBoard::showUn(bool shown) {
     }
 }
 
-// The announcement comes from the message loop: a tool that reads at once would read whose move it was before.
+// The announcement comes from the message loop: a tool that reads at once would read whose move it was before. Of moves
+// that come together the last one is what it finds to read.
 void frmChessBoard::showLastMove(const std::string& text) {
     const QString shown = shownStart(text);
     if (shown == parts_.lblMove->text()) return;
     parts_.lblMove->setText(shown);
     parts_.txtSend->setAccessibleDescription(shownText(describeMove(text))); // heard where the keys are
-    const auto announce = [this] { announceDescription(parts_.picChess); };
-    if (!text.empty()) QMetaObject::invokeMethod(this, announce, Qt::QueuedConnection);
+    if (text.empty() || std::exchange(announcing_, true)) return;
+    const auto announce = [this] {
+        announcing_ = false;
+        announceDescription(parts_.picChess);
+    };
+    QMetaObject::invokeMethod(this, announce, Qt::QueuedConnection);
 }
 
 std::string frmChessBoard::movesInWords() const {

@@ -114,6 +114,7 @@ private:
     std::unique_ptr<LineFile> openFile_; // a file with so many games that its reading did not come to the end
     bool askedByUser_ = true;
     bool closed_ = false;
-    bool asking_ = false;  // the question before closing is up
-    bool unShown_ = false; // cmdUn is to be shown wherever it clears the command line
+    bool asking_ = false;     // the question before closing is up
+    bool announcing_ = false; // a move is about to be announced
+    bool unShown_ = false;    // cmdUn is to be shown wherever it clears the command line
 };

@@ -33,10 +33,30 @@ TEST_F(BoardSpoken, EachArrivingMoveIsAnnouncedWithItsSignInWords) {
 TEST_F(BoardSpoken, APositionThatComesAgainIsNotAnnouncedAgain) {
     const Announcements tool;
     frmChessBoard& board = openMine();
-    receive(board, {.ranks = AfterE4, .turn = "B", .relation = -1, .pretty = "e4"});
-    receive(board, {.ranks = AfterE4, .turn = "B", .relation = -1, .pretty = "e4"});
-    QCoreApplication::processEvents();
+    for (int times = 0; times < 2; ++times) {
+        receive(board, {.ranks = AfterE4, .turn = "B", .relation = -1, .pretty = "e4"});
+        QCoreApplication::processEvents();
+    }
     EXPECT_EQ(tool.heard.size(), 1U);
+}
+
+TEST_F(BoardSpoken, OfMovesThatArriveTogetherTheLastOneIsAnnounced) {
+    const Announcements tool;
+    frmChessBoard& board = openMine();
+    receive(board, {.ranks = AfterE4, .turn = "B", .relation = 0, .pretty = "e4"});
+    receive(board, {.ranks = AfterE4E5, .turn = "W", .relation = 0, .moveNumber = 2, .pretty = "e5"});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(tool.heard.size(), 1U) << "the board has one description to read";
+    EXPECT_TRUE(described(board).startsWith(QStringLiteral("1.. e5; White to move; ")));
+}
+
+TEST_F(BoardSpoken, ABoardThatGoesBeforeItsAnnouncementIsNotHeard) {
+    const Announcements tool;
+    frmChessBoard& board = openMine();
+    receive(board, {.ranks = AfterE4, .turn = "B", .relation = -1, .pretty = "e4"});
+    delete &board;
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(tool.heard.empty());
 }
 
 TEST_F(BoardSpoken, AToolThatReadsAtTheAnnouncementReadsWhoIsToMoveNow) {
