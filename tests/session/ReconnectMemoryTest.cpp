@@ -22,7 +22,10 @@ std::string sessionText() {
 // A session on a line that is reset behind it. What the rig and the console wrote down does not count.
 void session(ProgramRig& rig, const std::string& stream) {
     rig.replayMessages(stream, {1'000'000, 0, 50});
+    rig.client->session.timerFired(SessionTimer::tmrTCP); // sees the connection: only one that was seen ends
+    ASSERT_NE(rig.boards().front()->game.gameIndex, 0);
     rig.cutLine();
+    ASSERT_EQ(rig.boards().front()->game.gameIndex, 0) << "the game of a lost line ends";
     rig.connectAgain();
     rig.learnPrompt();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // a program's own loop does so
