@@ -68,7 +68,8 @@ class ManagedDisplay(Display):
 
     def closeByKey(self, title):
         """By Alt+F4. The window manager loses a key that comes while it is busy with the window, so it is pressed again as
-        long as that window has the keyboard."""
+        long as that window has the keyboard. A window that only closes at the second asking passes here: that each goes
+        at the first is for the window tests."""
         self.activate(title)
         for _ in range(5):
             if self.activeTitle().startswith(title):
