@@ -36,6 +36,7 @@ bool isSmall(int n);
 std::string word(bool loud);
 int unseen(int n);
 int start();
+bool isForked(int n);
 """,
     "src/common/Made.cpp": """#include "common/Made.h"
 
@@ -54,10 +55,15 @@ std::string word(bool loud) { return loud ? "!" : std::string(".") + "x"; }
 int unseen(int n) { return n + 5; }
 
 int start() { return Start; }
+
+bool isForked(int n) { return n == 1; }
 """,
     "tests/MadeTest.cpp": """#include "common/Made.h"
 
 #include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 TEST(Made, Cells) { EXPECT_EQ(cells(), 2); }
 TEST(Made, Small) {
@@ -66,6 +72,12 @@ TEST(Made, Small) {
 }
 TEST(Made, Words) { EXPECT_EQ(word(true) + word(false), "!.x"); }
 TEST(Made, Start) { EXPECT_EQ(start(), 3); }
+TEST(Made, Forked) {
+    if (fork() == 0) _exit(isForked(1) && !isForked(0) && !isForked(2) ? 0 : 1);
+    int status = 0;
+    wait(&status);
+    EXPECT_EQ(status, 0);
+}
 TEST(Made, FailsAlways) { EXPECT_EQ(unseen(0), 0); }
 """,
     "tools/equivalent_breaks.txt": """src/common/Made.cpp | isSmall | bool isSmall(int n) { return n < Most; } | < -> <=
@@ -92,13 +104,13 @@ class BreakCampaign(unittest.TestCase):
                           "| negate return n < Most", said)
             self.assertIn("not counted, for they fail without a break: Made.FailsAlways", said)
             self.assertIn("compiled; 2 breaks need a compilation of their own", said)
-            self.assertEqual((code, self.counts(said)), (1, {"breaks": 14, "killed": 8, "listed": 1, "open": 5, "no program": 1,
+            self.assertEqual((code, self.counts(said)), (1, {"breaks": 18, "killed": 12, "listed": 1, "open": 5, "no program": 1,
                                                              "not made": 0, "not reached": 0}))
             break_build.put(os.path.join(root, "told"), "\n".join(said))
             code, again = self.call(root, "--again", os.path.join(root, "told"), "--minutes", "1")
             self.assertEqual((code, [line for line in again if line.startswith("src/")]), (1, OPEN))
             code, none = self.call(root, "--minutes", "0.0000001")
-            self.assertEqual((code, self.counts(none)["killed"], self.counts(none)["not reached"]), (0, 0, 14))
+            self.assertEqual((code, self.counts(none)["killed"], self.counts(none)["not reached"]), (0, 0, 18))
             self.assertEqual(break_build.textOf(os.path.join(root, "src/common/Made.cpp")), FILES["src/common/Made.cpp"])
 
     def make(self, root):
