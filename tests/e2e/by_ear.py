@@ -206,7 +206,7 @@ class ByEar(Evening):
         self.partner.await_("Pupil tells you: Thank you")
         self.partner.say("tell Pupil Good night")
         self.awaitText("Chat", "Conversation", "Good night")
-        self.display.keys("alt+F4")
+        self.display.closeByKey("Chat with Rookery")
         self.awaitGone("Chat")
 
     def save(self):

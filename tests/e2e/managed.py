@@ -54,6 +54,12 @@ class ManagedDisplay(Display):
         """The same, as soon as it shows."""
         return waitFor(lambda: self.numberNow(title), f"a window {title!r}")
 
+    def shows(self, number):
+        return "IsViewable" in self.asked("xwininfo", "-id", number)
+
+    def activeNumber(self):
+        return self.asked("xdotool", "getactivewindow").strip()
+
     def activeTitle(self):
         """Of the window that has the keyboard."""
         return self.asked("xdotool", "getactivewindow", "getwindowname").strip()
@@ -71,11 +77,12 @@ class ManagedDisplay(Display):
         long as that window has the keyboard. A window that only closes at the second asking passes here: that each goes
         at the first is for the window tests."""
         self.activate(title)
+        number = self.activeNumber()
         for _ in range(5):
-            if self.activeTitle().startswith(title):
+            if self.activeNumber() == number:
                 self.keys("alt+F4")
             with contextlib.suppress(AssertionError):
-                return waitFor(lambda: not self.numberNow(title), f"{title!r} to close", 4)
+                return waitFor(lambda: not self.shows(number), f"{title!r} to close", 4)
         raise AssertionError(f"{title!r} does not close")
 
     def sizeOf(self, title):

@@ -197,7 +197,7 @@ class User(threading.Thread):
                     self.openAndClose(keys, title)
             for _ in range(self.boards):
                 with self.undisturbed():
-                    self.close("White")
+                    self.display.closeByKey("White")
         except Exception as fault:
             self.fault = fault
         finally:
@@ -220,13 +220,7 @@ class User(threading.Thread):
             self.display.keys("Return")
         self.display.number(title)
         time.sleep(0.2)  # for its answer
-        self.close(title)
-
-    def close(self, title):
-        self.display.activate(title)
-        number = self.display.asked("xdotool", "getactivewindow").strip()
-        self.display.keys("alt+F4")
-        waitFor(lambda: not self.display.areaNow(number), f"{title!r} to close")
+        self.display.closeByKey(title)
 
 
 class Month:
