@@ -18,7 +18,10 @@ TOKEN = re.compile(
 )
 
 OTHER = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "==", "&&": "||", "||": "&&", "+": "-", "-": "+",
-         "*": "/", "/": "*", "+=": "-=", "-=": "+=", "++": "--", "--": "++"}
+         "*": "/", "/": "*", "+=": "-=", "-=": "+=", "++": "--", "--": "++", "%": "/", "&": "|", "|": "&", "^": "|",
+         "&=": "|=", "|=": "&=", "<<": ">>", ">>": "<<"}
+COMPARISONS = {"<", "<=", ">", ">=", "==", "!=", "<=>"}
+BEFORE_CONDITION = {"(", "[", "{", ",", ";", "=", "return", ":", "?", "&&", "||", "+=", "-=", "|=", "&="}
 JUMPS = {"return", "break", "continue", "throw", "goto"}
 NO_STATEMENT = {"if", "for", "while", "switch", "do", "else", "try", "catch", "case", "default", "using", "static_assert",
                 "struct", "class", "enum", "namespace", "public", "private", "template", "friend", "typedef"}
@@ -261,8 +264,19 @@ class Finder:
                 self.replace(token, otherChar(token.text))
             elif token.text in ("true", "false"):
                 self.replace(token, "false" if token.text == "true" else "true")
+            elif token.text == "?":
+                self.condition(index)
             elif token.kind == "sign":
                 self.sign(index, token)
+
+    def condition(self, index):
+        """The last part of what stands before a "?", unless it is broken for what it holds itself."""
+        first = index
+        while first > 0 and self.tokens[first - 1].text not in BEFORE_CONDITION:
+            first = self.tokens[first - 1].partner if self.tokens[first - 1].text in {")", "]", "}"} else first - 1
+        outer = self.layout.outer(first, index)
+        if not any(token.text in COMPARISONS and not token.template or token.text == "!" for token in outer):
+            self.add(f"negate {flat(self.textOf(first, index - 1))} ?", (self.tokens[index].at, self.tokens[index].at, "== false "))
 
     def longer(self, token):
         at = token.end - 1 if token.kind == "text" else self.code.index("(", token.at) + 1

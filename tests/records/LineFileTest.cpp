@@ -22,6 +22,11 @@ long peakKilobytes() {
     return usage.ru_maxrss;
 }
 
+auto openFiles() {
+    const std::filesystem::directory_iterator files("/proc/self/fd");
+    return std::distance(begin(files), end(files));
+}
+
 } // namespace
 
 TEST(LineFile, AFileWithoutAByteHasNoLine) { EXPECT_THAT(PgnRig().lines(""), IsEmpty()); }
@@ -83,6 +88,8 @@ TEST(LineFile, AFaultNamesTheFileAndWhatIsWrongWithIt) {
         return std::string();
     };
     EXPECT_EQ(said([&] { const LineFile file(rig.path()); }), rig.path() + ": No such file or directory");
+    EXPECT_EQ(said([] { const LineFile file("/dev"); }), "/dev: Is a directory");
+    EXPECT_EQ(said([] { const LineFile file("/dev/null"); }), "/dev/null: this is no plain file");
     rig.file("a\n");
     LineFile file(rig.path());
     EXPECT_EQ(said([&] { const LineFile other(rig.path()); }), "a game file is open already");
@@ -97,6 +104,10 @@ TEST(LineFile, APipeThatNobodyWritesAndADeviceWithoutEndAreFaults) {
     EXPECT_EQ(faultOf([&] { const LineFile file(rig.path()); }), "file");
     EXPECT_EQ(faultOf([&] { const LineFile file("/dev/zero"); }), "file");
     EXPECT_EQ(modChess.FileOneHolder, nullptr) << "and nothing stays open";
+}
+
+TEST(LineFile, AFileWhoseReadingFailsIsAFault) {
+    EXPECT_EQ(faultOf([] { const LineFile file("/proc/self/mem"); }), "file") << "at 0 there is nothing to read";
 }
 
 TEST(LineFile, AFileMayStandBehindALink) {
@@ -130,12 +141,14 @@ TEST(LineFile, OneIsOpenAtATime) {
 TEST(LineFile, AFileThatIsLeftIsClosed) {
     const PgnRig rig;
     rig.file("a\n");
-    const auto openFiles = [] {
-        const std::filesystem::directory_iterator files("/proc/self/fd");
-        return std::distance(begin(files), end(files));
-    };
     const auto before = openFiles();
     { const LineFile file(rig.path()); }
+    EXPECT_EQ(openFiles(), before);
+}
+
+TEST(LineFile, AFolderIsClosedBehindItsFault) {
+    const auto before = openFiles();
+    EXPECT_EQ(faultOf([] { const LineFile file("/dev"); }), "file");
     EXPECT_EQ(openFiles(), before);
 }
 

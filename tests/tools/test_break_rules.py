@@ -133,6 +133,22 @@ class BreakRules(unittest.TestCase):
         for one, other in (("a = b", "c = d"), ("rows[0] = a", "rows[1] = b"), ("a += b", "--c"), ("++at", "++at")):
             self.assertEqual(swaps(one, other), [])
 
+    def test_negates_what_stands_before_a_question_mark_unless_it_is_broken_itself(self):
+        def negated(choice):
+            return [one for one in toldOf("void f() {\n    a = " + choice + ";\n}\n") if one.startswith("negate")]
+
+        self.assertEqual(negated("b ? c : d"), ["negate b ?"])
+        self.assertEqual(negated("g(b < c)[d] ? e : h"), ["negate g(b < c)[d] ?"])
+        self.assertEqual(negated("b && c ? d : e"), ["negate c ?"])
+        self.assertEqual(negated("g(b ? c : d ? e : h)"), ["negate b ?", "negate d ?"])
+        self.assertEqual(negated("b < c ? d : e"), [])
+        self.assertEqual(negated("!b ? c : d"), [])
+
+    def test_breaks_operators_on_bits_and_the_rest_of_a_division(self):
+        told = toldOf("void f() {\n    a = b % c & d | e ^ g << h >> i;\n    a |= b;\n    a &= c;\n}\n")
+        for one in ["% -> /", "& -> |", "| -> &", "^ -> |", "<< -> >>", ">> -> <<", "|= -> &=", "&= -> |="]:
+            self.assertIn(one, told)
+
     def test_drops_what_is_set_through_a_pointer(self):
         self.assertIn("drop *place = 3", toldOf("void f(int* place) {\n    *place = 3;\n}\n"))
         self.assertIn("drop delete place", toldOf("void f(int* place) {\n    delete place;\n}\n"))
