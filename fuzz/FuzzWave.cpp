@@ -1,4 +1,4 @@
-// Fuzzes the test of which sound files can be played.
+// Fuzzes the reading of sound files.
 #include "Require.h"
 #include "settings/WaveFile.h"
 
@@ -8,10 +8,14 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string bytes(reinterpret_cast<const char*>(data), size);
-    if (!isPlayableWave(bytes)) return 0;
+    const auto wave = readWave(bytes);
+    if (!wave) return 0;
     require(size > 44, "a file that is played has its heads and a sample");
     require(bytes.find("fmt ") < bytes.rfind("data"), "its format stands before its samples");
-    require(isPlayableWave(bytes + "tail"), "what stands behind the samples is not looked at");
-    require(!isPlayableWave(std::string_view(bytes).substr(0, 44)), "without its samples it is not whole");
+    require(readWave(bytes + "tail").has_value(), "what stands behind the samples is not looked at");
+    require(!readWave(std::string_view(bytes).substr(0, 44)).has_value(), "without its samples it is not whole");
+    require(wave->samples.size() % (wave->channels * wave->bits / 8) == 0, "its samples are whole frames");
+    const auto from = static_cast<std::size_t>(wave->samples.data() - bytes.data());
+    require(from >= 44 && from + wave->samples.size() <= bytes.size(), "and they stand in the file");
     return 0;
 }

@@ -5,13 +5,14 @@
 
 #include <QApplication>
 #include <QAudioDevice>
+#include <QAudioSink>
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QMediaDevices>
-#include <QSoundEffect>
-#include <QUrl>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include <sys/socket.h>
@@ -32,7 +33,70 @@ bool listens(const QByteArray& path) {
     return connected;
 }
 
+// The bytes of a file that may be a sound; empty for what is none, or is longer than any sound of an event.
+QByteArray bytesOf(const QString& path) {
+    constexpr qint64 MaxBytes = qint64{4} * 1024 * 1024;
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > MaxBytes) return {};
+    return file.readAll();
+}
+
+std::optional<Wave> waveIn(const QByteArray& bytes) {
+    return readWave({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+QAudioFormat formatOf(const Wave& wave) {
+    QAudioFormat format;
+    format.setChannelCount(static_cast<int>(wave.channels));
+    format.setSampleRate(static_cast<int>(wave.rate));
+    format.setSampleFormat(wave.bits == 8    ? QAudioFormat::UInt8
+                           : wave.bits == 16 ? QAudioFormat::Int16
+                                             : QAudioFormat::Int32);
+    return format;
+}
+
+constexpr qint64 Ahead = 250'000; // microseconds of sound that the server is given ahead
+constexpr qint64 Tail =
+    400'000; // microseconds of silence behind a sound: when that is handed over, the sound was heard
+
+QByteArray withSilence(const Wave& wave) {
+    const QByteArray sound(wave.samples.data(), static_cast<qsizetype>(wave.samples.size()));
+    return sound + QByteArray(formatOf(wave).bytesForDuration(Tail), wave.bits == 8 ? '\x80' : '\0');
+}
+
 } // namespace
+
+// One wave file at the sound server. A server begins to play when it has enough, which a short sound alone never is,
+// and what it has not played yet goes when a sound stops; so each ends in silence.
+class Sound {
+public:
+    explicit Sound(const Wave& wave)
+        : bytes_(withSilence(wave)), format_(formatOf(wave)), sink_(QMediaDevices::defaultAudioOutput(), format_) {
+        device_.setBuffer(&bytes_);
+        device_.open(QIODevice::ReadOnly);
+        QObject::connect(&sink_, &QAudioSink::stateChanged, &sink_, [this](QAudio::State state) {
+            if (state == QAudio::IdleState) stop();
+        });
+    }
+    ~Sound() { stop(); }
+    Sound(const Sound&) = delete;
+    Sound& operator=(const Sound&) = delete;
+
+    // The size is asked for each time: the library would ask for what the server left of it the last time, until
+    // nothing is left.
+    void play() {
+        sink_.setBufferSize(format_.bytesForDuration(Ahead));
+        device_.seek(0);
+        sink_.start(&device_);
+    }
+    void stop() { sink_.stop(); }
+
+private:
+    QByteArray bytes_;
+    QBuffer device_;
+    QAudioFormat format_;
+    QAudioSink sink_;
+};
 
 // Asking the audio library itself would print a complaint, and might start a server, where there is none.
 bool soundServerAnswers() {
@@ -45,14 +109,7 @@ bool soundServerAnswers() {
     return listens(folder + "/native");
 }
 
-// The audio library would complain on the console about a file that it cannot play, and would wait without end for the
-// rest of one that was cut short.
-bool isPlayable(const QString& path) {
-    constexpr qint64 MaxBytes = qint64{4} * 1024 * 1024; // longer than any sound of an event
-    QFile file(path);
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.size() <= MaxBytes &&
-           isPlayableWave(file.readAll().toStdString());
-}
+bool isPlayable(const QString& path) { return waveIn(bytesOf(path)).has_value(); }
 
 Speaker::Speaker() : startWave([this](const QString& path) { play(path); }), startBeep([] { QApplication::beep(); }) {
     timer_.setSingleShot(true);
@@ -84,21 +141,21 @@ void Speaker::serve() {
     if (std::exchange(beep_, false)) startBeep();
 }
 
-// Each file keeps its effect for the whole run: giving an effect another source, or deleting it, makes the audio
-// library wait for its loading thread.
-QSoundEffect* Speaker::effectOf(const QString& path) {
-    const auto found = effects_.find(path);
-    if (found != effects_.end()) return found->second.get();
-    if (effects_.size() >= MaxFiles || !isPlayable(path)) return nullptr;
-    auto& effect = effects_[path] = std::make_unique<QSoundEffect>();
-    effect->setSource(QUrl::fromLocalFile(path));
-    return effect.get();
+// Each file keeps its sound for the whole run: to delete one lets the audio library run the message loop.
+Sound* Speaker::soundOf(const QString& path) {
+    const auto found = sounds_.find(path);
+    if (found != sounds_.end()) return found->second.get();
+    if (sounds_.size() >= MaxFiles) return nullptr;
+    const QByteArray bytes = bytesOf(path);
+    const auto wave = waveIn(bytes);
+    if (!wave) return nullptr;
+    return (sounds_[path] = std::make_unique<Sound>(*wave)).get();
 }
 
 void Speaker::play(const QString& path) {
     if (playing_) playing_->stop();
     playing_ = nullptr;
     if (!soundServerAnswers() || QMediaDevices::defaultAudioOutput().isNull()) return;
-    playing_ = effectOf(path);
+    playing_ = soundOf(path);
     if (playing_) playing_->play();
 }

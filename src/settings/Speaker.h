@@ -9,7 +9,7 @@
 #include <map>
 #include <memory>
 
-class QSoundEffect;
+class Sound;
 
 // Whether `path` is a wave file of at most 4 MB that the audio library can play. Whatever else it is, of whatever size,
 // little of it is read and nothing waited for.
@@ -41,15 +41,15 @@ public:
 private:
     void ask();
     void serve();
-    QSoundEffect* effectOf(const QString& path);
+    Sound* soundOf(const QString& path);
     void play(const QString& path);
 
     QTimer timer_;
     QElapsedTimer sinceServed_;
     QString wave_; // the one to play, empty for none
     bool beep_ = false;
-    std::map<QString, std::unique_ptr<QSoundEffect>> effects_; // by path
-    QSoundEffect* playing_ = nullptr;                          // of effects_; the latest one
+    std::map<QString, std::unique_ptr<Sound>> sounds_; // by path
+    Sound* playing_ = nullptr;                         // of sounds_; the latest one
 };
 
 // True when a sound server listens on this machine or the user names one in PULSE_SERVER. Takes microseconds and starts

@@ -1,4 +1,4 @@
-// Which files are wave files that can be played. A sample of the layout:
+// Wave files that can be played. A sample of the layout:
 //     "RIFF" size "WAVE"  "fmt " 16 format channels rate bytes/s bytes/frame bits  "data" size samples...
 #include "settings/WaveFile.h"
 
@@ -16,26 +16,30 @@ std::uint32_t numberAt(std::string_view bytes, std::size_t place, std::size_t co
     return value;
 }
 
-bool isPlayableFormat(std::string_view chunk) {
-    const auto channels = numberAt(chunk, 2, 2);
-    const auto rate = numberAt(chunk, 4, 4);
-    const auto bits = numberAt(chunk, 14, 2);
-    return numberAt(chunk, 0, 2) == 1 && channels >= 1 && channels <= 8 && rate >= 1000 && rate <= 192000 &&
-           (bits == 8 || bits == 16 || bits == 32);
+std::optional<Wave> readFormat(std::string_view chunk) {
+    const Wave wave{numberAt(chunk, 2, 2), numberAt(chunk, 4, 4), numberAt(chunk, 14, 2), {}};
+    if (numberAt(chunk, 0, 2) != 1 || wave.channels < 1 || wave.channels > 8) return std::nullopt;
+    if (wave.rate < 1000 || wave.rate > 192000) return std::nullopt;
+    if (wave.bits != 8 && wave.bits != 16 && wave.bits != 32) return std::nullopt;
+    return wave;
 }
 
 } // namespace
 
-bool isPlayableWave(std::string_view file) {
-    if (!file.starts_with("RIFF") || mid(file, 9, 4) != "WAVE") return false;
-    bool known = false;
+std::optional<Wave> readWave(std::string_view file) {
+    if (!file.starts_with("RIFF") || mid(file, 9, 4) != "WAVE") return std::nullopt;
+    std::optional<Wave> wave;
     std::size_t place = 12;
     while (place + 8 < file.size()) {
         const std::string_view name = file.substr(place, 4);
         const std::size_t size = numberAt(file, place + 4, 4);
-        if (name == "data") return known && size > 0 && size <= file.size() - place - 8;
-        if (name == "fmt ") known = isPlayableFormat(file.substr(place + 8, size));
+        if (name == "data") {
+            if (!wave || size == 0 || size > file.size() - place - 8) return std::nullopt;
+            wave->samples = file.substr(place + 8, size - size % (wave->channels * wave->bits / 8));
+            return wave;
+        }
+        if (name == "fmt ") wave = readFormat(file.substr(place + 8, size));
         place += 8 + size + size % 2;
     }
-    return false;
+    return std::nullopt;
 }

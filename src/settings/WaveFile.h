@@ -1,8 +1,17 @@
-// Which files are wave files that can be played.
+// Wave files that can be played.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string_view>
 
-// True when `file`, all bytes of a file, is a whole wave file: uncompressed, one to eight channels of 8, 16 or 32 bits
-// at 1,000 to 192,000 frames a second, with all the samples it announces. Never faults, whatever the bytes are.
-bool isPlayableWave(std::string_view file);
+struct Wave {
+    std::uint32_t channels = 0; // 1 to 8
+    std::uint32_t rate = 0;     // frames a second, 1,000 to 192,000
+    std::uint32_t bits = 0;     // of a sample: 8 (0 to 255), 16 or 32 (with a sign)
+    std::string_view samples;   // whole frames, little-endian
+};
+
+// The sound in `file`, all bytes of a file, which has to outlive it. None unless that is a whole wave file:
+// uncompressed, with all the samples it announces. Never faults, whatever the bytes are.
+std::optional<Wave> readWave(std::string_view file);
