@@ -143,7 +143,9 @@ class Choices:
         """The first and the last token of the expression that a break outside of functions changes."""
         first = last = bisect.bisect_right(self.offsets, one.edits[0][0]) - 1
         token = self.tokens[first]
-        if token.kind == "text":
+        if len(one.edits) > 1:  # a condition with "!(" in front of it and ")" behind it
+            last = bisect.bisect_left(self.offsets, one.edits[-1][0]) - 1
+        elif token.kind == "text":
             while self.tokens[first - 1].kind == "text":
                 first -= 1
             while self.tokens[last + 1].kind == "text":

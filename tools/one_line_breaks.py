@@ -21,7 +21,8 @@ OTHER = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "==", "&&
          "*": "/", "/": "*", "+=": "-=", "-=": "+=", "++": "--", "--": "++", "%": "/", "&": "|", "|": "&", "^": "|",
          "&=": "|=", "|=": "&=", "<<": ">>", ">>": "<<"}
 COMPARISONS = {"<", "<=", ">", ">=", "==", "!=", "<=>"}
-BEFORE_CONDITION = {"(", "[", "{", ",", ";", "=", "return", ":", "?", "&&", "||", "+=", "-=", "|=", "&="}
+BEFORE_CONDITION = {"(", "[", "{", ",", ";", "=", "return", "throw", "else", ":", "?", "&&", "||", "+=", "-=", "*=", "/=", "%=", "|=",
+                    "&=", "^=", "<<=", ">>="}
 JUMPS = {"return", "break", "continue", "throw", "goto"}
 NO_STATEMENT = {"if", "for", "while", "switch", "do", "else", "try", "catch", "case", "default", "using", "static_assert",
                 "struct", "class", "enum", "namespace", "public", "private", "template", "friend", "typedef"}
@@ -272,11 +273,12 @@ class Finder:
     def condition(self, index):
         """The last part of what stands before a "?", unless it is broken for what it holds itself."""
         first = index
-        while first > 0 and self.tokens[first - 1].text not in BEFORE_CONDITION:
+        while first > 0 and (self.tokens[first - 1].template or self.tokens[first - 1].text not in BEFORE_CONDITION):
             first = self.tokens[first - 1].partner if self.tokens[first - 1].text in {")", "]", "}"} else first - 1
         outer = self.layout.outer(first, index)
         if not any(token.text in COMPARISONS and not token.template or token.text == "!" for token in outer):
-            self.add(f"negate {flat(self.textOf(first, index - 1))} ?", (self.tokens[index].at, self.tokens[index].at, "== false "))
+            begin, end = self.tokens[first].at, self.tokens[index - 1].end
+            self.add(f"negate {flat(self.textOf(first, index - 1))} ?", (begin, begin, "!("), (end, end, ")"))
 
     def longer(self, token):
         at = token.end - 1 if token.kind == "text" else self.code.index("(", token.at) + 1

@@ -144,6 +144,46 @@ class BreakRules(unittest.TestCase):
         self.assertEqual(negated("b < c ? d : e"), [])
         self.assertEqual(negated("!b ? c : d"), [])
 
+    def test_what_a_negated_condition_chooses_is_the_other(self):
+        code = """#include <optional>
+bool any(int n) { return n != 0; }
+template <int A, int B> int both(int n) { return n & A & B; }
+const int Start = any(2) ? 3 : 4;
+int pointer(const int* p) { return p ? 1 : 2; }
+int maybe(std::optional<int> n) { return n ? 1 : 2; }
+int bits(int a, int b) { return a & b ? 1 : 2; }
+int named(int n) { return both<3, 1>(n) ? 1 : 2; }
+int times(int n) {
+    n *= any(n) ? 3 : 4;
+    return n;
+}
+"""
+        calls = """#include <cstdio>
+#include <cstdlib>
+#include <optional>
+extern const int& start;
+int pointer(const int*); int maybe(std::optional<int>); int bits(int, int); int named(int); int times(int);
+int breakChosen = std::atoi(std::getenv("CHOSEN")), breakTraced = 0;
+void breakSeen(int) {}
+int breakAt(int) { return std::atoi(std::getenv("CHOSEN")); }
+int main() {
+    std::printf("%d %d%d %d%d %d%d %d %d\\n", start, pointer(&breakChosen), pointer(nullptr), maybe(0), maybe({}), bits(6, 2),
+                bits(4, 2), named(3), times(5));
+}
+"""
+        finder = finderOf(code + "extern const int& start;\nconst int& start = Start;\n")
+        negated = [one for one in finder.breaks if one.told.endswith("?")]
+        for number, one in enumerate(negated, 1):
+            one.number = number
+        with tempfile.TemporaryDirectory() as folder:
+            choices = break_choices.Choices(finder.code, finder)
+            run = self.built(folder, choices.together(negated, lambda part: 1)[0], calls)
+            self.assertEqual(run(0), "3 12 12 12 1 15\n")
+            self.assertEqual([(one.told, run(one.number)) for one in negated],
+                             [("negate any(2) ?", "4 12 12 12 1 15\n"), ("negate p ?", "3 21 12 12 1 15\n"),
+                              ("negate n ?", "3 12 21 12 1 15\n"), ("negate a & b ?", "3 12 12 21 1 15\n"),
+                              ("negate both<3, 1>(n) ?", "3 12 12 12 2 15\n"), ("negate any(n) ?", "3 12 12 12 1 20\n")])
+
     def test_breaks_operators_on_bits_and_the_rest_of_a_division(self):
         told = toldOf("void f() {\n    a = b % c & d | e ^ g << h >> i;\n    a |= b;\n    a &= c;\n}\n")
         for one in ["% -> /", "& -> |", "| -> &", "^ -> |", "<< -> >>", ">> -> <<", "|= -> &=", "&= -> |="]:
@@ -231,9 +271,9 @@ class BreakRules(unittest.TestCase):
                               text=True, check=False).stderr
         return {one for line in re.findall(r"made\.cpp:(\d+):\d+: error", said) for one in owners[int(line)]}
 
-    def built(self, folder, code):
+    def built(self, folder, code, calls=CALLS):
         """The program of `code`, as a function of the break's number."""
-        for name, text in (("made.cpp", code), ("calls.cpp", CALLS)):
+        for name, text in (("made.cpp", code), ("calls.cpp", calls)):
             with open(os.path.join(folder, name), "w", encoding="utf-8") as file:
                 file.write(text)
         program = os.path.join(folder, "made")
