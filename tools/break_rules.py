@@ -234,13 +234,13 @@ class Campaign:
                 sys.exit(f"changed while it was compiled: {' '.join(workshop.changed())}")
             alone = sum(1 for one in self.every() if one.alone and one.fate is None)
             print(f"{time.strftime('%H:%M:%S')} compiled; {alone} breaks need a compilation of their own", flush=True)
-            for target in self.targets:
+            for number, target in enumerate(self.targets):
                 tests = Tests(workshop, target)
                 if tests.failing:
                     print(f"not counted, for they fail without a break: {' '.join(tests.failing)}")
                 print(f"{time.strftime('%H:%M:%S')} {len(tests.seconds)} tests of {target}", flush=True)
                 self.ends = time.monotonic() + 60 * (self.options.minutes or 0)
-                list(pool.map(lambda pair: self.judge(tests, *pair), self.open()))
+                list(pool.map(lambda pair: self.judge(tests, *pair), self.open("survived" if number else None)))
 
     def addReaders(self, workshop):
         """Files of core that include a broken header tell which tests enter their functions."""
@@ -252,15 +252,17 @@ class Campaign:
                 self.count(other)
                 self.others.append(other)
 
-    def open(self):
-        """What is still to be judged; in an order by chance where time may end it, so that it ends in a fair sample."""
-        left = [(source, one) for source in self.sources for one in source.breaks if one.fate in (None, "survived")]
+    def open(self, fate):
+        """What has that fate from the program before, None for the first one; in an order by chance where time may end it, so that
+        it ends in a fair sample."""
+        left = [(source, one) for source in self.sources for one in source.breaks if one.fate == fate]
         if self.options.minutes:
             random.Random(self.options.seed).shuffle(left)
         return left
 
     def judge(self, tests, source, one):
         if self.options.minutes and time.monotonic() > self.ends:
+            one.fate = None  # not reached, though it may have survived the program before
             return
         if one.alone:
             noticed = self.judgeAlone(tests, source, one)

@@ -488,7 +488,15 @@ int main() {
         campaign.options = argparse.Namespace(minutes=None)
         fates = [None, "survived", "killed", "no program", "not made"]
         campaign.sources = [argparse.Namespace(breaks=[argparse.Namespace(fate=fate) for fate in fates])]
-        self.assertEqual([one.fate for _, one in campaign.open()], [None, "survived"])
+        self.assertEqual([one.fate for _, one in campaign.open("survived")], ["survived"])
+        self.assertEqual([one.fate for _, one in campaign.open(None)], [None], "only the first program is asked")
+
+    def test_what_no_time_is_left_for_is_not_reached(self):
+        campaign = break_rules.Campaign.__new__(break_rules.Campaign)
+        campaign.options, campaign.ends = argparse.Namespace(minutes=1), 0
+        one = argparse.Namespace(fate="survived")
+        campaign.judge(None, None, one)
+        self.assertIsNone(one.fate, "another program has not seen it yet")
 
     def test_the_rooms_are_the_folders_of_the_sources(self):
         root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
