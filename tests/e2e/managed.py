@@ -77,7 +77,7 @@ class ManagedDisplay(Display):
         long as that window has the keyboard. A window that only closes at the second asking passes here: that each goes
         at the first is for the window tests."""
         self.activate(title)
-        number = self.activeNumber()
+        number = waitFor(self.activeNumber, f"the number of {title!r}")
         for _ in range(5):
             if self.activeNumber() == number:
                 self.keys("alt+F4")
