@@ -13,12 +13,14 @@ not in tools/equivalent_breaks.txt.
 """
 import argparse
 import concurrent.futures
+import contextlib
 import math
 import os
 import random
 import re
 import resource
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -26,7 +28,7 @@ import threading
 import time
 
 import break_choices
-from break_build import Includes, Source, Workshop, put, run, textOf
+from break_build import Includes, Source, Workshop, put, textOf
 
 ROOMS = ["common", "platform", "settings", "view", "records", "seek", "panels", "board", "session"]
 LEAST_WAIT = 10  # seconds of the processor, for tests that take none
@@ -49,6 +51,20 @@ def coreHeaders(root):
     """The headers that any of those files include."""
     includes = Includes(root)
     return sorted(set().union(*(includes.of(name) for room in ROOMS for name in coreFiles(root, room))))
+
+
+def runAlone(command, limit, **more):
+    """Runs a program whose own programs end with it; None if it had to be stopped."""
+    with subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                          errors="replace", start_new_session=True, **more) as process:
+        try:
+            stdout, stderr = process.communicate(timeout=limit)
+            return subprocess.CompletedProcess(command, process.returncode, stdout, stderr)
+        except subprocess.TimeoutExpired:
+            return None
+        finally:
+            with contextlib.suppress(ProcessLookupError):
+                os.killpg(process.pid, signal.SIGKILL)
 
 
 class Known:
@@ -113,11 +129,8 @@ class Tests:
                           resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 28, 1 << 28)),
                           resource.setrlimit(resource.RLIMIT_CORE, (0, 0)))
         with tempfile.TemporaryDirectory(dir=self.workshop.scratch, ignore_cleanup_errors=True) as home:
-            try:
-                return run([program, *arguments], cwd=home, timeout=STARVED * limit, preexec_fn=limits, stdin=subprocess.DEVNULL,
-                           env={**os.environ, "HOME": home, "XDG_CONFIG_HOME": home, "QT_QPA_PLATFORM": "", **environment})
-            except subprocess.TimeoutExpired:
-                return None
+            environment = {**os.environ, "HOME": home, "XDG_CONFIG_HOME": home, "QT_QPA_PLATFORM": "", **environment}
+            return runAlone([program, *arguments], STARVED * limit, cwd=home, preexec_fn=limits, env=environment)
 
     def ofFunctions(self, functions):
         """The tests to run for a break in these functions, in the order in which they are asked."""

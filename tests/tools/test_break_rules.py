@@ -9,6 +9,7 @@ import subprocess
 import sys
 import tempfile
 import threading
+import time
 import unittest
 import unittest.mock
 
@@ -385,6 +386,26 @@ int main() {
             tests.seconds = {"A.a": 0}
             self.assertEqual([tests.fails(["A.a"], number, program) for number in range(6)], [False, True, True, True, True, False],
                              "who only waits for the processor does not hang")
+
+    def test_what_a_program_has_started_ends_with_it(self):
+        with tempfile.TemporaryDirectory() as folder, unittest.mock.patch("break_rules.LEAST_WAIT", 0.5):
+            tests = self.traced(folder, "echo end >> $BREAK_TRACE")
+            program, started = os.path.join(folder, "starts"), os.path.join(folder, "started")
+            break_build.put(program, f"#!/bin/sh\nsleep 60 >&- 2>&- &\necho $! > {started}\n[ $BREAK_CHOSEN = 0 ] || exec sleep 60\n")
+            os.chmod(program, 0o755)
+            tests.seconds = {"A.a": 0}
+            for number in range(2):
+                self.assertEqual(tests.fails(["A.a"], number, program), number == 1)
+                self.assertTrue(self.ends(break_build.textOf(started).strip()))
+
+    def ends(self, process):
+        """Whether that process is over within two seconds."""
+        for _ in range(200):
+            path = f"/proc/{process}/stat"
+            if not os.path.exists(path) or break_build.textOf(path).rsplit(") ", 1)[1][0] == "Z":
+                return True
+            time.sleep(0.01)
+        return False
 
     def test_two_calls_do_not_share_a_folder(self):
         with tempfile.TemporaryDirectory() as folder:
