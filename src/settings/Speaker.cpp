@@ -55,9 +55,10 @@ QAudioFormat formatOf(const Wave& wave) {
     return format;
 }
 
-constexpr qint64 Ahead = 250'000; // microseconds of sound that the server is given ahead
-constexpr qint64 Tail =
-    400'000; // microseconds of silence behind a sound: when that is handed over, the sound was heard
+// Microseconds of sound that the server is given ahead, and of silence behind each: when that has been handed over, the
+// sound was heard.
+constexpr qint64 Ahead = 250'000;
+constexpr qint64 Tail = 400'000;
 
 QByteArray withSilence(const Wave& wave) {
     const QByteArray sound(wave.samples.data(), static_cast<qsizetype>(wave.samples.size()));
