@@ -36,6 +36,7 @@ STARVED = 4  # how much longer a program may take that others keep from the proc
 NEAREST = 40  # tests that are asked first
 LONG = 0.05  # seconds; what takes longer is asked last
 MEMORY = 6 << 30
+FILES = 5 << 30  # bytes; a test has one of 4 GB, without content
 MOST = 10000  # breaks, functions or values of one file, and more than there are
 DEPENDENTS = 4  # files that one break in a header may have compiled anew
 
@@ -126,7 +127,7 @@ class Tests:
         seconds = math.ceil(limit)
         limits = lambda: (resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds)),
                           resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY)),
-                          resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 28, 1 << 28)),
+                          resource.setrlimit(resource.RLIMIT_FSIZE, (FILES, FILES)),
                           resource.setrlimit(resource.RLIMIT_CORE, (0, 0)))
         with tempfile.TemporaryDirectory(dir=self.workshop.scratch, ignore_cleanup_errors=True) as home:
             environment = {**os.environ, "HOME": home, "XDG_CONFIG_HOME": home, "QT_QPA_PLATFORM": "", **environment}

@@ -6,10 +6,10 @@
 #include <string_view>
 
 struct Wave {
-    std::uint32_t channels = 0; // 1 to 8
-    std::uint32_t rate = 0;     // frames a second, 1,000 to 192,000
-    std::uint32_t bits = 0;     // of a sample: 8 (0 to 255), 16 or 32 (with a sign)
-    std::string_view samples;   // whole frames, little-endian
+    std::uint32_t channels;   // 1 to 8
+    std::uint32_t rate;       // frames a second, 1,000 to 192,000
+    std::uint32_t bits;       // of a sample: 8 (0 to 255), 16 or 32 (with a sign)
+    std::string_view samples; // whole frames, little-endian
 };
 
 // The sound in `file`, all bytes of a file, which has to outlive it. None unless that is a whole wave file:
