@@ -77,16 +77,22 @@ int breakAt(int value) {
 
 namespace {
 
+const char* trace = nullptr; // the file to write
+
 // Before every initialisation of the program's own, which may already run a broken function.
 __attribute__((constructor(101))) void choose() {
     breakChosen = numberFrom("BREAK_CHOSEN");
-    breakTraced = std::getenv("BREAK_TRACE") == nullptr ? 0 : 1;
+    const char* const path = std::getenv("BREAK_TRACE");
+    if (path == nullptr) return;
+    trace = ::strdup(path);
+    breakTraced = 1;
+    ::unsetenv("BREAK_TRACE"); // a test may start this program again
 }
 
 const bool listens = [] {
     if (breakTraced == 0) return false;
     beginSeeing();
-    testing::UnitTest::GetInstance()->listeners().Append(new Tracer(std::getenv("BREAK_TRACE")));
+    testing::UnitTest::GetInstance()->listeners().Append(new Tracer(trace));
     return true;
 }();
 
