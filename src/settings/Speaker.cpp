@@ -76,7 +76,7 @@ public:
         device_.setBuffer(&bytes_);
         device_.open(QIODevice::ReadOnly);
         QObject::connect(&sink_, &QAudioSink::stateChanged, &sink_, [this](QAudio::State state) {
-            if (state == QAudio::IdleState) stop();
+            if (state == QAudio::IdleState && device_.atEnd()) stop(); // else the server waits for more
         });
     }
     ~Sound() { stop(); }
@@ -118,7 +118,11 @@ Speaker::Speaker() : startWave([this](const QString& path) { play(path); }), sta
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { serve(); });
 }
 
-Speaker::~Speaker() = default;
+// What runs while the sounds are deleted asks for no more of them.
+Speaker::~Speaker() {
+    timer_.stop();
+    playing_ = nullptr;
+}
 
 void Speaker::playWave(const QString& path) {
     wave_ = path;

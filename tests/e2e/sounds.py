@@ -86,7 +86,8 @@ class Sounds(ScriptedCase):
 
     def testEachMoveOfALongGameIsHeardWhole(self):
         self.assertGreater(self.heardOf(style12(START)), 400, "the bell of a new game")
-        self.assertEqual([number for number in range(1, 13) if not 60 <= self.heardOf(self.move(number)) <= 200], [])
+        time.sleep(0.3)  # it goes on for a little
+        self.assertEqual([number for number in range(1, 13) if not 80 <= self.heardOf(self.move(number)) <= 200], [])
 
     def testATellBetweenMovesIsHeardAndALaterSoundTakesThePlaceOfTheBell(self):
         self.server.say(style12(START))
@@ -97,7 +98,7 @@ class Sounds(ScriptedCase):
             self.assertGreater(self.heardOf(self.move(number)), 60)
 
     def testBehindASoundNothingIsLeftAtTheServer(self):
-        self.heardOf(self.move(1))
+        self.assertGreater(self.heardOf(self.move(1)), 0)
         waitFor(lambda: not self.sound.streams(), "the stream to end", 5)
         self.assertEqual(self.heardOf(PROMPT), 0)
 
