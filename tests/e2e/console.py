@@ -5,7 +5,7 @@ import time
 import unittest
 
 from managed import ManagedDisplay
-from rig import QUIET, SCALE, Client, endProcess, waitFor
+from rig import QUIET, SCALE, Client, awaitStill, endProcess, waitFor
 from screen import letters
 from scripted import ScriptedServer
 from style12 import PROMPT
@@ -117,15 +117,12 @@ class Console(unittest.TestCase):
     def consolePicture(self):
         """The text of the console, without its edges, once it stands still."""
         left, top, width, height = self.display.areaOf(CONSOLE)
-        last = []
 
-        def still():
-            time.sleep(QUIET)
-            now = self.display.picture(left + 30 * SCALE, top + 60 * SCALE, width - 90 * SCALE, height - 160 * SCALE)
-            last.append(now.part(0, 0, now.width, now.height))
-            return len(last) > 1 and last[-1] == last[-2] and last[-1]
+        def text():
+            picture = self.display.picture(left + 30 * SCALE, top + 60 * SCALE, width - 90 * SCALE, height - 160 * SCALE)
+            return picture.part(0, 0, picture.width, picture.height)
 
-        return waitFor(still, "the console to stand still")
+        return awaitStill(text, "the console")
 
     def testWhatIsReadWithTheWheelStaysWhereItIsWhileTextStreamsInAndTheEndIsFollowedAgain(self):
         self.fillConsole()

@@ -10,7 +10,7 @@ import unittest
 from accessible import AccessibleDisplay, menusOf
 from peers import Partner, PracticeServer
 from proxy import Proxy
-from rig import LIMIT, LOG_ON, QUIET, Client, waitFor
+from rig import LIMIT, LOG_ON, QUIET, Client, awaitStill, waitFor
 from style12 import PROMPT
 
 CLIENT, BOARD = "Brightrank - Client", "Brightrank - Board"
@@ -103,14 +103,7 @@ class Answers(OverAProxy):
                 for node in window.all()]
 
     def settled(self, title):
-        last = []
-
-        def still():
-            last.append(self.texts(title))
-            time.sleep(QUIET)
-            return len(last) > 1 and last[-1] == last[-2] and last[-1]
-
-        return waitFor(still, f"{title!r} to stand still")
+        return awaitStill(lambda: self.texts(title), repr(title))
 
     def shownOver(self, **faults):
         self.begin(self.server.port, **faults)

@@ -85,6 +85,18 @@ class Client:
         return store
 
 
+def awaitStill(look, what):
+    """What `look` gives once it is the same twice, a moment apart."""
+    last = []
+
+    def still():
+        time.sleep(QUIET)
+        last.append(look())
+        return len(last) > 1 and last[-1] == last[-2] and last[-1]
+
+    return waitFor(still, f"{what} to stand still")
+
+
 def nameFile(display, path, taken):
     """Types a name into the file dialog that has the keyboard, until `taken()`. The dialog may not listen from the first
     letter on, and then asks about a file that is not there; the list of names that drops down may take the Return."""
