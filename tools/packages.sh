@@ -2,7 +2,7 @@
 # The packages that ./play and ./check need, and how a missing one gets onto the machine. Sourced, never run.
 
 # What it takes to build the program and play on it.
-PLAY_PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-multimedia-dev qt6-svg-dev libgl-dev fairy-stockfish)
+PLAY_PACKAGES=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libpulse-dev fairy-stockfish)
 
 # What it takes to see the program without a display.
 PICTURE_PACKAGES=(xvfb imagemagick)

@@ -34,9 +34,9 @@ std::optional<Wave> readWave(std::string_view file) {
         const std::string_view name = file.substr(place, 4);
         const std::size_t size = numberAt(file, place + 4, 4);
         if (name == "data") {
-            if (!wave || size == 0 || size > file.size() - place - 8) return std::nullopt;
+            if (!wave || size > file.size() - place - 8) return std::nullopt;
             wave->samples = file.substr(place + 8, size - size % (wave->channels * wave->bits / 8));
-            return wave;
+            return wave->samples.empty() ? std::nullopt : wave;
         }
         if (name == "fmt ") wave = readFormat(file.substr(place + 8, size));
         place += 8 + size + size % 2;

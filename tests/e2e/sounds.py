@@ -5,13 +5,16 @@ import array
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import tempfile
 import threading
 import time
 import unittest
+import unittest.mock
+import wave
 
-from rig import Display, endProcess, waitFor
+from rig import LIMIT, Display, endProcess, waitFor
 from scripted import ScriptedCase
 from style12 import PROMPT, style12
 
@@ -19,31 +22,53 @@ RATE = 44100
 PIECE = RATE // 50  # samples of 20 ms
 LOUD = 300  # of 32767
 START = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
+TELL = "\n\rRookery tells you: good evening" + PROMPT
+
+
+def tone(path, seconds, channels=1):
+    """Writes a wave file that is loud all the time."""
+    period = [level for level in (9000, -9000) for _ in range(50 * channels)]
+    with wave.open(str(path), "wb") as file:
+        file.setparams((channels, 2, RATE, 0, "NONE", None))
+        file.writeframes(array.array("h", period * int(seconds * RATE / 100)).tobytes())
 
 
 class SoundServer:
-    """Listens from its start on; `heard` holds the moments of the pieces that are no silence."""
+    """Listens from its start on; `heard` holds the moments of the pieces that are no silence. Ends with the test."""
 
-    def __init__(self):
+    def __init__(self, test):
         self.folder = tempfile.mkdtemp(prefix="brightrank-sound-")
-        self.surroundings = os.environ | {"PULSE_RUNTIME_PATH": self.folder, "HOME": self.folder}
-        self.process = subprocess.Popen(
-            ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--log-target=null",
-             "--load=module-native-protocol-unix", "--load=module-null-sink sink_name=nothing"], env=self.surroundings)
-        waitFor(pathlib.Path(self.folder, "native").exists, "the sound server")
-        self.ear = subprocess.Popen(["parec", "--latency-msec=20", "--device=nothing.monitor", "--format=s16le", f"--rate={RATE}",
-                                     "--channels=1", "--raw"], stdout=subprocess.PIPE, env=self.surroundings)
-        self.heard, self.listening = [], threading.Event()
-        self.thread = threading.Thread(target=self.listen)
-        self.thread.start()
-        self.listening.wait(30)
+        test.addCleanup(shutil.rmtree, self.folder)
+        test.enterContext(unittest.mock.patch.dict(os.environ, PULSE_RUNTIME_PATH=self.folder))
+        os.environ.pop("PULSE_SERVER", None)  # comes back with the rest
+        self.surroundings = os.environ | {"HOME": self.folder}
+        self.heard, self.processes = [], []
+        test.addCleanup(self.end)
+        self.begin()
 
-    def listen(self):
-        while piece := self.ear.stdout.read(2 * PIECE):
-            samples = array.array("h", piece[:len(piece) // 2 * 2])
-            self.listening.set()
-            if max(map(abs, samples)) > LOUD:
-                self.heard.append(time.monotonic())
+    def begin(self):
+        self.process = self.run(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+                                 "--log-target=null", "--load=module-native-protocol-unix",
+                                 "--load=module-null-sink sink_name=nothing"])
+        waitFor(pathlib.Path(self.folder, "native").exists, "the sound server")
+        ear = self.run(["parec", "--latency-msec=20", "--device=nothing.monitor", "--format=s16le", f"--rate={RATE}",
+                        "--channels=1", "--raw"], stdout=subprocess.PIPE)
+        listening = threading.Event()
+        self.thread = threading.Thread(target=self.listen, args=(ear.stdout, listening))
+        self.thread.start()
+        if not listening.wait(LIMIT):
+            raise AssertionError("nothing is to be heard of the sound server, not even silence")
+
+    def run(self, command, **streams):
+        self.processes.append(subprocess.Popen(command, env=self.surroundings, **streams))
+        return self.processes[-1]
+
+    def listen(self, ear, listening):
+        with ear:
+            while piece := ear.read(2 * PIECE):
+                listening.set()
+                if max(map(abs, array.array("h", piece[:len(piece) // 2 * 2]))) > LOUD:
+                    self.heard.append(time.monotonic())
 
     def between(self, begin, end):
         """For how many milliseconds something was heard."""
@@ -53,54 +78,92 @@ class SoundServer:
         return subprocess.run(["pactl", "list", "short", "sink-inputs"], env=self.surroundings, capture_output=True, check=True).stdout
 
     def end(self):
-        for process in self.ear, self.process:
-            endProcess(process)
+        """Ends what was begun, the ear first."""
+        while self.processes:
+            endProcess(self.processes.pop())
         self.thread.join()
-        self.ear.stdout.close()
-        shutil.rmtree(self.folder)
+
+    def beginAnew(self):
+        self.end()
+        self.begin()
 
 
 class Sounds(ScriptedCase):
-    GAP = 0.8  # seconds between two positions; a move takes 0.12 s
+    GAP = 0.8  # seconds between two positions; a move takes 0.12 s, a tell 0.35 s
+    MOVE = range(100, 161)  # milliseconds, in pieces of 20
 
     def setUp(self):
-        self.sound = SoundServer()
-        self.addCleanup(self.sound.end)
-        display = self.enterContext(Display())
-        before = os.environ.get("PULSE_RUNTIME_PATH")
-        os.environ["PULSE_RUNTIME_PATH"] = self.sound.folder
-        self.begin(display, Sound_On=1, Sound_Move=3, Sound_Start=3, Sound_Tell=3)
-        os.environ.pop("PULSE_RUNTIME_PATH") if before is None else os.environ.update(PULSE_RUNTIME_PATH=before)
+        self.sound = SoundServer(self)
+
+    def start(self, **settings):
+        self.begin(self.enterContext(Display()), Sound_On=1, Sound_Move=3, Sound_Start=3, Sound_Tell=3, **settings)
         self.server.logOn()
         time.sleep(self.LEARNT)
 
-    def heardOf(self, text):
+    def heardOf(self, text, gap=GAP):
         begin = time.monotonic()
         self.server.say(text)
-        time.sleep(self.GAP)
-        return self.sound.between(begin, begin + self.GAP)
+        time.sleep(gap)
+        return self.sound.between(begin, begin + gap)
 
     def move(self, number):
         file = "abcdefgh"[number % 8]
         return style12(START, mover="B", number=number, move=f"P/{file}2-{file}3", pretty=f"{file}3")
 
+    def assertHeard(self, moves):
+        heard = {number: self.heardOf(self.move(number)) for number in moves}
+        self.assertEqual({number: time for number, time in heard.items() if time not in self.MOVE}, {})
+
     def testEachMoveOfALongGameIsHeardWhole(self):
-        self.assertGreater(self.heardOf(style12(START)), 400, "the bell of a new game")
-        time.sleep(0.3)  # it goes on for a little
-        self.assertEqual([number for number in range(1, 13) if not 80 <= self.heardOf(self.move(number)) <= 200], [])
+        self.start()
+        self.assertGreater(self.heardOf(style12(START), 1.2), 700, "the bell of a new game")
+        self.assertHeard(range(1, 13))
 
     def testATellBetweenMovesIsHeardAndALaterSoundTakesThePlaceOfTheBell(self):
-        self.server.say(style12(START))
-        time.sleep(0.2)
-        self.assertLess(self.heardOf(self.move(1)), 300, "the bell goes on for 0.9 s")
+        self.start()
+        self.assertGreaterEqual(self.heardOf(style12(START), 0.3), 200)
+        self.assertIn(self.heardOf(self.move(1)), range(100, 221), "the bell goes on for 0.9 s")
         for number in range(2, 5):
-            self.assertGreater(self.heardOf("\n\rRookery tells you: good evening" + PROMPT), 200)
-            self.assertGreater(self.heardOf(self.move(number)), 60)
+            self.assertIn(self.heardOf(TELL), range(300, 401))
+            self.assertHeard([number])
 
     def testBehindASoundNothingIsLeftAtTheServer(self):
-        self.assertGreater(self.heardOf(self.move(1)), 0)
+        self.start()
+        self.assertHeard([1])
         waitFor(lambda: not self.sound.streams(), "the stream to end", 5)
         self.assertEqual(self.heardOf(PROMPT), 0)
+
+    def testAProgramThatIsHeldUpInASoundPlaysTheRestOfIt(self):
+        self.start()
+        begin = time.monotonic()
+        self.server.say(style12(START))
+        time.sleep(0.3)
+        for seconds, number in (0.6, signal.SIGSTOP), (1.5, signal.SIGCONT):
+            self.client.process.send_signal(number)
+            time.sleep(seconds)
+        self.assertGreater(self.sound.between(begin, time.monotonic()), 700)
+
+    def testAFileThatIsChangedAndAServerThatIsStartedAnewAreHeard(self):
+        own = pathlib.Path(self.sound.folder, "own.wav")
+        tone(own, 0.3)
+        self.start(beside={"move.wav": own})
+        self.assertIn(self.heardOf(self.move(1)), range(260, 341))
+        tone(own, 0.1, channels=8)
+        self.assertIn(self.heardOf(self.move(2)), range(80, 141))
+        self.sound.beginAnew()
+        self.assertIn(self.heardOf(self.move(3)), range(80, 141))
+
+    def testASoundServerThatDoesNotAnswerHoldsUpNeitherTheGameNorTheEnd(self):
+        self.start()
+        self.assertGreater(self.heardOf(style12(START), 1.2), 0)
+        self.server.awaitLine("moves 1")
+        self.addCleanup(self.sound.process.send_signal, signal.SIGCONT)
+        self.sound.process.send_signal(signal.SIGSTOP)
+        for number in range(1, 4):
+            self.heardOf(self.move(number))
+        self.server.say("\n\r**** Starting FICS session as Pupil ****\n\r" + PROMPT)
+        self.server.awaitLine("Set Style 12")
+        self.endClient()
 
 
 if __name__ == "__main__":

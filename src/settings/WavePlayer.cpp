@@ -1,0 +1,195 @@
+// The thread that plays wave files.
+#include "settings/WavePlayer.h"
+
+#include "settings/WaveFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include <pulse/simple.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+bool listens(const QByteArray& path) {
+    sockaddr_un address{};
+    if (path.size() >= static_cast<qsizetype>(sizeof address.sun_path)) return false;
+    address.sun_family = AF_UNIX;
+    std::copy(path.begin(), path.end(), address.sun_path);
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+    if (socket < 0) return false;
+    const bool connected = ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    ::close(socket);
+    return connected;
+}
+
+std::optional<Wave> waveIn(const QByteArray& bytes) {
+    return readWave({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+// One wave at the sound server: what of it was not heard when this ends never will be.
+class Stream {
+public:
+    explicit Stream(const Wave& wave) {
+        const pa_sample_spec format{wave.bits == 8    ? PA_SAMPLE_U8
+                                    : wave.bits == 16 ? PA_SAMPLE_S16LE
+                                                      : PA_SAMPLE_S32LE,
+                                    wave.rate, static_cast<std::uint8_t>(wave.channels)};
+        constexpr auto Default = static_cast<std::uint32_t>(-1);
+        const auto whole = static_cast<std::uint32_t>(wave.samples.size());
+        const pa_buffer_attr buffer{.maxlength = Default,
+                                    .tlength = bytesOf(Ahead, format),
+                                    .prebuf = std::min(whole, bytesOf(Start, format)),
+                                    .minreq = Default,
+                                    .fragsize = Default};
+        pa_channel_map speakers;
+        pa_channel_map_init_extend(&speakers, wave.channels, PA_CHANNEL_MAP_WAVEEX);
+        server_ = pa_simple_new(nullptr, "Brightrank", PA_STREAM_PLAYBACK, nullptr, "sounds", &format, &speakers,
+                                &buffer, nullptr);
+        piece_ = bytesOf(Piece, format);
+    }
+    ~Stream() {
+        if (server_) pa_simple_free(server_);
+    }
+    Stream(const Stream&) = delete;
+    Stream& operator=(const Stream&) = delete;
+
+    // Hands over the first piece of `samples` and takes it off; waits for room. False when the server takes no more.
+    bool write(std::string_view& samples) {
+        const std::string_view piece = samples.substr(0, piece_);
+        samples.remove_prefix(piece.size());
+        return server_ && pa_simple_write(server_, piece.data(), piece.size(), nullptr) == 0;
+    }
+
+    // How long it takes until all that was handed over was heard. The server's figure is a guess, and may be any.
+    std::chrono::microseconds left() {
+        constexpr pa_usec_t Longest = 5'000'000;
+        return std::chrono::microseconds(std::min(pa_simple_get_latency(server_, nullptr), Longest)) + 50ms;
+    }
+
+private:
+    static constexpr pa_usec_t Ahead = 250'000; // microseconds of sound that the server keeps
+    static constexpr pa_usec_t Start = 20'000;  // with which it begins to play
+    static constexpr pa_usec_t Piece = 20'000;  // and that it is handed at once
+
+    static std::uint32_t bytesOf(pa_usec_t duration, const pa_sample_spec& format) {
+        return static_cast<std::uint32_t>(pa_usec_to_bytes(duration, &format));
+    }
+
+    pa_simple* server_ = nullptr; // none when it refused
+    std::size_t piece_ = 0;       // bytes
+};
+
+} // namespace
+
+// What the caller wants of the thread, the latest winning.
+class WavePlayer::Orders {
+public:
+    void want(const QString& path) {
+        tell([&] { wanted_ = path; });
+    }
+    void end() {
+        tell([&] { ending_ = true; });
+    }
+    void noteEnded() {
+        tell([&] { ended_ = true; });
+    }
+
+    // The next file, once there is one; empty at the end.
+    QString next() {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return isNew(); });
+        return ending_ ? QString() : std::exchange(wanted_, {});
+    }
+
+    // Whether what plays has to end, now or within `time`.
+    bool isNewWithin(std::chrono::microseconds time) {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, time, [this] { return isNew(); });
+    }
+
+    bool endedWithin(std::chrono::seconds time) {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, time, [this] { return ended_; });
+    }
+
+private:
+    template <typename Change>
+    void tell(Change change) {
+        const std::lock_guard lock(mutex_);
+        change();
+        changed_.notify_all();
+    }
+    bool isNew() const { return ending_ || !wanted_.isEmpty(); }
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    QString wanted_; // empty for none
+    bool ending_ = false;
+    bool ended_ = false;
+};
+
+WavePlayer::WavePlayer() : orders_(std::make_shared<Orders>()) {}
+
+WavePlayer::~WavePlayer() {
+    if (!thread_.joinable()) return;
+    orders_->end();
+    if (orders_->endedWithin(1s)) {
+        thread_.join();
+    } else {
+        thread_.detach();
+    }
+}
+
+void WavePlayer::play(const QString& path) {
+    orders_->want(path);
+    if (!thread_.joinable()) thread_ = std::thread([orders = orders_] { serve(*orders); });
+}
+
+void WavePlayer::serve(Orders& orders) {
+    for (QString path = orders.next(); !path.isEmpty(); path = orders.next()) playFile(path, orders);
+    orders.noteEnded();
+}
+
+// Asking the audio library where no server is would print a complaint, and might start one.
+void WavePlayer::playFile(const QString& path, Orders& orders) {
+    const QByteArray bytes = playableBytes(path);
+    if (bytes.isEmpty() || !soundServerAnswers()) return;
+    const Wave wave = *waveIn(bytes);
+    Stream stream(wave);
+    for (std::string_view rest = wave.samples; !rest.empty();) {
+        if (orders.isNewWithin(0us) || !stream.write(rest)) return;
+    }
+    orders.isNewWithin(stream.left());
+}
+
+QByteArray playableBytes(const QString& path) {
+    constexpr qint64 MaxBytes = qint64{4} * 1024 * 1024;
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > MaxBytes) return {};
+    const QByteArray bytes = file.readAll();
+    return waveIn(bytes) ? bytes : QByteArray();
+}
+
+bool soundServerAnswers() {
+    if (!qEnvironmentVariableIsEmpty("PULSE_SERVER")) return true;
+    QByteArray folder = qgetenv("PULSE_RUNTIME_PATH");
+    if (folder.isEmpty()) {
+        const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+        folder = (runtime.isEmpty() ? "/run/user/" + QByteArray::number(::getuid()) : runtime) + "/pulse";
+    }
+    return listens(folder + "/native");
+}

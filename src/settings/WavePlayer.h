@@ -1,0 +1,39 @@
+// Plays wave files at the sound server of this machine.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <thread>
+
+// Plays one file at a time, in a thread of its own: a sound server or a disk that does not answer keeps a sound waiting
+// and nothing else. The thread begins with the first file. Each file is read, and each connection made, at every play:
+// a file that was changed, a server that was started anew and another output are heard at once. What cannot be read or
+// played is silence.
+class WavePlayer {
+public:
+    WavePlayer();
+    ~WavePlayer(); // ends what plays, and waits for a server that does not answer for a second at most
+    WavePlayer(const WavePlayer&) = delete;
+    WavePlayer& operator=(const WavePlayer&) = delete;
+
+    // Plays the file `path` (absolute) in place of the one that plays or waits. Returns at once.
+    void play(const QString& path);
+
+private:
+    class Orders;
+    static void serve(Orders& orders);
+    static void playFile(const QString& path, Orders& orders);
+
+    std::shared_ptr<Orders> orders_; // with the thread, which may outlive the player
+    std::thread thread_;
+};
+
+// The bytes of `path` if it is a wave file of at most 4 MB that `readWave` takes, else none: for a folder, a pipe or a
+// larger file without waiting or reading.
+QByteArray playableBytes(const QString& path);
+
+// True when a sound server listens on this machine or the user names one in PULSE_SERVER. Takes microseconds and starts
+// nothing.
+bool soundServerAnswers();

@@ -1,0 +1,118 @@
+// The player of wave files: only what is a sound is read, no server is silence, and one that does not answer holds up
+// nobody.
+#include "settings/WavePlayer.h"
+
+#include "EnvironmentVariable.h"
+#include "settings/Sounds.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+// The surroundings of a program whose sound server, if any, is the one in a folder of the test's own.
+class OwnServerFolder {
+public:
+    QTemporaryDir folder;
+
+private:
+    EnvironmentVariable server_{"PULSE_SERVER", {}};
+    EnvironmentVariable runtime_{"PULSE_RUNTIME_PATH", folder.path().toLocal8Bit()};
+};
+
+// Listens where a sound server does, and says nothing.
+class SilentServer {
+public:
+    explicit SilentServer(const QTemporaryDir& folder) {
+        const QByteArray path = QFile::encodeName(folder.filePath(QStringLiteral("native")));
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::copy(path.begin(), path.end(), address.sun_path);
+        EXPECT_EQ(::bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(::listen(socket_, 10), 0);
+    }
+    ~SilentServer() { ::close(socket_); }
+    SilentServer(const SilentServer&) = delete;
+    SilentServer& operator=(const SilentServer&) = delete;
+
+    // The bytes with which the next client begins, once there are some; empty when it goes without a word. It is kept
+    // waiting for as long as the test's process lives.
+    QByteArray nextClient() {
+        const int client = ::accept(socket_, nullptr, nullptr);
+        pollfd readable{client, POLLIN, 0};
+        ::poll(&readable, 1, 10000);
+        QByteArray bytes(1000, '\0');
+        bytes.resize(std::max<qsizetype>(0, ::recv(client, bytes.data(), 1000, MSG_DONTWAIT)));
+        return bytes;
+    }
+
+private:
+    int socket_ = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+};
+
+} // namespace
+
+TEST(PlayableFile, OnesOwnSoundsAreSuch) { EXPECT_FALSE(playableBytes(waveFile("move.wav")).isEmpty()); }
+
+TEST(PlayableFile, OneOfFourGigabytesIsNotRead) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("move.wav"));
+    ASSERT_TRUE(QFile::copy(waveFile("move.wav"), path));
+    ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
+    ASSERT_FALSE(playableBytes(path).isEmpty());
+    ASSERT_TRUE(QFile::resize(path, qint64{4} * 1024 * 1024 * 1024)); // takes no room on the disk
+    EXPECT_TRUE(playableBytes(path).isEmpty());
+    ASSERT_TRUE(QFile::resize(path, 0));
+    EXPECT_TRUE(playableBytes(path).isEmpty());
+}
+
+TEST(PlayableFile, AFolderAPipeALinkToItselfAndNoFileAreNotWaitedFor) {
+    const QTemporaryDir folder;
+    const QByteArray path = QFile::encodeName(folder.filePath(QStringLiteral("pipe.wav")));
+    ASSERT_EQ(::mkfifo(path.constData(), 0600), 0);
+    EXPECT_TRUE(playableBytes(QFile::decodeName(path)).isEmpty());
+    const QString loop = folder.filePath(QStringLiteral("loop.wav"));
+    ASSERT_TRUE(QFile::link(loop, loop));
+    EXPECT_TRUE(playableBytes(loop).isEmpty());
+    EXPECT_TRUE(playableBytes(folder.path()).isEmpty());
+    EXPECT_TRUE(playableBytes(QStringLiteral("/dev/zero")).isEmpty());
+    EXPECT_TRUE(playableBytes(folder.filePath(QStringLiteral("gone.wav"))).isEmpty());
+}
+
+TEST(WavePlayer, WithoutAServerPlaysNothingAndPrintsNothing) {
+    const OwnServerFolder surroundings;
+    EXPECT_FALSE(soundServerAnswers());
+    testing::internal::CaptureStderr();
+    {
+        WavePlayer player;
+        player.play(waveFile("move.wav"));
+        QTest::qWait(60);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(WavePlayer, AServerThatDoesNotAnswerHoldsUpNeitherTheCallerNorTheEnd) {
+    const OwnServerFolder surroundings;
+    SilentServer server(surroundings.folder);
+    ASSERT_TRUE(soundServerAnswers());
+    EXPECT_EQ(server.nextClient(), "") << "a look whether somebody listens";
+    {
+        WavePlayer player;
+        player.play(waveFile("move.wav"));
+        EXPECT_EQ(server.nextClient(), "");
+        EXPECT_NE(server.nextClient(), "") << "it asks for a stream, and waits";
+        for (int i = 0; i < 1000; ++i) player.play(waveFile("capture.wav"));
+    }
+    SUCCEED() << "it came out of there";
+}
