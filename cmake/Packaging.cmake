@@ -49,10 +49,11 @@ keyboard.
 A practice server comes with it: brightrank-play starts both for a game
 without a network.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-# The libraries are found by what the programs link; the engine is run by the practice server, which is nothing without.
+# The libraries are found by what the programs link; the engine is run by the practice server, which is nothing without;
+# libpulse0 is opened at the first sound.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fairy-stockfish)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS libnotify-bin)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libnotify-bin, libpulse0")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/PackageTime.cmake)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/PackageTree.cmake)

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLibrary>
 
 #include <algorithm>
 #include <chrono>
@@ -40,57 +41,82 @@ std::optional<Wave> waveIn(const QByteArray& bytes) {
     return readWave({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
+// What is used of the audio library.
+struct AudioLibrary {
+    decltype(&pa_simple_new) open;
+    decltype(&pa_simple_write) write;
+    decltype(&pa_simple_get_latency) latency;
+    decltype(&pa_simple_free) close;
+    decltype(&pa_channel_map_init_extend) speakers;
+};
+
+template <typename Function>
+bool resolve(Function& function, const char* name) {
+    function = reinterpret_cast<Function>(QLibrary::resolve(QStringLiteral("pulse-simple"), 0, name));
+    return function != nullptr;
+}
+
+// None where it is not installed. Opened at the first sound: it brings a dozen libraries, which the start does without.
+const AudioLibrary* audioLibrary() {
+    static AudioLibrary library;
+    static const bool whole = resolve(library.open, "pa_simple_new") && resolve(library.write, "pa_simple_write") &&
+                              resolve(library.latency, "pa_simple_get_latency") &&
+                              resolve(library.close, "pa_simple_free") &&
+                              resolve(library.speakers, "pa_channel_map_init_extend");
+    return whole ? &library : nullptr;
+}
+
 // One wave at the sound server: what of it was not heard when this ends never will be.
 class Stream {
 public:
-    explicit Stream(const Wave& wave) {
-        const pa_sample_spec format{wave.bits == 8    ? PA_SAMPLE_U8
-                                    : wave.bits == 16 ? PA_SAMPLE_S16LE
-                                                      : PA_SAMPLE_S32LE,
-                                    wave.rate, static_cast<std::uint8_t>(wave.channels)};
-        constexpr auto Default = static_cast<std::uint32_t>(-1);
-        const auto whole = static_cast<std::uint32_t>(wave.samples.size());
-        const pa_buffer_attr buffer{.maxlength = Default,
-                                    .tlength = bytesOf(Ahead, format),
-                                    .prebuf = std::min(whole, bytesOf(Start, format)),
-                                    .minreq = Default,
-                                    .fragsize = Default};
-        pa_channel_map speakers;
-        pa_channel_map_init_extend(&speakers, wave.channels, PA_CHANNEL_MAP_WAVEEX);
-        server_ = pa_simple_new(nullptr, "Brightrank", PA_STREAM_PLAYBACK, nullptr, "sounds", &format, &speakers,
-                                &buffer, nullptr);
-        piece_ = bytesOf(Piece, format);
-    }
+    explicit Stream(const Wave& wave)
+        : frame_(wave.channels * wave.bits / 8), rate_(wave.rate), server_(library_ ? open(wave) : nullptr) {}
     ~Stream() {
-        if (server_) pa_simple_free(server_);
+        if (server_) library_->close(server_);
     }
     Stream(const Stream&) = delete;
     Stream& operator=(const Stream&) = delete;
 
     // Hands over the first piece of `samples` and takes it off; waits for room. False when the server takes no more.
     bool write(std::string_view& samples) {
-        const std::string_view piece = samples.substr(0, piece_);
+        const std::string_view piece = samples.substr(0, bytesIn(Piece));
         samples.remove_prefix(piece.size());
-        return server_ && pa_simple_write(server_, piece.data(), piece.size(), nullptr) == 0;
+        return server_ && library_->write(server_, piece.data(), piece.size(), nullptr) == 0;
     }
 
     // How long it takes until all that was handed over was heard. The server's figure is a guess, and may be any.
-    std::chrono::microseconds left() {
+    std::chrono::microseconds left() const {
         constexpr pa_usec_t Longest = 5'000'000;
-        return std::chrono::microseconds(std::min(pa_simple_get_latency(server_, nullptr), Longest)) + 50ms;
+        return std::chrono::microseconds(std::min(library_->latency(server_, nullptr), Longest)) + 50ms;
     }
 
 private:
-    static constexpr pa_usec_t Ahead = 250'000; // microseconds of sound that the server keeps
-    static constexpr pa_usec_t Start = 20'000;  // with which it begins to play
-    static constexpr pa_usec_t Piece = 20'000;  // and that it is handed at once
+    static constexpr std::uint32_t Ahead = 250; // ms of sound that the server keeps
+    static constexpr std::uint32_t Start = 20;  // ms with which it begins to play
+    static constexpr std::uint32_t Piece = 20;  // ms that it is handed at once
 
-    static std::uint32_t bytesOf(pa_usec_t duration, const pa_sample_spec& format) {
-        return static_cast<std::uint32_t>(pa_usec_to_bytes(duration, &format));
+    pa_simple* open(const Wave& wave) const {
+        const pa_sample_spec format{wave.bits == 8    ? PA_SAMPLE_U8
+                                    : wave.bits == 16 ? PA_SAMPLE_S16LE
+                                                      : PA_SAMPLE_S32LE,
+                                    wave.rate, static_cast<std::uint8_t>(wave.channels)};
+        constexpr auto Default = static_cast<std::uint32_t>(-1);
+        const pa_buffer_attr buffer{.maxlength = Default,
+                                    .tlength = bytesIn(Ahead),
+                                    .prebuf = std::min(static_cast<std::uint32_t>(wave.samples.size()), bytesIn(Start)),
+                                    .minreq = Default,
+                                    .fragsize = Default};
+        pa_channel_map speakers;
+        library_->speakers(&speakers, wave.channels, PA_CHANNEL_MAP_WAVEEX);
+        return library_->open(nullptr, "Brightrank", PA_STREAM_PLAYBACK, nullptr, "sounds", &format, &speakers, &buffer,
+                              nullptr);
     }
+    std::uint32_t bytesIn(std::uint32_t milliseconds) const { return rate_ * milliseconds / 1000 * frame_; }
 
-    pa_simple* server_ = nullptr; // none when it refused
-    std::size_t piece_ = 0;       // bytes
+    const AudioLibrary* library_ = audioLibrary();
+    std::uint32_t frame_; // bytes
+    std::uint32_t rate_;  // frames a second
+    pa_simple* server_;   // none when it refused
 };
 
 } // namespace
