@@ -24,6 +24,8 @@ bool isCharacter(const QKeyEvent& event) {
     return !(event.modifiers() & Commands) && !event.text().isEmpty() && event.text().front().isPrint();
 }
 
+bool isEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
+
 bool goOnInLine(const QKeyEvent& event, TypingLine& line) {
     if (event.key() == Qt::Key_Escape) {
         line.setFocus();
@@ -37,7 +39,7 @@ bool goOnInLine(const QKeyEvent& event, TypingLine& line) {
 bool answerButtonKey(QWidget* focus, const QKeyEvent& event, TypingLine& line) {
     auto* button = qobject_cast<QAbstractButton*>(focus);
     if (button == nullptr && qobject_cast<QAbstractItemView*>(focus) == nullptr) return false;
-    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
+    if (isEnter(event)) {
         if (button == nullptr) return false;
         button->click();
         return true;

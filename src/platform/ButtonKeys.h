@@ -8,6 +8,9 @@ class TypingLine;
 // True if the key types a character, and is no command.
 bool isCharacter(const QKeyEvent& event);
 
+// True for the Enter key, of the letters and of the numbers.
+bool isEnter(const QKeyEvent& event);
+
 // Escape goes back to `line`, a character goes on in it. False if the key does neither.
 bool goOnInLine(const QKeyEvent& event, TypingLine& line);
 

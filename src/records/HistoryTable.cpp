@@ -3,6 +3,7 @@
 
 #include "common/Text.h"
 #include "common/Twips.h"
+#include "platform/ButtonKeys.h"
 #include "platform/CellSize.h"
 #include "platform/StreamText.h"
 
@@ -64,8 +65,6 @@ QTreeWidgetItem* itemOf(const ListLook& look, const HistoryRow& row) {
     item->setData(0, Qt::AccessibleTextRole, words.join(QStringLiteral(", ")));
     return item;
 }
-
-bool isEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
 
 } // namespace
 

@@ -3,6 +3,7 @@
 
 #include "common/Numbers.h"
 #include "common/modChess.h"
+#include "platform/ButtonKeys.h"
 #include "platform/FramePlace.h"
 #include "platform/InFront.h"
 #include "platform/LoadedWindow.h"
@@ -190,8 +191,7 @@ void frmExamine::cmdExit() {
 
 void frmExamine::keyPressEvent(QKeyEvent* event) {
     auto* pressed = qobject_cast<QPushButton*>(focusWidget());
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter) {
+    if (!isEnter(*event)) {
         QDialog::keyPressEvent(event);
     } else if (pressed) {
         pressed->click();

@@ -3,6 +3,7 @@
 
 #include "common/Twips.h"
 #include "common/modChess.h"
+#include "platform/ButtonKeys.h"
 #include "platform/CellSize.h"
 #include "platform/CellTips.h"
 #include "platform/FramePlace.h"
@@ -150,8 +151,7 @@ void frmPGN::choose() {
 }
 
 void frmPGN::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter) {
+    if (!isEnter(*event)) {
         QDialog::keyPressEvent(event);
     } else if (currentRow() > 0) {
         choose();

@@ -262,9 +262,9 @@ bool frmSeek::answerKey(const QKeyEvent& event) {
     } else if (key == Qt::Key_Escape) {
         plot_->choose(-1);
         cmddummy_->setFocus();
-    } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && cmdSeek_->hasFocus()) {
+    } else if (isEnter(event) && cmdSeek_->hasFocus()) {
         cmdSeek_->click();
-    } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && plot_->chosenDot() >= 0) {
+    } else if (isEnter(event) && plot_->chosenDot() >= 0) {
         play(graph_.dots[plot_->chosenDot()].AdNumber);
     } else {
         return plot_->walk(key);
