@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <cerrno>
+#include <clocale>
 #include <csignal>
 #include <cstdio>
 
@@ -56,6 +57,7 @@ void tellPort(quint16 port) {
 
 int main(int argc, char* argv[]) {
     QCoreApplication application(argc, argv);
+    std::setlocale(LC_TIME, "C"); // what it says is English, whatever language the machine speaks: its dates too
     QCoreApplication::setApplicationVersion(QStringLiteral(BRIGHTRANK_VERSION));
     int exitCode = 0;
     const auto options = practice::readOptions(QCoreApplication::arguments(), exitCode);

@@ -4,6 +4,7 @@
 #include "common/Fault.h"
 #include "platform/Boxes.h"
 #include "platform/PlainText.h"
+#include "platform/StreamText.h"
 
 #include <QSocketNotifier>
 #include <QWidget>
@@ -55,11 +56,12 @@ void silence(QObject& receiver) {
     if (auto* notifier = qobject_cast<QSocketNotifier*>(&receiver)) notifier->setEnabled(false);
 }
 
-// The text that met the limit may be a server's, and standard error a terminal, which would obey it.
+// The text that met the limit may be a server's, and standard error a terminal, which would obey it. Its letters are
+// the terminal's.
 void tellStandardError(std::string line) {
     const auto commands = [](unsigned char c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); };
     std::ranges::replace_if(line, commands, '?');
-    std::fprintf(stderr, "brightrank: %s\n", line.c_str());
+    std::fprintf(stderr, "brightrank: %s\n", shownText(line).toLocal8Bit().constData());
     std::fflush(stderr);
 }
 

@@ -14,8 +14,9 @@
 
 namespace {
 
+// Names of files and the system's words are UTF-8.
 [[noreturn]] void fault(const std::string& path, const std::string& what) {
-    throw Fault(FaultKind::File, path + ": " + what);
+    throw Fault(FaultKind::File, fromUtf8(path + ": " + what));
 }
 
 // A pipe would keep the window waiting for somebody who writes, and a device may have no end.

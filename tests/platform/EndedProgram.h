@@ -27,6 +27,9 @@ inline std::string ownLines(const std::string& text) {
 // Runs `path` to its end; after 20 seconds, or when a signal ends it, the status stays -1.
 inline EndedProgram runToEnd(const QString& path, const QStringList& arguments) {
     QProcess program;
+    QProcessEnvironment english = QProcessEnvironment::systemEnvironment();
+    english.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    program.setProcessEnvironment(english); // the system's words are part of what it says
     program.start(path, arguments);
     EndedProgram ended;
     if (!program.waitForFinished(20000) || program.exitStatus() != QProcess::NormalExit) {

@@ -1,13 +1,17 @@
 // Tests of the program's command line and of its ends.
 #include "practice/ServerRig.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
 #include <fstream>
 #include <vector>
 
@@ -66,6 +70,49 @@ TEST(Program, AnEngineThatEndsIsStartedAgainOnceOnly) {
     TestServer server({"--engine", "/bin/true"});
     EXPECT_EQ(server.wait(), 2);
     EXPECT_NE(server.output().find("engine ended"), std::string::npos);
+}
+
+// The surroundings of a machine that speaks German, for as long as it lives; `made` tells whether there is such a
+// language.
+class GermanMachine {
+public:
+    GermanMachine() {
+        std::filesystem::create_directories(folder_);
+        const std::string build = "localedef --no-warnings=ascii -i de_DE -f UTF-8 " + (folder_ / Name).string();
+        made = std::system(build.c_str()) == 0;
+        setenv("LOCPATH", folder_.c_str(), 1);
+        setenv("LC_ALL", Name, 1);
+    }
+    ~GermanMachine() {
+        unsetenv("LOCPATH");
+        unsetenv("LC_ALL");
+        std::filesystem::remove_all(folder_);
+    }
+    GermanMachine(const GermanMachine&) = delete;
+    GermanMachine& operator=(const GermanMachine&) = delete;
+
+    bool made = false;
+
+private:
+    static constexpr const char* Name = "de_DE.UTF-8";
+    std::filesystem::path folder_ = testing::TempDir() + "languages-" + std::to_string(getpid());
+};
+
+TEST(Program, DatesAreEnglishWhateverTheMachineSpeaks) {
+    const GermanMachine german;
+    ASSERT_TRUE(german.made);
+    std::time_t sunday = 3 * 86400;
+    char word[20];
+    std::setlocale(LC_TIME, "");
+    std::strftime(word, sizeof word, "%a %B", std::gmtime(&sunday));
+    std::setlocale(LC_TIME, "C");
+    ASSERT_STREQ(word, "So Januar") << "a program that lets the machine's language in would say so";
+    const TestServer server;
+    TestClient client(server.port());
+    client.enterAsGuest();
+    EXPECT_THAT(client.ask("date"),
+                testing::ContainsRegex("Server time    - (Mon|Tue|Wed|Thu|Fri|Sat|Sun) "
+                                       "(Jan|Feb|Mar|Apr|May|Jun|Jul|Aug|Sep|Oct|Nov|Dec) [ 1-3][0-9], "));
 }
 
 std::vector<pid_t> childrenOf(pid_t process) {

@@ -92,6 +92,9 @@ TEST(LineFile, AFaultNamesTheFileAndWhatIsWrongWithIt) {
     EXPECT_EQ(said([] { const LineFile file("/dev/null"); }), "/dev/null: this is no plain file");
     EXPECT_EQ(said([] { const LineFile file("/proc/self/mem"); }), "/proc/self/mem: Input/output error")
         << "at 0 there is nothing to read";
+    EXPECT_EQ(said([] { const LineFile file("/J\u00fcrgen/\u0141.pgn"); }),
+              "/J\xfcrgen/?.pgn: No such file or directory")
+        << "in the letters that the screen shows";
     rig.file("a\n");
     LineFile file(rig.path());
     EXPECT_EQ(said([&] { const LineFile other(rig.path()); }), "a game file is open already");
