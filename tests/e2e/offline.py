@@ -71,6 +71,8 @@ class Offline(unittest.TestCase):
         self.assertEnded(process, 0, port)
 
     def test_both_end_with_the_command(self):
+        signal.signal(signal.SIGHUP, signal.SIG_DFL)  # who starts the tests may have had them passed over
+        signal.signal(signal.SIGINT, signal.default_int_handler)
         for number, status in (signal.SIGTERM, 143), (signal.SIGHUP, 129), (signal.SIGINT, 130):
             with self.subTest(number.name):
                 process, store, port = self.begin()
