@@ -14,6 +14,7 @@
 #include <mutex>
 #include <optional>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include <pulse/simple.h>
@@ -182,7 +183,12 @@ WavePlayer::~WavePlayer() {
 
 void WavePlayer::play(const QString& path) {
     orders_->want(path);
-    if (!thread_.joinable()) thread_ = std::thread([orders = orders_] { serve(*orders); });
+    if (thread_.joinable()) return;
+    try {
+        thread_ = std::thread([orders = orders_] { serve(*orders); });
+    } catch (const std::system_error&) {
+        // A machine that has no thread left: the next file asks again.
+    }
 }
 
 void WavePlayer::serve(Orders& orders) {

@@ -12,8 +12,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <system_error>
+#include <thread>
 
 #include <poll.h>
+#include <pthread.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -61,6 +64,28 @@ private:
     int socket_ = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
 };
 
+// For its time no thread can be started: each would get a stack for which no machine has room.
+class NoThreads {
+public:
+    NoThreads() {
+        pthread_getattr_default_np(&before_);
+        pthread_attr_t vast;
+        pthread_attr_init(&vast);
+        EXPECT_EQ(pthread_attr_setstacksize(&vast, std::size_t{1} << 47U), 0);
+        EXPECT_EQ(pthread_setattr_default_np(&vast), 0);
+        pthread_attr_destroy(&vast);
+    }
+    ~NoThreads() {
+        pthread_setattr_default_np(&before_);
+        pthread_attr_destroy(&before_);
+    }
+    NoThreads(const NoThreads&) = delete;
+    NoThreads& operator=(const NoThreads&) = delete;
+
+private:
+    pthread_attr_t before_;
+};
+
 } // namespace
 
 TEST(PlayableFile, OnesOwnSoundsAreSuch) { EXPECT_FALSE(playableBytes(waveFile("move.wav")).isEmpty()); }
@@ -100,6 +125,20 @@ TEST(WavePlayer, WithoutAServerPlaysNothingAndPrintsNothing) {
         QTest::qWait(60);
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(WavePlayer, WithoutAThreadToBeHadIsSilentAndAsksAgain) {
+    const OwnServerFolder surroundings;
+    SilentServer server(surroundings.folder);
+    WavePlayer player;
+    {
+        const NoThreads none;
+        ASSERT_THROW(std::thread([] {}).join(), std::system_error);
+        player.play(waveFile("move.wav"));
+    }
+    player.play(waveFile("move.wav"));
+    EXPECT_EQ(server.nextClient(), "");
+    EXPECT_NE(server.nextClient(), "") << "it asks for a stream";
 }
 
 TEST(WavePlayer, AServerThatDoesNotAnswerHoldsUpNeitherTheCallerNorTheEnd) {
