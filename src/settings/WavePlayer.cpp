@@ -70,8 +70,8 @@ const AudioLibrary* audioLibrary() {
 // One wave at the sound server: what of it was not heard when this ends never will be.
 class Stream {
 public:
-    explicit Stream(const Wave& wave)
-        : frame_(wave.channels * wave.bits / 8), rate_(wave.rate), server_(library_ ? open(wave) : nullptr) {}
+    Stream(const QByteArray& server, const Wave& wave)
+        : frame_(wave.channels * wave.bits / 8), rate_(wave.rate), server_(library_ ? open(server, wave) : nullptr) {}
     ~Stream() {
         if (server_) library_->close(server_);
     }
@@ -96,7 +96,7 @@ private:
     static constexpr std::uint32_t Start = 20;  // ms with which it begins to play
     static constexpr std::uint32_t Piece = 20;  // ms that it is handed at once
 
-    pa_simple* open(const Wave& wave) const {
+    pa_simple* open(const QByteArray& server, const Wave& wave) const {
         const pa_sample_spec format{wave.bits == 8    ? PA_SAMPLE_U8
                                     : wave.bits == 16 ? PA_SAMPLE_S16LE
                                                       : PA_SAMPLE_S32LE,
@@ -109,8 +109,8 @@ private:
                                     .fragsize = Default};
         pa_channel_map speakers;
         library_->speakers(&speakers, wave.channels, PA_CHANNEL_MAP_WAVEEX);
-        return library_->open(nullptr, "Brightrank", PA_STREAM_PLAYBACK, nullptr, "sounds", &format, &speakers, &buffer,
-                              nullptr);
+        return library_->open(server.constData(), "Brightrank", PA_STREAM_PLAYBACK, nullptr, "sounds", &format,
+                              &speakers, &buffer, nullptr);
     }
     std::uint32_t bytesIn(std::uint32_t milliseconds) const { return rate_ * milliseconds / 1000 * frame_; }
 
@@ -196,12 +196,14 @@ void WavePlayer::serve(Orders& orders) {
     orders.noteEnded();
 }
 
-// Asking the audio library where no server is would print a complaint, and might start one.
+// The audio library is told the server: left to look for one itself it might print a complaint, or start one.
 void WavePlayer::playFile(const QString& path, Orders& orders) {
     const QByteArray bytes = playableBytes(path);
-    if (bytes.isEmpty() || !soundServerAnswers()) return;
+    if (bytes.isEmpty()) return;
+    const QByteArray server = soundServer();
+    if (server.isEmpty()) return;
     const Wave wave = *waveIn(bytes);
-    Stream stream(wave);
+    Stream stream(server, wave);
     for (std::string_view rest = wave.samples; !rest.empty();) {
         if (orders.isNewWithin(0us) || !stream.write(rest)) return;
     }
@@ -216,12 +218,13 @@ QByteArray playableBytes(const QString& path) {
     return waveIn(bytes) ? bytes : QByteArray();
 }
 
-bool soundServerAnswers() {
-    if (!qEnvironmentVariableIsEmpty("PULSE_SERVER")) return true;
+QByteArray soundServer() {
+    if (const QByteArray named = qgetenv("PULSE_SERVER"); !named.isEmpty()) return named;
     QByteArray folder = qgetenv("PULSE_RUNTIME_PATH");
     if (folder.isEmpty()) {
         const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
         folder = (runtime.isEmpty() ? "/run/user/" + QByteArray::number(::getuid()) : runtime) + "/pulse";
     }
-    return listens(folder + "/native");
+    const QByteArray path = folder + "/native";
+    return listens(path) ? "unix:" + path : QByteArray();
 }

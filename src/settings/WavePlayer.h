@@ -34,6 +34,6 @@ private:
 // larger file without waiting or reading.
 QByteArray playableBytes(const QString& path);
 
-// True when a sound server listens on this machine or the user names one in PULSE_SERVER. Takes microseconds and starts
-// nothing.
-bool soundServerAnswers();
+// The sound server: the one that the user names in PULSE_SERVER, else the one that listens on this machine
+// ("unix:/run/user/1000/pulse/native"); empty when none does. Takes microseconds and starts nothing.
+QByteArray soundServer();

@@ -2,10 +2,12 @@
 """What is heard of the built program: a sound server of the test's own plays into nothing, and what it plays is listened
 to."""
 import array
+import itertools
 import os
 import pathlib
 import shutil
 import signal
+import statistics
 import subprocess
 import tempfile
 import threading
@@ -25,16 +27,18 @@ START = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------",
 TELL = "\n\rRookery tells you: good evening" + PROMPT
 
 
-def tone(path, seconds, channels=1):
-    """Writes a wave file that is loud all the time."""
-    period = [level for level in (9000, -9000) for _ in range(50 * channels)]
+def tone(path, seconds, channels=1, bits=16, level=9000):
+    """Writes a wave file that is loud all the time, a rectangle of `level` of 32767."""
+    code, one, middle = {8: ("B", 1 / 256, 128), 16: ("h", 1, 0), 32: ("i", 65536, 0)}[bits]
+    period = [middle + int(sign * level * one) for sign in (1, -1) for _ in range(50 * channels)]
     with wave.open(str(path), "wb") as file:
-        file.setparams((channels, 2, RATE, 0, "NONE", None))
-        file.writeframes(array.array("h", period * int(seconds * RATE / 100)).tobytes())
+        file.setparams((channels, bits // 8, RATE, 0, "NONE", None))
+        file.writeframes(array.array(code, period * int(seconds * RATE / 100)).tobytes())
 
 
 class SoundServer:
-    """Listens from its start on; `heard` holds the moments of the pieces that are no silence. Ends with the test."""
+    """Listens from its start on; `heard` holds the pieces that are no silence: when each was heard, its number, and
+    its level. Ends with the test."""
 
     def __init__(self, test):
         self.folder = tempfile.mkdtemp(prefix="brightrank-sound-")
@@ -65,14 +69,17 @@ class SoundServer:
 
     def listen(self, ear, listening):
         with ear:
-            while piece := ear.read(2 * PIECE):
+            for number in itertools.count():
+                if not (piece := ear.read(2 * PIECE)):
+                    break
                 listening.set()
-                if max(map(abs, array.array("h", piece[:len(piece) // 2 * 2]))) > LOUD:
-                    self.heard.append(time.monotonic())
+                levels = sorted(map(abs, array.array("h", piece[:len(piece) // 2 * 2])))
+                if levels[-1] > LOUD:
+                    self.heard.append((time.monotonic(), number, levels[len(levels) // 2]))
 
     def between(self, begin, end):
         """For how many milliseconds something was heard."""
-        return 20 * sum(begin <= moment < end for moment in self.heard)
+        return 20 * sum(begin <= moment < end for moment, _, _ in self.heard)
 
     def streams(self):
         return subprocess.run(["pactl", "list", "short", "sink-inputs"], env=self.surroundings, capture_output=True, check=True).stdout
@@ -143,6 +150,33 @@ class Sounds(ScriptedCase):
             time.sleep(seconds)
         self.assertGreater(self.sound.between(begin, time.monotonic()), 700)
 
+    def testAProgramThatIsHeldUpForAMomentInASoundIsNotHeardToBe(self):
+        own = pathlib.Path(self.sound.folder, "own.wav")
+        tone(own, 1)
+        self.start(beside={"move.wav": own})
+        self.server.say(self.move(1))
+        time.sleep(0.3)
+        for _ in range(3):
+            for number in signal.SIGSTOP, signal.SIGCONT:
+                self.client.process.send_signal(number)
+                time.sleep(0.12)
+        time.sleep(0.6)
+        numbers = [number for _, number, _ in self.sound.heard]
+        self.assertIn(len(numbers), range(48, 53))
+        self.assertEqual(numbers, list(range(numbers[0], numbers[-1] + 1)), "no silence in the middle")
+
+    def testEachKindOfFileIsHeardAsLoudAsItIs(self):
+        own = pathlib.Path(self.sound.folder, "own.wav")
+        self.start(beside={"move.wav": own})
+        kinds = [(bits, channels) for bits in (8, 16, 32) for channels in (1, 2)] + [(16, n) for n in range(3, 9)]
+        heard = {}
+        for number, (bits, channels) in enumerate(kinds, 1):
+            tone(own, 0.2, channels, bits, 0x2000)
+            self.sound.heard.clear()
+            self.assertIn(self.heardOf(self.move(number), 0.6), range(160, 241), (bits, channels))
+            heard[bits, channels] = statistics.median(level for _, _, level in self.sound.heard)
+        self.assertEqual({kind: level for kind, level in heard.items() if not 0x1F00 < level < 0x2100}, {})
+
     def testAFileThatIsChangedAndAServerThatIsStartedAnewAreHeard(self):
         own = pathlib.Path(self.sound.folder, "own.wav")
         tone(own, 0.3)
@@ -159,8 +193,12 @@ class Sounds(ScriptedCase):
         self.server.awaitLine("moves 1")
         self.addCleanup(self.sound.process.send_signal, signal.SIGCONT)
         self.sound.process.send_signal(signal.SIGSTOP)
-        for number in range(1, 4):
-            self.heardOf(self.move(number))
+        for text in (self.move(1), TELL, self.move(2)):
+            self.heardOf(text)
+        self.sound.process.send_signal(signal.SIGCONT)
+        self.assertIn(self.heardOf(PROMPT, 1.5), self.MOVE, "the latest alone")
+        self.sound.process.send_signal(signal.SIGSTOP)
+        self.heardOf(self.move(3))
         self.server.say("\n\r**** Starting FICS session as Pupil ****\n\r" + PROMPT)
         self.server.awaitLine("Set Style 12")
         self.endClient()

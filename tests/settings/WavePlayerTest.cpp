@@ -5,6 +5,8 @@
 #include "EnvironmentVariable.h"
 #include "settings/Sounds.h"
 
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -37,8 +39,10 @@ private:
 // Listens where a sound server does, and says nothing.
 class SilentServer {
 public:
-    explicit SilentServer(const QTemporaryDir& folder) {
-        const QByteArray path = QFile::encodeName(folder.filePath(QStringLiteral("native")));
+    explicit SilentServer(const QTemporaryDir& folder) : SilentServer(folder.path()) {}
+    explicit SilentServer(const QString& folder) {
+        EXPECT_TRUE(QDir().mkpath(folder));
+        const QByteArray path = QFile::encodeName(folder + QStringLiteral("/native"));
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
         std::copy(path.begin(), path.end(), address.sun_path);
@@ -63,6 +67,10 @@ public:
 private:
     int socket_ = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
 };
+
+qsizetype entriesOf(const QString& folder) {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
+}
 
 // For its time no thread can be started: each would get a stack for which no machine has room.
 class NoThreads {
@@ -115,16 +123,63 @@ TEST(PlayableFile, AFolderAPipeALinkToItselfAndNoFileAreNotWaitedFor) {
     EXPECT_TRUE(playableBytes(folder.filePath(QStringLiteral("gone.wav"))).isEmpty());
 }
 
+TEST(LookForASoundServer, FindsTheOneThatTheSurroundingsName) {
+    const OwnServerFolder surroundings;
+    const QString path = surroundings.folder.path();
+    EXPECT_EQ(soundServer(), "");
+    {
+        const SilentServer server(surroundings.folder);
+        EXPECT_EQ(soundServer(), "unix:" + QFile::encodeName(path) + "/native");
+    }
+    EXPECT_EQ(soundServer(), "") << "nobody listens at what it left";
+    const EnvironmentVariable named("PULSE_SERVER", "tcp:127.0.0.1:9");
+    EXPECT_EQ(soundServer(), "tcp:127.0.0.1:9");
+}
+
+TEST(LookForASoundServer, FindsTheOneOfTheDesktop) {
+    const OwnServerFolder surroundings;
+    const EnvironmentVariable own("PULSE_RUNTIME_PATH", {});
+    const QTemporaryDir desktop;
+    const EnvironmentVariable runtime("XDG_RUNTIME_DIR", QFile::encodeName(desktop.path()));
+    EXPECT_EQ(soundServer(), "");
+    const SilentServer server(desktop.filePath(QStringLiteral("pulse")));
+    EXPECT_EQ(soundServer(), "unix:" + QFile::encodeName(desktop.path()) + "/pulse/native");
+}
+
+TEST(LookForASoundServer, LeavesNothingOpenAndWaitsForNoServerThatIsBusy) {
+    const OwnServerFolder surroundings;
+    const SilentServer server(surroundings.folder);
+    const qsizetype open = entriesOf(QStringLiteral("/proc/self/fd"));
+    for (int i = 0; i < 100; ++i) soundServer();
+    EXPECT_EQ(entriesOf(QStringLiteral("/proc/self/fd")), open);
+    EXPECT_EQ(soundServer(), "") << "nobody takes the clients in, and no more may wait";
+}
+
 TEST(WavePlayer, WithoutAServerPlaysNothingAndPrintsNothing) {
     const OwnServerFolder surroundings;
-    EXPECT_FALSE(soundServerAnswers());
+    EXPECT_EQ(soundServer(), "");
     testing::internal::CaptureStderr();
+    QElapsedTimer ending;
     {
         WavePlayer player;
         player.play(waveFile("move.wav"));
         QTest::qWait(60);
+        ending.start();
     }
+    EXPECT_LT(ending.elapsed(), 500) << "nothing holds it up";
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(WavePlayer, AServerThatIsNamedAndNotThereIsSilence) {
+    const EnvironmentVariable named("PULSE_SERVER", "tcp:127.0.0.1:9");
+    QElapsedTimer ending;
+    {
+        WavePlayer player;
+        player.play(waveFile("move.wav"));
+        QTest::qWait(200);
+        ending.start();
+    }
+    EXPECT_LT(ending.elapsed(), 500) << "it was refused at once";
 }
 
 TEST(WavePlayer, WithoutAThreadToBeHadIsSilentAndAsksAgain) {
@@ -144,14 +199,16 @@ TEST(WavePlayer, WithoutAThreadToBeHadIsSilentAndAsksAgain) {
 TEST(WavePlayer, AServerThatDoesNotAnswerHoldsUpNeitherTheCallerNorTheEnd) {
     const OwnServerFolder surroundings;
     SilentServer server(surroundings.folder);
-    ASSERT_TRUE(soundServerAnswers());
-    EXPECT_EQ(server.nextClient(), "") << "a look whether somebody listens";
+    QElapsedTimer ending;
     {
         WavePlayer player;
         player.play(waveFile("move.wav"));
-        EXPECT_EQ(server.nextClient(), "");
+        EXPECT_EQ(server.nextClient(), "") << "a look whether somebody listens";
         EXPECT_NE(server.nextClient(), "") << "it asks for a stream, and waits";
+        const qsizetype threads = entriesOf(QStringLiteral("/proc/self/task"));
         for (int i = 0; i < 1000; ++i) player.play(waveFile("capture.wav"));
+        EXPECT_EQ(entriesOf(QStringLiteral("/proc/self/task")), threads);
+        ending.start();
     }
-    SUCCEED() << "it came out of there";
+    EXPECT_LT(ending.elapsed(), 2500) << "it waits a second";
 }
