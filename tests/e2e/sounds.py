@@ -190,6 +190,13 @@ class Sounds(ScriptedCase):
             heard[bits, channels] = statistics.median(level for _, _, level in self.sound.heard)
         self.assertEqual({kind: level for kind, level in heard.items() if not 0x1F00 < level < 0x2100}, {})
 
+    def testASoundOfAnInstantIsHeard(self):
+        own = pathlib.Path(self.sound.folder, "own.wav")
+        tone(own, 0.0185)  # the server may drop the first 10 ms of any sound
+        self.start(beside={"move.wav": own})
+        heard = [self.heardOf(self.move(number)) for number in range(1, 4)]
+        self.assertTrue(all(0 < time <= 60 for time in heard), heard)
+
     def testAFileThatIsChangedAndAServerThatIsStartedAnewAreHeard(self):
         own = pathlib.Path(self.sound.folder, "own.wav")
         tone(own, 0.3)

@@ -170,6 +170,17 @@ TEST(WavePlayer, WithoutAServerPlaysNothingAndPrintsNothing) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+TEST(WavePlayer, WhatIsNoSoundIsNotTakenToTheServer) {
+    const OwnServerFolder surroundings;
+    SilentServer server(surroundings.folder);
+    WavePlayer player;
+    player.play(surroundings.folder.path());
+    QTest::qWait(60);
+    player.play(waveFile("move.wav"));
+    EXPECT_EQ(server.nextClient(), "") << "a look whether somebody listens, for the second alone";
+    EXPECT_NE(server.nextClient(), "");
+}
+
 TEST(WavePlayer, AServerThatIsNamedAndNotThereIsSilence) {
     const EnvironmentVariable named("PULSE_SERVER", "tcp:127.0.0.1:9");
     QElapsedTimer ending;
