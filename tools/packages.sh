@@ -11,7 +11,7 @@ PICTURE_PACKAGES=(xvfb imagemagick)
 CHECK_PACKAGES=(ccache libgtest-dev libgmock-dev libbenchmark-dev clang clang-format clang-tidy python3 git
     pgn-extract xvfb openbox xdotool imagemagick xauth x11-utils
     dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3-gi
-    pulseaudio pulseaudio-utils locales
+    pulseaudio pulseaudio-utils locales weston qt6-wayland
     lintian desktop-file-utils appstream man-db mmdebstrap)
 
 # Prints those of the packages named that are not installed, one a line.

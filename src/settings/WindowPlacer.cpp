@@ -5,10 +5,15 @@
 #include "platform/FramePlace.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace {
+
+bool placesAreTold() { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
 
 bool fillsScreen(const QWidget& window) { return window.isMaximized() || window.isFullScreen(); }
 
@@ -23,13 +28,15 @@ WindowPlacer::WindowPlacer(QWidget* window) : window_(window) { window->installE
 WindowPlace WindowPlacer::place() const {
     const bool fills = fillsScreen(*window_);
     // The place to go back to is known without its frame, and a window that fills the screen may have another frame.
-    const QPoint corner = fills ? window_->normalGeometry().topLeft() - inside_ : window_->pos();
+    const QPoint told = fills ? window_->normalGeometry().topLeft() - inside_ : window_->pos();
+    const QPoint corner = placesAreTold() ? told : asked_;
     const Extent size = twipsOf(fills ? window_->normalGeometry().size() : window_->size());
     return {float(corner.x() * TwipsPerPixelX), float(corner.y() * TwipsPerPixelY), size.Width, size.Height};
 }
 
 void WindowPlacer::moveTo(const WindowPlace& at) {
     const QPoint corner(int(at.Left) / TwipsPerPixelX, int(at.Top) / TwipsPerPixelY);
+    asked_ = {std::max(corner.x(), 1), std::max(corner.y(), 1)};
     placeFrame(*window_, corner);
     window_->resize(int(at.Width) / TwipsPerPixelX, int(at.Height) / TwipsPerPixelY);
 }

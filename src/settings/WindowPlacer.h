@@ -17,7 +17,8 @@ Extent twipsOf(QSize size);
 Extent screenOf(const QWidget& window);
 
 // Of one window. A place has the position of the window's frame and the size of what the frame holds, so what `place`
-// gave puts the window back where it was when it goes to `moveTo`.
+// gave puts the window back where it was when it goes to `moveTo`. A Wayland desktop places its windows itself and
+// tells nobody where; there the position is the one that `moveTo` had.
 class WindowPlacer : public QObject {
     Q_OBJECT
 public:
@@ -42,5 +43,6 @@ protected:
 
 private:
     QWidget* window_;
+    QPoint asked_{1, 1}; // the frame's corner, where none is told: 1 pixel at least, since at 0 no size is restored
     QPoint inside_; // the inner corner, seen from the frame's, while the window is neither maximised nor full-screen
 };

@@ -57,7 +57,8 @@ TEST(Application, NothingOfTheProgramRunsWhileTheLastBoxIsUp) {
 }
 
 TEST(Application, ATerminalIsGivenNoCommandsOfTheTextThatMetTheLimit) {
-    EXPECT_EQ(runProgram("terminal").error, "brightrank: type mismatch error: \"?]0;title??2Jx?\u00fc\" is no number\n");
+    EXPECT_EQ(runProgram("terminal").error,
+              "brightrank: type mismatch error: \"?]0;title??2Jx?\u00fc\" is no number\n");
 }
 
 TEST(Application, NoLabelOfItsWindowsTakesATextForMarkup) { EXPECT_EQ(runProgram("label").out, "plain\n"); }

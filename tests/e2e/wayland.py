@@ -1,0 +1,54 @@
+#!/usr/bin/env python3
+"""The built program on a Wayland desktop, which places windows itself and tells nobody where."""
+import os
+import pathlib
+import re
+import subprocess
+import tempfile
+import unittest
+
+from rig import Client, endProcess, waitFor
+from scripted import ScriptedServer
+
+PLACES = {"Client": (1500, 6000, 9300, 5700), "Board": (9900, 150, 9690, 8115)}  # twips: left, top, width, height
+
+
+class WaylandDesktop:
+    """Without a screen or a pointer. Ends with the test."""
+
+    def __init__(self, test):
+        self.folder = tempfile.TemporaryDirectory(prefix="brightrank-wayland-")
+        test.addCleanup(self.folder.cleanup)
+        os.chmod(self.folder.name, 0o700)
+        self.own = {"XDG_RUNTIME_DIR": self.folder.name}
+        desktop = subprocess.Popen(["weston", "--backend=headless-backend.so", "--no-config", "--idle-time=0", "--socket=desktop",
+                                    "--width=1400", "--height=1000"], env=os.environ | self.own,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        test.addCleanup(endProcess, desktop)
+        waitFor(pathlib.Path(self.folder.name, "desktop").exists, "the desktop")
+
+    def environment(self):
+        """That of a program which is to show itself here."""
+        surroundings = os.environ | self.own | {"WAYLAND_DISPLAY": "desktop", "QT_QPA_PLATFORM": "wayland"}
+        surroundings.pop("DISPLAY", None)
+        return surroundings
+
+
+class Wayland(unittest.TestCase):
+    def testPlacesAndSizesAreKeptFromOneSessionToTheNext(self):
+        desktop = WaylandDesktop(self)
+        server = ScriptedServer()
+        self.addCleanup(server.end)
+        left, top, width, height = PLACES["Client"]
+        client = Client(desktop, server.port, boardWidth=PLACES["Board"][2], boardHeight=PLACES["Board"][3],
+                        Left=left, Top=top, Width=width, Height=height)
+        server.logOn()
+        store = client.end()
+        for section, place in PLACES.items():
+            keys = store.split(f"[{section}]")[1].split("\n[")[0]
+            kept = tuple(int(re.search(rf"^{key}=(.*)$", keys, re.MULTILINE)[1]) for key in ("Left", "Top", "Width", "Height"))
+            self.assertEqual(kept, place, section)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
