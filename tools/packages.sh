@@ -9,7 +9,7 @@ PICTURE_PACKAGES=(xvfb imagemagick)
 
 # What it takes to check the tree, beyond the above.
 CHECK_PACKAGES=(ccache libgtest-dev libgmock-dev libbenchmark-dev clang clang-format clang-tidy python3 git
-    pgn-extract xvfb openbox xdotool imagemagick xauth x11-utils
+    pgn-extract xvfb openbox xdotool imagemagick xauth x11-utils x11-xserver-utils
     dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3-gi
     pulseaudio pulseaudio-utils locales weston qt6-wayland
     lintian desktop-file-utils appstream man-db mmdebstrap)

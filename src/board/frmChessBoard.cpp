@@ -101,7 +101,7 @@ void frmChessBoard::loadPlace() {
         lefts.push_back(static_cast<const frmChessBoard*>(open.window)->placer_.place().Left);
     }
     cascade(read, lefts);
-    placer_.moveTo(placedBoard(read, designed, screenOf(*this)));
+    placer_.moveTo(placedBoard(read, designed, screensFor(read)));
 }
 
 void frmChessBoard::takeTells() {

@@ -148,7 +148,7 @@ void frmMatch::load() {
     const Extent designed = twipsOf(sizeHint());
     WindowPlace read = designedPlace(designed);
     if (readMatch(roads_.store, read, fields_)) fill();
-    placer_.moveTo(placed(read, designed, screenOf(*this), MatchSection.limit));
+    placer_.moveTo(placed(read, designed, screensFor(read), MatchSection.limit));
 }
 
 void frmMatch::fill() {

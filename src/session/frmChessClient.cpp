@@ -110,10 +110,9 @@ void frmChessClient::load() {
 
 void frmChessClient::loadPlace() {
     const Extent designed = twipsOf(DesignedSize);
-    const Extent screenSize = screenOf(*this);
-    if (!registryWritten()) placer_.moveTo(centred(designed, screenSize)); // the rule below moves it again
+    if (!registryWritten()) placer_.moveTo(centred(designed, screenOf(*this))); // the rule below moves it again
     const WindowPlace read{settings.Left, settings.Top, settings.Width, settings.Height};
-    placer_.moveTo(placed(read, designed, screenSize, ClientLimit));
+    placer_.moveTo(placed(read, designed, screensFor(read), ClientLimit));
 }
 
 void frmChessClient::takeLook() {

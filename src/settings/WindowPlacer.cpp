@@ -10,6 +10,8 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 
 namespace {
 
@@ -23,6 +25,14 @@ Extent twipsOf(QSize size) { return {float(size.width() * TwipsPerPixelX), float
 
 Extent screenOf(const QWidget& window) { return twipsOf(window.screen()->geometry().size()); }
 
+Extent screensFor(const WindowPlace& read) {
+    const QPoint corner(int(read.Left) / TwipsPerPixelX, int(read.Top) / TwipsPerPixelY);
+    const QScreen* screen = QGuiApplication::screenAt({std::max(corner.x(), 0), std::max(corner.y(), 0)});
+    if (!screen) return {};
+    const QRect all = screen->virtualGeometry();
+    return twipsOf({all.right() + 1, all.bottom() + 1});
+}
+
 WindowPlacer::WindowPlacer(QWidget* window) : window_(window) { window->installEventFilter(this); }
 
 WindowPlace WindowPlacer::place() const {
@@ -31,7 +41,9 @@ WindowPlace WindowPlacer::place() const {
     const QPoint told = fills ? window_->normalGeometry().topLeft() - inside_ : window_->pos();
     const QPoint corner = placesAreTold() ? told : asked_;
     const Extent size = twipsOf(fills ? window_->normalGeometry().size() : window_->size());
-    return {float(corner.x() * TwipsPerPixelX), float(corner.y() * TwipsPerPixelY), size.Width, size.Height};
+    constexpr float Most = std::numeric_limits<std::int16_t>::max();
+    return {std::min(float(corner.x() * TwipsPerPixelX), Most), std::min(float(corner.y() * TwipsPerPixelY), Most),
+            std::min(size.Width, Most), std::min(size.Height, Most)};
 }
 
 void WindowPlacer::moveTo(const WindowPlace& at) {
@@ -44,7 +56,7 @@ void WindowPlacer::moveTo(const WindowPlace& at) {
 void WindowPlacer::restore(const SettingsStore& store, const WindowSection& section, Extent designed) {
     WindowPlace read = designedPlace(designed);
     readWindow(store, section, read);
-    moveTo(placed(read, designed, screenOf(*window_), section.limit));
+    moveTo(placed(read, designed, screensFor(read), section.limit));
 }
 
 void WindowPlacer::unminimise() {

@@ -16,9 +16,14 @@ Extent twipsOf(QSize size);
 // The whole screen on which `window` is.
 Extent screenOf(const QWidget& window);
 
+// What a place that was read is tested against: all screens as one if its corner is on one of them, else nothing; so a
+// window that stood on a screen which is no longer there goes to the corner.
+Extent screensFor(const WindowPlace& read);
+
 // Of one window. A place has the position of the window's frame and the size of what the frame holds, so what `place`
 // gave puts the window back where it was when it goes to `moveTo`. A Wayland desktop places its windows itself and
-// tells nobody where; there the position is the one that `moveTo` had.
+// tells nobody where; there the position is the one that `moveTo` had. No measure is beyond 32767 twips (2184 pixels):
+// one that were could not be read again, and with it nothing that stands behind it in the store.
 class WindowPlacer : public QObject {
     Q_OBJECT
 public:

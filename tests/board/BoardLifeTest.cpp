@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFile>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QWindow>
 
@@ -101,12 +102,20 @@ TEST_F(BoardLife, ASavedLeftOf0LeavesTheBoardAtItsDesignedPlace) {
     EXPECT_EQ(open().pos(), place);
 }
 
+TEST_F(BoardLife, ASavedPlaceOnAnotherScreenPutsTheBoardThere) {
+    const QRect other = QGuiApplication::screens().last()->geometry();
+    ASSERT_GT(other.left(), 0);
+    savedPlace(std::to_string((other.left() + 40) * 15).c_str(), "300", "9000", "7500");
+    EXPECT_EQ(open().pos(), QPoint(other.left() + 40, 20));
+}
+
 TEST_F(BoardLife, ASavedPlaceThatReachesBeyondTheScreenLeavesTheBoardAtItsDesignedPlace) {
     const frmChessBoard& designed = open();
     const QPoint place = designed.pos();
     const QSize size = designed.size();
     delete &designed;
-    savedPlace("11000", "300", "9000", "4500");
+    const int right = QGuiApplication::primaryScreen()->virtualGeometry().width() * 15;
+    savedPlace(std::to_string(right - 9000 + 15).c_str(), "300", "9000", "4500");
     frmChessBoard& board = open();
     EXPECT_EQ(board.pos(), place);
     EXPECT_EQ(board.size(), size);

@@ -5,7 +5,11 @@ import socket
 import subprocess
 import unittest
 
-from rig import Client, Display
+from managed import ManagedDisplay
+from rig import Client, Display, waitFor
+from scripted import ScriptedServer
+
+CONSOLE = "Brightrank - Client"
 
 
 class Places(unittest.TestCase):
@@ -41,6 +45,44 @@ class Places(unittest.TestCase):
         self.assertGreater(int(re.search(r"minimum size: (\d+)", self.hints("Brightrank - Client"))[1]), 300 / 15)
         self.expectFrameAt("Brightrank - Client", 10, 660)
         self.expectFrameAt("Brightrank - Board", 660, 10)
+
+
+class TwoMonitors(unittest.TestCase):
+    """Each of 1400 pixels, side by side."""
+
+    def setUp(self):
+        self.display = self.enterContext(ManagedDisplay(2800, 1000))
+        for name, left, output in ("left", 0, "screen"), ("right", 1400, "none"):
+            subprocess.run(["xrandr", "--setmonitor", name, f"1400/370x1000/260+{left}+0", output],
+                           env=self.display.environment(), check=True, capture_output=True)
+
+    def runFrom(self, left, act=lambda: None):
+        """What the store holds of the console behind a session in which it began at `left` twips."""
+        server = ScriptedServer()
+        self.addCleanup(server.end)
+        client = Client(self.display, server.port, Left=left)
+        server.logOn()
+        act()
+        keys = client.end().split("[Client]")[1].split("\n[")[0]
+        return dict(line.split("=", 1) for line in keys.splitlines() if "=" in line)
+
+    def testAWindowOnTheSecondOneComesBackThere(self):
+        place = []
+        kept = self.runFrom(22500, lambda: place.append(self.display.settled(CONSOLE).left))
+        self.assertEqual(place, [1500])
+        self.assertEqual(kept["Left"], "22500")
+
+    def testAWindowFartherRightThanTheStoreCanTellLosesNoSettings(self):
+        def moveIt():
+            subprocess.run(["xdotool", "windowmove", self.display.number(CONSOLE), "2300", "100"], env=self.display.environment(), check=True)
+            waitFor(lambda: self.display.frame(CONSOLE).left >= 2290, "the console at the far right")
+
+        kept = self.runFrom(1500, moveIt)
+        self.assertEqual((kept["Left"], kept["Handle"]), ("32767", "Pupil"))
+        place = []
+        kept = self.runFrom(kept["Left"], lambda: place.append(self.display.settled(CONSOLE).left))
+        self.assertEqual(place, [2184])
+        self.assertEqual(kept["Handle"], "Pupil")
 
 
 if __name__ == "__main__":

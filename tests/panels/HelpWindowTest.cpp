@@ -436,7 +436,7 @@ TEST_F(HelpWindow, ItComesBackToItsPlaceAndSize) {
 }
 
 TEST_F(HelpWindow, AtTheVeryCornerAndBeyondTheScreenTheSavedSizeIsDropped) {
-    const QRect area = QGuiApplication::primaryScreen()->geometry();
+    const QRect area = QGuiApplication::primaryScreen()->virtualGeometry();
     for (const std::string& left : {std::string("0"), std::to_string(area.width() * 15)}) {
         stored("Left", left.c_str());
         stored("Top", "750");

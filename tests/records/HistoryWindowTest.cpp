@@ -428,7 +428,7 @@ TEST_F(HistoryWindow, ItClosesOnceAndItsTimerWithIt) {
 }
 
 TEST_F(HistoryWindow, APlaceBeyondTheScreenIsNotUsed) {
-    const QSize screen = QGuiApplication::primaryScreen()->size();
+    const QSize screen = QGuiApplication::primaryScreen()->virtualSize(); // of all screens
     const std::pair<int, int> places[] = {{screen.width() * 15, 600}, {450, screen.height() * 15}};
     for (const auto& [left, top] : places) {
         stored("Left", std::to_string(left).c_str());

@@ -3,6 +3,7 @@
 
 #include "platform/WaitUntil.h"
 
+#include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
 
@@ -106,4 +107,28 @@ TEST_F(WindowPlacerTest, TheScreenIsMeasuredInTwips) {
     const QSize pixels = window.screen()->geometry().size();
     EXPECT_EQ(screenOf(window).Width, float(pixels.width() * 15));
     EXPECT_EQ(screenOf(window).Height, float(pixels.height() * 15));
+}
+
+TEST_F(WindowPlacerTest, NoMeasureIsBeyondWhatCanBeReadAgain) {
+    window.move(2184, 2300);
+    window.resize(2184, 2300);
+    runFor(20);
+    EXPECT_EQ(placer.place(), (WindowPlace{32760, 32767, 32760, 32767}));
+}
+
+TEST(Screens, APlaceOnAnyOfThemIsTestedAgainstAllOfThem) {
+    const QRect last = QGuiApplication::screens().last()->geometry();
+    ASSERT_GT(last.left(), 0) << "it is beside the first";
+    const Extent all{float((last.right() + 1) * 15), float((last.bottom() + 1) * 15)};
+    const float left = float(last.left() * 15);
+    for (const WindowPlace& on :
+         {WindowPlace{0, 0}, {left - 1, 300}, {left + 300, 300}, {all.Width - 1, all.Height - 1}}) {
+        EXPECT_EQ(screensFor(on).Width, all.Width) << on.Left;
+        EXPECT_EQ(screensFor(on).Height, all.Height) << on.Left;
+    }
+    EXPECT_EQ(screensFor({-300, -300}).Width, all.Width) << "what is above or left of them is for the limit";
+    for (const WindowPlace& off : {WindowPlace{all.Width, 0}, {0, all.Height}, {-300, all.Height}}) {
+        EXPECT_EQ(screensFor(off).Width, 0) << off.Left;
+        EXPECT_EQ(screensFor(off).Height, 0) << off.Left;
+    }
 }
