@@ -79,20 +79,18 @@ void frmChessBoard::load() {
 }
 
 // A board that has no place of its own does not cover the console if there is room for both.
-QPoint frmChessBoard::designedCorner() const {
+WindowPlace frmChessBoard::startPlace() const {
+    const WindowPlace atCorner = designedPlace(twipsOf(size()));
     const QRect console = roads_.consoleFrame();
-    if (console.isEmpty()) return {0, 0};
+    if (console.isEmpty()) return atCorner;
     const Extent extent = twipsOf(console.size());
     const WindowPlace other{float(console.x() * TwipsPerPixelX), float(console.y() * TwipsPerPixelY), extent.Width,
                             extent.Height};
-    const auto place = beside(other, twipsOf(size()), screenOf(*this));
-    if (!place) return {0, 0};
-    return {int(place->Left) / TwipsPerPixelX, int(place->Top) / TwipsPerPixelY};
+    return beside(other, twipsOf(size()), screenOf(*this)).value_or(atCorner);
 }
 
 void frmChessBoard::loadPlace() {
-    move(designedCorner());
-    const WindowPlace designed = placer_.place();
+    const WindowPlace designed = startPlace();
     WindowPlace read = designed;
     readBoard(roads_.store, read);
     std::vector<float> lefts;

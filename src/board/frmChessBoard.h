@@ -75,7 +75,7 @@ private:
     GameSurface surface();
     MoveGridSurface gridSurface();
     void connectTimers();
-    QPoint designedCorner() const;
+    WindowPlace startPlace() const;
     void loadPlace();
     void paintBoard();
     void setPieceSet(std::int16_t set);

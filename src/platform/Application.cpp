@@ -56,12 +56,12 @@ void silence(QObject& receiver) {
     if (auto* notifier = qobject_cast<QSocketNotifier*>(&receiver)) notifier->setEnabled(false);
 }
 
-// The text that met the limit may be a server's, and standard error a terminal, which would obey it. Its letters are
-// the terminal's.
+// The text that met the limit may be a server's, and standard error a terminal, which would obey it. It goes out
+// as UTF-8.
 void tellStandardError(std::string line) {
     const auto commands = [](unsigned char c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); };
     std::ranges::replace_if(line, commands, '?');
-    std::fprintf(stderr, "brightrank: %s\n", shownText(line).toLocal8Bit().constData());
+    std::fprintf(stderr, "brightrank: %s\n", shownText(line).toUtf8().constData());
     std::fflush(stderr);
 }
 

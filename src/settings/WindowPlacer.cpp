@@ -17,6 +17,12 @@ namespace {
 
 bool placesAreTold() { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
 
+// A measure in twips that can be read again.
+float kept(int twips) {
+    using Read = std::numeric_limits<std::int16_t>;
+    return float(std::clamp<int>(twips, Read::min(), Read::max()));
+}
+
 bool fillsScreen(const QWidget& window) { return window.isMaximized() || window.isFullScreen(); }
 
 } // namespace
@@ -27,9 +33,9 @@ Extent screenOf(const QWidget& window) { return twipsOf(window.screen()->geometr
 
 Extent screensFor(const WindowPlace& read) {
     const QPoint corner(int(read.Left) / TwipsPerPixelX, int(read.Top) / TwipsPerPixelY);
-    const QScreen* screen = QGuiApplication::screenAt({std::max(corner.x(), 0), std::max(corner.y(), 0)});
-    if (!screen) return {};
-    const QRect all = screen->virtualGeometry();
+    const bool onScreen = QGuiApplication::screenAt({std::max(corner.x(), 0), std::max(corner.y(), 0)});
+    if (!onScreen && QGuiApplication::screens().size() > 1) return {};
+    const QRect all = QGuiApplication::primaryScreen()->virtualGeometry();
     return twipsOf({all.right() + 1, all.bottom() + 1});
 }
 
@@ -39,16 +45,22 @@ WindowPlace WindowPlacer::place() const {
     const bool fills = fillsScreen(*window_);
     // The place to go back to is known without its frame, and a window that fills the screen may have another frame.
     const QPoint told = fills ? window_->normalGeometry().topLeft() - inside_ : window_->pos();
-    const QPoint corner = placesAreTold() ? told : asked_;
-    const Extent size = twipsOf(fills ? window_->normalGeometry().size() : window_->size());
-    constexpr float Most = std::numeric_limits<std::int16_t>::max();
-    return {std::min(float(corner.x() * TwipsPerPixelX), Most), std::min(float(corner.y() * TwipsPerPixelY), Most),
-            std::min(size.Width, Most), std::min(size.Height, Most)};
+    const QSize size = fills ? window_->normalGeometry().size() : window_->size();
+    const QPoint corner = placesAreTold() ? told : askedCorner(size);
+    return {kept(corner.x() * TwipsPerPixelX), kept(corner.y() * TwipsPerPixelY), kept(size.width() * TwipsPerPixelX),
+            kept(size.height() * TwipsPerPixelY)};
+}
+
+// Within the screens by a window of `size`, as far as they have room, since a board that is not comes in another size.
+QPoint WindowPlacer::askedCorner(QSize size) const {
+    const QRect all = window_->screen()->virtualGeometry();
+    return {std::max(std::min(asked_.x(), all.right() + 1 - size.width()), 1),
+            std::max(std::min(asked_.y(), all.bottom() + 1 - size.height()), 1)};
 }
 
 void WindowPlacer::moveTo(const WindowPlace& at) {
     const QPoint corner(int(at.Left) / TwipsPerPixelX, int(at.Top) / TwipsPerPixelY);
-    asked_ = {std::max(corner.x(), 1), std::max(corner.y(), 1)};
+    asked_ = corner;
     placeFrame(*window_, corner);
     window_->resize(int(at.Width) / TwipsPerPixelX, int(at.Height) / TwipsPerPixelY);
 }

@@ -16,14 +16,14 @@ Extent twipsOf(QSize size);
 // The whole screen on which `window` is.
 Extent screenOf(const QWidget& window);
 
-// What a place that was read is tested against: all screens as one if its corner is on one of them, else nothing; so a
-// window that stood on a screen which is no longer there goes to the corner.
+// What a place that was read is tested against: the screen or, of several, all as one if its corner is on one of them,
+// else nothing; so a window that stood on a screen which is no longer there goes to the corner.
 Extent screensFor(const WindowPlace& read);
 
 // Of one window. A place has the position of the window's frame and the size of what the frame holds, so what `place`
 // gave puts the window back where it was when it goes to `moveTo`. A Wayland desktop places its windows itself and
-// tells nobody where; there the position is the one that `moveTo` had. No measure is beyond 32767 twips (2184 pixels):
-// one that were could not be read again, and with it nothing that stands behind it in the store.
+// tells nobody where; there the position is the one that `moveTo` had. Measures go from -32768 to 32767 twips (2184
+// pixels): one beyond that could not be read again, and with it nothing that stands behind it in the store.
 class WindowPlacer : public QObject {
     Q_OBJECT
 public:
@@ -47,7 +47,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // For a desktop that tells no corner: the one asked for, at least 1 pixel, since at 0 no size is restored.
+    QPoint askedCorner(QSize size) const;
+
     QWidget* window_;
-    QPoint asked_{1, 1}; // the frame's corner, where none is told: 1 pixel at least, since at 0 no size is restored
+    QPoint asked_;  // the frame's corner that `moveTo` had
     QPoint inside_; // the inner corner, seen from the frame's, while the window is neither maximised nor full-screen
 };

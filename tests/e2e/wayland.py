@@ -7,8 +7,8 @@ import subprocess
 import tempfile
 import unittest
 
-from rig import Client, endProcess, waitFor
-from scripted import ScriptedServer
+from rig import endProcess, waitFor
+from scripted import ScriptedCase
 
 PLACES = {"Client": (1500, 6000, 9300, 5700), "Board": (9900, 150, 9690, 8115)}  # twips: left, top, width, height
 
@@ -34,16 +34,13 @@ class WaylandDesktop:
         return surroundings
 
 
-class Wayland(unittest.TestCase):
+class Wayland(ScriptedCase):
     def testPlacesAndSizesAreKeptFromOneSessionToTheNext(self):
-        desktop = WaylandDesktop(self)
-        server = ScriptedServer()
-        self.addCleanup(server.end)
         left, top, width, height = PLACES["Client"]
-        client = Client(desktop, server.port, boardWidth=PLACES["Board"][2], boardHeight=PLACES["Board"][3],
-                        Left=left, Top=top, Width=width, Height=height)
-        server.logOn()
-        store = client.end()
+        self.begin(WaylandDesktop(self), boardWidth=PLACES["Board"][2], boardHeight=PLACES["Board"][3],
+                   Left=left, Top=top, Width=width, Height=height)
+        self.server.logOn()
+        store = self.endClient()
         for section, place in PLACES.items():
             keys = store.split(f"[{section}]")[1].split("\n[")[0]
             kept = tuple(int(re.search(rf"^{key}=(.*)$", keys, re.MULTILINE)[1]) for key in ("Left", "Top", "Width", "Height"))

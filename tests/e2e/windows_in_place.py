@@ -7,7 +7,7 @@ import unittest
 
 from managed import ManagedDisplay
 from rig import Client, Display, waitFor
-from scripted import ScriptedServer
+from scripted import ScriptedCase
 
 CONSOLE = "Brightrank - Client"
 
@@ -47,42 +47,42 @@ class Places(unittest.TestCase):
         self.expectFrameAt("Brightrank - Board", 660, 10)
 
 
-class TwoMonitors(unittest.TestCase):
+class TwoMonitors(ScriptedCase):
     """Each of 1400 pixels, side by side."""
 
     def setUp(self):
         self.display = self.enterContext(ManagedDisplay(2800, 1000))
         for name, left, output in ("left", 0, "screen"), ("right", 1400, "none"):
-            subprocess.run(["xrandr", "--setmonitor", name, f"1400/370x1000/260+{left}+0", output],
-                           env=self.display.environment(), check=True, capture_output=True)
+            self.ask("xrandr", "--setmonitor", name, f"1400/370x1000/260+{left}+0", output)
+        self.assertIn("Monitors: 2", self.ask("xrandr", "--listmonitors"))
 
-    def runFrom(self, left, act=lambda: None):
-        """What the store holds of the console behind a session in which it began at `left` twips."""
-        server = ScriptedServer()
-        self.addCleanup(server.end)
-        client = Client(self.display, server.port, Left=left)
-        server.logOn()
-        act()
-        keys = client.end().split("[Client]")[1].split("\n[")[0]
-        return dict(line.split("=", 1) for line in keys.splitlines() if "=" in line)
+    def ask(self, *command):
+        return subprocess.run(command, env=self.display.environment(), check=True, capture_output=True, text=True).stdout
+
+    def place(self):
+        return self.display.settled(CONSOLE).left
+
+    def runFrom(self, left, act):
+        """What `act` gives in a session in which the console began at `left` twips, and what the store holds of it then."""
+        self.begin(self.display, Left=left)
+        self.server.logOn()
+        given = act()
+        keys = self.endClient().split("[Client]")[1].split("\n[")[0]
+        return given, dict(line.split("=", 1) for line in keys.splitlines() if "=" in line)
 
     def testAWindowOnTheSecondOneComesBackThere(self):
-        place = []
-        kept = self.runFrom(22500, lambda: place.append(self.display.settled(CONSOLE).left))
-        self.assertEqual(place, [1500])
-        self.assertEqual(kept["Left"], "22500")
+        place, kept = self.runFrom(22500, self.place)
+        self.assertEqual((place, kept["Left"]), (1500, "22500"))
 
     def testAWindowFartherRightThanTheStoreCanTellLosesNoSettings(self):
         def moveIt():
-            subprocess.run(["xdotool", "windowmove", self.display.number(CONSOLE), "2300", "100"], env=self.display.environment(), check=True)
-            waitFor(lambda: self.display.frame(CONSOLE).left >= 2290, "the console at the far right")
+            self.ask("xdotool", "windowmove", self.display.number(CONSOLE), "2300", "100")
+            waitFor(lambda: self.place() >= 2290, "the console at the far right")
 
-        kept = self.runFrom(1500, moveIt)
+        _, kept = self.runFrom(1500, moveIt)
         self.assertEqual((kept["Left"], kept["Handle"]), ("32767", "Pupil"))
-        place = []
-        kept = self.runFrom(kept["Left"], lambda: place.append(self.display.settled(CONSOLE).left))
-        self.assertEqual(place, [2184])
-        self.assertEqual(kept["Handle"], "Pupil")
+        place, kept = self.runFrom(kept["Left"], self.place)
+        self.assertEqual((place, kept["Handle"]), (2184, "Pupil"))
 
 
 if __name__ == "__main__":

@@ -13,6 +13,7 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -72,22 +73,31 @@ TEST(Program, AnEngineThatEndsIsStartedAgainOnceOnly) {
     EXPECT_NE(server.output().find("engine ended"), std::string::npos);
 }
 
-// The surroundings of a machine that speaks German, for as long as it lives; `made` tells whether there is such a
-// language.
+// A variable of the surroundings for as long as it lives; what was there comes back.
+class Surrounding {
+public:
+    Surrounding(const char* name, const std::string& value) : name_(name) {
+        if (const char* before = std::getenv(name)) before_ = before;
+        setenv(name, value.c_str(), 1);
+    }
+    ~Surrounding() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
+    Surrounding(const Surrounding&) = delete;
+    Surrounding& operator=(const Surrounding&) = delete;
+
+private:
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+// A machine that speaks German, for as long as it lives; `made` tells whether there is such a language.
 class GermanMachine {
 public:
     GermanMachine() {
         std::filesystem::create_directories(folder_);
         const std::string build = "localedef --no-warnings=ascii -i de_DE -f UTF-8 " + (folder_ / Name).string();
         made = std::system(build.c_str()) == 0;
-        setenv("LOCPATH", folder_.c_str(), 1);
-        setenv("LC_ALL", Name, 1);
     }
-    ~GermanMachine() {
-        unsetenv("LOCPATH");
-        unsetenv("LC_ALL");
-        std::filesystem::remove_all(folder_);
-    }
+    ~GermanMachine() { std::filesystem::remove_all(folder_); }
     GermanMachine(const GermanMachine&) = delete;
     GermanMachine& operator=(const GermanMachine&) = delete;
 
@@ -96,6 +106,8 @@ public:
 private:
     static constexpr const char* Name = "de_DE.UTF-8";
     std::filesystem::path folder_ = testing::TempDir() + "languages-" + std::to_string(getpid());
+    Surrounding languages_{"LOCPATH", folder_.string()};
+    Surrounding language_{"LC_ALL", Name};
 };
 
 TEST(Program, DatesAreEnglishWhateverTheMachineSpeaks) {

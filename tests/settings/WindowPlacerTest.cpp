@@ -114,6 +114,10 @@ TEST_F(WindowPlacerTest, NoMeasureIsBeyondWhatCanBeReadAgain) {
     window.resize(2184, 2300);
     runFor(20);
     EXPECT_EQ(placer.place(), (WindowPlace{32760, 32767, 32760, 32767}));
+    window.move(-2300, -2400);
+    window.resize(2300, 2184);
+    runFor(20);
+    EXPECT_EQ(placer.place(), (WindowPlace{-32768, -32768, 32767, 32760}));
 }
 
 TEST(Screens, APlaceOnAnyOfThemIsTestedAgainstAllOfThem) {
