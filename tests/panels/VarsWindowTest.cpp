@@ -360,11 +360,11 @@ TEST_F(VarsWindow, ItStandsWhereItWasLeftAndWritesItsPlace) {
 }
 
 TEST_F(VarsWindow, APlaceBelowOneTwipIsTheCornerAndOneBeyondTheScreenToo) {
-    for (const char* left : {"0", "32000"}) {
+    for (const auto& [left, top] : {std::pair{"0", "900"}, {"900", "32000"}}) {
         stored("ICS_Vars", "Left", left);
-        stored("ICS_Vars", "Top", "900");
+        stored("ICS_Vars", "Top", top);
         opened<frmICSVars>();
-        EXPECT_EQ(window->pos(), QPoint(0, 0)) << left;
+        EXPECT_EQ(window->pos(), QPoint(0, 0)) << left << " " << top;
         delete window.data();
     }
 }

@@ -172,7 +172,7 @@ TEST_F(MatchWindow, AStoredIndexThatTheListDoesNotHaveChoosesNoItem) {
 }
 
 TEST_F(MatchWindow, ASavedPositionBelow1OrBeyondTheScreenGivesTheCorner) {
-    const std::vector<std::pair<std::string, std::string>> places{{"0", "750"}, {"1500", "0"}, {"32000", "750"}};
+    const std::vector<std::pair<std::string, std::string>> places{{"0", "750"}, {"1500", "0"}, {"1500", "32000"}};
     for (const auto& [left, top] : places) {
         stored({left, top});
         open(true);

@@ -252,7 +252,7 @@ TEST_F(ChatWindow, ASavedPlaceIsTaken) {
 }
 
 TEST_F(ChatWindow, APlaceBelow1OrBeyondTheScreenGivesTheCornerAndTheDesignedSize) {
-    for (const auto& [left, top] : {std::pair{"0", "750"}, {"750", "0"}, {"-15", "750"}, {"30000", "750"}}) {
+    for (const auto& [left, top] : {std::pair{"0", "750"}, {"750", "0"}, {"-15", "750"}, {"750", "30000"}}) {
         saved(left, top);
         if (!client) start();
         client->session.zNewChat();

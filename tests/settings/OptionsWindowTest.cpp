@@ -230,7 +230,7 @@ TEST_F(OptionsWindow, AWrittenStoreOrAnOlderFilePlacesIt) {
 }
 
 TEST_F(OptionsWindow, APositionBelow1OrBeyondTheScreenGivesTheCorner) {
-    for (const auto& [left, top] : {std::pair{"0", "750"}, {"1500", "0"}, {"32000", "750"}, {"x", "750"}}) {
+    for (const auto& [left, top] : {std::pair{"0", "750"}, {"1500", "0"}, {"1500", "32000"}, {"x", "750"}}) {
         stored("Left", left);
         stored("Top", top);
         open();
