@@ -29,6 +29,7 @@ TEST(WaveFile, AWholeUncompressedFileIsPlayable) {
     EXPECT_TRUE(readWave(wave(format(1, 2, 8000, 8) + Data)));
     EXPECT_TRUE(readWave(wave(format(1, 8, 192000, 32) + "data" + number(32, 4) + std::string(32, 'x'))))
         << "the widest, one frame long";
+    EXPECT_TRUE(readWave(wave(format(1, 1, 8000, 8) + "data" + number(1, 4) + "x"))) << "one byte long";
     EXPECT_TRUE(readWave(wave(format(1, 1, 1000, 8) + Data)));
 }
 
@@ -59,7 +60,7 @@ TEST(WaveFile, CompressedOrImpossibleFormatsAreNotPlayable) {
                             format(1, 1, 0, 16), format(0x101, 1, 44100, 16), format(1, 0x101, 44100, 16),
                             format(1, 1, 0x1000000 + 44100, 16), format(1, 1, 44100, 0x110), format(1, 1, 999, 16),
                             format(1, 1, 192001, 16), format(1, 1, 999999, 16), format(1, 1, 44100, 7)}) {
-        EXPECT_FALSE(readWave(wave(fmt + Data)));
+        EXPECT_FALSE(readWave(wave(fmt + "data" + number(2000, 4) + std::string(2000, 'x'))));
     }
 }
 
