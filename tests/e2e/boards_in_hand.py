@@ -6,11 +6,10 @@ import unittest
 from dialogs import Dialog
 from forty import FORTY, FortyBoards
 from rig import QUIET, RIGHT, awaitLifting, waitFor
-from style12 import style12
+from style12 import START, style12
 
 OWN = 90  # number of the game in which the user moves
 TITLE = "Pupil - Harbour    [60 0]"
-HOME = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
 BEFORE_PROMOTION = ["--------", "P-------", "--------", "----k---", "--------", "----K---", "--------", "--------"]
 HOLDINGS = f"\n\r<b1> game {OWN} white [NPP] black [Q]\n\rfics% "
 PLAYED, EXAMINED = 1, 2  # relations
@@ -61,7 +60,7 @@ class OneInHand(FortyBoards):
         question.answer(key)
 
     def testAnExaminedBoardIsClosedWithAPieceInHand(self):
-        self.showOwn(HOME, EXAMINED)
+        self.showOwn(START, EXAMINED)
         self.carry("e2", "e3")
         self.round()
         self.close(OWN)
@@ -75,14 +74,14 @@ class OneInHand(FortyBoards):
         self.awaitOwnClosed("unex")
 
     def testAnExaminedBoardIsClosedUnderItsDropMenu(self):
-        self.showOwn(HOME, EXAMINED)
+        self.showOwn(START, EXAMINED)
         self.openDrop()
         self.round()
         self.close(OWN)
         self.awaitOwnClosed("unex")
 
     def testAPlayedBoardIsClosedWithAPieceInHand(self):
-        self.showOwn(HOME, PLAYED)
+        self.showOwn(START, PLAYED)
         self.carry("e2", "e3")
         self.close(OWN)
         self.answerQuestion("Return")
@@ -96,7 +95,7 @@ class OneInHand(FortyBoards):
         self.awaitOwnClosed()
 
     def testOthersAreClosedWhileAPieceIsInHand(self):
-        self.showOwn(HOME, PLAYED)
+        self.showOwn(START, PLAYED)
         self.carry("e2", "e3")
         self.closeOthers()
         self.display.move(*self.screen.centre("e4"))
@@ -113,7 +112,7 @@ class OneInHand(FortyBoards):
         self.awaitAll()
 
     def testOthersAreClosedUnderTheDropMenu(self):
-        self.showOwn(HOME, PLAYED)
+        self.showOwn(START, PLAYED)
         self.openDrop()
         self.closeOthers()
         self.display.keys("Up", "Return")

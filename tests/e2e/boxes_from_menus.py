@@ -6,9 +6,8 @@ import unittest
 from rig import SCALE, Client, Display, waitFor
 from screen import Screen
 from scripted import ScriptedServer
-from style12 import style12
+from style12 import START, style12
 
-START = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
 BOARD, GAME, CONSOLE = "Brightrank - Board", "Skipper - Harbour    [60 0]", "Brightrank - Client"
 
 

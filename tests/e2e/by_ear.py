@@ -8,10 +8,9 @@ from accessible import Ears
 from evening import AFTER_GRAPH, CLIENT, LEARNT, MY_MOVE, Evening
 from peers import Partner
 from rig import QUIET, awaitLifting, nameFile, waitFor
-from style12 import RELATION
+from style12 import RELATION, START
 
 WORDS = dict(zip("kqrbnp", ("king", "queen", "rook", "bishop", "knight", "pawn")))
-START = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
 SENTENCE = 0.05  # seconds in which what belongs together is heard
 
 

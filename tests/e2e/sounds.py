@@ -18,12 +18,11 @@ import wave
 
 from rig import LIMIT, Display, endProcess, waitFor
 from scripted import ScriptedCase
-from style12 import PROMPT, style12
+from style12 import PROMPT, START, style12
 
 RATE = 44100
 PIECE = RATE // 50  # samples of 20 ms
 LOUD = 300  # of 32767
-START = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
 TELL = "\n\rRookery tells you: good evening" + PROMPT
 
 

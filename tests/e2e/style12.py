@@ -1,5 +1,6 @@
 """The Style 12 line: its fields, and one written."""
 PROMPT = "\n\rfics% "
+START = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]  # of a game
 LINE = ("<12> {rows} {mover} -1 1 1 1 1 0 {game} {white} {black} {relation} 60 0 39 39 3600 3600 {number} {move} "
         "(0:00) {pretty} {flip} 0 0")
 # Fields, counted from the first row.

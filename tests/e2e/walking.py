@@ -7,9 +7,8 @@ from learn import learnPieces
 from rig import LOG_ON, QUIET, SCALE, Client, Display, waitFor
 from screen import Screen, iter4
 from scripted import ScriptedServer
-from style12 import PROMPT, style12
+from style12 import PROMPT, START, style12
 
-START = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]
 E4 = ["rnbqkbnr", "pppppppp", "--------", "--------", "----P---", "--------", "PPPP-PPP", "RNBQKBNR"]
 E5 = ["rnbqkbnr", "pppp-ppp", "--------", "----p---", "----P---", "--------", "PPPP-PPP", "RNBQKBNR"]
 NF3 = ["rnbqkbnr", "pppp-ppp", "--------", "----p---", "----P---", "-----N--", "PPPP-PPP", "RNBQKB-R"]

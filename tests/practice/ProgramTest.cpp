@@ -1,4 +1,5 @@
 // Tests of the program's command line and of its ends.
+#include "common/EnvironmentVariable.h"
 #include "practice/ServerRig.h"
 
 #include <gmock/gmock.h>
@@ -13,7 +14,6 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <vector>
 
 namespace {
@@ -73,22 +73,6 @@ TEST(Program, AnEngineThatEndsIsStartedAgainOnceOnly) {
     EXPECT_NE(server.output().find("engine ended"), std::string::npos);
 }
 
-// A variable of the surroundings for as long as it lives; what was there comes back.
-class Surrounding {
-public:
-    Surrounding(const char* name, const std::string& value) : name_(name) {
-        if (const char* before = std::getenv(name)) before_ = before;
-        setenv(name, value.c_str(), 1);
-    }
-    ~Surrounding() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
-    Surrounding(const Surrounding&) = delete;
-    Surrounding& operator=(const Surrounding&) = delete;
-
-private:
-    const char* name_;
-    std::optional<std::string> before_;
-};
-
 // A machine that speaks German, for as long as it lives; `made` tells whether there is such a language.
 class GermanMachine {
 public:
@@ -106,8 +90,8 @@ public:
 private:
     static constexpr const char* Name = "de_DE.UTF-8";
     std::filesystem::path folder_ = testing::TempDir() + "languages-" + std::to_string(getpid());
-    Surrounding languages_{"LOCPATH", folder_.string()};
-    Surrounding language_{"LC_ALL", Name};
+    EnvironmentVariable languages_{"LOCPATH", folder_.c_str()};
+    EnvironmentVariable language_{"LC_ALL", Name};
 };
 
 TEST(Program, DatesAreEnglishWhateverTheMachineSpeaks) {

@@ -2,7 +2,7 @@
 // next save puts things right where it can.
 #include "settings/IniStore.h"
 
-#include "EnvironmentVariable.h"
+#include "common/EnvironmentVariable.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 // The settings store on disk: place, mode, content, and what happens when saving is cut short.
 #include "settings/IniStore.h"
 
-#include "EnvironmentVariable.h"
+#include "common/EnvironmentVariable.h"
 #include "common/InChild.h"
 #include "settings/IniText.h"
 #include "settings/Settings.h"

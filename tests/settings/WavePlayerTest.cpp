@@ -2,7 +2,7 @@
 // nobody.
 #include "settings/WavePlayer.h"
 
-#include "EnvironmentVariable.h"
+#include "common/EnvironmentVariable.h"
 #include "settings/Sounds.h"
 
 #include <QDir>
@@ -32,8 +32,8 @@ public:
     QTemporaryDir folder;
 
 private:
-    EnvironmentVariable server_{"PULSE_SERVER", {}};
-    EnvironmentVariable runtime_{"PULSE_RUNTIME_PATH", folder.path().toLocal8Bit()};
+    EnvironmentVariable server_{"PULSE_SERVER", nullptr};
+    EnvironmentVariable runtime_{"PULSE_RUNTIME_PATH", QFile::encodeName(folder.path())};
 };
 
 // Listens where a sound server does, and says nothing.
@@ -70,6 +70,18 @@ private:
 
 qsizetype entriesOf(const QString& folder) {
     return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
+}
+
+// The milliseconds that the end of a player takes that was given a sound and then some time for it.
+qint64 endOfPlayer(int milliseconds) {
+    QElapsedTimer ending;
+    {
+        WavePlayer player;
+        player.play(waveFile("move.wav"));
+        QTest::qWait(milliseconds);
+        ending.start();
+    }
+    return ending.elapsed();
 }
 
 // For its time no thread can be started: each would get a stack for which no machine has room.
@@ -138,7 +150,7 @@ TEST(LookForASoundServer, FindsTheOneThatTheSurroundingsName) {
 
 TEST(LookForASoundServer, FindsTheOneOfTheDesktop) {
     const OwnServerFolder surroundings;
-    const EnvironmentVariable own("PULSE_RUNTIME_PATH", {});
+    const EnvironmentVariable own("PULSE_RUNTIME_PATH", nullptr);
     const QTemporaryDir desktop;
     const EnvironmentVariable runtime("XDG_RUNTIME_DIR", QFile::encodeName(desktop.path()));
     EXPECT_EQ(soundServer(), "");
@@ -159,14 +171,7 @@ TEST(WavePlayer, WithoutAServerPlaysNothingAndPrintsNothing) {
     const OwnServerFolder surroundings;
     EXPECT_EQ(soundServer(), "");
     testing::internal::CaptureStderr();
-    QElapsedTimer ending;
-    {
-        WavePlayer player;
-        player.play(waveFile("move.wav"));
-        QTest::qWait(60);
-        ending.start();
-    }
-    EXPECT_LT(ending.elapsed(), 500) << "nothing holds it up";
+    EXPECT_LT(endOfPlayer(60), 500) << "nothing holds it up";
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
@@ -183,14 +188,7 @@ TEST(WavePlayer, WhatIsNoSoundIsNotTakenToTheServer) {
 
 TEST(WavePlayer, AServerThatIsNamedAndNotThereIsSilence) {
     const EnvironmentVariable named("PULSE_SERVER", "tcp:127.0.0.1:9");
-    QElapsedTimer ending;
-    {
-        WavePlayer player;
-        player.play(waveFile("move.wav"));
-        QTest::qWait(200);
-        ending.start();
-    }
-    EXPECT_LT(ending.elapsed(), 500) << "it was refused at once";
+    EXPECT_LT(endOfPlayer(200), 500) << "it was refused at once";
 }
 
 TEST(WavePlayer, WithoutAThreadToBeHadIsSilentAndAsksAgain) {
