@@ -66,7 +66,8 @@ class Display:
     def start(self, stack):
         read, write = os.pipe()
         server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self.width}x{self.height}x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self.width}x{self.height}x24", "-nolisten", "tcp",
+             "-r"],  # no repetition of held keys: the program may have ended before the finger is lifted
             pass_fds=[write], stderr=subprocess.DEVNULL)
         stack.callback(endProcess, server)
         os.close(write)
