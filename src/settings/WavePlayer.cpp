@@ -38,10 +38,6 @@ bool listens(const QByteArray& path) {
     return connected;
 }
 
-std::optional<Wave> waveIn(const QByteArray& bytes) {
-    return readWave({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-}
-
 // What is used of the audio library.
 struct AudioLibrary {
     decltype(&pa_simple_new) open;
@@ -198,24 +194,23 @@ void WavePlayer::serve(Orders& orders) {
 
 // The audio library is told the server: left to look for one itself it might print a complaint, or start one.
 void WavePlayer::playFile(const QString& path, Orders& orders) {
-    const QByteArray bytes = playableBytes(path);
-    if (bytes.isEmpty()) return;
+    const QByteArray bytes = fileBytes(path);
+    const std::optional<Wave> wave = readWave({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    if (!wave) return;
     const QByteArray server = soundServer();
     if (server.isEmpty()) return;
-    const Wave wave = *waveIn(bytes);
-    Stream stream(server, wave);
-    for (std::string_view rest = wave.samples; !rest.empty();) {
+    Stream stream(server, *wave);
+    for (std::string_view rest = wave->samples; !rest.empty();) {
         if (orders.isNewWithin(0us) || !stream.write(rest)) return;
     }
     orders.isNewWithin(stream.left());
 }
 
-QByteArray playableBytes(const QString& path) {
+QByteArray fileBytes(const QString& path) {
     constexpr qint64 MaxBytes = qint64{4} * 1024 * 1024;
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > MaxBytes) return {};
-    const QByteArray bytes = file.readAll();
-    return waveIn(bytes) ? bytes : QByteArray();
+    return file.readAll();
 }
 
 QByteArray soundServer() {

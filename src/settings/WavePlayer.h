@@ -30,9 +30,9 @@ private:
     std::thread thread_;
 };
 
-// The bytes of `path` if it is a wave file of at most 4 MB that `readWave` takes, else none: for a folder, a pipe or a
-// larger file without waiting or reading.
-QByteArray playableBytes(const QString& path);
+// The bytes of `path` if it is a file of at most 4 MB that can be read, else none: for a folder, a pipe or a larger
+// file without waiting or reading.
+QByteArray fileBytes(const QString& path);
 
 // The sound server: the one that the user names in PULSE_SERVER, else the one that listens on this machine
 // ("unix:/run/user/1000/pulse/native"); empty when none does. Takes microseconds and starts nothing.

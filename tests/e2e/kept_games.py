@@ -11,11 +11,8 @@ from managed import ManagedDisplay
 from peers import Partner, PracticeServer, Wire
 from rig import LOG_ON, QUIET, RIGHT, SCALE, Client, Display, nameFile, waitFor
 from screen import Screen
-from style12 import START
+from style12 import E4, E5, NF3, START
 
-E4 = ["rnbqkbnr", "pppppppp", "--------", "--------", "----P---", "--------", "PPPP-PPP", "RNBQKBNR"]
-E5 = ["rnbqkbnr", "pppp-ppp", "--------", "----p---", "----P---", "--------", "PPPP-PPP", "RNBQKBNR"]
-NF3 = ["rnbqkbnr", "pppp-ppp", "--------", "----p---", "----P---", "-----N--", "PPPP-PPP", "RNBQKB-R"]
 COURSE = [START, E4, E5, NF3]
 MOVES = ("e4", "e5", "Nf3")
 

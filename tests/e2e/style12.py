@@ -1,6 +1,10 @@
 """The Style 12 line: its fields, and one written."""
 PROMPT = "\n\rfics% "
 START = ["rnbqkbnr", "pppppppp", "--------", "--------", "--------", "--------", "PPPPPPPP", "RNBQKBNR"]  # of a game
+# After 1. e4 e5 2. Nf3, each.
+E4 = ["rnbqkbnr", "pppppppp", "--------", "--------", "----P---", "--------", "PPPP-PPP", "RNBQKBNR"]
+E5 = ["rnbqkbnr", "pppp-ppp", "--------", "----p---", "----P---", "--------", "PPPP-PPP", "RNBQKBNR"]
+NF3 = ["rnbqkbnr", "pppp-ppp", "--------", "----p---", "----P---", "-----N--", "PPPP-PPP", "RNBQKB-R"]
 LINE = ("<12> {rows} {mover} -1 1 1 1 1 0 {game} {white} {black} {relation} 60 0 39 39 3600 3600 {number} {move} "
         "(0:00) {pretty} {flip} 0 0")
 # Fields, counted from the first row.

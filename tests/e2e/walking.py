@@ -7,11 +7,8 @@ from learn import learnPieces
 from rig import LOG_ON, QUIET, SCALE, Client, Display, waitFor
 from screen import Screen, iter4
 from scripted import ScriptedServer
-from style12 import PROMPT, START, style12
+from style12 import E4, E5, NF3, PROMPT, START, style12
 
-E4 = ["rnbqkbnr", "pppppppp", "--------", "--------", "----P---", "--------", "PPPP-PPP", "RNBQKBNR"]
-E5 = ["rnbqkbnr", "pppp-ppp", "--------", "----p---", "----P---", "--------", "PPPP-PPP", "RNBQKBNR"]
-NF3 = ["rnbqkbnr", "pppp-ppp", "--------", "----p---", "----P---", "-----N--", "PPPP-PPP", "RNBQKB-R"]
 NC6 = ["r-bqkbnr", "pppp-ppp", "--n-----", "----p---", "----P---", "-----N--", "PPPP-PPP", "RNBQKB-R"]
 # Position, side to move, move number, the move in both forms.
 COURSE = [(START, "W", 1, "none", "none"), (E4, "B", 1, "P/e2-e4", "e4"), (E5, "W", 2, "P/e7-e5", "e5"),
