@@ -95,15 +95,12 @@ class EveryMenu(ScriptedCase):
 
     def closeAllBut(self, titles):
         """A window that opened another one closes behind that."""
-        def closed():
-            others = [title for title in self.titles() if title not in titles]
-            if others and self.display.activeTitle() == others[-1]:
-                self.display.keys("alt+F4")
-            elif others and self.display.numberNow(others[-1]):
-                self.display.activate(others[-1])
-            return not others
+        def others():
+            return [title for title in self.titles() if title not in titles]
 
-        waitFor(closed, lambda: f"{titles} alone, not {self.titles()}")
+        while left := others():
+            self.display.closeByKey(left[-1])
+            waitFor(lambda: left[-1] not in others(), lambda: f"{left[-1]!r} not to be among {self.titles()}")
 
     def disabled(self):
         return {(window.name.split("     ")[0], menu, entry.name) for window in self.display.windows()
