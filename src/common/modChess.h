@@ -15,6 +15,10 @@ inline constexpr std::int32_t DefaultColorBlack = 3048380;  // red 188, green 13
 // The lines of a page of the server's help, as received.
 using HelpPage = FixedArray<std::string, 500, "lines of a help page">;
 
+// In place of a game number: who gets a move list.
+inline constexpr std::int16_t MovesToFile = -1;
+inline constexpr std::int16_t MovesToReview = -2; // the review board
+
 // Colours are 0xBBGGRR. One instance, `modChess`; everything runs on the one thread of the message loop.
 struct ModChess {
     // The stream
@@ -31,7 +35,7 @@ struct ModChess {
     bool HistoryCapture = false;
     bool NewGameFlag = false;     // the latest Style 12 line opened a game on its board
     std::int16_t HistoryKind = 0; // 0 history, 1 journal, anything else stored games
-    std::int16_t MovesTarget = 0; // game number, -1 a PGN file, -2 the review board
+    std::int16_t MovesTarget = 0; // game number, or MovesToFile or MovesToReview
     bool ExamineNoMoves = false;  // no move list could be asked for an examined game
 
     // Answers of the server for the panels
@@ -43,7 +47,7 @@ struct ModChess {
 
     // Games as records
     GameRecord MovesRecord;     // the move list captured last, or being captured
-    std::string MovesFile;      // path of the PGN file for MovesTarget -1
+    std::string MovesFile;      // path of the PGN file for MovesToFile
     std::int16_t PgnChoice = 0; // -1 while the chooser of games is open, then the row chosen, 0 for none
     std::string ExamineHandle;  // what frmExamine held when its Exit was pressed
     std::string ExamineGame;

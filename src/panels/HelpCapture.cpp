@@ -1,6 +1,7 @@
 // Reads the server's answer to "help".
 #include "panels/HelpCapture.h"
 
+#include "common/CaptureState.h"
 #include "common/Numbers.h"
 #include "common/Text.h"
 #include "common/modChess.h"

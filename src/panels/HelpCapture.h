@@ -21,9 +21,6 @@ struct HelpHooks {
     Needed<void(std::int16_t state)> zSetstate;
 };
 
-// The capture's number for zSetstate.
-inline constexpr std::int16_t HelpState = 8;
-
 // Takes one line of the answer as received, CR LF included; true when the answer is complete. The server's invitation
 // to type next is answered, and a line that holds the prompt ends the answer unless "Next" was just sent; all others
 // are kept. Faults (subscript) on line 502, and (overflow) on block 32768.

@@ -1,8 +1,8 @@
 // Asks the server for a help page.
 #include "panels/HelpRequest.h"
 
+#include "common/CaptureState.h"
 #include "common/modChess.h"
-#include "panels/HelpCapture.h"
 
 void zGo(const HelpRequestHooks& hooks) {
     if (!awaitTurn(hooks.turn)) return;

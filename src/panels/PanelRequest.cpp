@@ -1,14 +1,8 @@
 // Asking the server for what a panel shows.
 #include "panels/PanelRequest.h"
 
+#include "common/CaptureState.h"
 #include "common/modChess.h"
-
-namespace {
-
-constexpr std::int16_t VarsState = 3;
-constexpr std::int16_t NotesState = 7;
-
-} // namespace
 
 void askForVars(const PanelRequestHooks& hooks) {
     if (!awaitTurn(hooks.turn)) return;

@@ -1,11 +1,7 @@
 // Asking the server for a player's list of games.
 #include "records/ListRequest.h"
 
-namespace {
-
-constexpr std::int16_t HistoryState = 9;
-
-} // namespace
+#include "common/CaptureState.h"
 
 void zGo(const std::string& command, HistoryLists& lists, const ListRequestHooks& hooks) {
     if (!awaitTurn(hooks.turn)) return;

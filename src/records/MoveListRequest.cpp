@@ -1,11 +1,10 @@
 // Asking the server for a game's move list.
 #include "records/MoveListRequest.h"
 
+#include "common/CaptureState.h"
 #include "common/modChess.h"
 
 namespace {
-
-constexpr std::int16_t MovesState = 4;
 
 void ask(const std::string& command, const MoveListHooks& hooks) {
     modChess.MovesRecord.WhiteMoves = {};

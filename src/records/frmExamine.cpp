@@ -25,7 +25,6 @@ constexpr double ExamineDelay = 0.55; // seconds, in which the server leaves the
 constexpr int LastGame = 99;          // of vscGame
 constexpr int GameWidth = 4;          // digits of txtGame
 constexpr int Gap = 6;                // pixels
-constexpr std::int16_t ToFile = -1;   // MovesTarget
 
 QString inCapitals(QString text) {
     for (QChar& character : text) character = character.toUpper();
@@ -179,7 +178,7 @@ void frmExamine::cmdPGN() {
     const std::string file = zSaveFile(board, true);
     modChess.MovesFile = file;
     if (!self || file.empty()) return;
-    modChess.MovesTarget = ToFile;
+    modChess.MovesTarget = MovesToFile;
     roads_.zGetMoves(ByHandle, handleAndGame());
 }
 

@@ -1,6 +1,7 @@
 // A player's games as the server lists them.
 #include "records/frmHistory.h"
 
+#include "common/CaptureState.h"
 #include "common/modChess.h"
 #include "platform/Boxes.h"
 #include "platform/Described.h"
@@ -28,9 +29,6 @@ namespace {
 
 constexpr int FirstTick = 100;    // milliseconds
 constexpr int OpponentColumn = 2; // of stored games
-constexpr std::int16_t MovesState = 4;
-constexpr std::int16_t ToReviewBoard = -2;
-constexpr std::int16_t ToFile = -1;
 
 bool isStored(std::int16_t kind) { return &lookOf(kind) == &lookOf(HistoryKindStored); }
 
@@ -232,7 +230,7 @@ ListedGame frmHistory::picked() const {
 void frmHistory::send(std::string (*line)(const ListedGame& game)) { roads_.zSendMsg(line(picked())); }
 
 void frmHistory::mnuReview() {
-    modChess.MovesTarget = ToReviewBoard;
+    modChess.MovesTarget = MovesToReview;
     send(movesLine);
     roads_.zSetstate(MovesState);
 }
@@ -244,7 +242,7 @@ void frmHistory::mnuSavePGN() {
     const std::string path = zSaveFile(this, true);
     if (path.empty()) return;
     modChess.MovesFile = path;
-    modChess.MovesTarget = ToFile;
+    modChess.MovesTarget = MovesToFile;
     roads.zGetMoves(arguments);
 }
 

@@ -1,6 +1,7 @@
 // Asks the server for its seeks while the graph is open.
 #include "seek/SeekPoll.h"
 
+#include "common/CaptureState.h"
 #include "common/modChess.h"
 
 namespace {
@@ -8,7 +9,6 @@ namespace {
 constexpr int FirstTick = 100; // milliseconds, as those below
 constexpr int BetweenPolls = 2000;
 constexpr int Watchdog = 4000;
-constexpr std::int16_t SoughtState = 6;
 
 } // namespace
 

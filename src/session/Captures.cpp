@@ -48,9 +48,9 @@ bool takeMovesLine(const Captures& captures, std::string& line, int index) {
 }
 
 void handOverMoves(const Captures& captures) {
-    if (modChess.MovesTarget == -1) {
+    if (modChess.MovesTarget == MovesToFile) {
         captures.writePgn();
-    } else if (modChess.MovesTarget == -2) {
+    } else if (modChess.MovesTarget == MovesToReview) {
         const int board = captures.zFindReviewBoard();
         if (board != -1) captures.zReviewGame(board);
     } else {

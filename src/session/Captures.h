@@ -32,9 +32,9 @@ struct Captures {
 
     // A move list has one reader and, by modChess.MovesTarget, three takers. Window numbers are -1 for none.
     std::function<bool(std::string& line, int index)> zMovesLines;
-    std::function<void()> writePgn;                   // target -1
-    std::function<int()> zFindReviewBoard;            // target -2
-    std::function<void(int board)> zReviewGame;       // target -2, never with -1
+    std::function<void()> writePgn;                   // MovesToFile
+    std::function<int()> zFindReviewBoard;            // MovesToReview
+    std::function<void(int board)> zReviewGame;       // MovesToReview, never with -1
     std::function<int(std::int16_t game)> zFindBoard; // any other target
     std::function<void(int board)> zParseMoves;       // any other target, never with -1
 

@@ -1,6 +1,7 @@
 // Holds the stream back until the server's prompt shows or the line goes quiet, and hands it on in batches.
 #include "session/TextPipeline.h"
 
+#include "common/CaptureState.h"
 #include "common/RaisedFlag.h"
 #include "common/Text.h"
 #include "common/modChess.h"
@@ -29,12 +30,12 @@ bool holdsWord(std::string_view text, std::string_view wordWithColon) {
 
 using Flag = bool ModChess::*;
 
-constexpr std::array<std::pair<std::int16_t, Flag>, 6> captureFlags{{{3, &ModChess::gVarsCapture},
-                                                                     {4, &ModChess::MovesCapture},
-                                                                     {6, &ModChess::gSoughtCapture},
-                                                                     {7, &ModChess::gNotesCapture},
-                                                                     {8, &ModChess::gHelpCapture},
-                                                                     {9, &ModChess::HistoryCapture}}};
+constexpr std::array<std::pair<std::int16_t, Flag>, 6> captureFlags{{{VarsState, &ModChess::gVarsCapture},
+                                                                     {MovesState, &ModChess::MovesCapture},
+                                                                     {SoughtState, &ModChess::gSoughtCapture},
+                                                                     {NotesState, &ModChess::gNotesCapture},
+                                                                     {HelpState, &ModChess::gHelpCapture},
+                                                                     {HistoryState, &ModChess::HistoryCapture}}};
 
 // HistoryCapture is left out on purpose: a history that never finishes is armed until its own end line.
 constexpr std::array<Flag, 6> busyFlags{&ModChess::gNotesCapture,  &ModChess::gVarsCapture, &ModChess::gHelpCapture,

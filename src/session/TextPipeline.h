@@ -58,8 +58,7 @@ struct TextPipeline {
     // Gives up every running capture but the history's.
     void tmrState();
 
-    // Sets the capture flag of `state` (3 vars, 4 moves, 6 sought, 7 notes, 8 help, 9 history, others none) and starts
-    // the state time-out of 5000 ms anew.
+    // Sets the capture flag of `state` (a CaptureState, others none) and starts the state time-out of 5000 ms anew.
     void zSetstate(std::int16_t state);
 
     // True while a capture other than the history's runs, or a new game is being set up.
