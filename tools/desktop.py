@@ -67,7 +67,7 @@ class Display:
         read, write = os.pipe()
         server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self.width}x{self.height}x24", "-nolisten", "tcp",
-             "-r"],  # no repetition of held keys: the program may have ended before the finger is lifted
+             "-r"],  # a key that is held does not repeat itself
             pass_fds=[write], stderr=subprocess.DEVNULL)
         stack.callback(endProcess, server)
         os.close(write)
@@ -126,6 +126,16 @@ class Display:
     def keys(self, *names):
         """Keys by their names, such as "Return" or "shift+F9"; they go to the window that has the focus."""
         subprocess.run(["xdotool", "key", *names], env=self.environment(), check=True)
+
+    @contextlib.contextmanager
+    def held(self, key):
+        """A key is down while the `with` block lasts, such as one that takes its window away: if it is lifted before,
+        the toolkit holds that for an assistive tool to hear, and never lets go of what came too late for the window."""
+        subprocess.run(["xdotool", "keydown", key], env=self.environment(), check=True)
+        try:
+            yield
+        finally:
+            subprocess.run(["xdotool", "keyup", key], env=self.environment(), check=True)
 
     def type(self, text):
         subprocess.run(["xdotool", "type", "--delay", "5", text], env=self.environment(), check=True)

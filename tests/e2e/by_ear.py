@@ -31,11 +31,8 @@ class ByEar(Evening):
     def hears(self, key):
         """Presses a key, and gives the name of the thing that he then hears to be at."""
         self.ears.forget()
-        self.display.keys(key)
-        return self.heard(key)
-
-    def heard(self, key):
-        waitFor(self.ears.focus, lambda: f"something to be heard after {key}")
+        with self.display.held(key):
+            waitFor(self.ears.focus, lambda: f"something to be heard after {key}")
         time.sleep(SENTENCE)
         return self.ears.focus()
 
@@ -199,8 +196,8 @@ class ByEar(Evening):
         self.awaitText(CLIENT, "Console", "Rookery tells you: Well played")
         self.menu("w", "Chat")
         self.opened("Chat Box")
-        self.display.keys("Return")  # the proposal
-        self.opened("Chat with Rookery")
+        with self.display.held("Return"):  # the proposal
+            self.opened("Chat with Rookery")
         self.byTyping("Thank you")
         self.partner.await_("Pupil tells you: Thank you")
         self.partner.say("tell Pupil Good night")
@@ -215,8 +212,8 @@ class ByEar(Evening):
         waitFor(lambda: any("Rookery" in cell.name for cell in games.all()), "the game in the list")
         self.display.keys("shift+Tab", "Down", "shift+F10")
         self.go("Down", "Save PGN")
-        self.display.keys("Return")
-        self.display.awaitActive("Save Game")
+        with self.display.held("Return"):
+            self.display.awaitActive("Save Game")
         self.path = self.folder / "evening.pgn"
         nameFile(self.display, self.path, lambda: self.display.activeTitle() != "Save Game")
         waitFor(lambda: self.path.exists() and "4. Qxf7" in self.path.read_text(), "the file")
@@ -231,9 +228,9 @@ class ByEar(Evening):
         nameFile(self.display, self.path, lambda: self.display.windows(chooser))
         games = self.opened(chooser)
         waitFor(lambda: any(cell.name == "Rookery" for cell in games.all()), "the game in the list")
-        self.display.keys("Return")
-        self.awaitGone(chooser)
-        self.display.awaitActive(self.board())
+        with self.display.held("Return"):
+            self.awaitGone(chooser)
+            self.display.awaitActive(self.board())
 
     def walk(self):
         self.reads(START)
@@ -265,9 +262,8 @@ class ByEar(Evening):
         self.walk()
         self.activate(CLIENT)
         self.go("Down", "Exit", self.openMenu("c"))
-        self.display.asked("xdotool", "keydown", "Return")  # its release may come when nothing reads events any more
-        self.assertEqual(self.process.wait(30), 0)
-        self.display.asked("xdotool", "keyup", "Return")
+        with self.display.held("Return"):
+            self.assertEqual(self.process.wait(30), 0)
         self.process = None
 
 

@@ -249,7 +249,8 @@ class CutLines(OverAProxy):
                     self.typeIn(said)
                 waitFor(lambda: self.display.activeTitle() == "Brightrank", "the box", 2 * WATCHED)
                 print(f"{said}: {time.monotonic() - begun:.1f} s", flush=True)
-                self.display.keys("Return")
+                with self.display.held("Return"):
+                    waitFor(lambda: self.display.activeTitle() != "Brightrank", "the box to go")
                 waitFor(lambda: self.display.windows(CLOSED), CLOSED)
                 self.assertNothingLost()
                 self.choose("Connect", "FICS")

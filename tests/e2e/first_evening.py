@@ -55,8 +55,8 @@ class FirstEvening(Evening):
         self.awaitText(CLIENT, "Console", "Rookery tells you: Good evening")
         self.choose("Windows", "Chat")
         self.opened("Chat Box")
-        self.display.keys("Return")  # the proposal
-        self.opened("Chat with Rookery")
+        with self.display.held("Return"):  # the proposal
+            self.opened("Chat with Rookery")
         self.typeIn("Chat with Rookery", "And to you")
         partner.await_("Pupil tells you: And to you")
         partner.say("tell Pupil Well played")
@@ -73,8 +73,9 @@ class FirstEvening(Evening):
         self.display.put("History for Pupil", *PLACES["History"])
         self.display.keys("shift+Tab", "Down", "shift+F10")
         self.display.awaitMenu()
-        self.display.keys("Down", "Down", "Down", "Down", "Return")
-        self.display.awaitActive("Save Game")
+        self.display.keys("Down", "Down", "Down", "Down")
+        with self.display.held("Return"):
+            self.display.awaitActive("Save Game")
         path = self.folder / "evening.pgn"
         nameFile(self.display, path, lambda: self.display.activeTitle() != "Save Game")
         waitFor(lambda: path.exists() and "1. Nc3 e5" in path.read_text(), "the file")

@@ -79,9 +79,8 @@ class ManagedDisplay(Display):
         self.activate(title)
         number = waitFor(self.activeNumber, f"the number of {title!r}")
         for _ in range(5):
-            if self.activeNumber() == number:
-                self.keys("alt+F4")
-            with contextlib.suppress(AssertionError):
+            pressed = self.held("alt+F4") if self.activeNumber() == number else contextlib.nullcontext()
+            with contextlib.suppress(AssertionError), pressed:
                 return waitFor(lambda: not self.shows(number), f"{title!r} to close", 4)
         raise AssertionError(f"{title!r} does not close")
 

@@ -104,8 +104,7 @@ def nameFile(display, path, taken):
         time.sleep(QUIET)
         display.keys("ctrl+a")
         display.type(str(path))
-        display.keys("Return")
-        with contextlib.suppress(AssertionError):
+        with contextlib.suppress(AssertionError), display.held("Return"):
             return waitFor(taken, "the name to be taken", 3)
     raise AssertionError(f"{path} could not be named")
 
