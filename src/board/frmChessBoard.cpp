@@ -16,6 +16,7 @@
 #include <QDialog>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScreen>
 #include <QStatusBar>
 
 namespace {
@@ -78,15 +79,14 @@ void frmChessBoard::load() {
     tmrResize_.start(); // its first firing fits nothing; it should not be the one of the user's first resize
 }
 
-// A board that has no place of its own does not cover the console if there is room for both.
+// A board that has no place of its own does not cover the console if there is room for both on its screen.
 WindowPlace frmChessBoard::startPlace() const {
     const WindowPlace atCorner = designedPlace(twipsOf(size()));
     const QRect console = roads_.consoleFrame();
     if (console.isEmpty()) return atCorner;
-    const Extent extent = twipsOf(console.size());
-    const WindowPlace other{float(console.x() * TwipsPerPixelX), float(console.y() * TwipsPerPixelY), extent.Width,
-                            extent.Height};
-    return beside(other, twipsOf(size()), screenOf(*this)).value_or(atCorner);
+    const QScreen* at = QGuiApplication::screenAt(console.center());
+    const QRect area = (at ? at : screen())->geometry();
+    return beside(twipsOf(console), twipsOf(size()), twipsOf(area)).value_or(atCorner);
 }
 
 void frmChessBoard::loadPlace() {

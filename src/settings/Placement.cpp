@@ -16,14 +16,14 @@ WindowPlace centred(Extent size, Extent screen) {
     return {(screen.Width - size.Width) / 2, (screen.Height - size.Height) / 2, size.Width, size.Height};
 }
 
-std::optional<WindowPlace> beside(const WindowPlace& other, Extent size, Extent screen) {
+std::optional<WindowPlace> beside(const WindowPlace& other, Extent size, const WindowPlace& screen) {
     constexpr float Gap = 180;   // room for the frames' edges
     constexpr float Title = 600; // and for a title bar, which nothing tells before a window shows
-    WindowPlace place{other.Left + other.Width + Gap, std::max(other.Top, 0.0F), size.Width, size.Height};
-    if (place.Top + place.Height + Title > screen.Height) return std::nullopt;
-    if (place.Left + place.Width + Gap <= screen.Width) return place;
+    WindowPlace place{other.Left + other.Width + Gap, std::max(other.Top, screen.Top), size.Width, size.Height};
+    if (place.Top + place.Height + Title > screen.Top + screen.Height) return std::nullopt;
+    if (place.Left + place.Width + Gap <= screen.Left + screen.Width) return place;
     place.Left = other.Left - Gap - size.Width;
-    return place.Left >= 0 ? std::optional(place) : std::nullopt;
+    return place.Left >= screen.Left ? std::optional(place) : std::nullopt;
 }
 
 void cascade(WindowPlace& read, const std::vector<float>& openLefts) {

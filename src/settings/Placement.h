@@ -36,8 +36,8 @@ WindowPlace designedPlace(Extent designed);
 WindowPlace centred(Extent size, Extent screen);
 
 // The place of a window of `size` beside `other`, with their upper edges in one line: to the right of it or, where it
-// does not fit on the screen there, to the left; nothing where it fits on neither side.
-std::optional<WindowPlace> beside(const WindowPlace& other, Extent size, Extent screen);
+// does not fit on `screen` there, to the left; nothing where it fits on neither side.
+std::optional<WindowPlace> beside(const WindowPlace& other, Extent size, const WindowPlace& screen);
 
 // The cascade of a new board: 300, raised by 300 for each entry of `openLefts` (left edges of the boards loaded, in the
 // order of opening) that equals it. With more than one board open, `read` gets it as Left and Top.

@@ -29,6 +29,11 @@ bool fillsScreen(const QWidget& window) { return window.isMaximized() || window.
 
 Extent twipsOf(QSize size) { return {float(size.width() * TwipsPerPixelX), float(size.height() * TwipsPerPixelY)}; }
 
+WindowPlace twipsOf(const QRect& area) {
+    const Extent size = twipsOf(area.size());
+    return {float(area.x() * TwipsPerPixelX), float(area.y() * TwipsPerPixelY), size.Width, size.Height};
+}
+
 Extent screenOf(const QWidget& window) { return twipsOf(window.screen()->geometry().size()); }
 
 Extent screensFor(const WindowPlace& read) {

@@ -8,10 +8,12 @@
 #include <QPoint>
 #include <QSize>
 
+class QRect;
 class QWidget;
 
-// `size`, in pixels, as an extent in twips.
+// `size`, in pixels, as an extent in twips, and an area as a place.
 Extent twipsOf(QSize size);
+WindowPlace twipsOf(const QRect& area);
 
 // The whole screen on which `window` is.
 Extent screenOf(const QWidget& window);

@@ -88,6 +88,17 @@ TEST_F(BoardLife, AFirstStartOpensBesideTheConsoleWhereBothFit) {
     EXPECT_EQ(open().pos(), QPoint(0, 0)) << "no room beside it";
 }
 
+TEST_F(BoardLife, WithoutAPlaceItOpensBesideTheConsoleOnTheScreenOfThat) {
+    const QRect other = QGuiApplication::screens().last()->geometry();
+    ASSERT_GT(other.left(), 0);
+    const QRect console(other.left() + 60, 30, 60, 80);
+    roads.consoleFrame = [&console] { return console; };
+    frmChessBoard& board = open();
+    EXPECT_TRUE(other.contains(board.frameGeometry()));
+    EXPECT_FALSE(board.frameGeometry().intersects(console));
+    EXPECT_EQ(board.pos().y(), 30);
+}
+
 TEST_F(BoardLife, ASavedPlaceThatFitsIsTaken) {
     savedPlace("150", "300", "8190", "7035");
     frmChessBoard& board = open();

@@ -96,7 +96,7 @@ TEST(Placement, ABoardIsPlacedOnlyWhereItFitsInsideTheScreen) {
 namespace {
 
 constexpr Extent Board{9000, 7500};
-constexpr Extent Wide{1920 * 15, 1080 * 15};
+constexpr WindowPlace Wide{0, 0, 1920 * 15, 1080 * 15};
 
 } // namespace
 
@@ -114,11 +114,11 @@ TEST(Placement, ABoardBesideTheConsoleMayFillTheScreenWithItsFrame) {
     const WindowPlace console{0, 300, 11400, 8400};
     const float width = 11400 + 180 + Board.Width + 180;
     const float height = 300 + Board.Height + 600;
-    const auto place = beside(console, Board, {width, height});
+    const auto place = beside(console, Board, {0, 0, width, height});
     ASSERT_TRUE(place);
     EXPECT_EQ(place->Left, 11400 + 180);
-    EXPECT_FALSE(beside(console, Board, {width - 1, height}));
-    EXPECT_FALSE(beside(console, Board, {width, height - 1}));
+    EXPECT_FALSE(beside(console, Board, {0, 0, width - 1, height}));
+    EXPECT_FALSE(beside(console, Board, {0, 0, width, height - 1}));
 }
 
 TEST(Placement, ABoardGoesToTheLeftWhereThereIsNoRoomToTheRight) {
@@ -132,7 +132,18 @@ TEST(Placement, ABoardGoesToTheLeftWhereThereIsNoRoomToTheRight) {
 }
 
 TEST(Placement, WhereABoardFitsOnNeitherSideThereIsNoPlaceBeside) {
-    EXPECT_FALSE(beside({0, 0, 11400, 8400}, Board, {1366 * 15, 768 * 15}));
+    EXPECT_FALSE(beside({0, 0, 11400, 8400}, Board, {0, 0, 1366 * 15, 768 * 15}));
     EXPECT_FALSE(beside({8000, 0, 12000, 8400}, Board, Wide));
     EXPECT_FALSE(beside({0, 9000, 11400, 8400}, Board, Wide)) << "too low";
+}
+
+TEST(Placement, ABoardBesideTheConsoleStandsOnItsScreen) {
+    constexpr WindowPlace Second{28800, 3000, Wide.Width, Wide.Height};
+    constexpr float Right = Second.Left + Second.Width;
+    EXPECT_EQ(beside({28800, 2700, 8000, 8400}, Board, Second), (WindowPlace{36980, 3000, 9000, 7500}));
+    EXPECT_EQ(beside({Right - 8000, 3300, 8000, 8400}, Board, Second), (WindowPlace{40420, 3300, 9000, 7500}));
+    EXPECT_EQ(beside({0, 3300, Wide.Width - 9360, 8400}, Board, Wide)->Left, Wide.Width - 9180);
+    EXPECT_FALSE(beside({28800 + 9179, 3300, Wide.Width - 9179, 8400}, Board, Second)) << "the left is another screen";
+    EXPECT_FALSE(beside({28800, 3000 + Wide.Height - 8099, 8000, 8400}, Board, Second)) << "too low";
+    EXPECT_TRUE(beside({28800, 3000 + Wide.Height - 8100, 8000, 8400}, Board, Second));
 }
