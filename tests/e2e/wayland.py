@@ -35,16 +35,26 @@ class WaylandDesktop:
 
 
 class Wayland(ScriptedCase):
-    def testPlacesAndSizesAreKeptFromOneSessionToTheNext(self):
-        left, top, width, height = PLACES["Client"]
-        self.begin(WaylandDesktop(self), boardWidth=PLACES["Board"][2], boardHeight=PLACES["Board"][3],
-                   Left=left, Top=top, Width=width, Height=height)
+    def kept(self, **settings):
+        """The places that the store holds behind a session: left, top, width, height."""
+        self.begin(WaylandDesktop(self), **settings)
         self.server.logOn()
         store = self.endClient()
-        for section, place in PLACES.items():
-            keys = store.split(f"[{section}]")[1].split("\n[")[0]
-            kept = tuple(int(re.search(rf"^{key}=(.*)$", keys, re.MULTILINE)[1]) for key in ("Left", "Top", "Width", "Height"))
-            self.assertEqual(kept, place, section)
+        keys = {section: store.split(f"[{section}]")[1].split("\n[")[0] for section in PLACES}
+        return {section: tuple(int(re.search(rf"^{key}=(.*)$", text, re.MULTILINE)[1])
+                               for key in ("Left", "Top", "Width", "Height")) for section, text in keys.items()}
+
+    def testPlacesAndSizesAreKeptFromOneSessionToTheNext(self):
+        left, top, width, height = PLACES["Client"]
+        self.assertEqual(self.kept(boardWidth=PLACES["Board"][2], boardHeight=PLACES["Board"][3],
+                                   Left=left, Top=top, Width=width, Height=height), PLACES)
+
+    def testAWindowThatWouldReachBeyondTheScreenIsKeptWithinIt(self):
+        left, top, width, height = self.kept(Left=20400, Top=14400, Width=300, Height=300)["Client"]  # below the least
+        self.assertEqual((left + width, top + height), (1400 * 15, 1000 * 15))
+
+    def testTheCornerOfTheScreenIsKeptAsOneAtWhichASizeIsRestored(self):
+        self.assertEqual(self.kept(Left=0, Top=0)["Client"][:2], (15, 15))
 
 
 if __name__ == "__main__":
