@@ -185,9 +185,9 @@ struct Game {
 
     // Games as records
 
-    // Takes over modChess.MovesRecord, for the game on this board or, with modChess.MovesTarget -2, for review: the
-    // list and the store get its moves, as far as they can be made from the start position, title, panel and console
-    // say whose they are. A live game goes on where it stands. Faults as zMakeMove does.
+    // Takes over modChess.MovesRecord, for the game on this board or, if modChess.MovesTarget is negative, for review:
+    // the list and the store get its moves, as far as they can be made from the start position, title, panel and
+    // console say whose they are. A live game goes on where it stands. Faults as zMakeMove does.
     void zParseMoves();
     // The same from the start position, at which the board then stands as one that holds a stored game.
     void zReviewGame();
