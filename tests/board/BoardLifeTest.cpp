@@ -91,12 +91,29 @@ TEST_F(BoardLife, AFirstStartOpensBesideTheConsoleWhereBothFit) {
 TEST_F(BoardLife, WithoutAPlaceItOpensBesideTheConsoleOnTheScreenOfThat) {
     const QRect other = QGuiApplication::screens().last()->geometry();
     ASSERT_GT(other.left(), 0);
-    const QRect console(other.left() + 60, 30, 60, 80);
+    QRect console(other.left() + 60, 30, 60, 80);
+    roads.consoleFrame = [&console] { return console; };
+    for (const int left : {console.left(), other.left() - 20}) {
+        console.moveLeft(left); // most of it is on that screen
+        frmChessBoard& board = open();
+        EXPECT_TRUE(other.contains(board.frameGeometry())) << left;
+        EXPECT_FALSE(board.frameGeometry().intersects(console)) << left;
+        EXPECT_EQ(board.pos().y(), 30) << left;
+        delete &board;
+    }
+}
+
+TEST_F(BoardLife, WithoutAPlaceAndRoomBesideTheConsoleItOpensAtTheCornerInTheDesignedSize) {
+    QRect console = QGuiApplication::screens().last()->geometry();
     roads.consoleFrame = [&console] { return console; };
     frmChessBoard& board = open();
-    EXPECT_TRUE(other.contains(board.frameGeometry()));
-    EXPECT_FALSE(board.frameGeometry().intersects(console));
-    EXPECT_EQ(board.pos().y(), 30);
+    EXPECT_EQ(board.pos(), QPoint(0, 0));
+    EXPECT_EQ(inner(board).width(), 8 * 54 + 186);
+    delete &board;
+    const QRect first = QGuiApplication::primaryScreen()->geometry();
+    console = QRect(first.center().x(), -80, 60, 40);
+    ASSERT_FALSE(QGuiApplication::screenAt(console.center())) << "it is on no screen";
+    EXPECT_EQ(open().pos(), QPoint(0, 0));
 }
 
 TEST_F(BoardLife, ASavedPlaceThatFitsIsTaken) {
