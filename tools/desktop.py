@@ -125,20 +125,23 @@ class Display:
 
     def keys(self, *names):
         """Keys by their names, such as "Return" or "shift+F9"; they go to the window that has the focus."""
-        subprocess.run(["xdotool", "key", *names], env=self.environment(), check=True)
+        self.xdotool("key", *names)
 
     @contextlib.contextmanager
     def held(self, key):
         """A key is down while the `with` block lasts, such as one that takes its window away: if it is lifted before,
         the toolkit holds that for an assistive tool to hear, and never lets go of what came too late for the window."""
-        subprocess.run(["xdotool", "keydown", key], env=self.environment(), check=True)
+        self.xdotool("keydown", key)
         try:
             yield
         finally:
-            subprocess.run(["xdotool", "keyup", key], env=self.environment(), check=True)
+            self.xdotool("keyup", key)
 
     def type(self, text):
-        subprocess.run(["xdotool", "type", "--delay", "5", text], env=self.environment(), check=True)
+        self.xdotool("type", "--delay", "5", text)
+
+    def xdotool(self, *words):
+        subprocess.run(["xdotool", *words], env=self.environment(), check=True)
 
     def windows(self, title=None):
         """Those that show but menus, the lowest first; only those with that title, if one is given."""

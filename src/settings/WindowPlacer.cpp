@@ -18,9 +18,20 @@ namespace {
 bool placesAreTold() { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
 
 // A measure in twips that can be read again.
-float kept(int twips) {
+float kept(float twips) {
     using Read = std::numeric_limits<std::int16_t>;
-    return float(std::clamp<int>(twips, Read::min(), Read::max()));
+    return std::clamp(twips, float(Read::min()), float(Read::max()));
+}
+
+QRect pixelsOf(const WindowPlace& place) {
+    return {int(place.Left) / TwipsPerPixelX, int(place.Top) / TwipsPerPixelY, int(place.Width) / TwipsPerPixelX,
+            int(place.Height) / TwipsPerPixelY};
+}
+
+// How far all screens reach to the right and down from the point 0, 0 of the desktop, in pixels.
+QSize allScreens() {
+    const QRect all = QGuiApplication::primaryScreen()->virtualGeometry();
+    return {all.right() + 1, all.bottom() + 1};
 }
 
 bool fillsScreen(const QWidget& window) { return window.isMaximized() || window.isFullScreen(); }
@@ -37,11 +48,10 @@ WindowPlace twipsOf(const QRect& area) {
 Extent screenOf(const QWidget& window) { return twipsOf(window.screen()->geometry().size()); }
 
 Extent screensFor(const WindowPlace& read) {
-    const QPoint corner(int(read.Left) / TwipsPerPixelX, int(read.Top) / TwipsPerPixelY);
+    const QPoint corner = pixelsOf(read).topLeft();
     const bool onScreen = QGuiApplication::screenAt({std::max(corner.x(), 0), std::max(corner.y(), 0)});
     if (!onScreen && QGuiApplication::screens().size() > 1) return {};
-    const QRect all = QGuiApplication::primaryScreen()->virtualGeometry();
-    return twipsOf({all.right() + 1, all.bottom() + 1});
+    return twipsOf(allScreens());
 }
 
 WindowPlacer::WindowPlacer(QWidget* window) : window_(window) { window->installEventFilter(this); }
@@ -51,23 +61,21 @@ WindowPlace WindowPlacer::place() const {
     // The place to go back to is known without its frame, and a window that fills the screen may have another frame.
     const QPoint told = fills ? window_->normalGeometry().topLeft() - inside_ : window_->pos();
     const QSize size = fills ? window_->normalGeometry().size() : window_->size();
-    const QPoint corner = placesAreTold() ? told : askedCorner(size);
-    return {kept(corner.x() * TwipsPerPixelX), kept(corner.y() * TwipsPerPixelY), kept(size.width() * TwipsPerPixelX),
-            kept(size.height() * TwipsPerPixelY)};
+    const WindowPlace stands = twipsOf(QRect(placesAreTold() ? told : askedCorner(size), size));
+    return {kept(stands.Left), kept(stands.Top), kept(stands.Width), kept(stands.Height)};
 }
 
 // Within the screens by a window of `size`, as far as they have room, since a board that is not comes in another size.
 QPoint WindowPlacer::askedCorner(QSize size) const {
-    const QRect all = window_->screen()->virtualGeometry();
-    return {std::max(std::min(asked_.x(), all.right() + 1 - size.width()), 1),
-            std::max(std::min(asked_.y(), all.bottom() + 1 - size.height()), 1)};
+    const QSize room = allScreens() - size;
+    return {std::max(std::min(asked_.x(), room.width()), 1), std::max(std::min(asked_.y(), room.height()), 1)};
 }
 
 void WindowPlacer::moveTo(const WindowPlace& at) {
-    const QPoint corner(int(at.Left) / TwipsPerPixelX, int(at.Top) / TwipsPerPixelY);
-    asked_ = corner;
-    placeFrame(*window_, corner);
-    window_->resize(int(at.Width) / TwipsPerPixelX, int(at.Height) / TwipsPerPixelY);
+    const QRect pixels = pixelsOf(at);
+    asked_ = pixels.topLeft();
+    placeFrame(*window_, pixels.topLeft());
+    window_->resize(pixels.size());
 }
 
 void WindowPlacer::restore(const SettingsStore& store, const WindowSection& section, Extent designed) {

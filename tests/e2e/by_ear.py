@@ -48,7 +48,9 @@ class ByEar(Evening):
         """A window that is just being activated may take its menu down again."""
         for _ in range(5):
             self.awaitQuiet()
-            self.display.asked("xdotool", "keydown", "alt", "key", letter, "sleep", str(QUIET), "keyup", "alt")
+            with self.display.held("alt"):
+                self.display.keys(letter)
+                time.sleep(QUIET)
             time.sleep(QUIET)
             if self.ears.focus() and self.ears.inside("popup menu"):
                 return self.ears.focus()

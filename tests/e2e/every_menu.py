@@ -95,12 +95,9 @@ class EveryMenu(ScriptedCase):
 
     def closeAllBut(self, titles):
         """A window that opened another one closes behind that."""
-        def others():
-            return [title for title in self.titles() if title not in titles]
-
-        while left := others():
-            self.display.closeByKey(left[-1])
-            waitFor(lambda: left[-1] not in others(), lambda: f"{left[-1]!r} not to be among {self.titles()}")
+        while others := [title for title in self.titles() if title not in titles]:
+            self.display.closeByKey(others[-1])
+            waitFor(lambda: others[-1] not in self.titles(), lambda: f"{others[-1]!r} not to be among {self.titles()}")
 
     def disabled(self):
         return {(window.name.split("     ")[0], menu, entry.name) for window in self.display.windows()
